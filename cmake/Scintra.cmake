@@ -1,0 +1,66 @@
+# One way to declare a library, a program and a test of this house.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_CXX_FLAGS_DEV "-O1 -g1")
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(scintra_options INTERFACE)
+target_include_directories(scintra_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_definitions(scintra_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_STRICT_ITERATORS)
+if(MSVC)
+    target_compile_options(scintra_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+    target_compile_options(scintra_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor
+        -Woverloaded-virtual -Wcast-qual)
+endif()
+if(SCINTRA_SANITIZE)
+    target_compile_options(scintra_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    target_link_options(scintra_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# scintra_library(platform_ado DEPENDS scintra::platform_base Qt6::Core)
+# takes every source, form and resource of the folder that calls it.
+function(scintra_library name)
+    cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
+    add_library(${name} STATIC ${sources})
+    add_library(scintra::${name} ALIAS ${name})
+    target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE scintra_options)
+endfunction()
+
+# scintra_program(scintra-tour SOURCES a.cpp DEPENDS ...): output name as given
+function(scintra_program name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE scintra_options ${ARG_DEPENDS})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+endfunction()
+
+# scintra_test(FOLDER platform/ado DEPENDS ...): one test program for each mirrored folder; it runs offscreen.
+function(scintra_test)
+    cmake_parse_arguments(ARG "" "FOLDER" "DEPENDS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${ARG_FOLDER}/*.cpp ${ARG_FOLDER}/*.h)
+    if(NOT sources)
+        return()
+    endif()
+    string(REPLACE "/" "_" name test_${ARG_FOLDER})
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE scintra_options ${ARG_DEPENDS})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    target_compile_definitions(${name} PRIVATE SCINTRA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+        SCINTRA_BINARY_DIR="${CMAKE_BINARY_DIR}")
+    add_test(NAME ${ARG_FOLDER} COMMAND ${name})
+    set_tests_properties(${ARG_FOLDER} PROPERTIES TIMEOUT 600
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1;LC_ALL=C.UTF-8;TZ=Asia/Manila")
+endfunction()

@@ -1,0 +1,1 @@
+// The library's first source comes with its first piece.

@@ -1,0 +1,118 @@
+#include "platform/ado/Connection.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+namespace ado {
+namespace {
+
+std::vector<Connection*>& openConnections() {
+    static std::vector<Connection*> connections;
+    return connections;
+}
+
+} // namespace
+
+void Observer::beforeStatement(const QString&, StatementKind) {}
+void Observer::afterStatement(const StatementEvent&) {}
+void Observer::transactionStep(TransactionStep) {}
+
+Connection::~Connection() {
+    std::erase(openConnections(), this);
+}
+
+void Connection::Open(std::unique_ptr<Provider> provider, const QString& connectionString) {
+    if (m_provider)
+        throw base::RunTimeError(base::errors::objectOpen);
+    m_provider = std::move(provider);
+    m_connectionString = connectionString;
+    openConnections().push_back(this);
+}
+
+void Connection::Close() {
+    provider();
+    std::erase(openConnections(), this);
+    m_provider.reset();
+}
+
+void Connection::setDefaultDatabase(const QString& name) {
+    provider().useDatabase(name);
+    m_defaultDatabase = name;
+}
+
+Recordset Connection::Execute(const Statement& statement) {
+    Recordset recordset;
+    recordset.take(*this, statement, LockType::ReadOnly);
+    return recordset;
+}
+
+void Connection::BeginTrans() {
+    provider();
+    tell(TransactionStep::Begin);
+    m_provider->begin();
+}
+
+void Connection::CommitTrans() {
+    provider();
+    tell(TransactionStep::Commit);
+    m_provider->commit();
+}
+
+void Connection::RollbackTrans() {
+    provider();
+    tell(TransactionStep::Rollback);
+    m_provider->rollback();
+}
+
+void Connection::addObserver(Observer* observer) {
+    m_observers.push_back(observer);
+}
+
+void Connection::removeObserver(Observer* observer) {
+    std::erase(m_observers, observer);
+}
+
+Connection* Connection::byConnectionString(const QString& connectionString) {
+    const auto& connections = openConnections();
+    const auto found = std::find_if(connections.begin(), connections.end(), [&](const Connection* connection) {
+        return connection->ConnectionString() == connectionString;
+    });
+    return found == connections.end() ? nullptr : *found;
+}
+
+Result Connection::send(const Statement& statement, StatementKind kind) {
+    Provider& server = provider();
+    const QString& text = statement.text();
+    QElapsedTimer timer;
+    timer.start();
+    try {
+        for (Observer* observer : m_observers)
+            observer->beforeStatement(text, kind);
+        Result result = server.execute(text);
+        const StatementEvent event{text,           kind, qint64(result.rows.count()), result.affected,
+                                   timer.nsecsElapsed(), nullptr};
+        for (Observer* observer : m_observers)
+            observer->afterStatement(event);
+        return result;
+    } catch (const base::RunTimeError& caught) {
+        const base::RunTimeError error = caught.withStatement(text);
+        const StatementEvent event{text, kind, 0, -1, timer.nsecsElapsed(), &error};
+        for (Observer* observer : m_observers)
+            observer->afterStatement(event);
+        throw error;
+    }
+}
+
+Provider& Connection::provider() {
+    if (!m_provider)
+        throw base::RunTimeError(base::errors::objectClosed);
+    return *m_provider;
+}
+
+void Connection::tell(TransactionStep step) {
+    for (Observer* observer : m_observers)
+        observer->transactionStep(step);
+}
+
+} // namespace ado

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/base/Value.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace ado {
+
+enum class DataType { Text, Integer, Double, Money, Bit, DateTime };
+
+struct Column {
+    QString name;
+    DataType type = DataType::Text;
+    /// "DATABASE..table" and the column's name in it, where the provider knows them; else empty.
+    QString baseTable;
+    QString baseColumn;
+};
+
+/// All rows of one result, row after row in one vector.
+struct Rows {
+    std::vector<Column> columns;
+    std::vector<base::Value> values;
+
+    qsizetype count() const { return columns.empty() ? 0 : qsizetype(values.size() / columns.size()); }
+    const base::Value& at(qsizetype row, qsizetype column) const {
+        return values[std::size_t(row) * columns.size() + std::size_t(column)];
+    }
+};
+
+struct Result {
+    /// The last result of the batch that had columns; no columns when there was none.
+    Rows rows;
+    /// Rows written, -1 when the server does not say (SET NOCOUNT ON).
+    qint64 affected = -1;
+};
+
+/// One way to a server. One provider is one session there: one statement at a time, on one thread.
+/// Every member raises base::RunTimeError with the server's number, words and SQLSTATE.
+class Provider {
+  public:
+    virtual ~Provider() = default;
+    /// Runs the text as it is and fetches all of its result.
+    virtual Result execute(const QString& text) = 0;
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+    virtual bool inTransaction() const = 0;
+    /// The database that names without a prefix belong to. Raises 911 when there is none of that name.
+    virtual void useDatabase(const QString& name) = 0;
+    /// Columns of the primary key of "DATABASE..table"; empty when it has none or is unknown.
+    virtual QStringList primaryKey(const QString& table) = 0;
+};
+
+} // namespace ado

@@ -1,0 +1,198 @@
+#include "platform/ado/Statement.h"
+
+#include "platform/base/Error.h"
+
+#include <vector>
+
+namespace ado {
+namespace {
+
+struct Range {
+    qsizetype begin;
+    qsizetype end;
+};
+
+/// The word or sign that the server would stumble over at `at`.
+QString tokenAt(const QString& text, qsizetype at) {
+    while (at < text.size() && text[at].isSpace())
+        ++at;
+    qsizetype end = at;
+    while (end < text.size() && (text[end].isLetterOrNumber() || text[end] == u'_'))
+        ++end;
+    if (end == at && end < text.size())
+        ++end;
+    return text.mid(at, end - at);
+}
+
+[[noreturn]] void syntaxError(const QString& text, qsizetype at) {
+    throw base::RunTimeError(102, QStringLiteral("Incorrect syntax near '%1'.").arg(tokenAt(text, at)),
+                             QStringLiteral("42000"), text);
+}
+
+bool isNumber(QStringView value) {
+    if (!value.isEmpty() && (value[0] == u'-' || value[0] == u'+'))
+        value = value.mid(1);
+    bool digitSeen = false;
+    bool pointSeen = false;
+    for (const QChar c : value) {
+        if (c == u'.' && !pointSeen)
+            pointSeen = true;
+        else if (c >= u'0' && c <= u'9')
+            digitSeen = true;
+        else
+            return false;
+    }
+    return digitSeen;
+}
+
+/// Reads a statement as the server's scanner does and holds each value against the place it was given.
+class ReadBack {
+  public:
+    ReadBack(const QString& text, const std::vector<Range>& values) : m_text(text), m_values(values) {}
+
+    void check() {
+        while (m_at < m_text.size()) {
+            enterValues();
+            if (m_at < m_text.size())
+                step();
+        }
+        enterValues();
+        if (m_state != State::Code && m_state != State::LineComment)
+            syntaxError(m_text, m_text.size());
+    }
+
+  private:
+    enum class State { Code, Literal, Bracket, QuotedName, LineComment, BlockComment };
+
+    /// A value is passed over whole, once it is known to stay in its place.
+    void enterValues() {
+        while (m_next < m_values.size() && m_values[m_next].begin == m_at) {
+            const Range range = m_values[m_next++];
+            const QStringView value = QStringView(m_text).mid(range.begin, range.end - range.begin);
+            if (m_state == State::Literal)
+                checkLiteral(value, range);
+            else if (m_state != State::Code || !isNumber(value))
+                syntaxError(m_text, range.begin);
+            m_at = range.end;
+        }
+    }
+
+    void checkLiteral(QStringView value, Range range) const {
+        for (qsizetype i = 0; i < value.size(); ++i) {
+            if (value[i] == u'\'')
+                syntaxError(m_text, range.begin + i + 1);
+            if (value[i].isNull())
+                syntaxError(m_text, range.begin + i);
+        }
+    }
+
+    void step() {
+        const QChar c = m_text[m_at];
+        switch (m_state) {
+        case State::Code:
+            if (c == u'\'')
+                m_state = State::Literal;
+            else if (c == u'[')
+                m_state = State::Bracket;
+            else if (c == u'"')
+                m_state = State::QuotedName;
+            else if (isPair(u'-', u'-'))
+                m_state = State::LineComment;
+            else if (isPair(u'/', u'*'))
+                m_state = State::BlockComment;
+            break;
+        case State::Literal:
+            if (c == u'\'')
+                m_state = State::Code;
+            break;
+        case State::Bracket:
+            if (c == u']')
+                m_state = State::Code;
+            break;
+        case State::QuotedName:
+            if (c == u'"')
+                m_state = State::Code;
+            break;
+        case State::LineComment:
+            if (c == u'\n')
+                m_state = State::Code;
+            break;
+        case State::BlockComment:
+            if (isPair(u'*', u'/')) {
+                m_state = State::Code;
+                ++m_at;
+            }
+            break;
+        }
+        ++m_at;
+    }
+
+    bool isPair(char16_t first, char16_t second) const {
+        return m_text[m_at] == first && m_at + 1 < m_text.size() && m_text[m_at + 1] == second;
+    }
+
+    const QString& m_text;
+    const std::vector<Range>& m_values;
+    State m_state = State::Code;
+    qsizetype m_at = 0;
+    std::size_t m_next = 0;
+};
+
+/// Joins a text and remembers where the values went.
+class Joiner {
+  public:
+    void addText(QStringView text) { m_text += text; }
+    void addValue(const QString& value) {
+        m_values.push_back({m_text.size(), m_text.size() + value.size()});
+        m_text += value;
+    }
+    QString checked() {
+        ReadBack(m_text, m_values).check();
+        return std::move(m_text);
+    }
+
+  private:
+    QString m_text;
+    std::vector<Range> m_values;
+};
+
+} // namespace
+
+Statement joinStatement(const char* pattern, const QString* values, qsizetype count) {
+    const QString text = QString::fromLatin1(pattern);
+    Joiner joiner;
+    qsizetype from = 0;
+    for (qsizetype i = 0; i < count; ++i) {
+        const qsizetype hole = text.indexOf(QLatin1StringView("{}"), from);
+        joiner.addText(QStringView(text).mid(from, hole - from));
+        joiner.addValue(values[i]);
+        from = hole + 2;
+    }
+    joiner.addText(QStringView(text).mid(from));
+    return Statement(joiner.checked());
+}
+
+Statement QueryTemplate::with(std::initializer_list<Replacement> replacements) const {
+    const QString text = QString::fromLatin1(m_text);
+    Joiner joiner;
+    qsizetype from = 0;
+    for (qsizetype at = 0; at < text.size();) {
+        const Replacement* found = nullptr;
+        for (const Replacement& replacement : replacements) {
+            if (QStringView(text).mid(at).startsWith(QLatin1StringView(replacement.placeholder)))
+                found = &replacement;
+        }
+        if (!found) {
+            ++at;
+            continue;
+        }
+        joiner.addText(QStringView(text).mid(from, at - from));
+        joiner.addValue(found->value);
+        at += qsizetype(qstrlen(found->placeholder));
+        from = at;
+    }
+    joiner.addText(QStringView(text).mid(from));
+    return Statement(joiner.checked());
+}
+
+} // namespace ado

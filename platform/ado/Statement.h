@@ -1,0 +1,100 @@
+#pragma once
+
+#include "platform/base/Conversion.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <initializer_list>
+#include <type_traits>
+
+namespace ado {
+
+/// The text of one statement, checked. Only sql(), QueryTemplate and the write-back make one, so a text that was
+/// joined by hand cannot be sent.
+class Statement {
+  public:
+    const QString& text() const { return m_text; }
+
+  private:
+    explicit Statement(QString text) : m_text(std::move(text)) {}
+    QString m_text;
+
+    friend Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
+    friend class QueryTemplate;
+    friend class WriteBack;
+};
+
+/// A literal with one `{}` for each of `Count` values; the count is checked when it is compiled.
+template <std::size_t Count>
+class StatementPattern {
+  public:
+    template <std::size_t N>
+    consteval StatementPattern(const char (&text)[N]) : m_text(text) {
+        std::size_t found = 0;
+        for (std::size_t i = 0; i + 1 < N; ++i) {
+            if (text[i] == '{' && text[i + 1] == '}')
+                ++found;
+        }
+        if (found != Count)
+            throw "the statement needs as many values as it has {}";
+    }
+    constexpr const char* text() const { return m_text; }
+
+  private:
+    const char* m_text;
+};
+
+/// Puts the values in place of each `{}` and reads the result back. Raises 102 ("Incorrect syntax near ...") when a
+/// value would leave its literal, or is no number where it stands outside quotes.
+Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
+
+inline QString statementValue(const QString& text) {
+    return text;
+}
+inline QString statementValue(const char* latin1) {
+    return QString::fromLatin1(latin1);
+}
+inline QString statementValue(double number) {
+    return base::textOf(base::Value(number));
+}
+inline QString statementValue(int number) {
+    return QString::number(number);
+}
+inline QString statementValue(qint64 number) {
+    return QString::number(number);
+}
+
+/// sql("sp_Nuclear_GetResult '{}'", hospitalCode)
+template <typename... Values>
+Statement sql(std::type_identity_t<StatementPattern<sizeof...(Values)>> pattern, const Values&... values) {
+    if constexpr (sizeof...(Values) == 0) {
+        return joinStatement(pattern.text(), nullptr, 0);
+    } else {
+        const QString texts[] = {statementValue(values)...};
+        return joinStatement(pattern.text(), texts, sizeof...(Values));
+    }
+}
+
+/// A statement with named place-holders ("spNuclear_SearchRevenue '0','##'") that one screen gives another.
+class QueryTemplate {
+  public:
+    /// An empty template: isEmpty().
+    constexpr QueryTemplate() : m_text("") {}
+    template <std::size_t N>
+    consteval QueryTemplate(const char (&text)[N]) : m_text(text) {}
+
+    struct Replacement {
+        const char* placeholder;
+        QString value;
+    };
+    bool isEmpty() const { return *m_text == 0; }
+    const char* text() const { return m_text; }
+    /// Replaces each place-holder, under the same check as sql().
+    Statement with(std::initializer_list<Replacement> replacements) const;
+
+  private:
+    const char* m_text;
+};
+
+} // namespace ado

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <compare>
+#include <optional>
+
+namespace base {
+
+/// A wall-clock moment without a zone, to the millisecond: what a server calls datetime.
+struct DateTime {
+    /// Milliseconds since 1970-01-01 00:00 of the same wall clock; may be negative.
+    qint64 ms = 0;
+
+    auto operator<=>(const DateTime&) const = default;
+};
+
+struct CalendarDate {
+    int year = 1970;
+    int month = 1; ///< 1 to 12
+    int day = 1;   ///< 1 to 31
+};
+
+struct ClockTime {
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    int ms = 0;
+};
+
+/// Nothing when the day does not exist (02/30) or the time is out of its range.
+std::optional<DateTime> makeDateTime(const CalendarDate& date, const ClockTime& time = {});
+CalendarDate calendarDate(DateTime moment);
+ClockTime clockTime(DateTime moment);
+/// 1 Sunday to 7 Saturday.
+int weekday(DateTime moment);
+/// Midnight of the same day.
+DateTime dateOnly(DateTime moment);
+
+/// "2026-11-21 08:30:00.000", as the hospital file keeps moments.
+QString toIso(DateTime moment);
+/// Reads "yyyy-mm-dd", "yyyy-mm-dd hh:mm:ss" and the same with a fraction; nothing for any other text.
+std::optional<DateTime> fromIso(const char* text, qsizetype length);
+
+/// Days since 1899-12-30 with the time as fraction, and back.
+double toSerial(DateTime moment);
+DateTime fromSerial(double days);
+
+/// The workstation's clock: Now and Date. Tests fix it.
+DateTime now();
+DateTime today();
+
+/// Fixes now() while it lives. Not nested.
+class FixedClock {
+  public:
+    explicit FixedClock(DateTime moment);
+    ~FixedClock();
+    FixedClock(const FixedClock&) = delete;
+    FixedClock& operator=(const FixedClock&) = delete;
+};
+
+} // namespace base
