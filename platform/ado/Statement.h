@@ -10,8 +10,8 @@
 
 namespace ado {
 
-/// The text of one statement, checked. Only sql(), QueryTemplate and the write-back make one, so a text that was
-/// joined by hand cannot be sent.
+/// The text of one statement, checked. Only sql(), QueryTemplate and the write-back make one, so a text that
+/// was joined by hand cannot be sent.
 class Statement {
   public:
     const QString& text() const { return m_text; }
@@ -45,8 +45,8 @@ class StatementPattern {
     const char* m_text;
 };
 
-/// Puts the values in place of each `{}` and reads the result back. Raises 102 ("Incorrect syntax near ...") when a
-/// value would leave its literal, or is no number where it stands outside quotes.
+/// Puts the values in place of each `{}` and reads the result back. Raises 102 ("Incorrect syntax near ...")
+/// when a value would leave its literal, or is no number where it stands outside quotes.
 Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
 
 inline QString statementValue(const QString& text) {
