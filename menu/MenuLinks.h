@@ -24,8 +24,8 @@ struct FoundOutPatient {
 
 /// How the menu reaches what lies beside or above it. The program fills it in, a test records.
 struct MenuLinks {
-    /// Looks for a registered out-patient; nothing when none was found or chosen. Without a search there is no
-    /// out-patient charge entry: the command then finds nobody.
+    /// Looks for a registered out-patient; nothing when none was found or chosen. Without a search there is
+    /// no out-patient charge entry: the command then finds nobody.
     std::function<std::optional<FoundOutPatient>(const QString& searchText)> findOutPatient;
     /// The monitors of a menu that loads; without it there are none.
     std::function<std::unique_ptr<Monitors>(frmMainMenu&)> makeMonitors;

@@ -32,7 +32,8 @@ constexpr MenuGroup groups[groupCount] = {
     {1, "request"}, {10, "results"}, {20, "folder"}, {30, "reports"}, {40, "leave"}};
 
 constexpr SubMenuRow subMenus[] = {
-    {0, 0, "Assessment", "Out-Patient Request Entry (CASH)", "1", opens(MenuScreen::Assessment), "assessment"},
+    {0, 0, "Assessment", "Out-Patient Request Entry (CASH)", "1", opens(MenuScreen::Assessment),
+     "assessment"},
     {0, 1, "Charge Entry", "Out-Patient Request Entry (CHARGE)", "2", does(Deed::ChooseOutPatient), "charge"},
     {0, 2, "In-Patient Request Entry", "In-Patient Request Entry", "3", opens(MenuScreen::ListPatient),
      "inpatient"},
@@ -50,7 +51,8 @@ constexpr SubMenuRow subMenus[] = {
     {2, 4, "Walk-In Master File", "Walk-In Master File", "11", opens(MenuScreen::WalkInMaster), "walkin"},
     {2, 5, "Build File", "Add/Edit Nuclear Procedures", "", does(Deed::BuildFile), "build"},
 
-    {3, 0, "Transaction Report", "Nuclear Transaction Report", "12", prints(ReportId::Transaction), "transaction"},
+    {3, 0, "Transaction Report", "Nuclear Transaction Report", "12", prints(ReportId::Transaction),
+     "transaction"},
     {3, 1, "Monthly Report", "Monthly Report", "13", popsUp("mnuMonthlyReport"), "monthly"},
     {3, 2, "Statistical Report", "Statistical Report", "14", prints(ReportId::Statistical), "statistics"},
     {3, 3, "Daily Income Report", "Daily Income Report", "15", popsUp("mnuDailyIncomeReport"), "income"},
@@ -96,10 +98,12 @@ constexpr MenuItem tree[] = {
     {"mnuReports", "mnuMonthlyReport", "&Monthly Report", holds()},
     {"mnuMonthlyReport", "mnuMonthlyByDate", "Sorted by Transaction &Date", prints(ReportId::MonthlyByDate)},
     {"mnuMonthlyReport", "mnuMonthlyByExam", "Grouped by E&xam", prints(ReportId::MonthlyByExam)},
-    {"mnuReports", "mnuRequestingDoctorReport", "Re&questing Doctor Report", prints(ReportId::RequestingDoctor)},
+    {"mnuReports", "mnuRequestingDoctorReport", "Re&questing Doctor Report",
+     prints(ReportId::RequestingDoctor)},
     {"mnuReports", "mnuStatisticalReport", "S&tatistical Report", prints(ReportId::Statistical)},
     {"mnuReports", "mnuDailyIncomeReport", "Daily &Income Report", holds()},
-    {"mnuDailyIncomeReport", "mnuDailyIncomeOPDIPD", "In/Out Patient Charge", prints(ReportId::DailyIncomeCharge)},
+    {"mnuDailyIncomeReport", "mnuDailyIncomeOPDIPD", "In/Out Patient Charge",
+     prints(ReportId::DailyIncomeCharge)},
     {"mnuDailyIncomeReport", "mnuDailyIncomeCashPatient", "Cash Patients", prints(ReportId::DailyIncomeCash)},
     {"mnuReports", "mnuCancelledProcedures", "&Cancelled Procedures Report",
      prints(ReportId::CancelledProcedures)},
@@ -109,7 +113,8 @@ constexpr MenuItem tree[] = {
      prints(ReportId::DoctorByTransaction)},
     {"mnuDoctorsCommision", "mnuReportDoctorPD", "Based on Payment Date", prints(ReportId::DoctorByPayment)},
     {"mnuReports", "mnuReportCensus", "Census Report", holds()},
-    {"mnuReportCensus", "mnuReportCensusAllPatient", "All Patient Census", prints(ReportId::CensusAllPatients)},
+    {"mnuReportCensus", "mnuReportCensusAllPatient", "All Patient Census",
+     prints(ReportId::CensusAllPatients)},
     {"mnuReportCensus", "mnuReportCensusbyStation", "Census by Station", prints(ReportId::CensusByStation)},
     {"mnuReports", "mnuNucExams", "Nuclear &Procedures", prints(ReportId::ExamsFromMenuBar)},
 

@@ -15,13 +15,13 @@ enum class Deed {
     OpenScreen,
     PasswordThenScreen, ///< the hospital's common password stands before the screen
     Report,
-    PopUp,               ///< one of the menu bar's menus, at the button
-    ChooseOutPatient,    ///< the panel of the out-patient choice
-    OutPatientCash,      ///< as the panel's Cash Entry
-    OutPatientCharge,    ///< as the panel's Charge Entry
-    BuildFile,           ///< for the exam maintenance's own users
-    UserSettings,        ///< behind the user's own password
-    ExitProgram,         ///< asks first
+    PopUp,            ///< one of the menu bar's menus, at the button
+    ChooseOutPatient, ///< the panel of the out-patient choice
+    OutPatientCash,   ///< as the panel's Cash Entry
+    OutPatientCharge, ///< as the panel's Charge Entry
+    BuildFile,        ///< for the exam maintenance's own users
+    UserSettings,     ///< behind the user's own password
+    ExitProgram,      ///< asks first
     ChangeUser,
     QuitProgram ///< asks nothing
 };

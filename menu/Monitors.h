@@ -2,8 +2,8 @@
 
 namespace menu {
 
-/// What watches the server while the menu is open and shows it on the menu's indicators. Lives as long as the menu
-/// is loaded.
+/// What watches the server while the menu is open and shows it on the menu's indicators. Lives as long as the
+/// menu is loaded.
 class Monitors {
   public:
     virtual ~Monitors() = default;

@@ -29,11 +29,13 @@ bool askReportDate(bool oneDay) {
     if (oneDay)
         dialog.hideEndDate();
     dialog.ShowModal();
-    if (dialog.Cancel())
-        return false;
-    session::gReportFrom = dialog.startdate();
-    session::gReportTo = dialog.enddate();
-    return true;
+    const bool cancelled = dialog.Cancel;
+    if (!cancelled) {
+        session::gReportFrom = dialog.startdate;
+        session::gReportTo = dialog.enddate;
+    }
+    dialog.Unload();
+    return !cancelled;
 }
 
 /// False when there is no date to report on. The rows that do not heed it go on with what stands there.

@@ -5,8 +5,8 @@
 
 namespace menu {
 
-/// The reports that the menu launches. Where a report has two ways in, both stand here: they feed its parameters
-/// in another order, or name another database.
+/// The reports that the menu launches. Where a report has two ways in, both stand here: they feed its
+/// parameters in another order, or name another database.
 enum class ReportId {
     Transaction,
     TransactionFromMenuBar,
