@@ -205,7 +205,7 @@ void frmMainMenu::loadSubMenuButtons() {
         FlatButton* button = m_fltSubMenu[std::size_t(i)];
         auto* label = new QLabel(QString::number(i + 1), button);
         label->setObjectName(QStringLiteral("lblSubMenus_%1").arg(i));
-        label->setProperty("muted", true);
+        label->setProperty("kind", "help");
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
         auto* row = new QHBoxLayout(button);
         row->addStretch();
