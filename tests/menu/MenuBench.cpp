@@ -136,7 +136,8 @@ void MenuBench::linkMenu() {
     menu::MenuLinks& links = menu::links();
     links = menu::defaultLinks();
     links.endProgram = [this] { events += "end"; };
-    links.prepareReport = [this](const QString& path, const QString& database, const std::vector<base::Value>& values) {
+    links.prepareReport = [this](const QString& path, const QString& database,
+                                 const std::vector<base::Value>& values) {
         events += "prepare";
         RecordedReport report;
         report.path = path;
@@ -158,8 +159,8 @@ void MenuBench::linkMenu() {
 }
 
 void MenuBench::answer(const QString& startsWith, const QString& columns,
-                       const std::vector<std::vector<base::Value>>& rows) {
-    server->answer(startsWith, ScriptedProvider::rowsOf(columns, rows));
+                       const std::vector<std::vector<base::Value>>& rows, bool once) {
+    server->answer(startsWith, ScriptedProvider::rowsOf(columns, rows), once);
 }
 
 menu::frmMainMenu& MenuBench::openMenu() {

@@ -23,7 +23,8 @@ namespace tests {
 /// Writes down which screens were asked for.
 class RecordingScreens : public session::Screens {
   public:
-    QStringList opened; ///< "12" or "12 R": the screen's number and its form mode; "out-patient ..." with the entry
+    QStringList
+        opened; ///< "12" or "12 R": the screen's number and its form mode; "out-patient ..." with the entry
     std::function<void()> whileOpen;
 
     void showMainMenu() override;
@@ -50,8 +51,9 @@ class MenuBench : public testing::Test {
     MenuBench();
     ~MenuBench() override;
 
-    /// Answers of the server, by the beginning of the statement.
-    void answer(const QString& startsWith, const QString& columns, const std::vector<std::vector<base::Value>>& rows);
+    /// Answers of the server, by the beginning of the statement; the first one given counts.
+    void answer(const QString& startsWith, const QString& columns,
+                const std::vector<std::vector<base::Value>>& rows, bool once = false);
     void grantRights() { answer("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights", "RightsID", {{"1"}}); }
 
     menu::frmMainMenu& openMenu();
