@@ -6,8 +6,8 @@
 
 namespace lookup {
 
-/// One exam of the catalogue. Keeps the connection it was made with. The properties are those of the last exam
-/// loaded; an exam that is not there leaves all but Found as they were.
+/// One exam of the catalogue. Keeps the connection it was made with. The properties are those of the last
+/// exam loaded; an exam that is not there leaves all but Found as they were.
 class clsLoadExam {
   public:
     /// On the session's connection, or on another one. Not owned.

@@ -6,8 +6,9 @@
 
 namespace lookup {
 
-/// The revenue code of a request line: what is charged, and how its item is looked up. The properties are those
-/// of the last code validated; a code that fails leaves them as they were. One shared instance: revenueCode().
+/// The revenue code of a request line: what is charged, and how its item is looked up. The properties are
+/// those of the last code validated; a code that fails leaves them as they were. One shared instance:
+/// revenueCode().
 class clsRevenueCode {
   public:
     /// True when a code is loaded: the code itself, or the one picked from the list of like ones. Shows

@@ -5,20 +5,16 @@
 
 #include <memory>
 
-class QKeyEvent;
-
-namespace ado {
-class Recordset;
-}
-
 namespace Ui {
 class frmSearch;
 }
 
 namespace lookup {
 
-/// The list of codes that resemble a text. The caller sets SearchCaption, Criteria and Query, shows the screen and
-/// reads Valid and ResultCode.
+class PickerKeys;
+
+/// The list of codes that resemble a text. The caller sets SearchCaption, Criteria and Query, shows the
+/// screen and reads Valid and ResultCode.
 class frmSearch : public controls::Screen {
     Q_OBJECT
 
@@ -33,13 +29,12 @@ class frmSearch : public controls::Screen {
     /// True: nothing is searched until the user asks for it.
     bool DisableSearch = false;
 
-    /// The chosen code, column 2 of the row; "" when none was chosen.
+    /// The chosen code, column 2 of its row; "" when none was chosen.
     QString ResultCode;
     bool Valid = false;
 
   protected:
     void Form_Load() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void txtSearchStr_Change();
@@ -50,8 +45,11 @@ class frmSearch : public controls::Screen {
     void runQuery();
 
     std::unique_ptr<Ui::frmSearch> m_ui;
-    /// True while rows are bound or the text is copied out of the grid: such a change is not the user's.
+    std::unique_ptr<PickerKeys> m_keys;
+    /// True while rows are bound or the text comes from the grid: neither is the user's own change.
     bool m_settling = false;
+    /// The text was changed since the list was read for it.
+    bool m_textChanged = false;
 };
 
 } // namespace lookup
