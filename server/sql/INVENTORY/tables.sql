@@ -70,7 +70,7 @@ BEGIN
         ExpiryDate datetime NULL,
         UnitCost money NULL,
         Supplier varchar(60) NULL,
-        PatientType varchar(1) NOT NULL DEFAULT '',
+        Direction varchar(1) NOT NULL DEFAULT 'O',
         CONSTRAINT PK_InvStockCard PRIMARY KEY (StockCardID)
     )
     CREATE INDEX IX_InvStockCard_ItemID ON tbInvStockCard (ItemID)

@@ -63,6 +63,7 @@ BEGIN
     )
     CREATE INDEX IX_Patient_HospNum ON tbPatient (HospNum)
     CREATE INDEX IX_Patient_AdmDate ON tbPatient (AdmDate)
+    CREATE INDEX IX_Patient_DcrDate ON tbPatient (DcrDate)
     CREATE INDEX IX_Patient_BillingDate ON tbPatient (BillingDate)
 END
 GO
@@ -115,6 +116,7 @@ BEGIN
     )
     CREATE INDEX IX_OutPatient_HospNum ON tbOutPatient (HospNum)
     CREATE INDEX IX_OutPatient_AdmDate ON tbOutPatient (AdmDate)
+    CREATE INDEX IX_OutPatient_DcrDate ON tbOutPatient (DcrDate)
 END
 GO
 
