@@ -2,7 +2,7 @@
 USE PASSWORD
 GO
 
--- PasswordHash is an Argon2id text; '' lets nobody in.
+-- PasswordHash is an Argon2id text; '' lets nobody in. LockedUntil: no log-on before that moment.
 IF OBJECT_ID('tbPasswordMain') IS NULL
 BEGIN
     CREATE TABLE tbPasswordMain (
@@ -16,6 +16,8 @@ BEGIN
         Position varchar(60) NOT NULL DEFAULT '',
         DeptCode varchar(4) NOT NULL DEFAULT '',
         Status varchar(1) NOT NULL DEFAULT 'A',
+        WrongTries int NOT NULL DEFAULT 0,
+        LockedUntil datetime NULL,
         CONSTRAINT PK_PasswordMain PRIMARY KEY (EmployeeID)
     )
     CREATE INDEX IX_PasswordMain_Name ON tbPasswordMain (Name)
