@@ -58,6 +58,7 @@ BEGIN
         Amount money NOT NULL DEFAULT 0,
         UserID varchar(10) NOT NULL DEFAULT '',
         RevenueID varchar(4) NOT NULL DEFAULT '',
+        RefNum varchar(20) NOT NULL DEFAULT '',
         CONSTRAINT PK_NucChargeSlip PRIMARY KEY (LineID)
     )
 END
