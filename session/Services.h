@@ -32,7 +32,10 @@ class clsPatientMaster {
     /// False when there is no such patient; the members are then empty.
     bool LoadPatient(const QString& hospitalNumber);
     QString LastName, FirstName, MiddleName;
-    QString Sex, BloodType, Address, Account, HospitalNumber;
+    QString Sex, BloodType, HospitalNumber;
+    QString HouseStreet, Barangay, Town, Province;
+    QString Address;       ///< house, barangay, town and province as they are there, joined by ", "
+    QString Account;       ///< as clsAdmission::Account
     QString Age;           ///< whole years today; "" without a birth date
     base::Value BirthDate; ///< date, or Null
 };
@@ -51,6 +54,7 @@ class clsAdmission {
     /// "number - company" as shown; " - " when the patient pays personally.
     QString Account;
     QString AccountNumber;
+    QString Company; ///< of the account; "" when the patient pays personally
     PatientHistory History;
 };
 
@@ -79,6 +83,9 @@ class clsCensusFind {
     QString LastName, FirstName, MiddleName, HospitalNumber, IdNumber, HouseStreet, Barangay, Town, Province,
         Room;
     base::Value AdmissionDate, dischargeDate;
+
+  private:
+    void takePatient(const clsPatientMaster& patient);
 };
 
 struct DoctorRecord {
@@ -118,6 +125,9 @@ class clsLookupPad {
     session::AddressRecord AddressRecord;
 
   private:
+    void forgetRecords();
+    void takeRecord(ado::Recordset& row, int listingCode);
+
     ado::Connection* m_connection = nullptr;
     bool m_cancelled = false;
 };

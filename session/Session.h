@@ -57,6 +57,11 @@ void InitDepartment(const QString& departmentNumber);
 /// screens()). Returns with no screen open when the log-on was given up or a service failed.
 void Main();
 
+/// Closes the user's connection when it is open: the first half of a change of user, before Main() again.
+void LogOff();
+
+/// The connection of the session. Raises 91 before the log-on.
+ado::Connection& sharedConnection();
 /// Reads over the shared connection: dynamic cursor, read-only, client side.
 ado::Recordset Read(const ado::Statement& statement);
 /// A read that may be written back: dynamic cursor, optimistic lock.

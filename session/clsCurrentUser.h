@@ -8,6 +8,16 @@
 
 namespace session {
 
+class HospitalServer;
+
+/// How a try to log on ended.
+enum class LogOnResult {
+    Good,
+    Wrong,    ///< the code or the password is wrong
+    Inactive, ///< right, but this employee's log-on has been closed
+    Wait      ///< too many wrong tries: PasswordTries tells how long
+};
+
 /// The user object: the log-on dialog, the live connection, who is working.
 class clsCurrentUser {
   public:
@@ -39,9 +49,16 @@ class clsCurrentUser {
 
     /// Tests and the tour: logs on without the dialog. False when code or password are wrong.
     bool logOn(const QString& hospitalFile, const QString& employeeCode, const QString& password);
+    /// What the log-on dialog does. Raises what the server says.
+    LogOnResult logOnTo(const std::shared_ptr<HospitalServer>& server, const QString& employeeCode,
+                        const QString& password);
+    /// One try of the user's own password; counts like a try to log on.
+    LogOnResult checkPassword(const QString& password);
 
   private:
-    friend class frmLogOn;
+    void takeUser(ado::Recordset& user, const std::shared_ptr<HospitalServer>& server);
+
+    std::shared_ptr<HospitalServer> m_server;
     std::unique_ptr<ado::Connection> m_connection;
     bool m_connected = false;
     QString m_passwordDeptCode;
@@ -51,7 +68,6 @@ class clsCurrentUser {
     QString m_database;
     QString m_userId;
     QString m_serverPassword;
-    QString m_hospitalFile;
 };
 
 } // namespace session
