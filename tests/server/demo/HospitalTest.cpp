@@ -173,7 +173,7 @@ TEST_F(DemoHospital, AnOlderKitIsBroughtUpToDate) {
     demo::createEmptyHospital(m_file);
     const auto provider = open();
     EXPECT_FALSE(demo::ensureKit(*provider));
-    sqlite3_exec(provider->handle(), "UPDATE \"scintra.kit\" SET Version = 'older'", nullptr, nullptr, nullptr);
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
     provider->execute(QStringLiteral("UPDATE NUCLEAR..tbNucSlip SET ChargeSlip = 777"));
     EXPECT_TRUE(demo::ensureKit(*provider));
     EXPECT_EQ(demo::installedKitVersion(*provider), demo::kitVersion());
