@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace controls {
 class FlexGrid;
 }
@@ -10,6 +12,8 @@ namespace session {
 struct PackageHandOver {
     controls::FlexGrid* SourceGrid = nullptr;
     controls::FlexGrid* PackageGrid = nullptr;
+    /// Called as the package screen closes: the request screen's save commands come on.
+    std::function<void()> enableSave;
 };
 
 } // namespace session

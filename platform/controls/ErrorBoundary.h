@@ -18,7 +18,7 @@ class ErrorBoundary {
     /// The handler shows the error and closes the connection. It must not throw.
     static void setHandler(Handler handler);
     /// Runs the handler once, then marks the program as stopping and ends every modal loop and the program's
-    /// loop.
+    /// loop. Errors that come while the handler runs, or later, are dropped: they follow from the first.
     static void report(const base::RunTimeError& error);
     static bool isStopping();
     /// Raises ProgramStopped when the program is stopping. Called behind every nested loop.
@@ -29,10 +29,15 @@ class ErrorBoundary {
     /// Runs `body`. An error goes to report(); called from code that already runs guarded in the same event
     /// loop level (setText() or click() from a handler) it unwinds to that caller instead, as if it had been
     /// raised there.
+    /// An error that is no RunTimeError becomes number 51, "Internal error: " and its text. Nothing runs any
+    /// more once the program is stopping.
     static void guard(const std::function<void()>& body);
+    /// True inside a guard of the present event loop level.
+    static bool isGuarded();
 
   private:
-    friend class ModalLevel;
+    friend class Application;
+    static void guardOutermost(const std::function<void()>& body);
 };
 
 /// Entered around every nested event loop: handlers that run inside are guarded on their own.

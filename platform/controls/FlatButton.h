@@ -17,6 +17,7 @@ class FlatButton : public QAbstractButton {
 
     explicit FlatButton(QWidget* parent = nullptr);
     void setShape(Shape shape);
+    Shape shape() const { return m_shape; }
     void setSecondLine(const QString& text);
     QString secondLine() const { return m_secondLine; }
     QSize sizeHint() const override;
@@ -28,6 +29,9 @@ class FlatButton : public QAbstractButton {
     void leaveEvent(QEvent* event) override;
 
   private:
+    void paintTile(QPainter& painter);
+    void paintRow(QPainter& painter);
+
     Shape m_shape = Shape::Row;
     QString m_secondLine;
 };

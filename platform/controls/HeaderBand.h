@@ -20,6 +20,8 @@ class HeaderBand : public QFrame {
     void setSubtitle(const QString& subtitle);
     /// Up to any number of chips; empty ones are left out.
     void setChips(const QStringList& chips);
+    /// As they stand, from left to right.
+    QStringList chips() const;
 
   private:
     QLabel* m_title;

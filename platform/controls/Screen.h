@@ -3,6 +3,7 @@
 #include "platform/controls/Connect.h"
 #include "platform/controls/MessageBox.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 
 #include <memory>
@@ -24,6 +25,7 @@ class Screen : public QDialog {
 
     /// Loads the screen, shows it and returns once it is unloaded or hidden by its own commands. Raises 400
     /// when it is shown already, ProgramStopped when the program stopped meanwhile.
+    /// 364 once it was unloaded: a fresh() instance is needed then. Does nothing more when Form_Load unloads.
     void ShowModal();
     /// Loads and shows the screen; returns at once.
     void Show();
@@ -40,6 +42,7 @@ class Screen : public QDialog {
     static const std::vector<Screen*>& openScreens();
     /// "name: text" of every field and grid that holds something, line by line; password fields are left out.
     QString contentsAsText() const;
+    void setVisible(bool visible) override;
 
   protected:
     virtual void Form_Load() {}
@@ -62,7 +65,11 @@ class Screen : public QDialog {
     void reject() override;
 
   private:
+    void calmButtons();
+    void placeOver(QWidget* opener);
+
     bool m_loaded = false;
+    bool m_placed = false;
     bool m_unloaded = false;
     bool m_escapeCloses = false;
     bool m_unloading = false;
@@ -95,6 +102,9 @@ class SharedScreen {
   private:
     static std::unique_ptr<T>& holder() {
         static std::unique_ptr<T> instance;
+        // Windows must go before the application does.
+        static const bool releasedInTime = (qAddPostRoutine(&SharedScreen::release), true);
+        Q_UNUSED(releasedInTime)
         return instance;
     }
 };
