@@ -14,19 +14,12 @@ namespace {
 
 struct Tries {
     int wrong = 0;
-    base::DateTime last;
+    base::DateTime freeAt;
 };
 
 QHash<QString, Tries>& triesByCode() {
     static QHash<QString, Tries> tries;
     return tries;
-}
-
-int waitAfter(int wrong) {
-    if (wrong < PasswordTries::freeTries)
-        return 0;
-    const int doublings = std::min(wrong - PasswordTries::freeTries, 7);
-    return std::min(PasswordTries::firstWaitSeconds << doublings, PasswordTries::longestWaitSeconds);
 }
 
 QString keyOf(const QString& employeeCode) {
@@ -49,19 +42,31 @@ const QByteArray& nobodysHash() {
 
 } // namespace
 
+int PasswordTries::waitAfter(int wrongTries) {
+    if (wrongTries < freeTries)
+        return 0;
+    constexpr int mostDoublings = 7;
+    return std::min(firstWaitSeconds << std::min(wrongTries - freeTries, mostDoublings), longestWaitSeconds);
+}
+
 int PasswordTries::secondsToWait(const QString& employeeCode) {
     const auto found = triesByCode().constFind(keyOf(employeeCode));
     if (found == triesByCode().constEnd())
         return 0;
-    const qint64 gone = std::max<qint64>(0, base::now().ms - found->last.ms);
-    const qint64 left = qint64(waitAfter(found->wrong)) * 1000 - gone;
+    // A clock that was set back must not lock anybody out for longer than the wait itself.
+    const qint64 left = std::min<qint64>(found->freeAt.ms - base::now().ms, longestWaitSeconds * 1000LL);
     return left > 0 ? int((left + 999) / 1000) : 0;
 }
 
-void PasswordTries::wrong(const QString& employeeCode) {
+int PasswordTries::wrong(const QString& employeeCode, int knownTries) {
     Tries& tries = triesByCode()[keyOf(employeeCode)];
-    ++tries.wrong;
-    tries.last = base::now();
+    tries.wrong = std::max(tries.wrong, knownTries) + 1;
+    tries.freeAt = {base::now().ms + waitAfter(tries.wrong) * 1000LL};
+    return tries.wrong;
+}
+
+void PasswordTries::mustWait(const QString& employeeCode, int wrongTries, int seconds) {
+    triesByCode()[keyOf(employeeCode)] = {wrongTries, {base::now().ms + seconds * 1000LL}};
 }
 
 void PasswordTries::right(const QString& employeeCode) {

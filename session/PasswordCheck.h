@@ -4,17 +4,23 @@
 
 namespace session {
 
-/// How often a wrong password was tried lately, for each employee code, as long as the program runs. After
-/// five wrong tries in a row a code has to wait 30 seconds, then twice as long after every further wrong one.
+/// How often a wrong password was tried in a row, for each employee code, as long as the program runs; the
+/// server keeps the same count for the codes it knows. From the fifth wrong try on a code has to wait: 30
+/// seconds at first, twice as long after every further wrong one.
 class PasswordTries {
   public:
     static constexpr int freeTries = 5;
     static constexpr int firstWaitSeconds = 30;
     static constexpr int longestWaitSeconds = 3600;
 
+    /// What has to be waited after so many wrong tries; 0 when the next one is free.
+    static int waitAfter(int wrongTries);
     /// Seconds left to wait, by the workstation's clock; 0 when a try is free.
     static int secondsToWait(const QString& employeeCode);
-    static void wrong(const QString& employeeCode);
+    /// Counts one more, on top of what the server knows already; tells the new count.
+    static int wrong(const QString& employeeCode, int knownTries = 0);
+    /// The server wants this code to wait.
+    static void mustWait(const QString& employeeCode, int wrongTries, int seconds);
     static void right(const QString& employeeCode);
     /// Tests only.
     static void forgetAll();

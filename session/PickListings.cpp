@@ -56,6 +56,7 @@ const PickListing departmentExamListing{
               "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE Status = 'A' AND (NucExam LIKE '%##text%' OR "
               "NucExamID LIKE '##text%') ORDER BY NucExam"};
 
+// The file of nuclear exams belongs to revenue code NU as a whole; its own sections are parts of that.
 const PickListing examListing{
     .title = "Exams",
     .hint = "Code or exam",
@@ -65,15 +66,17 @@ const PickListing examListing{
     .columns = {{{"Code", "NucExamID", 1000},
                  {"Exam", "NucExam", 5000},
                  {"Rate A", "RateA", 1300, PickFormat::Amount}}},
-    .exact =
-        "SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-        "BUILD_FILE..tbcoNucExam WHERE NucExamID = '##code' AND SectionID = '##section' AND Status = 'A'",
+    .exact = "SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
+             "BUILD_FILE..tbcoNucExam WHERE NucExamID = '##code' AND ('##section' = 'NU' OR SectionID = "
+             "'##section') AND Status = 'A'",
     .newest =
         "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate "
-        "FROM BUILD_FILE..tbcoNucExam WHERE SectionID = '##section' AND Status = 'A' ORDER BY NucExam",
+        "FROM BUILD_FILE..tbcoNucExam WHERE ('##section' = 'NU' OR SectionID = '##section') AND Status = 'A' "
+        "ORDER BY NucExam",
     .byCode = {},
     .byName = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
-              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE SectionID = '##section' AND Status = 'A' AND "
+              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE ('##section' = 'NU' OR SectionID = '##section') "
+              "AND Status = 'A' AND "
               "(NucExam LIKE '%##text%' OR NucExamID LIKE '##text%') ORDER BY NucExam"};
 
 const PickListing confinedPatientListing{

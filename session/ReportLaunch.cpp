@@ -1,6 +1,7 @@
 #include "session/ReportLaunch.h"
 
 #include "platform/base/Error.h"
+#include "platform/report/Print.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
 #include "session/frmReportViewer.h"
@@ -103,6 +104,23 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database) {
     table.database = database;
     table.login = user().UserID();
     table.password = user().serverpassword();
+}
+
+void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
+    report::Report& report = openReport();
+    if (directPrint) {
+        report.discardSavedData();
+        if (report::printDirect(report)) {
+            gReport.reset();
+            return;
+        }
+    }
+    frmReportViewer viewer;
+    viewer.ShowGroupTree = showGroupTree;
+    viewer.setWindowTitle(title);
+    viewer.DirectPrint = false;
+    viewer.ShowModal();
+    gReport.reset();
 }
 
 } // namespace session

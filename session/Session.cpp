@@ -35,24 +35,6 @@ base::DateTime gServerDate;
 
 namespace {
 
-/// Nothing of a former user may be left, also when the next one gives up in the log-on.
-void forgetSession() {
-    gConnection = nullptr;
-    gAdmission = nullptr;
-    gPatientMaster = nullptr;
-    gDispense.reset();
-    gFormulist.reset();
-    gDeptFind.reset();
-    gCodeFind.reset();
-    gPatientFind.reset();
-    gPatient.reset();
-    gKeyPress.reset();
-    gUser.reset();
-    for (QString* text : {&gEmployeeCode, &gServerPassword, &gHospitalName, &gHospitalAddress,
-                          &gHospitalTitle, &gHospitalTin, &gCodeFindDummy})
-        text->clear();
-}
-
 void readHospitalInfo() {
     ado::Recordset hospital = Read(ado::sql("Select * from PATIENT_DATA..tbHospitalInfo"));
     gHospitalName = hospital.Fields("Company").text();
@@ -96,6 +78,28 @@ void joinPatientServices() {
     gPatientMaster = &gPatient->patientMaster();
 }
 
+bool openServices() {
+    gUser->sqlconnection().setDefaultDatabase(QStringLiteral("NUCLEAR"));
+    gServerPassword = gUser->serverpassword();
+    readHospitalInfo();
+    createServices();
+    wireCodeFind();
+    gEmployeeCode = gUser->employeecode();
+    wireDeptFind();
+    if (!gPatientFind->InitConnection(gUser->sqlconnection().ConnectionString(), gCodeFindDummy))
+        return false;
+    joinPatientServices();
+    if (!gFormulist->InitConnection(gUser->sqlconnection())) {
+        controls::MsgBox(QStringLiteral("Cannot load supplies list."), controls::vbCritical);
+        return false;
+    }
+    if (!gDispense->InitConnect(gUser->sqlconnection())) {
+        controls::MsgBox(QStringLiteral("Cannot load supplies information."), controls::vbCritical);
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 void InitDepartment(const QString& number) {
@@ -113,27 +117,32 @@ void Main() {
     gUser = std::make_unique<clsCurrentUser>();
     gUser->setPasswordDeptCode(QString::fromLatin1(departmentNumber));
     gUser->ShowMain();
-    if (!gUser->Connected())
-        return;
-    gUser->sqlconnection().setDefaultDatabase(QStringLiteral("NUCLEAR"));
-    gServerPassword = gUser->serverpassword();
-    readHospitalInfo();
-    createServices();
-    wireCodeFind();
-    gEmployeeCode = gUser->employeecode();
-    wireDeptFind();
-    if (!gPatientFind->InitConnection(gUser->sqlconnection().ConnectionString(), gCodeFindDummy))
-        return;
-    joinPatientServices();
-    if (!gFormulist->InitConnection(gUser->sqlconnection())) {
-        controls::MsgBox(QStringLiteral("Cannot load supplies list."), controls::vbCritical);
-        return;
-    }
-    if (!gDispense->InitConnect(gUser->sqlconnection())) {
-        controls::MsgBox(QStringLiteral("Cannot load supplies information."), controls::vbCritical);
-        return;
-    }
-    screens().showMainMenu();
+    if (gUser->Connected() && openServices())
+        screens().showMainMenu();
+}
+
+bool wireSession(std::unique_ptr<clsCurrentUser> user) {
+    InitDepartment(QString::fromLatin1(departmentNumber));
+    forgetSession();
+    gUser = std::move(user);
+    return openServices();
+}
+
+void forgetSession() {
+    gConnection = nullptr;
+    gAdmission = nullptr;
+    gPatientMaster = nullptr;
+    gDispense.reset();
+    gFormulist.reset();
+    gDeptFind.reset();
+    gCodeFind.reset();
+    gPatientFind.reset();
+    gPatient.reset();
+    gKeyPress.reset();
+    gUser.reset();
+    for (QString* text : {&gEmployeeCode, &gServerPassword, &gHospitalName, &gHospitalAddress,
+                          &gHospitalTitle, &gHospitalTin, &gCodeFindDummy})
+        text->clear();
 }
 
 void LogOff() {

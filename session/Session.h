@@ -57,6 +57,11 @@ void InitDepartment(const QString& departmentNumber);
 /// screens()). Returns with no screen open when the log-on was given up or a service failed.
 void Main();
 
+/// The steps of Main() behind the log-on, for a user who is logged on already: tests and the tour. False when
+/// a service failed, which has been said then.
+bool wireSession(std::unique_ptr<clsCurrentUser> user);
+/// Forgets user, connection and services: as before the first log-on.
+void forgetSession();
 /// Closes the user's connection when it is open: the first half of a change of user, before Main() again.
 void LogOff();
 

@@ -19,23 +19,48 @@ constexpr int serverNotFound = 53;
 ado::Recordset readUser(ado::Connection& connection, const QString& employeeCode) {
     ado::Recordset user;
     user.Open(
-        ado::sql("SELECT EmployeeID, Name, PasswordHash, DeptCode, Status FROM PASSWORD..tbPasswordMain "
-                 "WHERE EmployeeID = '{}'",
-                 employeeCode),
+        ado::sql(
+            "SELECT EmployeeID, Name, PasswordHash, DeptCode, Status, WrongTries, CASE WHEN LockedUntil > "
+            "GETDATE() THEN DATEDIFF(second, GETDATE(), LockedUntil) ELSE 0 END AS SecondsLeft FROM "
+            "PASSWORD..tbPasswordMain WHERE EmployeeID = '{}'",
+            employeeCode),
         connection);
     return user;
 }
 
-/// Holds the password against the user's row and counts the try.
-LogOnResult tryPassword(ado::Recordset& user, const QString& employeeCode, const QString& password) {
-    const bool known = user.State() == ado::Recordset::adStateOpen && !user.Eof();
+void keepWrongTries(ado::Connection& connection, const QString& employeeCode, int tries) {
+    const int wait = PasswordTries::waitAfter(tries);
+    if (wait > 0)
+        connection.Execute(ado::sql("UPDATE PASSWORD..tbPasswordMain SET WrongTries = {}, LockedUntil = "
+                                    "DATEADD(second, {}, GETDATE()) WHERE EmployeeID = '{}'",
+                                    tries, wait, employeeCode));
+    else
+        connection.Execute(ado::sql(
+            "UPDATE PASSWORD..tbPasswordMain SET WrongTries = {}, LockedUntil = NULL WHERE EmployeeID = '{}'",
+            tries, employeeCode));
+}
+
+/// Holds the password against the user's row and counts the try, here and on the server.
+LogOnResult tryPassword(ado::Connection& connection, ado::Recordset& user, const QString& employeeCode,
+                        const QString& password) {
+    const bool known = !user.Eof();
+    const int tries = known ? int(base::Val(user.Fields("WrongTries").text())) : 0;
+    const int secondsLeft = known ? int(base::Val(user.Fields("SecondsLeft").text())) : 0;
+    if (secondsLeft > 0) {
+        PasswordTries::mustWait(employeeCode, tries, secondsLeft);
+        return LogOnResult::Wait;
+    }
     if (!passwordMatches(known ? user.Fields("PasswordHash").text() : QString(), password)) {
-        PasswordTries::wrong(employeeCode);
+        const int wrong = PasswordTries::wrong(employeeCode, tries);
+        if (known)
+            keepWrongTries(connection, employeeCode, wrong);
         return LogOnResult::Wrong;
     }
     PasswordTries::right(employeeCode);
+    if (tries > 0)
+        keepWrongTries(connection, employeeCode, 0);
     const QString status = base::Trim(user.Fields("Status").text());
-    return status.isEmpty() || status == QLatin1StringView("A") ? LogOnResult::Good : LogOnResult::Inactive;
+    return status == QLatin1StringView("A") ? LogOnResult::Good : LogOnResult::Inactive;
 }
 
 } // namespace
@@ -59,7 +84,7 @@ LogOnResult clsCurrentUser::logOnTo(const std::shared_ptr<HospitalServer>& serve
     auto connection = std::make_unique<ado::Connection>();
     connection->Open(server->open(employeeCode), server->connectionString());
     ado::Recordset user = readUser(*connection, employeeCode);
-    const LogOnResult result = tryPassword(user, employeeCode, password);
+    const LogOnResult result = tryPassword(*connection, user, employeeCode, password);
     if (result == LogOnResult::Good) {
         m_connection = std::move(connection);
         takeUser(user, server);
@@ -102,7 +127,7 @@ LogOnResult clsCurrentUser::checkPassword(const QString& password) {
     if (PasswordTries::secondsToWait(m_employeeCode) > 0)
         return LogOnResult::Wait;
     ado::Recordset user = readUser(*m_connection, m_employeeCode);
-    return tryPassword(user, m_employeeCode, password);
+    return tryPassword(*m_connection, user, m_employeeCode, password);
 }
 
 std::unique_ptr<ado::Connection> clsCurrentUser::openReportConnection(const QString& server,

@@ -11,7 +11,7 @@
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QPalette>
+#include <QStyle>
 #include <QTimer>
 
 namespace session {
@@ -41,6 +41,9 @@ void frmLogOn::Form_Load() {
     showLogo();
     for (const auto& server : hospitalServers())
         m_ui->cmbServer->addItem(server->name());
+    for (QLabel* label : {m_ui->lblEmployeeCode, m_ui->lblPassword, m_ui->lblServer, m_ui->lblHelp})
+        label->setProperty("kind", QStringLiteral("help"));
+    m_ui->lblCapsLock->setProperty("kind", QStringLiteral("warn"));
     m_ui->prgSetUp->hide();
     m_ui->lblCapsLock->clear();
     say({});
@@ -159,10 +162,9 @@ void frmLogOn::sayWait() {
 }
 
 void frmLogOn::say(const QString& message, Tone tone) {
-    QPalette palette = m_ui->lblMessage->palette();
-    palette.setColor(QPalette::WindowText,
-                     tone == Tone::Wrong ? controls::look::danger : controls::look::muted);
-    m_ui->lblMessage->setPalette(palette);
+    m_ui->lblMessage->setProperty("kind",
+                                  tone == Tone::Wrong ? QStringLiteral("danger") : QStringLiteral("help"));
+    m_ui->lblMessage->style()->polish(m_ui->lblMessage);
     m_ui->lblMessage->setText(message);
 }
 

@@ -14,6 +14,7 @@ namespace {
 /// Long enough to let a word be typed, too short to be waited for.
 constexpr int pauseMilliseconds = 150;
 constexpr int firstRow = 1;
+constexpr int twipsPerPixel = 15;
 
 bool isNumber(PickFormat format) {
     return format == PickFormat::Amount || format == PickFormat::Quantity;
@@ -56,6 +57,7 @@ void frmPickList::Form_Load() {
     m_ui->txtSearch->setPlaceholderText(QString::fromLatin1(m_listing.hint));
     m_ui->grdTable->setEmptyText(QString::fromLatin1(m_listing.empty));
     controls::look::setPrimary(m_ui->cmdSelect);
+    m_ui->lblHits->setProperty("kind", QStringLiteral("help"));
     layOutGrid();
     find();
     m_ui->txtSearch->setFocus();
@@ -78,8 +80,9 @@ void frmPickList::layOutGrid() {
     grid.setFormatString(captions.join(u'|'));
     for (int i = 0; i < m_columns; ++i)
         grid.setColWidth(i, m_listing.columns[std::size_t(i)].twips);
-    grid.setSelectionBehavior(QAbstractItemView::SelectRows);
-    grid.setMinimumSize(fontMetrics().averageCharWidth() * width / 100, fontMetrics().height() * 20);
+    grid.setRowSelect(true);
+    grid.setMinimumSize(controls::look::scaled(width / twipsPerPixel + 40),
+                        controls::look::scaled(27 * 13 + 32));
 }
 
 // --- events

@@ -17,7 +17,7 @@ AS
 SET NOCOUNT ON
 IF EXISTS (SELECT 1 FROM tbNucLogBook
         WHERE CaseNumber = @CaseNumber AND Status <> 'R' AND RequestNum <> @RequestNum)
-    THROW 50001, 'The Case Number you entered is already used.', 1
+    THROW 50001, 'The Case Number you entered is already used.', 1;
 UPDATE tbNucLogBook
 SET CaseNumber = @CaseNumber, PatientType = @PatientType, ItemID = @ItemID, DoctorID = @DoctorID,
     RequestDocCode = @RequestDocCode, UserID = @UserID, ResultDate = @ResultDate

@@ -15,14 +15,14 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_SaveResult
     @Radiopharmaceutical varchar(200),
     @Route varchar(100),
     @Projections varchar(200),
-    @Interpretation varchar(8000),
-    @Conclusion varchar(8000),
-    @ClinicalHistory varchar(8000),
+    @Interpretation varchar(max),
+    @Conclusion varchar(max),
+    @ClinicalHistory varchar(max),
     @Weight varchar(20),
     @Height varchar(20),
     @UserID varchar(10),
     @ResultDate datetime,
-    @Remarks varchar(8000)
+    @Remarks varchar(max)
 AS
 SET NOCOUNT ON
 EXEC sp_Nuclear_FileResult @RequestNum, @CaseNumber, @HospNum, @IdNum, @PatientType, @ItemID, @AttendingDocCode, @RequestDocCode,
