@@ -162,8 +162,7 @@ TEST(Layout, SumsForGroupsAndForTheReport) {
         "A,B", {{"NU", 10}, {"nu", 2.5}, {"MD", "7"}, {"NU", base::Value()}});
     EXPECT_EQ(textsOf(*document, 0),
               (QStringList{"NU 2", "10 of 12.5", "2.5 of 12.5", "sum 12.5", "MD 1", "7 of 7", "sum 7", "NU 0",
-                           " of 0", "sum 0", "19.5 6.5 2.5 10"}
-                   .replaceInStrings(QRegularExpression("^ of 0$"), " of 0")));
+                           " of 0", "sum 0", "19.5 6.5 2.5 10"}));
 }
 
 TEST(Layout, ManySmallAmountsAddUpToTheCentavo) {

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QPrinterInfo>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 

@@ -34,7 +34,7 @@ struct ViewerTest : testing::Test {
         viewer.resize(900, 600);
         viewer.show();
         viewer.activateWindow();
-        QTest::qWaitForWindowActive(&viewer);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
         viewer.pages()->setFocus();
     }
     ~ViewerTest() override { controls::setMessageScript({}); }
@@ -226,8 +226,6 @@ TEST_F(ViewerTest, EveryCommandTellsItsKey) {
         ASSERT_FALSE(action->shortcuts().isEmpty()) << qPrintable(action->text());
         EXPECT_TRUE(action->toolTip().contains(action->shortcut().toString()))
             << qPrintable(action->toolTip());
-        if (!action->isSeparator() && !action->icon().isNull())
-            EXPECT_FALSE(action->icon().pixmap(20).isNull());
     }
     EXPECT_EQ(commands, 17);
 }
