@@ -1,5 +1,7 @@
 #include "tests/session/Drive.h"
 
+#include "tests/support/screens/MessageScript.h"
+
 #include <QApplication>
 #include <QTimer>
 
@@ -56,7 +58,7 @@ Boxes::Boxes(std::vector<int> answers) : m_answers(std::move(answers)) {
 }
 
 Boxes::~Boxes() {
-    controls::setMessageScript({});
+    controls::setMessageScript(MessageScript::refuse);
     EXPECT_EQ(shown.size(), m_answers.size());
 }
 
