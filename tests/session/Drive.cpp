@@ -20,6 +20,8 @@ void whileModal(const std::function<void()>& opener, const std::function<void(co
             ADD_FAILURE() << "no screen came up";
             return;
         }
+        screen->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(screen));
         try {
             driver(*screen);
         } catch (const std::exception& error) {
