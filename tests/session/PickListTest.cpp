@@ -28,14 +28,16 @@ class Doctors : public testing::Test {
         session.server().answer(search(QStringLiteral("LastName LIKE 'CRUZ%'")),
                                 rows({{"D1", "CRUZ", "ANA", "B", "X"}, {"D2", "CRUZ", "BEN", "C", "Y"}}));
         session.server().answer(search(QStringLiteral("LastName LIKE 'ZZ%'")), rows({}));
-        session.server().answer(QStringLiteral("SELECT TOP 200 DoctorID, LastName, FirstName, MiddleName, Specialty FROM "
-                                               "BUILD_FILE..tbcoDoctor WHERE Status = 'A' ORDER BY"),
-                                rows({{"D3", "ABAD", "CARLA", "D", "Z"},
-                                      {"D1", "CRUZ", "ANA", "B", "X"},
-                                      {"D2", "CRUZ", "BEN", "C", "Y"}}));
+        session.server().answer(
+            QStringLiteral("SELECT TOP 200 DoctorID, LastName, FirstName, MiddleName, Specialty FROM "
+                           "BUILD_FILE..tbcoDoctor WHERE Status = 'A' ORDER BY"),
+            rows({{"D3", "ABAD", "CARLA", "D", "Z"},
+                  {"D1", "CRUZ", "ANA", "B", "X"},
+                  {"D2", "CRUZ", "BEN", "C", "Y"}}));
     }
     static ado::Result rows(const std::vector<std::vector<base::Value>>& doctors) {
-        return ScriptedProvider::rowsOf(QStringLiteral("DoctorID,LastName,FirstName,MiddleName,Specialty"), doctors);
+        return ScriptedProvider::rowsOf(QStringLiteral("DoctorID,LastName,FirstName,MiddleName,Specialty"),
+                                        doctors);
     }
     static QString search(const QString& condition) {
         return QStringLiteral("SELECT TOP 200 DoctorID, LastName, FirstName, MiddleName, Specialty FROM "
@@ -44,7 +46,8 @@ class Doctors : public testing::Test {
     }
     bool list(const char* text, const std::function<void(controls::Screen&)>& driver) {
         bool found = false;
-        tests::whileModal([&] { found = gCodeFind->SearchListing(QLatin1String(text), clsLookupPad::doctors); }, driver);
+        tests::whileModal(
+            [&] { found = gCodeFind->SearchListing(QLatin1String(text), clsLookupPad::doctors); }, driver);
         return found;
     }
     static QString hits(controls::Screen& list) { return childOf<QLabel>(list, "lblHits").text(); }
@@ -144,9 +147,11 @@ TEST_F(Doctors, DoubleClickAndSelectTakeTheRow) {
         QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, spot);
     }));
     EXPECT_EQ(gCodeFind->ResultCode, u"D1");
-    EXPECT_TRUE(list("", [](controls::Screen& list) { QTest::mouseClick(&childOf(list, "cmdSelect"), Qt::LeftButton); }));
+    EXPECT_TRUE(list(
+        "", [](controls::Screen& list) { QTest::mouseClick(&childOf(list, "cmdSelect"), Qt::LeftButton); }));
     EXPECT_EQ(gCodeFind->ResultCode, u"D3");
-    EXPECT_FALSE(list("", [](controls::Screen& list) { QTest::mouseClick(&childOf(list, "cmdClose"), Qt::LeftButton); }));
+    EXPECT_FALSE(list(
+        "", [](controls::Screen& list) { QTest::mouseClick(&childOf(list, "cmdClose"), Qt::LeftButton); }));
 }
 
 TEST_F(Doctors, TwoHundredRowsSayThatThereMayBeMore) {
@@ -176,7 +181,8 @@ class PickOnFile : public tests::LoggedOn {};
 TEST_F(PickOnFile, ConfinedPatientIsPickedByName) {
     ado::Recordset stay;
     stay.Open(ado::sql("SELECT TOP 1 M.LastName, M.FirstName FROM PATIENT_DATA..tbPatient P INNER JOIN "
-                       "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum WHERE P.DcrDate IS NULL AND M.LastName NOT LIKE "
+                       "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum WHERE P.DcrDate IS NULL AND "
+                       "M.LastName NOT LIKE "
                        "'%[^A-Z]%'"),
               *gConnection);
     const QString last = stay.Fields("LastName").text();

@@ -72,15 +72,22 @@ TEST_F(Launch, SetsHeadingLogOnAndParametersInOrder) {
 TEST_F(Launch, NoValuesLeaveAllFieldsAndSpareValuesAreIgnored) {
     PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {});
     EXPECT_EQ(gReport->missingParameters(), (std::vector<int>{0, 1}));
-    PrepareReport(reportPath(QStringLiteral("ONE.rpt")), QStringLiteral("Nuclear"), {"a", 2, "spare", "more"});
+    PrepareReport(reportPath(QStringLiteral("ONE.rpt")), QStringLiteral("Nuclear"),
+                  {"a", 2, "spare", "more"});
     EXPECT_TRUE(gReport->missingParameters().empty());
 }
 
 TEST_F(Launch, WrongDatabaseAndMissingFileAreErrors) {
-    EXPECT_EQ(errorOf([] { PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NOWHERE"), {}); }), 4060);
-    EXPECT_EQ(errorOf([] { PrepareReport(reportPath(QStringLiteral("None.RPT")), QStringLiteral("NUCLEAR"), {}); }), 20507);
+    EXPECT_EQ(
+        errorOf([] { PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NOWHERE"), {}); }),
+        4060);
+    EXPECT_EQ(
+        errorOf([] { PrepareReport(reportPath(QStringLiteral("None.RPT")), QStringLiteral("NUCLEAR"), {}); }),
+        20507);
     gServerPassword = QStringLiteral("guess");
-    EXPECT_EQ(errorOf([] { PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {}); }), 18456);
+    EXPECT_EQ(
+        errorOf([] { PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {}); }),
+        18456);
 }
 
 TEST_F(Launch, TableMovesToTheDatabaseUnderTheUsersOwnLogin) {

@@ -21,16 +21,18 @@ class Admission : public testing::Test {
     void hospitalHas(const base::Value& company, const char* account, const base::Value& birthDate) {
         session.server().answer(
             QStringLiteral("SELECT P.IdNum, P.HospNum, P.AdmDate"),
-            ScriptedProvider::rowsOf(QStringLiteral("IdNum,HospNum,AdmDate,DcrDate,BillingDate,RoomID,AccountNum,Company,"
-                                                    "DoctorID1,DoctorLast,DoctorFirst,DoctorMiddle,Height,Weight"),
-                                     {{"2601184", "0045127", *base::makeDateTime({2026, 11, 18}), nullptr, nullptr,
-                                       " 412 ", account, company, "D0231", "CRUZ", "ANA", "", "158", "61"}}));
+            ScriptedProvider::rowsOf(
+                QStringLiteral("IdNum,HospNum,AdmDate,DcrDate,BillingDate,RoomID,AccountNum,Company,"
+                               "DoctorID1,DoctorLast,DoctorFirst,DoctorMiddle,Height,Weight"),
+                {{"2601184", "0045127", *base::makeDateTime({2026, 11, 18}), nullptr, nullptr, " 412 ",
+                  account, company, "D0231", "CRUZ", "ANA", "", "158", "61"}}));
         session.server().answer(
             QStringLiteral("SELECT M.HospNum, M.LastName"),
-            ScriptedProvider::rowsOf(QStringLiteral("HospNum,LastName,FirstName,MiddleName,Sex,BirthDate,BloodType,"
-                                                    "HouseStreet,Barangay,Town,Province,AccountNum,Company"),
-                                     {{"0045127", "SANTOS", "MARIA LUISA", nullptr, "F", birthDate, "O+", "1 RIZAL ST.",
-                                       "", "BAGUIO", nullptr, account, company}}));
+            ScriptedProvider::rowsOf(
+                QStringLiteral("HospNum,LastName,FirstName,MiddleName,Sex,BirthDate,BloodType,"
+                               "HouseStreet,Barangay,Town,Province,AccountNum,Company"),
+                {{"0045127", "SANTOS", "MARIA LUISA", nullptr, "F", birthDate, "O+", "1 RIZAL ST.", "",
+                  "BAGUIO", nullptr, account, company}}));
     }
     const base::FixedClock clock{*base::makeDateTime({2026, 3, 13}, {9, 0})};
     tests::ScriptedSession session;
@@ -110,8 +112,9 @@ class Silent : public testing::Test {
 
 TEST_F(Silent, CompleteCodeIsTakenAndAnUnknownOneIsCancelled) {
     session.server().answer(
-        QStringLiteral("SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM BUILD_FILE..tbcoDoctor WHERE "
-                       "DoctorID = 'D0231'"),
+        QStringLiteral(
+            "SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM BUILD_FILE..tbcoDoctor WHERE "
+            "DoctorID = 'D0231'"),
         ScriptedProvider::rowsOf(QStringLiteral("DoctorID,LastName,FirstName,MiddleName,Specialty"),
                                  {{"D0231", "CRUZ ", "ANA", nullptr, ""}}));
     EXPECT_TRUE(gCodeFind->SearchListing(QStringLiteral(" D0231 "), 1));
@@ -136,14 +139,17 @@ TEST_F(Silent, ListingThatDoesNotExistIsAnError) {
 TEST_F(Silent, ExamsAreConfinedToTheSection) {
     gCodeFind->OtherSectionID = QStringLiteral("NU");
     gCodeFind->SearchListing(QStringLiteral("1012"), 20);
-    EXPECT_EQ(session.texts().last(),
-              u"SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-              u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND ('NU' = 'NU' OR SectionID = 'NU') AND Status = "
-              u"'A'");
+    EXPECT_EQ(
+        session.texts().last(),
+        u"SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
+        u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND ('NU' = 'NU' OR SectionID = 'NU') AND Status "
+        u"= "
+        u"'A'");
     gCodeFind->SearchListing(QStringLiteral("1012"), 16);
-    EXPECT_EQ(session.texts().last(),
-              u"SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-              u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND Status = 'A'");
+    EXPECT_EQ(
+        session.texts().last(),
+        u"SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
+        u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND Status = 'A'");
 }
 
 TEST(PickStatement, TypedTextsBecomePrefixes) {
@@ -151,11 +157,15 @@ TEST(PickStatement, TypedTextsBecomePrefixes) {
         return pickStatement(listing, {}, typed).text();
     };
     EXPECT_TRUE(text(doctorListing, QStringLiteral("DELA CRUZ, ANA"))
-                    .contains(QStringLiteral("((LastName LIKE 'DELA CRUZ%' AND FirstName LIKE 'ANA%') OR DoctorID LIKE "
-                                             "'DELA CRUZ, ANA%')")));
-    EXPECT_TRUE(text(confinedPatientListing, QStringLiteral("O`HARA")).contains(QStringLiteral("LastName LIKE 'O_HARA%'")));
-    EXPECT_TRUE(text(confinedPatientListing, QStringLiteral("O'HARA")).contains(QStringLiteral("LastName LIKE 'O_HARA%'")));
-    EXPECT_TRUE(text(confinedPatientListing, QStringLiteral("26")).contains(QStringLiteral("P.IdNum LIKE '26%'")));
+                    .contains(QStringLiteral(
+                        "((LastName LIKE 'DELA CRUZ%' AND FirstName LIKE 'ANA%') OR DoctorID LIKE "
+                        "'DELA CRUZ, ANA%')")));
+    EXPECT_TRUE(text(confinedPatientListing, QStringLiteral("O`HARA"))
+                    .contains(QStringLiteral("LastName LIKE 'O_HARA%'")));
+    EXPECT_TRUE(text(confinedPatientListing, QStringLiteral("O'HARA"))
+                    .contains(QStringLiteral("LastName LIKE 'O_HARA%'")));
+    EXPECT_TRUE(
+        text(confinedPatientListing, QStringLiteral("26")).contains(QStringLiteral("P.IdNum LIKE '26%'")));
     EXPECT_TRUE(text(townListing, QStringLiteral("%")).contains(QStringLiteral("Town LIKE '_%'")));
     EXPECT_FALSE(text(confinedPatientListing, QStringLiteral("  ")).contains(QStringLiteral("LIKE")));
     for (const PickListing* listing :
@@ -186,7 +196,8 @@ TEST_F(OnFile, EveryListingStatementRuns) {
           &outPatientListing, &medicineListing, &supplyListing}) {
         for (const char* typed : {"", "S", "1", "S,M", "'%["}) {
             ado::Recordset rows;
-            rows.Open(pickStatement(*listing, {QStringLiteral("NU"), {}}, QLatin1String(typed)), *gConnection);
+            rows.Open(pickStatement(*listing, {QStringLiteral("NU"), {}}, QLatin1String(typed)),
+                      *gConnection);
             EXPECT_EQ(rows.State(), ado::Recordset::adStateOpen);
             if (!*typed) {
                 EXPECT_GT(rows.RecordCount(), 0) << listing->title;
@@ -220,7 +231,8 @@ TEST_F(OnFile, CodesOfEveryListingAreTakenAtOnce) {
     EXPECT_FALSE(gCodeFind->SearchListing(QStringLiteral("1001"), clsLookupPad::exams));
     EXPECT_TRUE(gCodeFind->SearchListing(QStringLiteral("1001"), clsLookupPad::nuclearDepartmentExams));
 
-    const QString stay = first(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL"));
+    const QString stay =
+        first(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL"));
     ASSERT_TRUE(gDeptFind->PatientListing(stay, clsDeptFind::confinedPatients, false));
     EXPECT_EQ(gDeptFind->Inpatient.IdNumber, stay);
     EXPECT_FALSE(gDeptFind->Inpatient.LastName.isEmpty());
@@ -236,8 +248,9 @@ TEST_F(OnFile, CodesOfEveryListingAreTakenAtOnce) {
 }
 
 TEST_F(OnFile, SuppliesAndMedicinesBringTheirLocation) {
-    QString code = first(ado::sql("SELECT TOP 1 I.ItemID FROM INVENTORY..tbInvMaster I INNER JOIN INVENTORY..tbInvStock S "
-                                  "ON S.ItemID = I.ItemID WHERE I.ItemClass = 'CS' AND I.Inactive = 0"));
+    QString code = first(
+        ado::sql("SELECT TOP 1 I.ItemID FROM INVENTORY..tbInvMaster I INNER JOIN INVENTORY..tbInvStock S "
+                 "ON S.ItemID = I.ItemID WHERE I.ItemClass = 'CS' AND I.Inactive = 0"));
     QString location;
     gFormulist->DrugsORCSR = true;
     EXPECT_EQ(gFormulist->ShowList(code, false, location), u"") << "a supply is no medicine";
@@ -256,12 +269,14 @@ TEST_F(OnFile, SuppliesAndMedicinesBringTheirLocation) {
 }
 
 TEST_F(OnFile, MovementLowersTheStockAndLeavesACard) {
-    const QString code = first(ado::sql("SELECT TOP 1 ItemID FROM INVENTORY..tbInvStock WHERE LocationID = '224' AND "
-                                        "OnHand > 5"));
+    const QString code =
+        first(ado::sql("SELECT TOP 1 ItemID FROM INVENTORY..tbInvStock WHERE LocationID = '224' AND "
+                       "OnHand > 5"));
     const auto onHand = [&] {
-        return base::Val(first(ado::sql("SELECT OnHand FROM INVENTORY..tbInvStock WHERE ItemID = '{}' AND LocationID = "
-                                        "'224'",
-                                        code)));
+        return base::Val(
+            first(ado::sql("SELECT OnHand FROM INVENTORY..tbInvStock WHERE ItemID = '{}' AND LocationID = "
+                           "'224'",
+                           code)));
     };
     const double before = onHand();
     StockCardEntry entry;
@@ -291,14 +306,17 @@ TEST_F(OnFile, WrongTriesStayInTheFileAndLockTheCodeForAnotherDesk) {
     clsCurrentUser guess;
     for (int i = 0; i < 5; ++i)
         EXPECT_FALSE(guess.logOn(file, QStringLiteral("1002"), QStringLiteral("guess")));
-    EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")), u"5");
+    EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")),
+              u"5");
     // Another desk has not counted anything itself.
     session::PasswordTries::forgetAll();
-    EXPECT_EQ(guess.logOnTo(fileServer(file), QStringLiteral("1002"), QStringLiteral("scintra")), LogOnResult::Wait);
+    EXPECT_EQ(guess.logOnTo(fileServer(file), QStringLiteral("1002"), QStringLiteral("scintra")),
+              LogOnResult::Wait);
     session::PasswordTries::forgetAll();
     const base::FixedClock later({tests::demoMoment().ms + 31'000});
     EXPECT_TRUE(guess.logOn(file, QStringLiteral("1002"), QStringLiteral("scintra")));
-    EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")), u"0");
+    EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")),
+              u"0");
     session::PasswordTries::forgetAll();
 }
 
@@ -312,7 +330,8 @@ TEST_F(OnFile, ReportLogOnsKnowTheHospitalsDatabases) {
         ADD_FAILURE();
     } catch (const base::RunTimeError& error) {
         EXPECT_EQ(error.number(), 4060);
-        EXPECT_EQ(error.description(), u"Cannot open database \"NOWHERE\" requested by the login. The login failed.");
+        EXPECT_EQ(error.description(),
+                  u"Cannot open database \"NOWHERE\" requested by the login. The login failed.");
     }
 }
 
