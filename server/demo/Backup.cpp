@@ -36,7 +36,7 @@ File openHospital(const QString& name) {
     if (!QFileInfo::exists(name))
         throw base::RunTimeError(53, QStringLiteral("File not found: ") + name);
     File file = openFile(name, SQLITE_OPEN_READWRITE);
-    if (sqlite3_exec(file.get(), "SELECT Version FROM \"scintra.kit\"", nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(file.get(), "SELECT value FROM \"scintra.settings\"", nullptr, nullptr, nullptr) != SQLITE_OK)
         throw base::RunTimeError(321, QStringLiteral("Not a hospital file: ") + name);
     return file;
 }

@@ -48,7 +48,7 @@ void makeFile(const QString& file, bool withDemo, const Progress& progress) {
     };
     removeUnfinished();
     try {
-        engine::EmbeddedProvider::Options options;
+        engine::Options options;
         options.createIfMissing = true;
         const auto provider = engine::EmbeddedProvider::open(unfinished, options);
         provider->begin();

@@ -1,14 +1,11 @@
 #include "server/demo/Kit.h"
 
-#include "server/demo/TableWriter.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Installer.h"
 
 #include <QCryptographicHash>
 #include <QDirIterator>
 #include <QFile>
-
-#include <sqlite3.h>
 
 #include <algorithm>
 
@@ -21,7 +18,7 @@ namespace demo {
 
 namespace {
 
-constexpr const char* versionTable = "\"scintra.kit\"";
+constexpr const char* versionSetting = "kitVersion";
 
 int rankOf(const QString& name) {
     if (name.endsWith(QLatin1String("/tables.sql")))
@@ -77,23 +74,11 @@ void installKit(engine::EmbeddedProvider& provider, const Progress& progress) {
         engine::installScript(provider, file.text, file.name);
         ++done;
     }
-    sqlite3* handle = provider.handle();
-    runOnFile(handle, QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (Version TEXT NOT NULL)").arg(QLatin1String(versionTable)));
-    runOnFile(handle, QStringLiteral("DELETE FROM %1").arg(QLatin1String(versionTable)));
-    runOnFile(handle, QStringLiteral("INSERT INTO %1 VALUES ('%2')").arg(QLatin1String(versionTable), kitVersion()));
+    provider.setSetting(QLatin1String(versionSetting), kitVersion());
 }
 
 QString installedKitVersion(engine::EmbeddedProvider& provider) {
-    sqlite3_stmt* statement = nullptr;
-    const QByteArray text = QByteArray("SELECT Version FROM ") + versionTable;
-    // A file without the table never had a kit.
-    if (sqlite3_prepare_v2(provider.handle(), text.constData(), -1, &statement, nullptr) != SQLITE_OK)
-        return {};
-    QString version;
-    if (sqlite3_step(statement) == SQLITE_ROW)
-        version = QString::fromLatin1(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
-    sqlite3_finalize(statement);
-    return version;
+    return provider.setting(QLatin1String(versionSetting));
 }
 
 } // namespace demo

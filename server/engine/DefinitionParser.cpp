@@ -4,6 +4,8 @@ namespace engine {
 
 StmtPtr DefinitionParser::definition() {
     const Position at = position();
+    if (withParameters())
+        failHere(); // a definition is kept as text: with its values
     const bool create = acceptWord("CREATE");
     bool alter = false;
     if (!create) {

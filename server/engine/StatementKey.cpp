@@ -8,15 +8,25 @@
 
 namespace engine {
 
+/// By the first word behind blanks and comments.
 bool StatementKey::takesValues() {
-    std::size_t begin = 0;
-    while (begin < m_text.size() && isBlank(m_text[begin]))
-        ++begin;
-    std::size_t end = begin;
+    m_at = 0;
+    while (m_at < m_text.size()) {
+        if (isBlank(peek()) || peek() == ';')
+            ++m_at;
+        else if (atComment())
+            keepComment();
+        else
+            break;
+    }
+    std::size_t end = m_at;
     while (end < m_text.size() && isWordPart(m_text[end]))
         ++end;
-    const std::string_view word = m_text.substr(begin, end - begin);
-    m_isCall = !beginsStatement(word) || sameWord(word, "EXEC") || sameWord(word, "EXECUTE");
+    const std::string_view word = m_text.substr(m_at, end - m_at);
+    const bool named = peek() == '[' || (!word.empty() && isWordStart(word.front()) && !beginsStatement(word));
+    m_isCall = named || sameWord(word, "EXEC") || sameWord(word, "EXECUTE");
+    m_at = 0;
+    m_key.clear();
     return m_isCall || sameWord(word, "SELECT") || sameWord(word, "INSERT") || sameWord(word, "UPDATE") ||
            sameWord(word, "DELETE");
 }
@@ -44,7 +54,7 @@ void StatementKey::read(std::string_view text) {
             m_before = 'a';
         } else if (isDigit(c)) {
             takeNumber();
-        } else if ((c == '-' && peek(1) == '-') || (c == '/' && peek(1) == '*')) {
+        } else if (atComment()) {
             keepComment();
         } else if (c == '[' || c == '"') {
             keepQuotedName(c == '[' ? ']' : '"');

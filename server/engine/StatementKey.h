@@ -30,6 +30,7 @@ class StatementKey {
     void keepComment();
     void keepQuotedName(char end);
     Cell& add(char mark);
+    bool atComment() const { return (peek() == '-' && peek(1) == '-') || (peek() == '/' && peek(1) == '*'); }
     char peek(std::size_t ahead = 0) const {
         return m_at + ahead < m_text.size() ? m_text[m_at + ahead] : '\0';
     }

@@ -9,7 +9,7 @@
 namespace engine {
 
 TokenReader::TokenReader(std::string_view text, bool withParameters)
-    : m_text(text), m_tokens(Lexer(text, withParameters).tokens()) {}
+    : m_text(text), m_withParameters(withParameters), m_tokens(Lexer(text, withParameters).tokens()) {}
 
 TokenReader::Level::Level(TokenReader& reader) : m_reader(reader) {
     if (reader.m_depth >= deepest)

@@ -35,6 +35,8 @@ class TokenReader {
     std::size_t offset() const { return peek().begin; }
     /// The end of the token read last.
     std::size_t lastEnd() const { return m_at == 0 ? 0 : m_tokens[m_at - 1].end; }
+    /// Values were taken out of the text.
+    bool withParameters() const { return m_withParameters; }
     std::string_view source() const { return m_text; }
 
     bool isKind(TokenKind kind, std::size_t ahead = 0) const { return peek(ahead).kind == kind; }
@@ -59,6 +61,7 @@ class TokenReader {
     int typeLength();
 
     std::string_view m_text;
+    bool m_withParameters;
     std::vector<Token> m_tokens;
     std::size_t m_at = 0;
     int m_depth = 0;

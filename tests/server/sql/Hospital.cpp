@@ -34,8 +34,8 @@ Hospital::Hospital() : m_clock(fixedMoment()) {
 }
 
 std::unique_ptr<engine::EmbeddedProvider> Hospital::workstation(const QString& name) {
-    engine::EmbeddedProvider::Options options;
-    options.workstation = name;
+    engine::Options options;
+    options.hostName = name;
     auto provider = engine::EmbeddedProvider::open(m_file, options);
     provider->useDatabase(QStringLiteral("NUCLEAR"));
     return provider;
