@@ -74,6 +74,7 @@ TEST_F(ListPatient, OpensWithItsListAndGrid) {
 }
 
 TEST_F(ListPatient, SendsTheStatementOfTheChoice) {
+    answer("sp_Nuclear_getpatientby", columns);
     EXPECT_EQ(searched(QStringLiteral("SANTOS")),
               QStringList{QStringLiteral("sp_Nuclear_getpatientbylastname 'I','SANTOS'")});
     choice.setCurrentIndex(1);
@@ -85,6 +86,7 @@ TEST_F(ListPatient, SendsTheStatementOfTheChoice) {
 }
 
 TEST_F(ListPatient, SplitsALastNameAtTheFirstComma) {
+    answer("sp_Nuclear_getpatientby", columns);
     EXPECT_EQ(searched(QStringLiteral("SANTOS,MARIA")),
               QStringList{QStringLiteral("sp_Nuclear_getpatientbyfirstname 'I','SANTOS','MARIA'")});
     EXPECT_EQ(searched(QStringLiteral("SANTOS, MARIA,JR ")),
@@ -97,6 +99,7 @@ TEST_F(ListPatient, SplitsALastNameAtTheFirstComma) {
 }
 
 TEST_F(ListPatient, UpperCasesLettersAndTurnsQuotesAsTheyAreTyped) {
+    answer("sp_Nuclear_getpatientby", columns);
     EXPECT_EQ(searched(QStringLiteral("o'brien")),
               QStringList{QStringLiteral("sp_Nuclear_getpatientbylastname 'I','O`BRIEN'")});
 }
