@@ -16,9 +16,9 @@ class frmMainMenu;
 
 /// The out-patient that a search came back with; texts as the search object has them.
 struct FoundOutPatient {
-    QString IdNumber;
-    QString BillingDate; ///< "" while the bill is open
-    QString InvoiceNumber;
+    QString IdNumber = {};
+    QString BillingDate = {}; ///< "" while the bill is open
+    QString InvoiceNumber = {};
     bool LateCharges = false;
 };
 
