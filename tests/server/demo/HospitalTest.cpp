@@ -220,6 +220,13 @@ TEST_F(DemoHospital, PatientsAreGeneratedWithStaysAndFound) {
         200);
 }
 
+TEST_F(DemoHospital, NothingKeepsTheFileOpenOnceItIsClosed) {
+    demo::createEmptyHospital(m_file);
+    open()->execute(QStringLiteral("SELECT NUCLEAR.dbo.fnNuclear_Age('1980-01-01', GETDATE()) AS Age"));
+    EXPECT_TRUE(open()->check().isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
+}
+
 TEST_F(DemoHospital, TheKitCarriesEveryFileInItsOrder) {
     const auto& files = demo::kitFiles();
     EXPECT_GT(files.size(), 100u);
