@@ -1,0 +1,412 @@
+#include "server/engine/EmbeddedProvider.h"
+
+#include "server/engine/Ascii.h"
+#include "server/engine/Interpreter.h"
+#include "server/engine/ObjectText.h"
+#include "server/engine/Parser.h"
+#include "server/engine/StatementKey.h"
+#include "server/engine/Trace.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <atomic>
+
+namespace engine {
+namespace {
+
+constexpr const char* traceSetting = "trace";
+
+/// Unlike any other connection's to the file: the process and a number within it.
+int nextProcessId() {
+    static std::atomic<int> count{0};
+    constexpr int perProcess = 512;
+    const auto process = int(QCoreApplication::applicationPid() % 4'000'000);
+    return process * perProcess + count++ % perProcess;
+}
+
+std::string toStd(const QString& text) {
+    return text.toStdString();
+}
+
+/// Ends a batch's own transaction, whatever happens.
+class BatchTransaction {
+  public:
+    BatchTransaction(HospitalFile& file, const char* begin) : m_file(file) { m_file.execute(begin); }
+    ~BatchTransaction() {
+        if (!m_committed)
+            sqlite3_exec(m_file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+    BatchTransaction(const BatchTransaction&) = delete;
+    BatchTransaction& operator=(const BatchTransaction&) = delete;
+    void commit() {
+        m_file.execute("COMMIT");
+        m_committed = true;
+    }
+
+  private:
+    HospitalFile& m_file;
+    bool m_committed = false;
+};
+
+} // namespace
+
+class EmbeddedProvider::Private {
+  public:
+    Private(const QString& path, const Options& options)
+        : fileName(path)
+        , file(toStd(path), options.createIfMissing, options.busyMilliseconds)
+        , catalogue(file)
+        , interpreter(file, catalogue, session, host)
+        , trace(path, options.hostName)
+        , dataVersion(file.prepare("PRAGMA data_version")) {
+        host.catalogue = &catalogue;
+        registerFunctions(file.handle(), host);
+        session.hostName = toStd(options.hostName);
+        session.programName = toStd(options.programName);
+        session.loginName = toStd(options.loginName);
+        session.processId = nextProcessId();
+        readSettings();
+        seenVersion = readVersion();
+        sinceCheck.start();
+    }
+
+    ado::Result execute(const QString& text);
+    void run(Module& module, ado::Result& result);
+    std::shared_ptr<Module> batchOf(std::string_view text);
+    std::shared_ptr<Module> parsed(const std::string& text, bool withParameters);
+    void lookForChanges();
+    void readSettings();
+    void forget();
+    void transactionStep(const char* sql, bool opens, int errorNumber, const char* errorWords);
+    void traceStep(const char* words, std::int64_t nanoseconds, const base::RunTimeError* error);
+    bool holdsSecret(const Module& module);
+
+    QString fileName;
+    FunctionHost host;
+    Session session;
+    HospitalFile file;
+    Catalogue catalogue;
+    Interpreter interpreter;
+    Trace trace;
+    SqliteStatement dataVersion;
+    StatementKey key;
+    std::string cacheKey;
+    std::vector<const Cell*> values;
+    // a null batch stands for "its values cannot be taken out"
+    std::unordered_map<std::string, std::shared_ptr<Module>> batches;
+    bool tracing = false;
+    long long seenChanges = 0;
+    std::int64_t seenVersion = 0;
+    QElapsedTimer sinceCheck;
+
+  private:
+    std::int64_t readVersion() {
+        const StatementReset reset(dataVersion.get());
+        return file.step(dataVersion.get()) ? sqlite3_column_int64(dataVersion.get(), 0) : 0;
+    }
+};
+
+void EmbeddedProvider::Private::readSettings() {
+    tracing = catalogue.setting(traceSetting).value_or("off") == "on";
+    const long long changes = catalogue.changes();
+    if (changes != seenChanges)
+        forget();
+    seenChanges = changes;
+}
+
+void EmbeddedProvider::Private::forget() {
+    batches.clear();
+    catalogue.forget();
+}
+
+/// Now and then, whether another provider has written settings or definitions.
+void EmbeddedProvider::Private::lookForChanges() {
+    constexpr qint64 interval = 500;
+    if (session.inTransaction || sinceCheck.elapsed() < interval)
+        return;
+    sinceCheck.restart();
+    const std::int64_t version = readVersion();
+    if (version == seenVersion)
+        return;
+    seenVersion = version;
+    readSettings();
+}
+
+std::shared_ptr<Module> EmbeddedProvider::Private::parsed(const std::string& text, bool withParameters) {
+    auto module = std::make_shared<Module>();
+    module->database = session.database;
+    module->batch = Parser::batch(text, withParameters);
+    module->source = text;
+    module->queries.resize(std::size_t(module->batch.statementCount));
+    return module;
+}
+
+std::shared_ptr<Module> EmbeddedProvider::Private::batchOf(std::string_view text) {
+    constexpr std::size_t mostBatches = 600;
+    constexpr std::size_t longestKept = 16'000;
+    key.read(text);
+    cacheKey.assign(session.database);
+    cacheKey += '\0';
+    cacheKey += key.key();
+    const auto found = batches.find(cacheKey);
+    if (found != batches.end() && found->second)
+        return found->second;
+    if (batches.size() > mostBatches)
+        batches.clear();
+    std::shared_ptr<Module> module;
+    if (found == batches.end() && !key.isWhole()) {
+        try {
+            module = parsed(key.key(), true);
+        } catch (const ScriptError&) {
+            // a value stands where only a literal may: the text is read again as it is, which also finds the
+            // place of an error in the client's own text
+        }
+    }
+    const bool keep = text.size() <= longestKept;
+    if (!module) {
+        if (!key.isWhole() && keep)
+            batches[cacheKey] = nullptr;
+        key.read({});
+        const std::string whole(text);
+        const std::string wholeKey = session.database + '\0' + whole;
+        const auto kept = batches.find(wholeKey);
+        if (kept != batches.end() && kept->second)
+            return kept->second;
+        module = parsed(whole, false);
+        cacheKey = wholeKey;
+    }
+    if (keep)
+        batches[cacheKey] = module;
+    return module;
+}
+
+ado::Result EmbeddedProvider::Private::execute(const QString& text) {
+    lookForChanges();
+    const QByteArray utf8 = text.toUtf8();
+    const std::shared_ptr<Module> module = batchOf({utf8.constData(), std::size_t(utf8.size())});
+    values.clear();
+    for (int i = 0; i < key.count(); ++i)
+        values.push_back(&key.value(i));
+    ado::Result result;
+    try {
+        run(*module, result);
+    } catch (...) {
+        if (interpreter.takeDefinitionRan())
+            forget();
+        throw;
+    }
+    if (interpreter.takeDefinitionRan())
+        forget();
+    return result;
+}
+
+void EmbeddedProvider::Private::run(Module& module, ado::Result& result) {
+    const Interpreter::Plan plan = interpreter.plan(module);
+    if (session.inTransaction || plan == Interpreter::Plan::Single) {
+        interpreter.runBatch(module, values, result);
+        return;
+    }
+    BatchTransaction transaction(file, plan == Interpreter::Plan::Writes ? "BEGIN IMMEDIATE" : "BEGIN");
+    interpreter.runBatch(module, values, result);
+    transaction.commit();
+}
+
+bool EmbeddedProvider::Private::holdsSecret(const Module& module) {
+    for (const StmtPtr& statement : module.batch.statements) {
+        if (statement->kind != StmtKind::Execute)
+            continue;
+        const ObjectName& name = statement->call->name;
+        const std::string& database = name.database.empty() ? module.database : name.database;
+        const std::shared_ptr<Module> called = catalogue.module(database, name.name);
+        if (called && called->holdsSecret)
+            return true;
+    }
+    return false;
+}
+
+void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens, int errorNumber,
+                                                const char* errorWords) {
+    QElapsedTimer timer;
+    timer.start();
+    lookForChanges();
+    try {
+        if (session.inTransaction == opens)
+            throw serverError(errorNumber, QString::fromLatin1(errorWords), "25000");
+        file.execute(sql);
+        session.inTransaction = opens;
+    } catch (const base::RunTimeError& error) {
+        traceStep(sql, timer.nsecsElapsed(), &error);
+        throw;
+    }
+    traceStep(sql, timer.nsecsElapsed(), nullptr);
+}
+
+void EmbeddedProvider::Private::traceStep(const char* words, std::int64_t nanoseconds,
+                                          const base::RunTimeError* error) {
+    if (tracing)
+        trace.write({QString::fromLatin1(words), nanoseconds,
+                     error ? QStringLiteral("error %1: %2").arg(error->number()).arg(error->description())
+                           : QString()});
+}
+
+std::unique_ptr<EmbeddedProvider> EmbeddedProvider::open(const QString& file, const Options& options) {
+    return std::unique_ptr<EmbeddedProvider>(new EmbeddedProvider(std::make_unique<Private>(file, options)));
+}
+
+EmbeddedProvider::EmbeddedProvider(std::unique_ptr<Private> self) : d(std::move(self)) {}
+
+EmbeddedProvider::~EmbeddedProvider() {
+    if (d->session.inTransaction)
+        sqlite3_exec(d->file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+ado::Result EmbeddedProvider::execute(const QString& text) {
+    if (!d->tracing) {
+        try {
+            return d->execute(text);
+        } catch (const ScriptError& error) {
+            throw error.of(text);
+        } catch (const base::RunTimeError& error) {
+            throw error.withStatement(text);
+        }
+    }
+    QElapsedTimer timer;
+    timer.start();
+    Trace::Line line{text, 0, {}, false};
+    const auto finish = [&] {
+        line.nanoseconds = timer.nsecsElapsed();
+        try {
+            const QByteArray utf8 = text.toUtf8();
+            line.masked = d->holdsSecret(*d->batchOf({utf8.constData(), std::size_t(utf8.size())}));
+        } catch (const base::RunTimeError&) {
+            line.masked = true; // a text that cannot be read may hold anything
+        }
+        d->trace.write(line);
+    };
+    const auto fail = [&](const base::RunTimeError& error) {
+        line.outcome = QStringLiteral("error %1: %2").arg(error.number()).arg(error.description());
+        finish();
+    };
+    try {
+        ado::Result result = d->execute(text);
+        line.outcome = result.rows.columns.empty()
+                           ? QStringLiteral("%1 written").arg(std::max<qint64>(0, result.affected))
+                           : QStringLiteral("%1 rows").arg(result.rows.count());
+        finish();
+        return result;
+    } catch (const ScriptError& error) {
+        fail(error);
+        throw error.of(text);
+    } catch (const base::RunTimeError& error) {
+        fail(error);
+        throw error.withStatement(text);
+    }
+}
+
+void EmbeddedProvider::begin() {
+    d->transactionStep("BEGIN IMMEDIATE", true, -2147168237,
+                       "Only one transaction can be active on this session.");
+}
+
+void EmbeddedProvider::commit() {
+    d->transactionStep("COMMIT", false, 3902,
+                       "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.");
+}
+
+void EmbeddedProvider::rollback() {
+    d->transactionStep("ROLLBACK", false, 3903,
+                       "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION.");
+    d->forget();
+}
+
+bool EmbeddedProvider::inTransaction() const {
+    return d->session.inTransaction;
+}
+
+void EmbeddedProvider::useDatabase(const QString& name) {
+    d->session.database = d->catalogue.database(toStd(name));
+}
+
+QStringList EmbeddedProvider::primaryKey(const QString& table) {
+    const ObjectText object = readObjectText(toStd(table), d->session.database);
+    const Table* found = d->catalogue.hasDatabase(object.database)
+                             ? d->catalogue.table(object.database, object.name)
+                             : nullptr;
+    QStringList columns;
+    if (!found)
+        return columns;
+    for (int ordinal = 1; ordinal <= int(found->columns.size()); ++ordinal) {
+        for (const TableColumn& column : found->columns) {
+            if (column.keyOrdinal == ordinal)
+                columns += toQString(column.name);
+        }
+    }
+    return columns;
+}
+
+const QString& EmbeddedProvider::file() const {
+    return d->fileName;
+}
+
+QString EmbeddedProvider::database() const {
+    return toQString(d->session.database);
+}
+
+bool EmbeddedProvider::hasDatabase(const QString& name) const {
+    return d->catalogue.hasDatabase(toStd(name));
+}
+
+QString EmbeddedProvider::setting(const QString& name) {
+    return toQString(d->catalogue.setting(toStd(name)).value_or(""));
+}
+
+void EmbeddedProvider::setSetting(const QString& name, const QString& value) {
+    d->catalogue.setSetting(toStd(name), toStd(value));
+    d->readSettings();
+}
+
+bool EmbeddedProvider::isTracing() {
+    return d->tracing;
+}
+
+void EmbeddedProvider::setTracing(bool on) {
+    setSetting(QString::fromLatin1(traceSetting), on ? QStringLiteral("on") : QStringLiteral("off"));
+}
+
+QStringList EmbeddedProvider::check() {
+    QStringList problems;
+    const SqliteStatement integrity = d->file.prepare("PRAGMA integrity_check");
+    while (d->file.step(integrity.get())) {
+        const std::string line = columnText(integrity.get(), 0);
+        if (line != "ok")
+            problems += toQString(line);
+    }
+    for (const Catalogue::ModuleKey& module : d->catalogue.modules()) {
+        const QString name = toQString(module.database + ".." + module.name);
+        try {
+            d->interpreter.prepareAll(*d->catalogue.module(module.database, module.name));
+        } catch (const ScriptError& error) {
+            problems += QStringLiteral("%1 (line %2, column %3): %4")
+                            .arg(name)
+                            .arg(error.position().line)
+                            .arg(error.position().column)
+                            .arg(error.description());
+        } catch (const base::RunTimeError& error) {
+            problems += name + QStringLiteral(": ") + error.description();
+        }
+    }
+    return problems;
+}
+
+sqlite3* EmbeddedProvider::handle() const {
+    return d->file.handle();
+}
+
+QString sqliteName(const QString& table) {
+    const ObjectText object = readObjectText(toStd(table), {});
+    return toQString(quotedName(upperText(object.database) + "." + object.name));
+}
+
+} // namespace engine

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/base/Error.h"
+
+#include <sqlite3.h>
+
+namespace engine {
+
+/// What SQLite last said on the connection, in the server's number, words and SQLSTATE.
+base::RunTimeError errorOfSqlite(sqlite3* handle, int code);
+
+} // namespace engine

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/base/Error.h"
+
+#include <sqlite3.h>
+
+#include <optional>
+#include <string_view>
+
+namespace engine {
+
+class Catalogue;
+
+/// What the functions inside SQLite share with the provider that runs them.
+struct FunctionHost {
+    Catalogue* catalogue = nullptr;
+    /// The error that a function raised; SQLite itself only carries its text.
+    std::optional<base::RunTimeError> error;
+};
+
+/// Makes every ts_ function known to the connection. The host must outlive it. Raises base::RunTimeError.
+void registerFunctions(sqlite3* handle, FunctionHost& host);
+void registerTextFunctions(sqlite3* handle, FunctionHost& host);
+void registerDateFunctions(sqlite3* handle, FunctionHost& host);
+void registerNumberFunctions(sqlite3* handle, FunctionHost& host);
+void registerCatalogueFunctions(sqlite3* handle, FunctionHost& host);
+
+using FunctionBody = void (*)(sqlite3_context*, sqlite3_value**);
+
+/// Registers a function that gives Null when an argument is Null; what its body raises becomes the
+/// statement's error.
+template <FunctionBody Body>
+void registerFunction(sqlite3* handle, FunctionHost& host, const char* name, int arguments,
+                      bool deterministic = true) {
+    const auto call = [](sqlite3_context* context, int count, sqlite3_value** values) {
+        for (int i = 0; i < count; ++i) {
+            if (sqlite3_value_type(values[i]) == SQLITE_NULL)
+                return;
+        }
+        try {
+            Body(context, values);
+        } catch (const base::RunTimeError& error) {
+            static_cast<FunctionHost*>(sqlite3_user_data(context))->error = error;
+            sqlite3_result_error(context, error.what(), -1);
+        } catch (const std::exception& error) {
+            sqlite3_result_error(context, error.what(), -1);
+        }
+    };
+    const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (deterministic ? SQLITE_DETERMINISTIC : 0);
+    sqlite3_create_function_v2(handle, name, arguments, flags, &host, call, nullptr, nullptr, nullptr);
+}
+
+inline std::string_view valueText(sqlite3_value* value) {
+    const unsigned char* text = sqlite3_value_text(value);
+    return {reinterpret_cast<const char*>(text), std::size_t(sqlite3_value_bytes(value))};
+}
+
+inline void resultText(sqlite3_context* context, std::string_view text) {
+    sqlite3_result_text(context, text.data(), int(text.size()), SQLITE_TRANSIENT);
+}
+
+} // namespace engine

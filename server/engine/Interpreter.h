@@ -1,0 +1,80 @@
+#pragma once
+
+#include "server/engine/Catalogue.h"
+#include "server/engine/FunctionHost.h"
+#include "server/engine/Session.h"
+
+#include <functional>
+
+namespace engine {
+
+/// Runs batches, procedures and functions: control flow here, every statement by SQLite. A statement is
+/// translated and prepared when it first runs, and kept with its module.
+class Interpreter {
+  public:
+    Interpreter(HospitalFile& file, Catalogue& catalogue, Session& session, FunctionHost& host);
+
+    enum class Plan { Single, Reads, Writes };
+    /// Whether a run writes, or reads with more than one statement.
+    Plan plan(Module& module);
+    /// Runs a batch; `values` stand in its first variables. Raises base::RunTimeError.
+    void runBatch(Module& module, const std::vector<const Cell*>& values, ado::Result& result);
+    /// Translates and prepares every statement. Raises at the first that fails.
+    void prepareAll(Module& module);
+    /// A USE or a definition ran since the last call.
+    bool takeDefinitionRan();
+
+  private:
+    friend class FunctionCall;
+    enum class Flow { Next, Break, Continue, Return };
+    struct Run {
+        Module& module;
+        std::vector<Cell>& slots;
+        ado::Result* result;
+        bool noCount;
+        Cell* returned;
+    };
+
+    Flow run(const std::vector<StmtPtr>& statements, Run& run);
+    Flow runOne(const Stmt& statement, Run& run);
+    Flow runWhile(const Stmt& statement, Run& run);
+    void runSet(const Stmt& statement, Run& run);
+    void runSelect(const Stmt& statement, Run& run);
+    void assignRow(const Query& query, Run& run);
+    void runWrite(const Stmt& statement, Run& run);
+    void stepWrite(const Query& query, Run& run);
+    void runExecute(const Stmt& statement, Run& run);
+    void passArguments(const Call& call, Module& procedure, const Run& run, std::vector<Cell>& slots);
+    void passArgument(const CallArgument& argument, const SqlType& type, const Run& run, Cell& cell);
+    void runThrow(const Stmt& statement, Run& run);
+    void runReturn(const Stmt& statement, Run& run);
+    bool test(const Stmt& statement, Run& run);
+    void callFunction(Module& function, int count, sqlite3_value** values, Cell& result);
+
+    class QueryUse;
+    std::unique_ptr<Query> makeQuery(const Stmt& statement, const Module& module);
+    Translation translate(const Stmt& statement, const Module& module);
+    void prepare(Query& query);
+    void describe(Query& query);
+    void bind(const Query& query, const std::vector<Cell>& slots);
+    void bindSession(sqlite3_stmt* statement, int index, SessionValue value);
+    bool step(sqlite3_stmt* statement);
+    void fetch(const Query& query, ado::Rows& rows);
+    void registerFunction(const std::shared_ptr<Module>& module);
+    std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
+    int planOf(Module& module, int depth);
+    int planOf(const std::vector<StmtPtr>& statements, const Module& module, int depth, int& queries);
+    void prepareAll(const std::vector<StmtPtr>& statements, Module& module);
+
+    HospitalFile& m_file;
+    Catalogue& m_catalogue;
+    Session& m_session;
+    FunctionHost& m_host;
+    SqliteStatement m_savepoint;
+    SqliteStatement m_release;
+    SqliteStatement m_rollbackTo;
+    int m_depth = 0;
+    bool m_definitionRan = false;
+};
+
+} // namespace engine

@@ -1,0 +1,285 @@
+#include "server/engine/Interpreter.h"
+
+#include "server/engine/DateText.h"
+#include "server/engine/ErrorMap.h"
+#include "server/engine/RowReader.h"
+#include "server/engine/WriteTranslator.h"
+
+#include "platform/base/DateTime.h"
+
+/// The part of the interpreter that makes, binds and steps SQLite's statements.
+namespace engine {
+
+/// What SQLite holds of one of the hospital's functions.
+class FunctionCall {
+  public:
+    FunctionCall(Interpreter& interpreter, std::shared_ptr<Module> module)
+        : m_interpreter(interpreter), m_module(std::move(module)) {}
+
+    static void call(sqlite3_context* context, int count, sqlite3_value** values) {
+        const auto& self = *static_cast<const FunctionCall*>(sqlite3_user_data(context));
+        Cell result;
+        try {
+            self.m_interpreter.callFunction(*self.m_module, count, values, result);
+        } catch (const base::RunTimeError& error) {
+            self.m_interpreter.m_host.error = error;
+            sqlite3_result_error(context, error.what(), -1);
+            return;
+        }
+        switch (result.kind()) {
+        case Cell::Kind::Null:
+            break;
+        case Cell::Kind::Integer:
+            sqlite3_result_int64(context, result.integer());
+            break;
+        case Cell::Kind::Real:
+            sqlite3_result_double(context, result.real());
+            break;
+        case Cell::Kind::Text:
+            resultText(context, result.text());
+            break;
+        }
+    }
+    static void destroy(void* self) { delete static_cast<FunctionCall*>(self); }
+
+  private:
+    Interpreter& m_interpreter;
+    std::shared_ptr<Module> m_module;
+};
+
+Translation Interpreter::translate(const Stmt& statement, const Module& module) {
+    WriteTranslator translator(m_catalogue, module.database, module.script().variables);
+    switch (statement.kind) {
+    case StmtKind::Select:
+        return translator.select(*statement.query);
+    case StmtKind::Insert:
+        return translator.insert(*statement.write);
+    case StmtKind::Update:
+        return translator.update(*statement.write);
+    case StmtKind::Delete:
+        return translator.remove(*statement.write);
+    case StmtKind::Set:
+        return translator.single(*statement.expr,
+                                 &module.script().variables[std::size_t(statement.slot)].type);
+    case StmtKind::Return:
+        return translator.single(*statement.expr,
+                                 module.definition && module.definition->kind == ModuleKind::Function
+                                     ? &module.definition->returns
+                                     : nullptr);
+    case StmtKind::Throw:
+        return translator.row(statement.children);
+    case StmtKind::Print:
+        return translator.single(*statement.expr);
+    default:
+        return translator.test(*statement.expr);
+    }
+}
+
+std::unique_ptr<Query> Interpreter::makeQuery(const Stmt& statement, const Module& module) {
+    auto query = std::make_unique<Query>();
+    query->translation = translate(statement, module);
+    prepare(*query);
+    if (statement.kind == StmtKind::Select && query->translation.targets.empty())
+        describe(*query);
+    return query;
+}
+
+void Interpreter::prepare(Query& query) {
+    for (const std::shared_ptr<Module>& function : query.translation.functions)
+        registerFunction(function);
+    query.statement = m_file.prepare(query.translation.sql);
+}
+
+void Interpreter::registerFunction(const std::shared_ptr<Module>& module) {
+    if (module->registered)
+        return;
+    const std::string name = "fn " + module->database + "." + module->name;
+    const int code = sqlite3_create_function_v2(
+        m_file.handle(), name.c_str(), int(module->definition->parameters.size()), SQLITE_UTF8,
+        new FunctionCall(*this, module), FunctionCall::call, nullptr, nullptr, FunctionCall::destroy);
+    if (code != SQLITE_OK)
+        m_file.fail(code);
+    module->registered = true;
+}
+
+void Interpreter::describe(Query& query) {
+    const auto& columns = query.translation.columns;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        ado::Column column{toQString(columns[i].name), dataType(columns[i].type.kind), {}, {}};
+        const char* table = sqlite3_column_table_name(query.statement.get(), int(i));
+        const char* origin = sqlite3_column_origin_name(query.statement.get(), int(i));
+        if (table && origin) {
+            column.baseTable =
+                QString::fromUtf8(table).replace(QLatin1StringView("."), QLatin1StringView(".."));
+            column.baseColumn = QString::fromUtf8(origin);
+        }
+        query.columns.push_back(std::move(column));
+    }
+}
+
+void Interpreter::bind(const Query& query, const std::vector<Cell>& slots) {
+    sqlite3_stmt* statement = query.statement.get();
+    int index = 0;
+    for (const int slot : query.translation.slots) {
+        ++index;
+        if (slot < 0) {
+            bindSession(statement, index, SessionValue(slot));
+            continue;
+        }
+        const Cell& cell = slots[std::size_t(slot)];
+        switch (cell.kind()) {
+        case Cell::Kind::Null:
+            sqlite3_bind_null(statement, index);
+            break;
+        case Cell::Kind::Integer:
+            sqlite3_bind_int64(statement, index, cell.integer());
+            break;
+        case Cell::Kind::Real:
+            sqlite3_bind_double(statement, index, cell.real());
+            break;
+        case Cell::Kind::Text: // the variable outlives the run of the statement
+            sqlite3_bind_text(statement, index, cell.text().data(), int(cell.text().size()), SQLITE_STATIC);
+            break;
+        }
+    }
+}
+
+void Interpreter::bindSession(sqlite3_stmt* statement, int index, SessionValue value) {
+    switch (value) {
+    case SessionValue::Now:
+        bindText(statement, index, isoText(base::now()));
+        break;
+    case SessionValue::RowCount:
+        sqlite3_bind_int64(statement, index, m_session.rowCount);
+        break;
+    case SessionValue::ProcessId:
+        sqlite3_bind_int(statement, index, m_session.processId);
+        break;
+    case SessionValue::HostName:
+        bindText(statement, index, m_session.hostName);
+        break;
+    case SessionValue::ScopeIdentity:
+        if (m_session.identity == 0)
+            sqlite3_bind_null(statement, index);
+        else
+            sqlite3_bind_int64(statement, index, m_session.identity);
+        break;
+    case SessionValue::DatabaseName:
+        bindText(statement, index, m_session.database);
+        break;
+    case SessionValue::ProgramName:
+        bindText(statement, index, m_session.programName);
+        break;
+    case SessionValue::LoginName:
+        bindText(statement, index, m_session.loginName);
+        break;
+    case SessionValue::TransactionCount:
+        sqlite3_bind_int(statement, index, m_session.inTransaction ? 1 : 0);
+        break;
+    }
+}
+
+bool Interpreter::step(sqlite3_stmt* statement) {
+    const int code = sqlite3_step(statement);
+    if (code == SQLITE_ROW)
+        return true;
+    if (code == SQLITE_DONE)
+        return false;
+    if (m_host.error && (code & 0xFF) == SQLITE_ERROR) {
+        const base::RunTimeError error = *m_host.error;
+        m_host.error.reset();
+        throw error;
+    }
+    throw errorOfSqlite(m_file.handle(), code);
+}
+
+void Interpreter::fetch(const Query& query, ado::Rows& rows) {
+    sqlite3_stmt* statement = query.statement.get();
+    while (step(statement))
+        appendRow(statement, rows);
+}
+
+Interpreter::Plan Interpreter::plan(Module& module) {
+    return Plan(planOf(module, 0));
+}
+
+int Interpreter::planOf(Module& module, int depth) {
+    constexpr int deepest = 40;
+    if (module.writes >= 0)
+        return module.writes;
+    if (depth > deepest)
+        return int(Plan::Single);
+    int queries = 0;
+    int plan = planOf(module.script().statements, module, depth, queries);
+    if (plan == int(Plan::Single) && queries > 1)
+        plan = int(Plan::Reads);
+    if (depth == 0 || plan == int(Plan::Writes))
+        module.writes = plan;
+    return plan;
+}
+
+int Interpreter::planOf(const std::vector<StmtPtr>& statements, const Module& module, int depth,
+                        int& queries) {
+    int plan = int(Plan::Single);
+    for (const StmtPtr& statement : statements) {
+        switch (statement->kind) {
+        case StmtKind::Block:
+        case StmtKind::If:
+        case StmtKind::While:
+            queries += statement->kind == StmtKind::Block ? 0 : 1;
+            plan = std::max(plan, planOf(statement->body, module, depth, queries));
+            plan = std::max(plan, planOf(statement->otherwise, module, depth, queries));
+            break;
+        case StmtKind::Select:
+        case StmtKind::Set:
+        case StmtKind::Return:
+            ++queries;
+            break;
+        case StmtKind::Execute: {
+            const ObjectName& name = statement->call->name;
+            const std::string& database =
+                name.database.empty() ? module.database : m_catalogue.database(name.database);
+            if (const std::shared_ptr<Module> called = m_catalogue.module(database, name.name))
+                plan = std::max(plan, planOf(*called, depth + 1));
+            break;
+        }
+        case StmtKind::Insert:
+        case StmtKind::Update:
+        case StmtKind::Delete:
+        case StmtKind::CreateTable:
+        case StmtKind::AddColumns:
+        case StmtKind::CreateIndex:
+        case StmtKind::CreateModule:
+        case StmtKind::Drop:
+            return int(Plan::Writes);
+        default:
+            break;
+        }
+    }
+    return plan;
+}
+
+void Interpreter::prepareAll(Module& module) {
+    if (module.definition && module.definition->kind == ModuleKind::View) {
+        const std::vector<Variable> none;
+        Query query;
+        query.translation =
+            WriteTranslator(m_catalogue, module.database, none).select(*module.definition->view);
+        prepare(query);
+        return;
+    }
+    prepareAll(module.script().statements, module);
+}
+
+void Interpreter::prepareAll(const std::vector<StmtPtr>& statements, Module& module) {
+    for (const StmtPtr& statement : statements) {
+        if (statement->kind == StmtKind::Execute)
+            procedure(statement->call->name, module);
+        if (statement->expr || statement->query || statement->write || statement->kind == StmtKind::Throw)
+            module.queries[std::size_t(statement->id)] = makeQuery(*statement, module);
+        prepareAll(statement->body, module);
+        prepareAll(statement->otherwise, module);
+    }
+}
+
+} // namespace engine

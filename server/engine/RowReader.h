@@ -1,0 +1,16 @@
+#pragma once
+
+#include "server/engine/Cell.h"
+
+#include "platform/ado/Provider.h"
+
+#include <sqlite3.h>
+
+namespace engine {
+
+void readColumn(sqlite3_stmt* statement, int column, Cell& cell);
+void readValue(sqlite3_value* value, Cell& cell);
+/// Adds the present row of the statement to the rows, each value by the type of its column.
+void appendRow(sqlite3_stmt* statement, ado::Rows& rows);
+
+} // namespace engine

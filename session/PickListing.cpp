@@ -1,0 +1,74 @@
+#include "session/PickListing.h"
+
+#include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
+#include "session/frmPickList.h"
+
+namespace session {
+namespace {
+
+/// A quote cannot stand in a literal; the screens' key rule keeps it out in the same way.
+QString withoutQuotes(const QString& text) {
+    QString result = base::Trim(text);
+    return result.replace(u'\'', u'`');
+}
+
+/// The start of a name, for LIKE: its signs stand for any one letter, and so does the back-quote, as old
+/// names were kept with an apostrophe.
+QString startOf(const QString& text) {
+    QString result = base::Trim(text);
+    for (QChar& c : result) {
+        if (c == u'\'' || c == u'`' || c == u'%' || c == u'[' || c == u']')
+            c = u'_';
+    }
+    return result;
+}
+
+} // namespace
+
+ado::Statement pickStatement(const PickListing& listing, const PickScope& scope, const QString& typed) {
+    const QString text = base::Trim(typed);
+    if (text.isEmpty())
+        return listing.newest.with(
+            {{"##section", withoutQuotes(scope.section)}, {"##location", withoutQuotes(scope.location)}});
+    const bool number = text[0].isDigit() && !listing.byCode.isEmpty();
+    const qsizetype comma = text.indexOf(u',');
+    const QString last = comma < 0 ? text : text.left(comma);
+    const QString first = comma < 0 ? QString() : text.mid(comma + 1);
+    return (number ? listing.byCode : listing.byName)
+        .with({{"##text", startOf(text)},
+               {"##last", startOf(last)},
+               {"##first", startOf(first)},
+               {"##section", withoutQuotes(scope.section)},
+               {"##location", withoutQuotes(scope.location)}});
+}
+
+Pick pick(ado::Connection* connection, const PickListing& listing, const PickScope& scope,
+          const QString& text, bool showList) {
+    if (!connection)
+        throw base::RunTimeError(base::errors::connectionInvalid);
+    const QString code = withoutQuotes(text);
+    if (!code.isEmpty()) {
+        ado::Recordset row;
+        row.Open(listing.exact.with({{"##code", code},
+                                     {"##section", withoutQuotes(scope.section)},
+                                     {"##location", withoutQuotes(scope.location)}}),
+                 *connection);
+        if (row.State() == ado::Recordset::adStateOpen && !row.Eof())
+            return {std::move(row), false};
+    }
+    if (!showList)
+        return {};
+    frmPickList dialog(listing, [connection, &listing, &scope](const QString& typed) {
+        ado::Recordset rows;
+        rows.Open(pickStatement(listing, scope, typed), *connection);
+        return rows;
+    });
+    dialog.setSearchText(code);
+    dialog.ShowModal();
+    if (!dialog.Valid)
+        return {{}, true};
+    return {dialog.takeChosenRow(), false};
+}
+
+} // namespace session
