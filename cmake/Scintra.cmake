@@ -22,6 +22,10 @@ if(MSVC)
 else()
     target_compile_options(scintra_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor
         -Woverloaded-virtual -Wcast-qual)
+    # GCC 12 warns of joining a literal and a string that dies (GCC bug 105329); fixed in 13
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        target_compile_options(scintra_options INTERFACE -Wno-restrict)
+    endif()
 endif()
 if(SCINTRA_SANITIZE)
     target_compile_options(scintra_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all

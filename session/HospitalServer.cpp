@@ -26,10 +26,10 @@ class FileServer : public HospitalServer {
         demo::createHospital(file(), [&](int percent, const QString&) { progress(percent); });
     }
     std::unique_ptr<ado::Provider> open(const QString& login) override {
-        engine::EmbeddedProvider::Options options;
+        engine::Options options;
         options.hostName = QSysInfo::machineHostName();
         options.programName = QStringLiteral("Visual Scintra");
-        options.login = login;
+        options.loginName = login;
         auto provider = engine::EmbeddedProvider::open(file(), options);
         demo::ensureKit(*provider);
         return provider;

@@ -106,8 +106,16 @@ DateTime fromSerial(double days) {
 DateTime now() {
     if (fixedNow())
         return *fixedNow();
-    const QDateTime local = QDateTime::currentDateTime();
-    return DateTime{local.toMSecsSinceEpoch() + local.offsetFromUtc() * 1000LL};
+    // The zone's rules are asked once a minute: a save asks for the time dozens of times.
+    constexpr qint64 msPerMinute = 60'000;
+    thread_local qint64 knownMinute = -1;
+    thread_local qint64 offset = 0;
+    const qint64 utc = QDateTime::currentMSecsSinceEpoch();
+    if (utc / msPerMinute != knownMinute) {
+        knownMinute = utc / msPerMinute;
+        offset = QDateTime::fromMSecsSinceEpoch(utc).offsetFromUtc() * 1000LL;
+    }
+    return DateTime{utc + offset};
 }
 
 DateTime today() {

@@ -291,8 +291,9 @@ ado::Result EmbeddedProvider::execute(const QString& text) {
     };
     try {
         ado::Result result = d->execute(text);
-        line.outcome = result.rows.columns.empty() ? QStringLiteral("%1 written").arg(std::max<qint64>(0, result.affected))
-                                                   : QStringLiteral("%1 rows").arg(result.rows.count());
+        line.outcome = result.rows.columns.empty()
+                           ? QStringLiteral("%1 written").arg(std::max<qint64>(0, result.affected))
+                           : QStringLiteral("%1 rows").arg(result.rows.count());
         finish();
         return result;
     } catch (const ScriptError& error) {

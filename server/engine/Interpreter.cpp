@@ -176,9 +176,9 @@ Interpreter::Flow Interpreter::runOne(const Stmt& statement, Run& run) {
         if (run.module.definition)
             throw notSupported("CREATE", statement.position);
         if (statement.kind == StmtKind::CreateModule && run.module.script().statements.size() != 1)
-            throw ScriptError(111,
-                              QStringLiteral("'CREATE/ALTER PROCEDURE' must be the first statement in a query batch."),
-                              "42000", statement.position);
+            throw ScriptError(
+                111, QStringLiteral("'CREATE/ALTER PROCEDURE' must be the first statement in a query batch."),
+                "42000", statement.position);
         m_definitionRan = true;
         Definitions(m_file, m_catalogue).run(statement, run.module.database, run.module.source);
         break;

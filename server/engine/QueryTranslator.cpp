@@ -202,7 +202,9 @@ void QueryTranslator::star(const SelectItem& item, const Scope& scope, std::vect
         found = true;
         for (const ScopeColumn& column : table.columns) {
             const std::string sql = quotedName(table.alias) + "." + quotedName(column.name);
-            outputs.push_back({{sql, column.type, column.collated, false, true}, column.name});
+            Output& output = outputs.emplace_back();
+            output.term = Term{sql, column.type, column.collated, false, true};
+            output.name = column.name;
         }
     }
     if (found)

@@ -23,7 +23,8 @@ bool StatementKey::takesValues() {
     while (end < m_text.size() && isWordPart(m_text[end]))
         ++end;
     const std::string_view word = m_text.substr(m_at, end - m_at);
-    const bool named = peek() == '[' || (!word.empty() && isWordStart(word.front()) && !beginsStatement(word));
+    const bool named =
+        peek() == '[' || (!word.empty() && isWordStart(word.front()) && !beginsStatement(word));
     m_isCall = named || sameWord(word, "EXEC") || sameWord(word, "EXECUTE");
     m_at = 0;
     m_key.clear();
