@@ -69,15 +69,13 @@ const PickListing examListing{
     .exact = "SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
              "BUILD_FILE..tbcoNucExam WHERE NucExamID = '##code' AND ('##section' = 'NU' OR SectionID = "
              "'##section') AND Status = 'A'",
-    .newest =
-        "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate "
-        "FROM BUILD_FILE..tbcoNucExam WHERE ('##section' = 'NU' OR SectionID = '##section') AND Status = 'A' "
-        "ORDER BY NucExam",
+    .newest = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
+              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE ('##section' = 'NU' OR SectionID = '##section') "
+              "AND Status = 'A' ORDER BY NucExam",
     .byCode = {},
     .byName = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
               "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE ('##section' = 'NU' OR SectionID = '##section') "
-              "AND Status = 'A' AND "
-              "(NucExam LIKE '%##text%' OR NucExamID LIKE '##text%') ORDER BY NucExam"};
+              "AND Status = 'A' AND (NucExam LIKE '%##text%' OR NucExamID LIKE '##text%') ORDER BY NucExam"};
 
 const PickListing confinedPatientListing{
     .title = "Confined Patients",
@@ -137,6 +135,7 @@ const PickListing outPatientListing{
               "WHERE M.LastName LIKE '##last%' AND M.FirstName LIKE '##first%' AND P.DcrDate IS NULL AND "
               "P.OPDStatus <> 'R' ORDER BY M.LastName, M.FirstName, M.MiddleName"};
 
+// The section's own stock comes first: 179 for drugs, 224 for supplies.
 const PickListing medicineListing{
     .title = "List of Medicines",
     .hint = "Code or medicine",
@@ -149,20 +148,21 @@ const PickListing medicineListing{
                  {"Price", "SellingPriceIn", 1200, PickFormat::Amount},
                  {"On Hand", "OnHand", 1000, PickFormat::Quantity},
                  {"Location", "LocationID", 1000}}},
-    .exact = "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
-             "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
-             "I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-             "AND I.ItemID = '##code' ORDER BY S.OnHand DESC",
+    .exact =
+        "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
+        "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE I.ItemClass "
+        "= 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') AND I.ItemID = "
+        "'##code' ORDER BY CASE WHEN S.LocationID = '179' THEN 0 ELSE 1 END, S.OnHand DESC",
     .newest = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
               "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
               "I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "ORDER BY I.ItemName",
+              "ORDER BY I.ItemName, CASE WHEN S.LocationID = '179' THEN 0 ELSE 1 END",
     .byCode = {},
-    .byName =
-        "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
-        "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE I.ItemClass "
-        "= 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') AND (I.ItemName "
-        "LIKE '%##text%' OR I.GenericName LIKE '%##text%' OR I.ItemID LIKE '##text%') ORDER BY I.ItemName"};
+    .byName = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
+              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
+              "I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
+              "AND (I.ItemName LIKE '%##text%' OR I.GenericName LIKE '%##text%' OR I.ItemID LIKE '##text%') "
+              "ORDER BY I.ItemName, CASE WHEN S.LocationID = '179' THEN 0 ELSE 1 END"};
 
 const PickListing supplyListing{
     .title = "List of Supplies",
@@ -175,18 +175,20 @@ const PickListing supplyListing{
                  {"Price", "SellingPriceIn", 1200, PickFormat::Amount},
                  {"On Hand", "OnHand", 1000, PickFormat::Quantity},
                  {"Location", "LocationID", 1000}}},
-    .exact = "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
-             "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
-             "I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-             "AND I.ItemID = '##code' ORDER BY S.OnHand DESC",
+    .exact =
+        "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
+        "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE I.ItemClass "
+        "= 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') AND I.ItemID = "
+        "'##code' ORDER BY CASE WHEN S.LocationID = '224' THEN 0 ELSE 1 END, S.OnHand DESC",
     .newest = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
               "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
               "I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "ORDER BY I.ItemName",
+              "ORDER BY I.ItemName, CASE WHEN S.LocationID = '224' THEN 0 ELSE 1 END",
     .byCode = {},
     .byName = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
               "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
               "I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "AND (I.ItemName LIKE '%##text%' OR I.ItemID LIKE '##text%') ORDER BY I.ItemName"};
+              "AND (I.ItemName LIKE '%##text%' OR I.ItemID LIKE '##text%') ORDER BY I.ItemName, CASE WHEN "
+              "S.LocationID = '224' THEN 0 ELSE 1 END"};
 
 } // namespace session

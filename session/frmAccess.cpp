@@ -9,7 +9,6 @@ namespace session {
 
 frmAccess::frmAccess(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmAccess>()) {
     m_ui->setupUi(this);
-    setEscapeCloses(true);
     m_ui->txtPassword->installEventFilter(this);
 }
 

@@ -37,6 +37,10 @@ std::unique_ptr<engine::EmbeddedProvider> openHospital(const QString& file) {
 }
 
 void showProgress(int percent, const QString& stage) {
+    static int shownPercent = -1;
+    if (percent == shownPercent)
+        return;
+    shownPercent = percent;
     std::fprintf(stderr, "\r%3d %%  %-70.70s", percent, qPrintable(stage));
     if (percent == 100)
         std::fputc('\n', stderr);
@@ -69,6 +73,12 @@ int runGenerate(const Arguments& arguments) {
     const QString file = fileOf(arguments);
     demo::ensureKit(*openHospital(file));
     demo::generatePatients(file, arguments.patients, showProgress);
+    return exitDone;
+}
+
+int runUpdate(const Arguments& arguments) {
+    const bool changed = demo::ensureKit(*openHospital(fileOf(arguments)));
+    print(changed ? QStringLiteral("Brought up to date.") : QStringLiteral("It was up to date."));
     return exitDone;
 }
 
@@ -189,6 +199,7 @@ constexpr Command commandList[] = {
     {"init", "[FILE]", "make an empty hospital", 0, 1, runInit},
     {"password", "FILE ID [--name \"LAST, FIRST\"]", "set a user's password; with a name, add the user", 2, 2, runPassword},
     {"generate", "[FILE] --patients N", "add made-up patients with stays", 0, 1, runGenerate},
+    {"update", "[FILE]", "bring tables and procedures up to this program's", 0, 1, runUpdate},
     {"trace", "on|off|show [FILE]", "write down every statement, without results", 1, 2, runTrace},
     {"check", "[FILE]", "read the file and try every procedure on it", 0, 1, runCheck},
     {"backup", "FILE TO", "copy while people work", 2, 2, runBackup},

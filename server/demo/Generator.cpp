@@ -110,7 +110,7 @@ void Generator::registerOutPatient(const QString& hospNum, const QString& accoun
 void generatePatients(const QString& file, int count, const Progress& progress) {
     const auto provider = engine::EmbeddedProvider::open(file, {});
     // The name index is written all over; it must not fall out of memory between two rows.
-    runOnFile(provider->handle(), QStringLiteral("PRAGMA cache_size = -400000"));
+    runOnFile(provider->handle(), QStringLiteral("PRAGMA cache_size = -400000; PRAGMA wal_autocheckpoint = 100000"));
     Generator generator(provider->handle());
     for (int done = 0; done < count;) {
         const int end = std::min(done + pieceSize, count);

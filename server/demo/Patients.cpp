@@ -127,7 +127,7 @@ void PatientWriter::admit(int index) {
     stay.from = before(m_world.now, daysAgo + 1, chance.between(6, 21), chance.between(0, 59));
     stay.idNum = QString::number(base::calendarDate(m_world.now).year % 100) +
                  QStringLiteral("%1").arg(firstInPatientNum + index, 6, 10, QLatin1Char('0'));
-    const Room& room = rooms()[std::size_t(index * 7) % rooms().size()];
+    const Room& room = rooms()[std::size_t(index * 11) % rooms().size()];
     stay.room = QString::fromLatin1(room.roomID);
     stay.roomClass = QString::fromLatin1(room.roomClass);
     if (index == inPatientCount - 5) {

@@ -178,7 +178,8 @@ TEST_F(Access, ComparesExactlyAndUnloads) {
     EXPECT_TRUE(type("Kerova"));
     EXPECT_FALSE(type("kerova"));
     EXPECT_FALSE(type("Kerova "));
-    EXPECT_EQ(session.texts(), QStringList(3, QStringLiteral("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo")));
+    EXPECT_EQ(session.texts(),
+              QStringList(3, QStringLiteral("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo")));
 }
 
 TEST_F(Access, NoRowIsNoPassword) {

@@ -1,5 +1,7 @@
 #include "tests/session/Drive.h"
 
+#include "tests/support/screens/MessageScript.h"
+
 #include <QApplication>
 #include <QTimer>
 
@@ -18,6 +20,8 @@ void whileModal(const std::function<void()>& opener, const std::function<void(co
             ADD_FAILURE() << "no screen came up";
             return;
         }
+        screen->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(screen));
         try {
             driver(*screen);
         } catch (const std::exception& error) {
@@ -56,7 +60,7 @@ Boxes::Boxes(std::vector<int> answers) : m_answers(std::move(answers)) {
 }
 
 Boxes::~Boxes() {
-    controls::setMessageScript({});
+    controls::setMessageScript(MessageScript::refuse);
     EXPECT_EQ(shown.size(), m_answers.size());
 }
 

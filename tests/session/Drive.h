@@ -13,8 +13,8 @@
 
 namespace tests {
 
-/// Runs `opener`; once the screen that it opens is up, runs `driver` in its loop. A screen that the driver leaves open
-/// fails the test and is taken away.
+/// Runs `opener`; once the screen that it opens is up, runs `driver` in its loop. A screen that the driver
+/// leaves open fails the test and is taken away.
 void whileModal(const std::function<void()>& opener, const std::function<void(controls::Screen&)>& driver);
 
 /// The child of that name; raises when there is none.

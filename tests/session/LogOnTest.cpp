@@ -68,9 +68,10 @@ class LogOn : public testing::Test {
   protected:
     LogOn() {
         PasswordTries::forgetAll();
-        server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."), QStringLiteral("secret"));
-        server->addEmployee(QStringLiteral("1900"), QStringLiteral("SALONGA, VIRGILIO T."), QStringLiteral("files"),
-                            QStringLiteral("00"));
+        server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."),
+                            QStringLiteral("secret"));
+        server->addEmployee(QStringLiteral("1900"), QStringLiteral("SALONGA, VIRGILIO T."),
+                            QStringLiteral("files"), QStringLiteral("00"));
         server->addEmployee(QStringLiteral("1777"), QStringLiteral("GONE, LONG A."), QStringLiteral("past"),
                             QStringLiteral("5"), QStringLiteral("I"));
         setHospitalServers({server});
@@ -149,8 +150,8 @@ TEST_F(LogOn, WrongPasswordAndUnknownCodeReadAlike) {
 TEST_F(LogOn, WrongTriesAreCountedOnTheServerAndClearedByARightOne) {
     show([this](controls::Screen& logOn) {
         type(logOn, "1001", "guess");
-        EXPECT_EQ(server->texts.last(),
-                  u"UPDATE PASSWORD..tbPasswordMain SET WrongTries = 1, LockedUntil = NULL WHERE EmployeeID = '1001'");
+        EXPECT_EQ(server->texts.last(), u"UPDATE PASSWORD..tbPasswordMain SET WrongTries = 1, LockedUntil = "
+                                        u"NULL WHERE EmployeeID = '1001'");
         QTest::keyClick(&logOn, Qt::Key_Escape);
     });
     EXPECT_EQ(PasswordTries::secondsToWait(QStringLiteral("1001")), 0);
@@ -162,9 +163,9 @@ TEST_F(LogOn, FiveWrongTriesMakeTheCodeWait) {
         for (int i = 0; i < 5; ++i)
             type(logOn, "1001", "guess");
         EXPECT_EQ(message(logOn), u"Too many wrong tries. Please wait 30 seconds.");
-        EXPECT_EQ(server->texts.last(),
-                  u"UPDATE PASSWORD..tbPasswordMain SET WrongTries = 5, LockedUntil = DATEADD(second, 30, GETDATE()) "
-                  u"WHERE EmployeeID = '1001'");
+        EXPECT_EQ(server->texts.last(), u"UPDATE PASSWORD..tbPasswordMain SET WrongTries = 5, LockedUntil = "
+                                        u"DATEADD(second, 30, GETDATE()) "
+                                        u"WHERE EmployeeID = '1001'");
         const qsizetype sent = server->texts.size();
         type(logOn, "1001", "secret");
         EXPECT_EQ(server->texts.size(), sent) << "the right password is not even tried";
@@ -261,9 +262,11 @@ TEST_F(LogOn, OwnPasswordIsAskedOnce) {
 TEST_F(LogOn, ReportLogOnsAreHeldAgainstTheServer) {
     ASSERT_EQ(user.logOnTo(server, QStringLiteral("1001"), QStringLiteral("secret")), LogOnResult::Good);
     const QString password = user.serverpassword();
-    const auto errorOf = [&](const char* host, const char* database, const char* login, const QString& secret) {
+    const auto errorOf = [&](const char* host, const char* database, const char* login,
+                             const QString& secret) {
         try {
-            user.openReportConnection(QLatin1String(host), QLatin1String(database), QLatin1String(login), secret);
+            user.openReportConnection(QLatin1String(host), QLatin1String(database), QLatin1String(login),
+                                      secret);
         } catch (const base::RunTimeError& error) {
             return error.number();
         }
@@ -278,15 +281,17 @@ TEST_F(LogOn, ReportLogOnsAreHeldAgainstTheServer) {
     const auto connection = user.openReportConnection(QStringLiteral("SCRIPTED"), QStringLiteral("NUCLEAR"),
                                                       QStringLiteral("sa"), password);
     EXPECT_EQ(connection->DefaultDatabase(), u"NUCLEAR");
-    EXPECT_EQ(ado::Connection::byConnectionString(user.sqlconnection().ConnectionString()), &user.sqlconnection());
+    EXPECT_EQ(ado::Connection::byConnectionString(user.sqlconnection().ConnectionString()),
+              &user.sqlconnection());
 }
 
 TEST_F(LogOn, RightsOfTheHospitalsLogOnAreOnesOfTheDepartment) {
     ASSERT_EQ(user.logOnTo(server, QStringLiteral("1900"), QStringLiteral("files")), LogOnResult::Good);
     user.sqlconnection().setDefaultDatabase(QStringLiteral("NUCLEAR"));
     EXPECT_THROW(user.HAVE_RIGHTS(QStringLiteral("A")), base::RunTimeError) << "no answer was prepared";
-    EXPECT_EQ(server->texts.last(), u"SELECT RightsID FROM PASSWORD..tbPasswordRights WHERE EmployeeID = '1900' AND "
-                                    u"DeptCode = '00' AND RightsID = 'A'");
+    EXPECT_EQ(server->texts.last(),
+              u"SELECT RightsID FROM PASSWORD..tbPasswordRights WHERE EmployeeID = '1900' AND "
+              u"DeptCode = '00' AND RightsID = 'A'");
 }
 
 } // namespace

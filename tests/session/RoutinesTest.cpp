@@ -29,13 +29,16 @@ TEST_F(Routines, RequestedAsksNothingWithoutARow) {
     session.server().answer(QStringLiteral("STATION..Nurse_CheckExamStatus"),
                             ScriptedProvider::rowsOf(QStringLiteral("RequestDate")));
     tests::Boxes none;
-    EXPECT_FALSE(CheckExamRequested(QStringLiteral(" 2601 "), QStringLiteral(" U0044"), QStringLiteral("CS ")));
-    EXPECT_EQ(session.texts(), QStringList{QStringLiteral("STATION..Nurse_CheckExamStatus '2601','U0044','CS'")});
+    EXPECT_FALSE(
+        CheckExamRequested(QStringLiteral(" 2601 "), QStringLiteral(" U0044"), QStringLiteral("CS ")));
+    EXPECT_EQ(session.texts(),
+              QStringList{QStringLiteral("STATION..Nurse_CheckExamStatus '2601','U0044','CS'")});
 }
 
 TEST_F(Routines, RequestedIsTrueOnOkAndFalseOnCancel) {
-    session.server().answer(QStringLiteral("STATION..Nurse_CheckExamStatus"),
-                            ScriptedProvider::rowsOf(QStringLiteral("RequestDate"), {{" 11/20/2026 8:15 AM "}}));
+    session.server().answer(
+        QStringLiteral("STATION..Nurse_CheckExamStatus"),
+        ScriptedProvider::rowsOf(QStringLiteral("RequestDate"), {{" 11/20/2026 8:15 AM "}}));
     tests::Boxes boxes({controls::vbOK, controls::vbCancel});
     EXPECT_TRUE(CheckExamRequested(QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("PH")));
     EXPECT_FALSE(CheckExamRequested(QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("PH")));
@@ -63,13 +66,14 @@ TEST_F(Routines, PostedIsTrueOnNoAndFalseOnYesOrWithoutARow) {
 
 TEST_F(Routines, StockCardGoesOutInTheOrderOfItsArguments) {
     const base::FixedClock clock(*base::makeDateTime({2026, 11, 21}, {14, 5, 9}));
-    AppendStockCard(QStringLiteral("CS"), QStringLiteral("0045127"), QStringLiteral("2601184"), QStringLiteral("U0044"),
-                    QStringLiteral("C12J"), 2, 360.5, QStringLiteral("412"), QStringLiteral("224"),
-                    QStringLiteral("NU"));
+    AppendStockCard(QStringLiteral("CS"), QStringLiteral("0045127"), QStringLiteral("2601184"),
+                    QStringLiteral("U0044"), QStringLiteral("C12J"), 2, 360.5, QStringLiteral("412"),
+                    QStringLiteral("224"), QStringLiteral("NU"));
     EXPECT_EQ(session.texts(),
-              QStringList{QStringLiteral("INVENTORY..sp_AppendStockCard '0045127','2601184','U0044','11/21/2026 14:05',"
-                                         "'C12J','2','0','360.5','1001','PRN','412','224','','NU','0','CS','CS','',"
-                                         "NULL,NULL,NULL,'O'")});
+              QStringList{QStringLiteral(
+                  "INVENTORY..sp_AppendStockCard '0045127','2601184','U0044','11/21/2026 14:05',"
+                  "'C12J','2','0','360.5','1001','PRN','412','224','','NU','0','CS','CS','',"
+                  "NULL,NULL,NULL,'O'")});
 }
 
 TEST(TrimUpper, TrimsThenUppers) {
@@ -96,18 +100,21 @@ TEST(AllUppers, UpperCasesLettersOnly) {
 }
 
 TEST_F(Routines, RightsTakeTwoStatementsEachTime) {
-    session.server().answer(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' "),
-                            ScriptedProvider::rowsOf(QStringLiteral("RightsID"), {{"7"}}));
+    session.server().answer(
+        QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' "),
+        ScriptedProvider::rowsOf(QStringLiteral("RightsID"), {{"7"}}));
     session.server().answer(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights"),
                             ScriptedProvider::rowsOf(QStringLiteral("RightsID")));
     EXPECT_TRUE(checkAccess().WithRights(QStringLiteral("1001"), QStringLiteral(" 7 ")));
     EXPECT_TRUE(checkAccess().WithRights(QStringLiteral("1001"), QStringLiteral("7")));
     EXPECT_FALSE(checkAccess().WithRights(QStringLiteral("1001"), QStringLiteral("17")));
     const QString list = QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1001'");
-    const QString seven = QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' ");
-    EXPECT_EQ(session.texts(), (QStringList{list, seven, list, seven, list,
-                                            QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE "
-                                                           "RightsID = '17' ")}));
+    const QString seven =
+        QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' ");
+    EXPECT_EQ(session.texts(),
+              (QStringList{list, seven, list, seven, list,
+                           QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE "
+                                          "RightsID = '17' ")}));
 }
 
 } // namespace

@@ -17,8 +17,10 @@ namespace {
 class Start : public testing::Test {
   protected:
     Start() {
-        server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."), QStringLiteral("secret"));
-        server->addEmployee(QStringLiteral("1002"), QStringLiteral("BAUTISTA, MARICEL O."), QStringLiteral("other"));
+        server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."),
+                            QStringLiteral("secret"));
+        server->addEmployee(QStringLiteral("1002"), QStringLiteral("BAUTISTA, MARICEL O."),
+                            QStringLiteral("other"));
         setHospitalServers({server});
     }
     ~Start() override {
@@ -94,7 +96,8 @@ TEST_F(Start, SendsItsStatementsInOrder) {
 
 TEST_F(Start, GivenUpEndsWithNothingShown) {
     tests::Boxes none;
-    tests::whileModal([] { Main(); }, [](controls::Screen& logOn) { QTest::keyClick(&logOn, Qt::Key_Escape); });
+    tests::whileModal([] { Main(); },
+                      [](controls::Screen& logOn) { QTest::keyClick(&logOn, Qt::Key_Escape); });
     EXPECT_EQ(screens.mainMenus, 0);
     EXPECT_FALSE(gUser->Connected());
     EXPECT_EQ(gConnection, nullptr);
@@ -123,7 +126,8 @@ TEST_F(Start, AnotherUserReplacesEverything) {
 TEST_F(Start, AnotherUserWhoGivesUpLeavesNothingOfTheFormerOne) {
     mainAs("1001", "secret");
     LogOff();
-    tests::whileModal([] { Main(); }, [](controls::Screen& logOn) { QTest::keyClick(&logOn, Qt::Key_Escape); });
+    tests::whileModal([] { Main(); },
+                      [](controls::Screen& logOn) { QTest::keyClick(&logOn, Qt::Key_Escape); });
     EXPECT_EQ(screens.mainMenus, 1);
     EXPECT_EQ(gEmployeeCode, u"");
     EXPECT_EQ(gServerPassword, u"");
