@@ -14,7 +14,7 @@
 
 namespace tests {
 
-/// The request screen on the demo hospital, driven by keys. AGUILAR lies in a room of class C.
+/// The request screen on the demo hospital, driven by keys. AGUILAR lies in a room of class B.
 class RequestFixture : public LoggedOn {
   public:
     static constexpr const char* admitted = "26004078";

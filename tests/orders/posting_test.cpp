@@ -52,12 +52,12 @@ TEST_F(Posting, AProcedureAndAFeeInOneTransaction) {
         listed(expected(
             {"BEGIN", "select getdate() as [server date]", "SELECT chargeslip FROM tbNucSlip",
              "sp_Nuclear_IncRefNum", "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
-             "sp_Nuclear_AddRequest '104078','26004078','{r1}', '1001','6240','" + doctor +
+             "sp_Nuclear_AddRequest '104078','26004078','{r1}', '1001','5620','" + doctor +
                  "','I', '{slip}','1001','{r1}','','1', '','NU'",
-             "sp_addnurselogbook '104078','26004078', '1001','BONE SCAN, WHOLE BODY','6240', '1001','1001', "
+             "sp_addnurselogbook '104078','26004078', '1001','BONE SCAN, WHOLE BODY','5620', '1001','1001', "
              "'{slip}','NU','I','{r1}','1'",
              "sp_addbill 'I','26004078','11/21/2026 08:30:00 AM','{slip}', "
-             "'1001','6240','NU','1001','1','','', "
+             "'1001','5620','NU','1001','1','','', "
              "'104078'",
              "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
              "sp_addnurselogbook '104078','26004078', '201','" + name +
@@ -103,7 +103,7 @@ TEST_F(Posting, ASupplyGoesToTheStockCardAndTheTrailingLineToTheLogBook) {
                  "', '1001','1001', '{slip}','UR','I','{r1}','2'",
              "INVENTORY..sp_AppendStockCard '104078','26004078','" + item +
                  "','11/21/2026 08:30','{slip}','2','0','" + amount +
-                 "','1001','PRN','302','','','','0','CS','CS','',NULL,NULL,NULL,'O'",
+                 "','1001','PRN','205','','','','0','CS','CS','',NULL,NULL,NULL,'O'",
              "sp_Nuclear_AddRequest '104078','26004078','{r1}', '" + item + "','" + amount + "','" + doctor +
                  "','I', '{slip}','1001','{r1}','','2', '','UR'",
              "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
@@ -121,17 +121,21 @@ TEST_F(Posting, ASupplyGoesToTheStockCardAndTheTrailingLineToTheLogBook) {
 
 TEST_F(Posting, AWardsRequestIsStampedInItsFiles) {
     const QString nurse = "SELECT %1 FROM STATION..tbNurseCommunicationFile WHERE RequestNum = '7000003'";
-    const QString doctor = value("SELECT DoctorID1 FROM PATIENT_DATA..tbPatient WHERE IdNum = '26004080'");
+    const QString admission = value(nurse.arg("IdNum"));
+    const QString item = value(nurse.arg("ItemID"));
+    const QString doctor =
+        value("SELECT DoctorID1 FROM PATIENT_DATA..tbPatient WHERE IdNum = '" + admission + "'");
     const QString communication = value(nurse.arg("CommunicationID"));
     const QString logBook =
         value("SELECT LogBookID FROM STATION..tbNurseLogBook WHERE RequestNum = '7000003'");
     const QString amount = value(nurse.arg("Amount"));
-    const QString hospNum = value("SELECT HospNum FROM PATIENT_DATA..tbPatient WHERE IdNum = '26004080'");
-    open({.PatIdNum = "26004080",
+    const QString hospNum =
+        value("SELECT HospNum FROM PATIENT_DATA..tbPatient WHERE IdNum = '" + admission + "'");
+    open({.PatIdNum = admission,
           .PatientType = "I",
           .NurseCommnunication = true,
           .RequestingNurse = "1001",
-          .Classification = "B"});
+          .Classification = value(nurse.arg("Classification"))});
     ASSERT_EQ(grid().Rows(), 2);
     EXPECT_TRUE(button("cmdSave").isEnabled());
     const int slip = nextSlip();
@@ -144,22 +148,22 @@ TEST_F(Posting, AWardsRequestIsStampedInItsFiles) {
               listed(expected(
                   {"BEGIN", "select getdate() as [server date]", "SELECT chargeslip FROM tbNucSlip",
                    "sp_Nuclear_IncRefNum", "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
-                   "sp_Nuclear_AddRequest '" + hospNum + "','26004080','{r1}', '1014','" + amount + "','" +
-                       doctor + "','I', '{slip}','1001','7000003','','1', '','NU'",
-                   "sp_checknursecommunicationfile '0','I','NU','1014','26004080','7000003'",
+                   "sp_Nuclear_AddRequest '" + hospNum + "','" + admission + "','{r1}', '" + item + "','" +
+                       amount + "','" + doctor + "','I', '{slip}','1001','7000003','','1', '','NU'",
+                   "sp_checknursecommunicationfile '0','I','NU','" + item + "','" + admission + "','7000003'",
                    "UPDATE: UPDATE STATION..tbNurseCommunicationFile SET [ReferenceNum] = '{slip}', "
                    "[RecordStatus] = 'X' WHERE "
                    "[CommunicationID] = " +
                        communication + " AND [ReferenceNum] = '' AND [RecordStatus] = 'N'",
-                   "sp_checknurselogbook '0','I','26004080','NU','1014','7000003'",
+                   "sp_checknurselogbook '0','I','" + admission + "','NU','" + item + "','7000003'",
                    "UPDATE: UPDATE STATION..tbNurseLogBook SET [ReferenceNum] = '{slip}', [RecordStatus] = "
                    "'X', [ProcessBy] = "
                    "'1001', [ProcessDate] = '2026-11-21T08:30:00.000' WHERE [LogBookID] = " +
                        logBook +
                        " AND [ReferenceNum] = '' AND [RecordStatus] = 'N' AND [ProcessBy] = '' AND "
                        "[ProcessDate] IS NULL",
-                   "sp_addbill 'I','26004080','11/21/2026 08:30:00 AM','{slip}', '1014','" + amount +
-                       "','NU','1001','1','','', '" + hospNum + "'",
+                   "sp_addbill 'I','" + admission + "','11/21/2026 08:30:00 AM','{slip}', '" + item + "','" +
+                       amount + "','NU','1001','1','','', '" + hospNum + "'",
                    "COMMIT"},
                   slip, request)));
     EXPECT_EQ(value(nurse.arg("RecordStatus")), "X");
@@ -241,7 +245,7 @@ TEST_F(Posting, APackagePutsItsStoreOnTheStockCardAndItsUnusedItemsOnTheirList) 
     save(slipText(slip));
     session::gInventoryEntry = false;
     const QStringList texts = takeTexts();
-    EXPECT_TRUE(texts.filter("sp_AppendStockCard").value(0).contains(",'302','179','','','0','PH','PH','',"))
+    EXPECT_TRUE(texts.filter("sp_AppendStockCard").value(0).contains(",'205','179','','','0','PH','PH','',"))
         << listed(texts);
     EXPECT_EQ(texts.filter("Unused"),
               QStringList{QStringLiteral("STATION..sp_Save_PackageItems_Unused '26004078','P1',"

@@ -17,14 +17,14 @@ TEST_F(RequestGrid, ALineIsBuiltByKeysAlone) {
     type("nu<Enter>");
     EXPECT_EQ(cell(1, 3), "NUCLEAR PROCEDURES");
     type("1001<Enter>");
-    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|6240.00||");
+    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|5620.00||");
     EXPECT_TRUE(tests::child<QComboBox>(screen(), "cboEntry").isVisible());
     type("<Enter>");
     EXPECT_EQ(field("txtEntry").text(), "1");
     EXPECT_EQ(field("txtEntry").selectedText(), "1");
     type("2<Enter>");
-    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|6240.00|2|12480.00");
-    EXPECT_EQ(field("txtGross").text(), "12480.00");
+    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|5620.00|2|11240.00");
+    EXPECT_EQ(field("txtGross").text(), "11240.00");
     EXPECT_TRUE(button("cmdSave").isEnabled());
     EXPECT_TRUE(button("cmdSavePrint").isEnabled());
     EXPECT_EQ(grid().Rows(), 3);
@@ -86,7 +86,7 @@ TEST_F(RequestGrid, AQuantityIsOneCharacter) {
     EXPECT_EQ(cell(1, 6), "1");
     type("<Enter>");
     EXPECT_EQ(cell(1, 6), "1");
-    EXPECT_EQ(cell(1, 7), "6240.00");
+    EXPECT_EQ(cell(1, 7), "5620.00");
     type("<Up>");
     grid().setCurrentCell(1, 6);
     type("<Esc><Enter>x7");
@@ -177,7 +177,7 @@ TEST_F(RequestGrid, F3DeletesLines) {
     ASSERT_EQ(grid().Rows(), 4);
     type("<Up><F3>");
     EXPECT_EQ(grid().Rows(), 3);
-    EXPECT_EQ(field("txtGross").text(), "6240.00");
+    EXPECT_EQ(field("txtGross").text(), "5620.00");
     EXPECT_TRUE(button("cmdSave").isEnabled());
     grid().setCurrentCell(1, 1);
     type("<Esc><F3><F3>");
@@ -223,7 +223,7 @@ TEST_F(RequestGrid, TheHeaderComesFromTheAdmission) {
     EXPECT_EQ(field("txtLname").text(), "AGUILAR");
     EXPECT_EQ(field("txtIdNum").text(), admitted);
     EXPECT_EQ(field("txtHospNum").text(), "104078");
-    EXPECT_EQ(field("txtRoom").text(), "302");
+    EXPECT_EQ(field("txtRoom").text(), "205");
     EXPECT_EQ(field("txtCompany").text(), "Personal");
     EXPECT_TRUE(field("txtDoctor").text().startsWith("DR. "));
     EXPECT_EQ(field("txtGross").text(), "0");
@@ -231,8 +231,10 @@ TEST_F(RequestGrid, TheHeaderComesFromTheAdmission) {
 }
 
 TEST_F(RequestGrid, ACompanyAccountShowsItsNumber) {
-    openAdmitted("26004079");
-    EXPECT_EQ(field("txtCompany").text(), "HMO02");
+    const QString open =
+        "PATIENT_DATA..tbPatient WHERE DcrDate IS NULL AND AccountNum <> HospNum ORDER BY IdNum";
+    openAdmitted(value("SELECT TOP 1 IdNum FROM " + open));
+    EXPECT_EQ(field("txtCompany").text(), value("SELECT TOP 1 AccountNum FROM " + open));
 }
 
 TEST_F(RequestGrid, DoctorsArePickedInThreeWays) {
@@ -257,7 +259,8 @@ TEST_F(RequestGrid, DoctorsArePickedInThreeWays) {
 }
 
 TEST_F(RequestGrid, WardLinesAskBeforeTheyAreLeft) {
-    open({.PatIdNum = "26004079", .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});
+    const QString ward = "SELECT IdNum FROM STATION..tbNurseCommunicationFile WHERE RequestNum = '7000001'";
+    open({.PatIdNum = value(ward), .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});
     EXPECT_EQ(grid().Rows(), 3);
     EXPECT_EQ(cell(1, 5), cell(1, 7)) << "the price takes the line's amount as it stands";
     EXPECT_EQ(cell(1, 11), "7000001");
