@@ -22,10 +22,10 @@ enum class TransactionStep { Begin, Commit, Rollback };
 struct StatementEvent {
     const QString& text;
     StatementKind kind;
-    qint64 rows;                       ///< rows fetched
-    qint64 affected;                   ///< rows written, -1 when not told
-    qint64 nanoseconds;                ///< from the call to the last row
-    const base::RunTimeError* error;   ///< null when it went well
+    qint64 rows;                     ///< rows fetched
+    qint64 affected;                 ///< rows written, -1 when not told
+    qint64 nanoseconds;              ///< from the call to the last row
+    const base::RunTimeError* error; ///< null when it went well
 };
 
 /// Sees everything that goes over a connection: the trace, a test's recorder, a fault injector.
@@ -52,7 +52,8 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// `connectionString` is what ConnectionString() tells from now on; it holds no password. Raises 3705 when open.
+    /// `connectionString` is what ConnectionString() tells from now on; it holds no password. Raises 3705
+    /// when open.
     void Open(std::unique_ptr<Provider> provider, const QString& connectionString);
     /// An open transaction is rolled back. Raises 3704 when closed.
     void Close();

@@ -35,8 +35,8 @@ class Field {
     qsizetype m_column;
 };
 
-/// A result, fetched whole into the client. Cursor types and options are taken as they are given and change nothing;
-/// the lock type decides whether rows can be written back.
+/// A result, fetched whole into the client. Cursor types and options are taken as they are given and change
+/// nothing; the lock type decides whether rows can be written back.
 class Recordset {
   public:
     static constexpr int adStateClosed = 0;
@@ -62,8 +62,9 @@ class Recordset {
 
     /// The table that Update() writes to, for rows that came out of a procedure: "DATABASE..table".
     void setUniqueTable(const QString& table) { m_uniqueTable = table; }
-    /// Sends an UPDATE of the fields that were set, found by the primary key and the values last read. Nothing set,
-    /// nothing sent. Raises 3251 when there is no table or key, -2147217864 when the row is not there any more.
+    /// Sends an UPDATE of the fields that were set, found by the primary key and the values last read.
+    /// Nothing set, nothing sent. Raises 3251 when there is no table or key, -2147217864 when the row is not
+    /// there any more.
     void Update();
 
     /// The whole result, for binding to a grid.

@@ -173,14 +173,20 @@ Statement joinStatement(const char* pattern, const QString* values, qsizetype co
 }
 
 Statement QueryTemplate::with(std::initializer_list<Replacement> replacements) const {
-    const QString text = QString::fromLatin1(m_text);
+    std::vector<DefinedValue> values;
+    for (const Replacement& replacement : replacements)
+        values.push_back({QString::fromLatin1(replacement.placeholder), replacement.value});
+    return definedStatement(QString::fromLatin1(m_text), values);
+}
+
+Statement definedStatement(const QString& text, const std::vector<DefinedValue>& values) {
     Joiner joiner;
     qsizetype from = 0;
     for (qsizetype at = 0; at < text.size();) {
-        const Replacement* found = nullptr;
-        for (const Replacement& replacement : replacements) {
-            if (QStringView(text).mid(at).startsWith(QLatin1StringView(replacement.placeholder)))
-                found = &replacement;
+        const DefinedValue* found = nullptr;
+        for (const DefinedValue& value : values) {
+            if (QStringView(text).mid(at).startsWith(value.placeholder))
+                found = &value;
         }
         if (!found) {
             ++at;
@@ -188,7 +194,7 @@ Statement QueryTemplate::with(std::initializer_list<Replacement> replacements) c
         }
         joiner.addText(QStringView(text).mid(from, at - from));
         joiner.addValue(found->value);
-        at += qsizetype(qstrlen(found->placeholder));
+        at += found->placeholder.size();
         from = at;
     }
     joiner.addText(QStringView(text).mid(from));

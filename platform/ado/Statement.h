@@ -7,11 +7,18 @@
 
 #include <initializer_list>
 #include <type_traits>
+#include <vector>
 
 namespace ado {
 
-/// The text of one statement, checked. Only sql(), QueryTemplate and the write-back make one, so a text that was
-/// joined by hand cannot be sent.
+/// A value for a place-holder of a statement that stands in a definition file.
+struct DefinedValue {
+    QString placeholder; ///< as it stands in the text: "{?From}"
+    QString value;
+};
+
+/// The text of one statement, checked. Only sql(), QueryTemplate, definedStatement() and the write-back make
+/// one, so a text that was joined by hand cannot be sent.
 class Statement {
   public:
     const QString& text() const { return m_text; }
@@ -21,6 +28,7 @@ class Statement {
     QString m_text;
 
     friend Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
+    friend Statement definedStatement(const QString& text, const std::vector<DefinedValue>& values);
     friend class QueryTemplate;
     friend class WriteBack;
 };
@@ -45,8 +53,8 @@ class StatementPattern {
     const char* m_text;
 };
 
-/// Puts the values in place of each `{}` and reads the result back. Raises 102 ("Incorrect syntax near ...") when a
-/// value would leave its literal, or is no number where it stands outside quotes.
+/// Puts the values in place of each `{}` and reads the result back. Raises 102 ("Incorrect syntax near ...")
+/// when a value would leave its literal, or is no number where it stands outside quotes.
 Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
 
 inline QString statementValue(const QString& text) {
@@ -96,5 +104,9 @@ class QueryTemplate {
   private:
     const char* m_text;
 };
+
+/// A statement out of a definition file that belongs to the program (a report's query): replaces each
+/// place-holder, under the same check as sql(). The text itself must not come from a user.
+Statement definedStatement(const QString& text, const std::vector<DefinedValue>& values);
 
 } // namespace ado

@@ -122,12 +122,12 @@ DateTime today() {
     return dateOnly(now());
 }
 
-FixedClock::FixedClock(DateTime moment) {
+FixedClock::FixedClock(DateTime moment) : m_outer(fixedNow()) {
     fixedNow() = moment;
 }
 
 FixedClock::~FixedClock() {
-    fixedNow().reset();
+    fixedNow() = m_outer;
 }
 
 } // namespace base

@@ -51,13 +51,16 @@ DateTime fromSerial(double days);
 DateTime now();
 DateTime today();
 
-/// Fixes now() while it lives. Not nested.
+/// Fixes now() while it lives; then the clock is again what it was before.
 class FixedClock {
   public:
     explicit FixedClock(DateTime moment);
     ~FixedClock();
     FixedClock(const FixedClock&) = delete;
     FixedClock& operator=(const FixedClock&) = delete;
+
+  private:
+    std::optional<DateTime> m_outer;
 };
 
 } // namespace base

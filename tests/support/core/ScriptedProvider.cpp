@@ -2,7 +2,8 @@
 
 namespace tests {
 
-ado::Result ScriptedProvider::rowsOf(const QString& columns, const std::vector<std::vector<base::Value>>& rows) {
+ado::Result ScriptedProvider::rowsOf(const QString& columns,
+                                     const std::vector<std::vector<base::Value>>& rows) {
     ado::Result result;
     for (const QString& name : columns.split(u','))
         result.rows.columns.push_back({name, ado::DataType::Text, {}, {}});

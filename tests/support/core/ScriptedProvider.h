@@ -8,8 +8,8 @@
 
 namespace tests {
 
-/// A provider with prepared answers: the first answer whose text starts the statement is taken (and stays, unless it
-/// is `once`); a statement without an answer gives an empty result of no columns.
+/// A provider with prepared answers: the first answer whose text starts the statement is taken (and stays,
+/// unless it is `once`); a statement without an answer gives an empty result of no columns.
 class ScriptedProvider : public ado::Provider {
   public:
     struct Answer {
@@ -39,7 +39,8 @@ class ScriptedProvider : public ado::Provider {
     bool m_inTransaction = false;
 };
 
-/// Writes down every text, and "BEGIN", "COMMIT", "ROLLBACK" in their places. A write-back is led by "UPDATE: ".
+/// Writes down every text, and "BEGIN", "COMMIT", "ROLLBACK" in their places. A write-back is led by "UPDATE:
+/// ".
 class StatementRecorder : public ado::Observer {
   public:
     explicit StatementRecorder(ado::Connection& connection) : m_connection(connection) {

@@ -1,9 +1,40 @@
-#include <QApplication>
+#include "platform/controls/Application.h"
+#include "platform/controls/Look.h"
+#include "platform/controls/Screen.h"
+#include "tests/support/screens/ErrorRecorder.h"
+#include "tests/support/screens/MessageScript.h"
+
+#include <QLocale>
 
 #include <gtest/gtest.h>
 
+namespace {
+
+/// Every test starts on a calm program: boxes and errors that nobody expects fail it, windows it left
+/// open go.
+class CalmProgram : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override {
+        controls::setMessageScript(&tests::MessageScript::refuse);
+        controls::ErrorBoundary::setHandler(&tests::ErrorRecorder::refuse);
+    }
+    void OnTestEnd(const testing::TestInfo&) override {
+        controls::ErrorBoundary::reset();
+        for (controls::Screen* screen : std::vector(controls::Screen::openScreens()))
+            screen->hideScreen();
+        while (QApplication::overrideCursor())
+            QApplication::restoreOverrideCursor();
+        QCoreApplication::sendPostedEvents();
+    }
+};
+
+} // namespace
+
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    QLocale::setDefault(QLocale::c());
+    controls::Application application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    controls::look::apply(application);
     testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new CalmProgram);
     return RUN_ALL_TESTS();
 }

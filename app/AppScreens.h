@@ -1,0 +1,31 @@
+#pragma once
+
+#include "session/Screens.h"
+
+#include <functional>
+#include <map>
+
+namespace app {
+
+/// Which screen opens which: the one place that knows the screens of all folders. A screen that is not in the
+/// table does nothing.
+class AppScreens : public session::Screens {
+  public:
+    AppScreens();
+
+    void showMainMenu() override;
+    void open(session::MenuScreen screen, const QString& formMode = {}) override;
+    void openRequest(const session::RequestEntry& entry) override;
+    void openOutRequest(const session::OutRequestEntry& entry) override;
+    bool openNuclearPackage(session::PackageHandOver& grids) override;
+    bool openNucCharges(session::PackageHandOver& grids) override;
+
+    /// Opens one screen and returns when it has closed. `formMode` is "" for screens without modes.
+    using Opener = std::function<void(const QString& formMode)>;
+    bool opens(session::MenuScreen screen) const { return m_table.contains(screen); }
+
+  private:
+    std::map<session::MenuScreen, Opener> m_table;
+};
+
+} // namespace app

@@ -1,0 +1,87 @@
+#include "app/ErrorBox.h"
+
+#include "app/ui_ErrorBox.h"
+#include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/Look.h"
+#include "platform/controls/Screen.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace app {
+
+namespace {
+
+QString detailsOf(const base::RunTimeError& error) {
+    QStringList lines;
+    if (!error.sqlState().isEmpty())
+        lines += QStringLiteral("SQLSTATE ") + error.sqlState();
+    if (!error.statement().isEmpty())
+        lines += error.statement();
+    return lines.join(u'\n');
+}
+
+QString reportOf(const base::RunTimeError& error) {
+    QStringList parts{ErrorBox::textOf(error)};
+    if (const QString details = detailsOf(error); !details.isEmpty())
+        parts += details;
+    for (const controls::Screen* screen : controls::Screen::openScreens()) {
+        parts +=
+            QStringLiteral("[%1]").arg(screen->windowTitle()) + u'\n' + screen->contentsAsText().trimmed();
+    }
+    return parts.join(QStringLiteral("\n\n")).trimmed() + u'\n';
+}
+
+/// Before the box: a desk whose clerk is at lunch must not hold the hospital's file with an open transaction.
+void closeConnection() noexcept {
+    try {
+        if (session::gUser)
+            session::LogOff();
+    } catch (const std::exception&) {
+        // The server has lost the connection by itself then.
+    }
+}
+
+void showError(const base::RunTimeError& error) {
+    ErrorBox box(error);
+    closeConnection();
+    while (QGuiApplication::overrideCursor())
+        QGuiApplication::restoreOverrideCursor();
+    box.exec();
+}
+
+} // namespace
+
+ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::ErrorBox>()), m_report(reportOf(error)) {
+    m_ui->setupUi(this);
+    const int side = 2 * fontMetrics().height();
+    m_ui->lblIcon->setPixmap(controls::look::icon("error", controls::look::danger).pixmap(side, side));
+    m_ui->lblError->setText(textOf(error).section(u'\n', 0, 0));
+    m_ui->lblDescription->setText(error.description());
+    m_ui->txtDetails->setPlainText(detailsOf(error));
+    m_ui->cmdDetails->setVisible(!detailsOf(error).isEmpty());
+    controls::look::setPrimary(m_ui->cmdEnd);
+    m_ui->cmdEnd->setFocus();
+    connect(m_ui->cmdDetails, &QPushButton::toggled, this, [this](bool shown) {
+        m_ui->txtDetails->setVisible(shown);
+        adjustSize();
+    });
+    connect(m_ui->cmdCopy, &QPushButton::clicked, this,
+            [this] { QGuiApplication::clipboard()->setText(m_report); });
+    connect(m_ui->cmdEnd, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+ErrorBox::~ErrorBox() = default;
+
+QString ErrorBox::textOf(const base::RunTimeError& error) {
+    return QStringLiteral("Run-time error '%1':\n\n").arg(error.number()) + error.description();
+}
+
+void installBoundary() {
+    controls::ErrorBoundary::setHandler(showError);
+}
+
+} // namespace app

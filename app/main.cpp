@@ -1,0 +1,29 @@
+#include "app/AppScreens.h"
+#include "app/ErrorBox.h"
+#include "menu/MenuLinks.h"
+#include "platform/controls/Application.h"
+#include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/Look.h"
+#include "platform/controls/Screen.h"
+#include "session/Session.h"
+
+int main(int argc, char** argv) {
+    controls::Application application(argc, argv);
+    QCoreApplication::setApplicationName("Visual Kerova - Visual Scintra");
+    QGuiApplication::setDesktopFileName("visual-scintra");
+    // Between two users no window is open for a moment; the menu says when the program ends.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    controls::look::apply(application);
+
+    app::AppScreens screens;
+    session::setScreens(&screens);
+    menu::links().endProgram = [] { QCoreApplication::exit(0); };
+    app::installBoundary();
+
+    controls::ErrorBoundary::guard([] { session::Main(); });
+    int exitCode = controls::ErrorBoundary::isStopping() ? 1 : 0;
+    if (exitCode == 0 && !controls::Screen::openScreens().empty())
+        exitCode = QCoreApplication::exec();
+    session::setScreens(nullptr);
+    return exitCode;
+}

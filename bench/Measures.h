@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+namespace bench {
+
+/// Each prints its lines; false when a goal is not met. `folder` keeps the files that are made once.
+bool saveOrder(const QString& folder);
+bool findPatients(const QString& folder);
+bool statementText(const QString& folder);
+bool bindGrid(const QString& folder);
+bool startUp(const QString& folder);
+
+} // namespace bench

@@ -1,0 +1,51 @@
+#include "bench/Measure.h"
+#include "bench/Measures.h"
+
+#include "platform/base/Error.h"
+#include "platform/controls/Application.h"
+#include "platform/controls/Look.h"
+
+#include <cstdio>
+
+namespace {
+
+struct Measure {
+    const char* name;
+    bool (*run)(const QString& folder);
+};
+
+constexpr Measure measures[] = {{"save", bench::saveOrder},
+                                {"find", bench::findPatients},
+                                {"text", bench::statementText},
+                                {"grid", bench::bindGrid},
+                                {"start", bench::startUp}};
+
+} // namespace
+
+/// scintra-bench FOLDER [measure ...]: exit code 0 when every goal is met, 2 when one is not, 1 on an error.
+int main(int argc, char** argv) {
+    controls::Application application(argc, argv);
+    controls::look::apply(application);
+    const QStringList arguments = application.arguments().mid(1);
+    if (arguments.isEmpty()) {
+        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|start ...]\n", stderr);
+        return 1;
+    }
+    const QStringList wanted = arguments.mid(1);
+    bool met = true;
+    bench::Report::heading();
+    try {
+        for (const Measure& measure : measures) {
+            if (wanted.isEmpty() || wanted.contains(QString::fromLatin1(measure.name)))
+                met &= measure.run(arguments.first());
+        }
+    } catch (const base::RunTimeError& error) {
+        std::fprintf(stderr, "%d: %s\n%s\n", error.number(), error.description().toUtf8().constData(),
+                     error.statement().toUtf8().constData());
+        return 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+    return met ? 0 : 2;
+}

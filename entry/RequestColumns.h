@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+namespace entry {
+
+/// Columns of a request grid; the same numbers on every request screen.
+enum RequestColumn {
+    colLineNumber = 0,
+    colDepartment = 1, ///< revenue code: "NU", "MD", "FN", "UR", "MN"
+    colCode = 2,
+    colParticular = 3,
+    colType = 4, ///< "ROUTINE" or "STAT"
+    colPrice = 5,
+    colQuantity = 6,
+    colAmount = 7,
+    colWithItems = 8,
+    colAmountEditable = 9, ///< "Y" lets the clerk key the amount
+    colSearchInventory = 10,
+    colLink = 11, ///< stock location, or the ward's own request number
+    colInventoryCode = 12,
+    colRoutinePrice = 13,
+    colPackageCode = 15,
+    requestColumnCount = 17
+};
+
+/// Professional or reader's fee.
+inline bool isFeeRevenue(const QString& revenue) {
+    return revenue == u"MD" || revenue == u"FN";
+}
+
+/// What a stat procedure costs: this many times its routine price.
+inline constexpr double statFactor = 1.25;
+
+} // namespace entry

@@ -1,0 +1,559 @@
+#include "entry/RequestGrid.h"
+
+#include "lookup/RateSelection.h"
+#include "lookup/clsRevenueCode.h"
+#include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
+#include "platform/controls/Connect.h"
+#include "platform/controls/FlexGrid.h"
+#include "platform/controls/KeyFilter.h"
+#include "platform/controls/MessageBox.h"
+#include "platform/controls/Screen.h"
+#include "session/Services.h"
+#include "session/Session.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+namespace entry {
+
+using base::Format;
+using base::Val;
+using namespace controls;
+using session::gCodeFind;
+using session::gDispense;
+using session::gFormulist;
+
+namespace {
+
+const QString amountFormat = QStringLiteral("0.00");
+
+struct ColumnLayout {
+    int column;
+    const char* header;
+    int twips;
+};
+
+constexpr std::array columnLayout{
+    ColumnLayout{colLineNumber, "", 200},
+    ColumnLayout{colDepartment, "Department", 1000},
+    ColumnLayout{colCode, "Code", 1000},
+    ColumnLayout{colParticular, "Particular", 4000},
+    ColumnLayout{colType, "Type", 1500},
+    ColumnLayout{colPrice, "Price", 1000},
+    ColumnLayout{colQuantity, "Quantity", 1000},
+    ColumnLayout{colAmount, "Amount", 1000},
+    ColumnLayout{colWithItems, "With Items", 0},
+    ColumnLayout{colAmountEditable, "", 0},
+    ColumnLayout{colSearchInventory, "", 0},
+    ColumnLayout{colLink, "", 0},
+    ColumnLayout{colInventoryCode, "Inventory Code", 0},
+    ColumnLayout{colRoutinePrice, "RoutinePrice", 0},
+    ColumnLayout{14, "", 0},
+    ColumnLayout{colPackageCode, "", 0},
+    ColumnLayout{16, "", 0},
+};
+
+bool isEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool isBackTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
+}
+
+/// A key that would leave a character in a text box.
+bool typesText(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text()[0] >= u' ' && event.text()[0] != QChar(0x7f) &&
+           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
+} // namespace
+
+RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& parts, QObject* parent)
+    : QObject(parent)
+    , m_variant(variant)
+    , m_grid(*parts.grid)
+    , m_txtEntry(*parts.txtEntry)
+    , m_cboEntry(*parts.cboEntry)
+    , m_txtGross(*parts.txtGross)
+    , m_cmdSave(*parts.cmdSave)
+    , m_cmdSavePrint(*parts.cmdSavePrint) {
+    m_cboEntry.addItems({QStringLiteral("ROUTINE"), QStringLiteral("STAT")});
+    m_txtEntry.hide();
+    m_cboEntry.hide();
+    for (QObject* watched : {static_cast<QObject*>(&m_grid), static_cast<QObject*>(&m_txtEntry),
+                             static_cast<QObject*>(&m_cboEntry)})
+        watched->installEventFilter(this);
+    on(&m_grid, &FlexGrid::Click, this, [this] { BeginCellEdit(); });
+    on(&m_txtEntry, &QLineEdit::textChanged, this, [this] { txtEntry_Change(); });
+    on(&m_cboEntry, &QComboBox::currentTextChanged, this, [this] { cboEntry_Change(); });
+    on(&m_cboEntry, &QComboBox::activated, this, [this] { cboEntry_Change(); });
+}
+
+void RequestGrid::layOut() {
+    m_grid.setFixedRows(1);
+    m_grid.setFixedCols(1);
+    m_grid.setRows(2);
+    m_grid.setCols(requestColumnCount);
+    for (const ColumnLayout& column : columnLayout) {
+        m_grid.setTextMatrix(0, column.column, QString::fromLatin1(column.header));
+        m_grid.setColWidth(column.column, column.twips);
+    }
+    for (const int column : {colPrice, colQuantity, colAmount})
+        m_grid.setColAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    m_grid.setStretchColumn(colParticular);
+    m_grid.setShowRowNumbers(true);
+
+    SkipColumn.fill(false);
+    SkipColumn[colParticular] = SkipColumn[colPrice] = true;
+    for (int column = colAmount; column <= colRoutinePrice; ++column)
+        SkipColumn[size_t(column)] = true;
+    LookupColumn.fill(false);
+    LookupColumn[colCode] = true;
+    ColumnKinds.fill(ColumnKind::None);
+    ColumnKinds[colDepartment] = ColumnKinds[colCode] = ColumnKind::UpperCase;
+    ColumnKinds[colQuantity] = ColumnKind::Numeric;
+    ColumnKinds[colPrice] = ColumnKind::Free;
+    m_grid.setCurrentCell(1, colDepartment);
+}
+
+void RequestGrid::BeginCellEdit() {
+    const int column = m_grid.Col();
+    const int row = m_grid.Row();
+    if (row < 1 || column < 1)
+        return;
+    if (isFeeRevenue(cell(colDepartment)))
+        SkipColumn[colType] = SkipColumn[colQuantity] = SkipColumn[colAmount] = false;
+    m_txtEntry.hide();
+    m_cboEntry.hide();
+    if (SkipColumn[size_t(column)] || m_grid.ColWidth(column) == 0) {
+        m_grid.setFocus();
+        return;
+    }
+    const QRect place = m_grid.cellRect(row, column);
+    if (column == colType) {
+        // A procedure is routine until the clerk says otherwise; other lines show what they hold.
+        const bool isNewProcedure = cell(colType).isEmpty() && cell(colDepartment) == session::gDeptCode;
+        const QString type = isNewProcedure ? QStringLiteral("ROUTINE") : cell(colType);
+        m_cboEntry.setGeometry(place);
+        m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
+        if (isNewProcedure)
+            cboEntry_Change();
+        m_cboEntry.raise();
+        m_cboEntry.show();
+        m_cboEntry.setFocus();
+        return;
+    }
+    KeyRules rules = KeyRule::BackQuote;
+    if (ColumnKinds[size_t(column)] == ColumnKind::UpperCase)
+        rules |= KeyRule::UpperCase;
+    if (ColumnKinds[size_t(column)] == ColumnKind::Numeric)
+        rules |= KeyRule::Number;
+    setKeyRules(&m_txtEntry, rules);
+    m_txtEntry.setAlignment(column >= colPrice ? Qt::AlignRight : Qt::AlignLeft);
+    m_txtEntry.setGeometry(place);
+    m_txtEntry.setText(column == colQuantity ? QStringLiteral("1") : m_grid.Text());
+    txtEntry_Change();
+    m_txtEntry.raise();
+    m_txtEntry.show();
+    m_txtEntry.setFocus();
+    SelectAllText(&m_txtEntry);
+}
+
+void RequestGrid::EndCellEdit() {
+    m_txtEntry.hide();
+    m_cboEntry.hide();
+    m_grid.setFocus();
+}
+
+void RequestGrid::AdvanceCell() {
+    if (cell(colAmountEditable) == u"Y")
+        SkipColumn[colAmount] = false;
+    int next = m_grid.Col() + 1;
+    if (isFeeRevenue(cell(colDepartment))) {
+        SkipColumn[colAmount] = false;
+        next = m_grid.Col() + 4;
+    }
+    while (next <= colQuantity && SkipColumn[size_t(next)])
+        ++next;
+    if (next <= colQuantity) {
+        goTo(next);
+        return;
+    }
+    const int row = m_grid.Row();
+    if (row == m_grid.Rows() - 1)
+        m_grid.AddItem({});
+    next = colDepartment;
+    while (SkipColumn[size_t(next)])
+        ++next;
+    m_grid.setCurrentCell(row + 1, next);
+    BeginCellEdit();
+}
+
+void RequestGrid::recomputeGross() {
+    double gross = 0;
+    for (int row = 1; row < m_grid.Rows(); ++row)
+        gross += Val(m_grid.TextMatrix(row, colAmount));
+    m_txtGross.setText(Format(gross, amountFormat));
+}
+
+bool RequestGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && watched == &m_cboEntry)
+        return true; // a turn of the wheel must not change a price
+    if (event->type() == QEvent::ShortcutOverride && watched != &m_grid) {
+        // Keys of an open editor are the editor's, whatever the window has on them.
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Escape || isEnter(key) || key == Qt::Key_F3)
+            event->accept();
+        return false;
+    }
+    if (event->type() == QEvent::Resize && watched == &m_grid && isEditing()) {
+        const QRect place = m_grid.cellRect(m_grid.Row(), m_grid.Col());
+        m_txtEntry.setGeometry(place);
+        m_cboEntry.setGeometry(place);
+    }
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    bool handled = false;
+    ErrorBoundary::guard([&] {
+        if (watched == &m_grid)
+            handled = gridKey(key);
+        else if (watched == &m_txtEntry)
+            handled = entryKey(key);
+        else
+            handled = listKey(key);
+    });
+    return handled;
+}
+
+QString RequestGrid::cell(int column) const {
+    return m_grid.TextMatrix(m_grid.Row(), column);
+}
+
+void RequestGrid::setCell(int column, const QString& text) {
+    m_grid.setTextMatrix(m_grid.Row(), column, text);
+}
+
+void RequestGrid::goTo(int column) {
+    m_grid.setCurrentCell(m_grid.Row(), column);
+    BeginCellEdit();
+}
+
+bool RequestGrid::isEditing() const {
+    return m_txtEntry.isVisible() || m_cboEntry.isVisible();
+}
+
+bool RequestGrid::gridKey(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F3) {
+        deleteRow();
+        return true;
+    }
+    if (isEnter(event->key()) || event->key() == Qt::Key_F2) {
+        BeginCellEdit();
+        return true;
+    }
+    if (typesText(*event) && event->key() != Qt::Key_Space) {
+        BeginCellEdit();
+        return m_txtEntry.isVisible() ? (m_txtEntry.event(event), true) : isEditing() && listKey(event);
+    }
+    return false;
+}
+
+bool RequestGrid::entryKey(QKeyEvent* event) {
+    const int key = event->key();
+    if (rowKey(key))
+        return true;
+    if (key == Qt::Key_F3) {
+        if (m_grid.Rows() >= 3)
+            deleteRow();
+        return true;
+    }
+    if (key == Qt::Key_Escape) {
+        EndCellEdit();
+        return true;
+    }
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        return stepCell(isBackTab(*event) ? -1 : 1);
+    if (isEnter(key)) {
+        txtEntry_Enter();
+        return true;
+    }
+    if (m_grid.Col() == colQuantity && typesText(*event) && !m_txtEntry.hasSelectedText() &&
+        m_txtEntry.text().size() >= 1)
+        return true; // one digit only
+    return false;
+}
+
+bool RequestGrid::listKey(QKeyEvent* event) {
+    const int key = event->key();
+    if (rowKey(key))
+        return true;
+    if (key == Qt::Key_Escape) {
+        EndCellEdit();
+        return true;
+    }
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        return stepCell(isBackTab(*event) ? -1 : 1);
+    if (isEnter(key)) {
+        EndCellEdit();
+        AdvanceCell();
+        return true;
+    }
+    if (!typesText(*event))
+        return false;
+    const QString typed = event->text().toUpper();
+    if (typed == u"S")
+        m_cboEntry.setCurrentText(QStringLiteral("STAT"));
+    else if (typed == u"R")
+        m_cboEntry.setCurrentText(QStringLiteral("ROUTINE"));
+    if (typed == u"S" || typed == u"R")
+        cboEntry_Change();
+    return true;
+}
+
+/// Up and Down move one line, on both editors.
+bool RequestGrid::rowKey(int key) {
+    const int row = m_grid.Row();
+    if (key == Qt::Key_Up) {
+        if (row >= 2) {
+            m_grid.setRow(row - 1);
+            BeginCellEdit();
+        }
+        return true;
+    }
+    if (key == Qt::Key_Down) {
+        if (row < m_grid.Rows() - 1) {
+            m_grid.setRow(row + 1);
+            BeginCellEdit();
+        }
+        return true;
+    }
+    return false;
+}
+
+/// Tab and Shift+Tab: to the next or former cell that takes an entry, amounts included; over the line's end
+/// into the next line. Beyond the first and the last cell the focus leaves the grid.
+bool RequestGrid::stepCell(int direction) {
+    if (cell(colAmountEditable) == u"Y" || isFeeRevenue(cell(colDepartment)))
+        SkipColumn[colAmount] = false;
+    int row = m_grid.Row();
+    int column = m_grid.Col();
+    for (;;) {
+        column += direction;
+        if (column > colAmount) {
+            column = colDepartment;
+            ++row;
+        } else if (column < colDepartment) {
+            column = colAmount;
+            --row;
+        }
+        if (row < 1 || row >= m_grid.Rows()) {
+            EndCellEdit();
+            return false;
+        }
+        if (!SkipColumn[size_t(column)])
+            break;
+    }
+    m_grid.setCurrentCell(row, column);
+    BeginCellEdit();
+    return true;
+}
+
+void RequestGrid::deleteRow() {
+    const bool wasEditing = isEditing();
+    m_txtEntry.hide();
+    m_cboEntry.hide();
+    if (m_grid.Rows() == 2)
+        m_grid.AddItem({}); // the grid always offers a line
+    m_grid.RemoveItem(m_grid.Row());
+    recomputeGross();
+    if (wasEditing)
+        BeginCellEdit();
+}
+
+void RequestGrid::txtEntry_Change() {
+    if (m_grid.Col() == colQuantity && m_txtEntry.text().size() > 1) {
+        m_txtEntry.setText(m_txtEntry.text().left(1)); // a quantity is one character, pasted ones too
+        return;
+    }
+    if (m_grid.Row() >= 1 && m_grid.Text() != m_txtEntry.text())
+        m_grid.setText(m_txtEntry.text());
+}
+
+void RequestGrid::cboEntry_Change() {
+    const QString type = m_cboEntry.currentText();
+    setCell(colType, type);
+    const QString revenue = cell(colDepartment);
+    const QString routinePrice =
+        cell(colRoutinePrice).isEmpty() ? QStringLiteral("1") : cell(colRoutinePrice);
+    if (revenue == u"NU" && type == u"STAT")
+        setCell(colPrice, base::CStr(Val(cell(colRoutinePrice)) * statFactor));
+    else if (revenue == u"NU" || isFeeRevenue(revenue))
+        setCell(colPrice, routinePrice);
+}
+
+void RequestGrid::txtEntry_Enter() {
+    const int column = m_grid.Col();
+    if (column == colDepartment) {
+        enterDepartment();
+    } else if (LookupColumn[size_t(column)]) {
+        LookUpCellCode();
+    } else if (column == colPrice) {
+        m_grid.setText(Format(m_grid.Text(), amountFormat));
+        AdvanceCell();
+    } else if (column == colQuantity) {
+        enterQuantity();
+    } else if (column == colAmount) {
+        m_grid.setText(Format(m_grid.Text(), amountFormat));
+        recomputeGross();
+        AdvanceCell();
+    }
+}
+
+void RequestGrid::enterDepartment() {
+    lookup::clsRevenueCode& revenue = lookup::revenueCode();
+    if (!revenue.ValidateRevenue(m_grid.Text())) {
+        goTo(colQuantity);
+        return;
+    }
+    setCell(colDepartment, revenue.RevenueID());
+    setCell(colParticular, revenue.Revenue());
+    setCell(colWithItems, revenue.WithItems());
+    setCell(colAmountEditable, QStringLiteral("N"));
+    setCell(colSearchInventory, revenue.SearchInventory() ? QStringLiteral("Y") : QStringLiteral("N"));
+    setCell(colLink, revenue.LocationID());
+    if (revenue.WithItems() == u"Y" || revenue.SearchInventory()) {
+        goTo(colCode);
+    } else if (revenue.RevenueID() == u"NU") {
+        m_grid.setCurrentCell(m_grid.Row(), colCode);
+        if (LookUpExamLine({}) != LookUp::Duplicate)
+            BeginCellEdit();
+    } else if (isFeeRevenue(revenue.RevenueID())) {
+        m_grid.setCurrentCell(m_grid.Row(), colCode);
+        LookUpDoctorLine({});
+        BeginCellEdit();
+    } else {
+        goTo(colAmount);
+    }
+}
+
+void RequestGrid::enterQuantity() {
+    setCell(colAmount, Format(Val(cell(colPrice)) * Val(cell(colQuantity)), amountFormat));
+    recomputeGross();
+    m_cmdSavePrint.setEnabled(true);
+    m_cmdSave.setEnabled(true);
+    AdvanceCell();
+}
+
+void RequestGrid::LookUpCellCode() {
+    const QString revenue = cell(colDepartment);
+    const QString code = m_grid.Text();
+    bool found = false;
+    if (isFeeRevenue(revenue)) {
+        found = LookUpDoctorLine(code);
+        if (found)
+            SkipColumn[colAmount] = false;
+        else
+            MsgBox(QStringLiteral("Invalid Code"));
+    } else if (revenue == u"NU") {
+        const LookUp result = LookUpExamLine(code);
+        if (result == LookUp::Duplicate)
+            return;
+        found = result == LookUp::Found;
+        if (!found)
+            MsgBox(QStringLiteral("Invalid Code."), vbExclamation);
+    } else {
+        found = LookUpInventoryLine(code);
+        if (!found)
+            MsgBox(QStringLiteral("Invalid Code."), vbExclamation);
+    }
+    if (!found) {
+        m_txtEntry.setFocus();
+        SelectAllText(&m_txtEntry);
+        return;
+    }
+    EndCellEdit();
+    AdvanceCell();
+}
+
+RequestGrid::LookUp RequestGrid::LookUpExamLine(QString code) {
+    gCodeFind->SearchMode = true;
+    gCodeFind->OtherSectionID = cell(colDepartment);
+    bool found = false;
+    try {
+        found = gCodeFind->SearchListing(code, session::clsLookupPad::exams);
+    } catch (const base::RunTimeError& error) {
+        if (error.number() == base::errors::noCurrentRecord)
+            code.clear();
+        else
+            MsgBox(error.description(), vbCritical);
+    }
+    if (!found)
+        return LookUp::NotFound;
+
+    const session::NuclearExamRecord exam = gCodeFind->NuclearExamRecord;
+    const double rate = m_variant.rateRule == RateRule::ByRoomClass
+                            ? lookup::rateForClass(exam, m_roomClass)
+                            : lookup::rateForClass(exam, QStringLiteral("A"));
+    setCell(colRoutinePrice, Format(rate, amountFormat));
+    if (isOnAnotherRow(exam.ResultCode)) {
+        MsgBox(QStringLiteral("Exam already selected."), vbExclamation, QStringLiteral("Assessment"));
+        EndCellEdit();
+        m_grid.setText({});
+        BeginCellEdit();
+        return LookUp::Duplicate;
+    }
+    setCell(colCode, exam.ResultCode);
+    setCell(colParticular, exam.NuclearExam);
+    setCell(colPrice, Format(rate, amountFormat));
+    setCell(colAmountEditable, exam.Fixrate == u"N" ? QStringLiteral("Y") : QStringLiteral("N"));
+    return LookUp::Found;
+}
+
+bool RequestGrid::LookUpDoctorLine(const QString& code) {
+    gCodeFind->SearchMode = true;
+    if (!gCodeFind->SearchListing(code, session::clsLookupPad::doctors))
+        return false;
+    const session::DoctorRecord doctor = gCodeFind->DoctorRecord;
+    setCell(colCode, doctor.ResultCode);
+    setCell(colParticular, QStringLiteral("(PF) DR. %1, %2").arg(doctor.LastName, doctor.FirstName));
+    setCell(colQuantity, {});
+    setCell(colAmount, {});
+    return true;
+}
+
+bool RequestGrid::LookUpInventoryLine(const QString& code) {
+    gFormulist->DrugsORCSR = false;
+    QString searchText = code;
+    QString location = cell(colLink);
+    const QString itemCode = gFormulist->ShowList(searchText, true, location);
+    session::clsDrug& drug = gDispense->Drug;
+    if (!drug.SearchDrug(itemCode, location)) {
+        MsgBox(QStringLiteral("Item not found on file."), vbInformation);
+        return false;
+    }
+    const QString price = Format(drug.Invent.SellingPriceIn, amountFormat);
+    setCell(colCode, itemCode);
+    setCell(colParticular, drug.DrugName);
+    setCell(colPrice, price);
+    setCell(colSearchInventory, price);
+    setCell(colLink, location);
+    setCell(colQuantity, QStringLiteral("1"));
+    return true;
+}
+
+bool RequestGrid::isOnAnotherRow(const QString& code) const {
+    for (int row = 1; row < m_grid.Rows(); ++row) {
+        if (row != m_grid.Row() && m_grid.TextMatrix(row, colCode) == code &&
+            m_grid.TextMatrix(row, colDepartment) == cell(colDepartment))
+            return true;
+    }
+    return false;
+}
+
+} // namespace entry

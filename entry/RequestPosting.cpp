@@ -1,0 +1,186 @@
+#include "entry/RequestPosting.h"
+
+#include "entry/RequestColumns.h"
+#include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
+#include "platform/controls/FlexGrid.h"
+#include "session/Routines.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+
+namespace entry {
+
+using ado::sql;
+using base::CStr;
+using base::Trim;
+using session::gSectionCode;
+using session::gUser;
+using session::ReadForUpdate;
+
+namespace {
+
+/// A cell as a double; an empty one is 0. Raises 13 for a text that is no number.
+double numberIn(const QString& cell) {
+    return cell.isEmpty() ? 0 : base::CDbl(cell);
+}
+
+} // namespace
+
+RequestPosting::RequestPosting(const PostingVariant& variant, const PostingHeader& header,
+                               controls::FlexGrid& lines, controls::FlexGrid& unusedItems)
+    : m_variant(variant), m_header(header), m_lines(lines), m_unusedItems(unusedItems) {}
+
+void RequestPosting::post() {
+    if (session::gInventoryEntry)
+        SetStockDept();
+    ServerNow =
+        base::CDate(ReadForUpdate(sql("select getdate() as [server date]")).Fields("server date").Value());
+    if (m_variant.onlyAdmitted && m_header.PatientType != u"I")
+        return;
+    if (!m_header.CashBasis)
+        takeChargeSlip();
+    for (int row = 1; row < m_lines.Rows(); ++row) {
+        m_lines.setRow(row);
+        postLine(readLine(row));
+    }
+    saveUnusedItems();
+}
+
+/// A package brings items of two stores; the last of them that is met stays for the lines behind it.
+void RequestPosting::SetStockDept() {
+    for (int row = 1; row < m_lines.Rows(); ++row) {
+        const QString revenue = m_lines.TextMatrix(row, colDepartment);
+        if (revenue == u"MN")
+            StockDeptCode = QStringLiteral("179");
+        else if (revenue == u"UR")
+            StockDeptCode = QStringLiteral("224");
+    }
+}
+
+void RequestPosting::takeChargeSlip() {
+    const QString number = ReadForUpdate(sql("SELECT chargeslip FROM tbNucSlip")).Fields("chargeslip").text();
+    ReadForUpdate(sql("sp_Nuclear_IncRefNum"));
+    m_chargeSlip = QStringLiteral("C%1J").arg(Trim(number));
+}
+
+QString RequestPosting::takeRequestNum() {
+    const QString number = ReadForUpdate(sql("SELECT requestnum FROM tbNucSlip")).Fields("requestnum").text();
+    ReadForUpdate(sql("sp_Nuclear_IncRequestNum"));
+    return Trim(number);
+}
+
+RequestPosting::Line RequestPosting::readLine(int row) const {
+    const auto cell = [&](int column) { return m_lines.TextMatrix(row, column); };
+    Line line;
+    line.ItemCode = cell(colCode);
+    line.ItemName = cell(colParticular);
+    line.Quantity = numberIn(cell(colQuantity));
+    line.Amount = numberIn(cell(colAmount));
+    line.Revenue = cell(colDepartment);
+    line.LinkNum = cell(m_variant.nurseLinkColumn);
+    return line;
+}
+
+void RequestPosting::postLine(const Line& given) {
+    Line line = given;
+    gSectionCode = line.Revenue;
+    line.RequestNum = takeRequestNum();
+    addRequest(line);
+    if (m_header.NurseCommnunication && !m_header.CashBasis)
+        stampNurseFiles(line);
+    else
+        addNurseLogBook(line);
+    if (m_header.CashBasis)
+        return;
+    if (line.Revenue == u"NU" || isFeeRevenue(line.Revenue)) {
+        addBill(line);
+    } else if (!line.ItemCode.isEmpty()) {
+        addStockMovement(line);
+        if (m_variant.stockLineIsRequest)
+            addRequestRow(line, line.RequestNum, gSectionCode);
+    }
+}
+
+void RequestPosting::addRequest(const Line& line) {
+    if (m_header.CashBasis) {
+        ReadForUpdate(
+            sql("sp_Nuclear_AddRequest '{}','{}','{}', '{}','{}','{}','I', '{}','{}','','','{}','','{}'",
+                Trim(m_header.txtHospNum), Trim(m_header.txtIdNum), line.RequestNum, Trim(line.ItemCode),
+                line.Amount, m_header.DoctorCode, m_header.CashOrNum, gUser->employeecode(), line.Quantity,
+                line.Revenue));
+    } else if (m_header.NurseCommnunication) {
+        addRequestRow(line, line.LinkNum, line.Revenue);
+    } else if (gSectionCode == u"NU") {
+        addRequestRow(line, line.RequestNum, gSectionCode);
+    }
+}
+
+void RequestPosting::addRequestRow(const Line& line, const QString& link, const QString& revenue) {
+    ReadForUpdate(sql(
+        "sp_Nuclear_AddRequest '{}','{}','{}', '{}','{}','{}','I', '{}','{}','{}','','{}', '','{}'",
+        Trim(m_header.txtHospNum), Trim(m_header.txtIdNum), line.RequestNum, Trim(line.ItemCode), line.Amount,
+        m_header.DoctorCode, m_chargeSlip, gUser->employeecode(), link, line.Quantity, revenue));
+}
+
+void RequestPosting::stampNurseFiles(const Line& line) {
+    ado::Recordset communication = ReadForUpdate(
+        sql("sp_checknursecommunicationfile '0','{}','{}','{}','{}','{}'", m_variant.patientType,
+            gSectionCode, line.ItemCode, m_header.PatIdNum, line.LinkNum));
+    if (communication.State() == ado::Recordset::adStateOpen && !communication.Eof()) {
+        communication.setUniqueTable(QStringLiteral("STATION..tbNurseCommunicationFile"));
+        communication.Fields("referencenum").setValue(m_chargeSlip);
+        communication.Fields("RecordStatus").setValue("X");
+        communication.Update();
+    }
+    ado::Recordset logBook =
+        ReadForUpdate(sql("sp_checknurselogbook '0','{}','{}','{}','{}','{}'", m_variant.patientType,
+                          m_header.txtIdNum, gSectionCode, line.ItemCode, line.LinkNum));
+    if (logBook.State() == ado::Recordset::adStateOpen && !logBook.Eof()) {
+        logBook.setUniqueTable(QStringLiteral("STATION..tbNurseLogBook"));
+        logBook.Fields("referencenum").setValue(m_chargeSlip);
+        logBook.Fields("RecordStatus").setValue("X");
+        logBook.Fields("processby").setValue(gUser->employeecode());
+        logBook.Fields("processdate").setValue(ServerNow);
+        logBook.Update();
+    }
+}
+
+void RequestPosting::addNurseLogBook(const Line& line) {
+    const QString& user = gUser->employeecode();
+    ReadForUpdate(sql("sp_addnurselogbook '{}','{}', '{}','{}','{}', '{}','{}', '{}','{}','I','{}','{}'",
+                      m_header.txtHospNum, m_header.PatIdNum, Trim(line.ItemCode), Trim(line.ItemName),
+                      line.Amount, user, user, m_chargeSlip, gSectionCode, line.RequestNum, line.Quantity));
+}
+
+void RequestPosting::addBill(const Line& line) {
+    ReadForUpdate(sql("sp_addbill '{}','{}','{}','{}', '{}','{}','{}','{}','{}','','', '{}'",
+                      m_variant.patientType, m_header.txtIdNum,
+                      base::Format(ServerNow, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM")), m_chargeSlip,
+                      Trim(line.ItemCode), line.Amount, gSectionCode, gUser->employeecode(), line.Quantity,
+                      m_header.txtHospNum));
+}
+
+void RequestPosting::addStockMovement(const Line& line) {
+    StockClass = StockDeptCode == u"179" ? QStringLiteral("PH") : QStringLiteral("CS");
+    session::AppendStockCard(StockClass, Trim(m_header.txtHospNum), Trim(m_header.txtIdNum), line.ItemCode,
+                             m_chargeSlip, base::Val(base::Str(line.Quantity)),
+                             base::Val(base::Str(line.Amount)), Trim(m_header.txtRoom), StockDeptCode, {});
+}
+
+void RequestPosting::saveUnusedItems() {
+    bool isPackage = false;
+    for (int row = 1; row < m_lines.Rows(); ++row)
+        isPackage = isPackage || !m_lines.TextMatrix(row, colPackageCode).isEmpty();
+    const bool isListed = m_unusedItems.Rows() > 1 && m_unusedItems.Cols() > 1 &&
+                          !Trim(m_unusedItems.TextMatrix(1, 1)).isEmpty();
+    if (!isPackage || !isListed)
+        return;
+    for (int row = 1; row < m_unusedItems.Rows(); ++row) {
+        const auto cell = [&](int column) { return Trim(m_unusedItems.TextMatrix(row, column)); };
+        session::Run(sql("STATION..sp_Save_PackageItems_Unused '{}','{}','{}','{}','{}','{}','{}','{}','{}'",
+                         m_header.txtIdNum, cell(7), cell(1), cell(2), cell(4), cell(5), cell(6),
+                         session::gEmployeeCode, m_chargeSlip));
+    }
+}
+
+} // namespace entry

@@ -1,0 +1,83 @@
+#include "lookup/PickerKeys.h"
+
+#include "platform/controls/Connect.h"
+#include "platform/controls/FlexGrid.h"
+#include "platform/controls/Screen.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace lookup {
+
+namespace {
+
+bool isEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool isTyping(const QKeyEvent& event) {
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    return event.key() == Qt::Key_Backspace || (!event.text().isEmpty() && event.text().at(0).isPrint());
+}
+
+} // namespace
+
+PickerKeys::PickerKeys(QLineEdit& search, controls::FlexGrid& grid) : m_search(search), m_grid(grid) {
+    m_search.installEventFilter(this);
+    controls::on(&m_search, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchEntered(); });
+    controls::on(&m_grid, &controls::FlexGrid::KeyDown, this, [this](QKeyEvent* event) { gridKey(*event); });
+    const auto choose = [this] {
+        if (m_hits > 0)
+            Q_EMIT rowEntered();
+    };
+    controls::on(&m_grid, &controls::FlexGrid::EnterPressed, this, choose);
+    controls::on(&m_grid, &controls::FlexGrid::DblClick, this, choose);
+}
+
+QString PickerKeys::hitsText(int hits, const QString& one, const QString& many) {
+    if (hits == 0)
+        return QStringLiteral("No %1 found.").arg(one);
+    return QStringLiteral("%1 %2").arg(hits).arg(hits == 1 ? one : many);
+}
+
+void PickerKeys::backToSearch() {
+    m_search.setFocus();
+    controls::SelectAllText(&m_search);
+}
+
+bool PickerKeys::eventFilter(QObject* watched, QEvent* event) {
+    bool taken = false;
+    if (watched == &m_search && event->type() == QEvent::KeyPress)
+        controls::ErrorBoundary::guard([&] { taken = searchKey(static_cast<const QKeyEvent&>(*event)); });
+    return taken || QObject::eventFilter(watched, event);
+}
+
+bool PickerKeys::searchKey(const QKeyEvent& event) {
+    if (isEnter(event))
+        return event.isAutoRepeat();
+    if (event.key() != Qt::Key_Down)
+        return false;
+    if (m_hits > 0) {
+        m_grid.setCurrentCell(m_grid.FixedRows(), m_grid.FixedCols());
+        m_grid.setFocus();
+    }
+    return true;
+}
+
+void PickerKeys::gridKey(QKeyEvent& event) {
+    if (isEnter(event) && event.isAutoRepeat()) {
+        event.accept();
+    } else if (event.key() == Qt::Key_Up && m_grid.Row() <= m_grid.FixedRows()) {
+        backToSearch();
+        event.accept();
+    } else if (isTyping(event)) {
+        backToSearch();
+        QKeyEvent typed(event.type(), event.key(), event.modifiers(), event.text());
+        QCoreApplication::sendEvent(&m_search, &typed);
+        event.accept();
+    }
+}
+
+} // namespace lookup

@@ -1,0 +1,69 @@
+#include "lookup/clsRevenueCode.h"
+
+#include "lookup/frmSearch.h"
+#include "platform/base/Conversion.h"
+#include "platform/controls/MessageBox.h"
+#include "session/Session.h"
+
+namespace lookup {
+
+namespace {
+
+QString text(ado::Recordset& rows, const char* column) {
+    return base::Trim(rows.Fields(column).text());
+}
+
+bool flag(const base::Value& value) {
+    if (value.isNull())
+        return false;
+    if (const bool* bit = value.asBool())
+        return *bit;
+    const QString word = base::textOf(value);
+    return word.compare(u"True", Qt::CaseInsensitive) == 0 || base::Val(word) != 0;
+}
+
+} // namespace
+
+bool clsRevenueCode::ValidateRevenue(const QString& code) {
+    {
+        ado::Recordset exact = session::ReadForUpdate(ado::sql("sp_Nuclear_SearchRevenue '1','{}'", code));
+        if (exact.RecordCount() == 1) {
+            copy(exact);
+            return true;
+        }
+    }
+    ado::Recordset like = session::ReadForUpdate(ado::sql("sp_Nuclear_SearchRevenue '2','{}'", code));
+    const bool someLike = base::CLng(like.Fields("recCount").Value()) > 0;
+    like.Close();
+    if (!someLike) {
+        controls::MsgBox(QStringLiteral("Item does not exists."), controls::vbExclamation);
+        return false;
+    }
+    frmSearch& search = controls::SharedScreen<frmSearch>::fresh();
+    search.SearchCaption = QStringLiteral("Revenue Codes");
+    search.Criteria = code;
+    search.Query = "spNuclear_SearchRevenue '0','##'";
+    search.ShowModal();
+    if (!search.Valid)
+        return false;
+    ado::Recordset chosen =
+        session::ReadForUpdate(ado::sql("spNuclear_SearchRevenue '1','{}'", search.ResultCode));
+    copy(chosen);
+    return true;
+}
+
+void clsRevenueCode::copy(ado::Recordset& rows) {
+    m_revenueId = text(rows, "RevenueID");
+    m_revenue = text(rows, "Revenue");
+    m_withItems = text(rows, "WithItems");
+    m_searchInventory = flag(rows.Fields("SearchInventory").Value());
+    m_locationId = text(rows, "LocationID");
+    m_inventoryCode = text(rows, "InvCode");
+}
+
+clsRevenueCode& revenueCode() {
+    static clsRevenueCode instance;
+    return instance;
+}
+
+} // namespace lookup

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/ado/Statement.h"
+#include "platform/controls/Screen.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace Ui {
+class frmListPatient;
+}
+
+namespace lookup {
+
+class PickerKeys;
+
+/// The admitted patients that answer to a text: the way into request entry. It stays open behind the request
+/// screen, for the next patient.
+class frmListPatient : public controls::Screen {
+    Q_OBJECT
+
+  public:
+    explicit frmListPatient(QWidget* parent = nullptr);
+    ~frmListPatient() override;
+
+    /// The admission number that was chosen last; "" when none was.
+    QString ResultCode;
+    bool Valid = false;
+    /// The cells of the chosen row, the empty leading one included.
+    QStringList PatientRecord;
+
+  protected:
+    void Form_Load() override;
+
+  private:
+    void cmbSearch_Click();
+    void txtSearch_Return();
+    void cmdSelect_Click();
+    void cmdClose_Click();
+
+    ado::Statement patientQuery() const;
+    void markRow(int row);
+    /// False, with its message, when nothing may be charged to the patient of the row.
+    bool mayBeCharged(int row) const;
+    void openRequest(int row);
+
+    std::unique_ptr<Ui::frmListPatient> m_ui;
+    std::unique_ptr<PickerKeys> m_keys;
+    /// A choice is being dealt with: a second Enter or double click does nothing meanwhile.
+    bool m_selecting = false;
+};
+
+} // namespace lookup

@@ -1,0 +1,445 @@
+#include "menu/frmMainMenu.h"
+
+#include "menu/MenuKeys.h"
+#include "menu/MenuLinks.h"
+#include "menu/Monitors.h"
+#include "menu/ReportLauncher.h"
+#include "menu/ui_frmMainMenu.h"
+#include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
+#include "platform/controls/Look.h"
+#include "session/CheckAccess.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+#include "session/frmAccess.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+
+namespace menu {
+
+using namespace controls;
+
+namespace {
+
+constexpr int outPatientButton = 1;
+
+/// Runs in the message loop, once the menu that asked for it is out of all its handlers: the next menu takes
+/// its place.
+void startNextSession() {
+    ErrorBoundary::guard([] {
+        session::Main();
+        if (Screen::openScreens().empty() && links().endProgram)
+            links().endProgram();
+    });
+}
+
+} // namespace
+
+/// The menu under the hourglass and the pressed button out of reach, while a screen is open.
+class frmMainMenu::Pressed {
+  public:
+    Pressed(frmMainMenu& menu, QAbstractButton* button)
+        : m_menu(menu), m_button(button), m_hadFocus(button && button->hasFocus()) {
+        m_menu.setCursor(Qt::WaitCursor);
+        if (m_button)
+            m_button->setEnabled(false);
+    }
+    ~Pressed() {
+        m_menu.unsetCursor();
+        if (!m_button)
+            return;
+        m_button->setEnabled(true);
+        if (m_hadFocus)
+            m_button->setFocus();
+    }
+    Pressed(const Pressed&) = delete;
+    Pressed& operator=(const Pressed&) = delete;
+
+  private:
+    frmMainMenu& m_menu;
+    QAbstractButton* m_button;
+    bool m_hadFocus;
+};
+
+frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmMainMenu>()) {
+    m_ui->setupUi(this);
+    setWindowFlags(Qt::Window);
+    m_cmdMainMenu = {m_ui->cmdMainMenu_0, m_ui->cmdMainMenu_1, m_ui->cmdMainMenu_2, m_ui->cmdMainMenu_3,
+                     m_ui->cmdMainMenu_4};
+    m_fltSubMenu = {m_ui->fltSubMenu_0, m_ui->fltSubMenu_1, m_ui->fltSubMenu_2,
+                    m_ui->fltSubMenu_3, m_ui->fltSubMenu_4, m_ui->fltSubMenu_5};
+    m_keys =
+        new MenuKeys({m_cmdMainMenu.begin(), m_cmdMainMenu.end()}, {m_fltSubMenu.begin(), m_fltSubMenu.end()},
+                     {m_ui->btnCashEntry, m_ui->btnChargeEntry, m_ui->FlatBttn5}, this);
+    m_panel1 = new QLabel(m_ui->StatusBar1);
+    m_panel2 = new QLabel(m_ui->StatusBar1);
+    m_panel1->setObjectName("StatusBar1_Panel1");
+    m_panel2->setObjectName("StatusBar1_Panel2");
+    m_ui->StatusBar1->addWidget(m_panel1, 1);
+    m_ui->StatusBar1->addPermanentWidget(m_panel2);
+    m_panel2->hide();
+    buildMenuBar();
+    loadSubMenuButtons();
+    for (QWidget* indicator :
+         std::initializer_list<QWidget*>{m_ui->btnCommunication, m_ui->Label1, m_ui->cmdPrepaid,
+                                         m_ui->txtPrepaid, m_ui->btnDepositComm, m_ui->Label2})
+        indicator->installEventFilter(this);
+
+    for (int i = 0; i < groupCount; ++i)
+        on(m_cmdMainMenu[std::size_t(i)], &QAbstractButton::clicked, this,
+           [this, i] { cmdMainMenu_Click(i); });
+    for (int i = 0; i < subMenuCount; ++i)
+        on(m_fltSubMenu[std::size_t(i)], &QAbstractButton::clicked, this, [this, i] { fltSubMenu_Click(i); });
+    on(m_ui->btnCashEntry, &QAbstractButton::clicked, this, [this] { btnCashEntry_Click(); });
+    on(m_ui->btnChargeEntry, &QAbstractButton::clicked, this, [this] { btnChargeEntry_Click(); });
+    on(m_ui->FlatBttn5, &QAbstractButton::clicked, this, [this] { FlatBttn5_Click(); });
+    on(m_ui->btnCommunication, &QAbstractButton::clicked, this, [this] { btnCommunication_Click(); });
+    on(m_ui->Label1, &ClickLabel::Click, this,
+       [] { session::screens().open(session::MenuScreen::NurseCommunication); });
+    on(m_ui->cmdPrepaid, &QAbstractButton::clicked, this,
+       [] { session::screens().open(session::MenuScreen::PrepaidRequest); });
+    on(m_ui->btnDepositComm, &QAbstractButton::clicked, this,
+       [] { session::screens().open(session::MenuScreen::ListDeposits); });
+}
+
+frmMainMenu::~frmMainMenu() = default;
+
+void frmMainMenu::buildMenuBar() {
+    auto* bar = new QMenuBar(this);
+    bar->setNativeMenuBar(false);
+    layout()->setMenuBar(bar);
+    for (const MenuItem& item : menuTree()) {
+        const auto parent = m_menus.find(item.parent);
+        if (item.command.deed == Deed::SubMenu) {
+            QMenu* menu =
+                parent == m_menus.end() ? bar->addMenu(item.caption) : parent->second->addMenu(item.caption);
+            menu->setObjectName(item.name);
+            m_menus[item.name] = menu;
+            continue;
+        }
+        QAction* action = parent->second->addAction(item.caption);
+        action->setObjectName(item.name);
+        action->setEnabled(item.available);
+        if (item.shortcut != Qt::Key_unknown)
+            action->setShortcut(QKeySequence(item.shortcut));
+        on(action, &QAction::triggered, this, [this, &item] { run(item.command, nullptr); });
+    }
+    // Alt+D and Alt+R belong to the menu bar, as on every desk; the plain letter still presses the button.
+    for (const FlatButton* button : m_cmdMainMenu) {
+        for (const QAction* title : bar->actions()) {
+            if (QKeySequence::mnemonic(title->text()) == button->shortcut())
+                const_cast<FlatButton*>(button)->setShortcut({});
+        }
+    }
+}
+
+void frmMainMenu::Form_Load() {
+    if (links().makeMonitors) {
+        m_monitors = links().makeMonitors(*this);
+        m_monitors->start();
+    }
+    m_group = groupAtLoad;
+    m_subMenuBase = menuGroup(groupAtLoad).subMenuBase;
+    m_ui->hdrMain->setTitle(windowTitle());
+    m_ui->hdrMain->setSubtitle(session::gHospitalName + QStringLiteral("  \u00B7  Nuclear Medicine"));
+    showDate();
+    layMainButtons();
+    session::clsCurrentUser& user = *session::gUser;
+    m_panel1->setText(QStringLiteral("CurrentUser Name: ") + QStringLiteral(" (") + user.employeecode() +
+                      QStringLiteral(")  ") + user.employeename());
+    if (user.Connected()) {
+        greet();
+        m_ui->btnCommunication->hide();
+        session::Run(ado::sql("sp_Nuclear_DeleteRevokedData"));
+        if (m_monitors)
+            m_monitors->checkNow();
+    }
+    showWaiting();
+}
+
+void frmMainMenu::greet() {
+    QString greeting;
+    ado::Recordset rows =
+        session::Read(ado::sql("SELECT BirthDate FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '{}'",
+                               base::Trim(session::gUser->employeecode())));
+    if (!rows.Eof()) {
+        const base::Value birthDate = rows.Fields("BirthDate").Value();
+        constexpr const char* form = "mm/dd/yy";
+        if (base::IsDate(birthDate) &&
+            base::Format(base::CDate(birthDate), form).left(5) == base::Format(base::today(), form).left(5)) {
+            greeting = QStringLiteral("Happy BirthDay!!!");
+            m_panel2->show();
+        }
+    }
+    rows.Close();
+    m_panel2->setText(greeting);
+}
+
+void frmMainMenu::Form_Unload() {
+    m_monitors.reset();
+    if (!m_changingUser && links().endProgram)
+        links().endProgram();
+}
+
+void frmMainMenu::showDate() {
+    m_ui->hdrMain->setChips({base::Format(base::today(), "dddd, mmmm d, yyyy")});
+}
+
+void frmMainMenu::layMainButtons() {
+    for (int i = 0; i < groupCount; ++i) {
+        FlatButton* button = m_cmdMainMenu[std::size_t(i)];
+        button->setShape(FlatButton::Shape::Tile);
+        button->setIcon(look::icon(menuGroup(i).icon));
+        button->setCheckable(true);
+        button->setChecked(m_subMenuBuilt && i == m_group);
+    }
+}
+
+void frmMainMenu::loadSubMenuButtons() {
+    for (int i = 0; i < subMenuCount; ++i) {
+        FlatButton* button = m_fltSubMenu[std::size_t(i)];
+        auto* label = new QLabel(QString::number(i + 1), button);
+        label->setObjectName(QStringLiteral("lblSubMenus_%1").arg(i));
+        label->setProperty("kind", "help");
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        auto* row = new QHBoxLayout(button);
+        row->addStretch();
+        row->addWidget(label);
+        button->hide();
+    }
+    m_ui->btnCashEntry->setIcon(look::icon("assessment"));
+    m_ui->btnChargeEntry->setIcon(look::icon("charge"));
+    m_ui->FlatBttn5->setIcon(look::icon("previous"));
+    m_ui->btnCommunication->setIcon(look::icon("request", look::warn));
+    m_ui->cmdPrepaid->setIcon(look::icon("charge", look::warn));
+    m_ui->btnDepositComm->setIcon(look::icon("income", look::warn));
+}
+
+void frmMainMenu::buildSubMenu() {
+    for (int i = 0; i < subMenuCount; ++i) {
+        FlatButton* button = m_fltSubMenu[std::size_t(i)];
+        const SubMenuRow* row = subMenuRow(m_group, i);
+        button->setEnabled(true);
+        button->setVisible(row != nullptr);
+        if (!row)
+            continue;
+        const QString caption = QString::fromLatin1(row->caption);
+        const QString toolTip = QString::fromLatin1(row->toolTip);
+        const Qt::Key shortcut = shortcutOf(row->command);
+        button->setText(caption);
+        button->setToolTip(toolTip);
+        button->setIcon(look::icon(row->icon));
+        if (toolTip != caption)
+            button->setSecondLine(toolTip);
+        else
+            button->setSecondLine(shortcut == Qt::Key_unknown ? QString()
+                                                              : QKeySequence(shortcut).toString());
+    }
+}
+
+void frmMainMenu::showWaiting() {
+    const QWidget* indicators[] = {m_ui->btnCommunication, m_ui->Label1,         m_ui->cmdPrepaid,
+                                   m_ui->txtPrepaid,       m_ui->btnDepositComm, m_ui->Label2};
+    m_ui->lblNothingWaiting->setVisible(
+        std::ranges::all_of(indicators, [](const QWidget* indicator) { return indicator->isHidden(); }));
+}
+
+bool frmMainMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        showWaiting();
+    return Screen::eventFilter(watched, event);
+}
+
+void frmMainMenu::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isLoaded())
+        showDate();
+    Screen::changeEvent(event);
+}
+
+void frmMainMenu::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+    if (!plain || !m_keys->press(event->key()))
+        Screen::keyPressEvent(event);
+}
+
+void frmMainMenu::cmdMainMenu_Click(int index) {
+    if (index != m_group) {
+        m_group = index;
+        m_subMenuBase = menuGroup(index).subMenuBase;
+        m_subMenuBuilt = true;
+        m_ui->fraGreeting->hide();
+        m_ui->Frame2->hide();
+        m_ui->picMainMenu->show();
+        buildSubMenu();
+    }
+    layMainButtons();
+}
+
+void frmMainMenu::fltSubMenu_Click(int index) {
+    const SubMenuRow* row = subMenuRow(m_group, index);
+    if (row && mayRun(*row))
+        run(row->command, m_fltSubMenu[std::size_t(index)]);
+}
+
+bool frmMainMenu::mayRun(const SubMenuRow& row) {
+    if (!*row.right || session::checkAccess().WithRights(session::gUser->employeecode(), row.right))
+        return true;
+    MsgBox("Access denied", vbCritical);
+    return false;
+}
+
+void frmMainMenu::run(const Command& command, QAbstractButton* button) {
+    switch (command.deed) {
+    case Deed::SubMenu:
+        return;
+    case Deed::OpenScreen: {
+        const Pressed pressed(*this, button);
+        return session::screens().open(command.screen, command.formMode);
+    }
+    case Deed::PasswordThenScreen:
+        return runBehindAccess(command);
+    case Deed::Report: {
+        const Pressed pressed(*this, button);
+        return runReport(command.report);
+    }
+    case Deed::PopUp:
+        return m_menus.at(command.popUp)->popup(button->mapToGlobal(button->rect().bottomLeft()));
+    case Deed::ChooseOutPatient:
+        return chooseOutPatient();
+    case Deed::OutPatientCash:
+        return btnCashEntry_Click();
+    case Deed::OutPatientCharge:
+        return btnChargeEntry_Click();
+    case Deed::BuildFile:
+        return openBuildFile(button);
+    case Deed::UserSettings:
+        return openUserSettings(button);
+    case Deed::ExitProgram:
+        return cmdExit_Click();
+    case Deed::ChangeUser:
+        return mnuLogOff_Click();
+    case Deed::QuitProgram:
+        Unload();
+        return;
+    }
+}
+
+void frmMainMenu::runBehindAccess(const Command& command) {
+    auto& gate = SharedScreen<session::frmAccess>::fresh();
+    gate.ShowModal();
+    if (gate.Valid)
+        session::screens().open(command.screen);
+    else
+        MsgBox("invalid Password.", vbCritical);
+}
+
+void frmMainMenu::runReport(ReportId id) {
+    const ReportRow& row = reportRow(id);
+    if (launchReport(row) == Launch::Cancelled && row.dialog == DateDialog::ReportDateOneDay)
+        m_ui->picMainMenu->show();
+}
+
+void frmMainMenu::openBuildFile(QAbstractButton* button) {
+    session::clsCurrentUser& user = *session::gUser;
+    if (user.PasswordDeptCode() != QStringLiteral("00") || !user.HAVE_RIGHTS("A")) {
+        MsgBox("Access Denied!", vbExclamation, "Restriction");
+        return;
+    }
+    const Pressed pressed(*this, button);
+    session::screens().open(session::MenuScreen::BuildFile);
+}
+
+void frmMainMenu::openUserSettings(QAbstractButton* button) {
+    if (!session::gUser->checkusersettings()) {
+        MsgBox("Invalid Password", vbCritical);
+        // Asked once more, and the screen stays closed whatever the second answer is.
+        session::gUser->checkusersettings();
+        return;
+    }
+    const Pressed pressed(*this, button);
+    session::screens().open(session::MenuScreen::UserRights);
+}
+
+void frmMainMenu::chooseOutPatient() {
+    m_fltSubMenu[outPatientButton]->setEnabled(false);
+    m_ui->Frame2->show();
+    m_ui->picMainMenu->hide();
+    m_ui->btnCashEntry->setFocus();
+}
+
+void frmMainMenu::leaveOutPatientChoice() {
+    const bool hadFocus = m_ui->Frame2->isAncestorOf(focusWidget());
+    m_ui->Frame2->hide();
+    m_ui->picMainMenu->show();
+    m_fltSubMenu[outPatientButton]->setEnabled(true);
+    if (hadFocus)
+        m_fltSubMenu[outPatientButton]->setFocus();
+}
+
+void frmMainMenu::btnCashEntry_Click() {
+    m_ui->Frame2->show();
+    {
+        const Pressed pressed(*this, m_ui->btnCashEntry);
+        session::screens().open(session::MenuScreen::ListCashComm);
+    }
+    leaveOutPatientChoice();
+}
+
+void frmMainMenu::btnChargeEntry_Click() {
+    m_ui->Frame2->show();
+    {
+        const Pressed pressed(*this, m_ui->btnChargeEntry);
+        enterOutPatientCharges();
+    }
+    leaveOutPatientChoice();
+}
+
+void frmMainMenu::enterOutPatientCharges() {
+    const auto search = links().findOutPatient;
+    const std::optional<FoundOutPatient> patient = search ? search(QString()) : std::nullopt;
+    if (!patient)
+        return;
+    if (!patient->BillingDate.isEmpty()) {
+        if (!patient->InvoiceNumber.isEmpty())
+            return;
+        if (!patient->LateCharges) {
+            MsgBox("Cannot post charges because the patient's account has already been closed. \n"
+                   "Please contact BILLING DEPARTMENT for further instructions.",
+                   vbExclamation, "Closed Bill");
+            return;
+        }
+    }
+    session::OutRequestEntry entry;
+    entry.IdNumber = patient->IdNumber;
+    entry.chargeEntry = true;
+    session::screens().openOutRequest(entry);
+}
+
+void frmMainMenu::FlatBttn5_Click() {
+    leaveOutPatientChoice();
+}
+
+void frmMainMenu::btnCommunication_Click() {
+    // It stays out of reach: Label1 beside it opens the same screen.
+    m_ui->btnCommunication->setEnabled(false);
+    session::screens().open(session::MenuScreen::NurseCommunication);
+}
+
+void frmMainMenu::cmdExit_Click() {
+    if (MsgBox("Are you sure you want to exit the program?", vbYesNo + vbQuestion, "Message") == vbYes)
+        Unload();
+}
+
+void frmMainMenu::mnuLogOff_Click() {
+    m_changingUser = true;
+    Unload();
+    session::LogOff();
+    QMetaObject::invokeMethod(qApp, startNextSession, Qt::QueuedConnection);
+}
+
+} // namespace menu

@@ -1,0 +1,370 @@
+#include "orders/frmRequest.h"
+
+#include "entry/ChargeSlipPrint.h"
+#include "entry/RequestPosting.h"
+#include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
+#include "platform/controls/FlexGrid.h"
+#include "platform/controls/KeyFilter.h"
+#include "platform/controls/Look.h"
+#include "session/Screens.h"
+#include "session/Services.h"
+#include "session/Session.h"
+#include "ui_frmRequest.h"
+
+#include <QKeyEvent>
+
+namespace orders {
+
+using ado::sql;
+using base::Format;
+using base::Val;
+using namespace controls;
+using session::gAdmission;
+using session::gCodeFind;
+using session::gConnection;
+using session::gPatientMaster;
+using session::Read;
+
+namespace {
+
+const QString dateFormat = QStringLiteral("mm/dd/yyyy");
+
+} // namespace
+
+frmRequest::frmRequest(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmRequest>()) {
+    m_ui->setupUi(this);
+    auto* txtEntry = new QLineEdit(m_ui->body);
+    txtEntry->setObjectName(QStringLiteral("txtEntry"));
+    auto* cboEntry = new QComboBox(m_ui->body);
+    cboEntry->setObjectName(QStringLiteral("cboEntry"));
+    m_grid = new entry::RequestGrid(
+        entry::inPatientGrid,
+        {m_ui->grdPackage, txtEntry, cboEntry, m_ui->txtGross, m_ui->cmdSave, m_ui->cmdSavePrint}, this);
+    look::setPrimary(m_ui->cmdSavePrint);
+    connectControls();
+}
+
+frmRequest::~frmRequest() = default;
+
+void frmRequest::connectControls() {
+    setKeyRules(m_ui->txtDoctorID, KeyRule::UpperCase | KeyRule::BackQuote);
+    setKeyRules(m_ui->txtDoctor, KeyRule::UpperCase | KeyRule::BackQuote);
+    on(m_ui->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
+    on(m_ui->cmdSavePrint, &QPushButton::clicked, this, [this] { cmdSavePrint_Click(); });
+    on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
+    on(m_ui->txtDoctorID, &QLineEdit::returnPressed, this, [this] { cmdDoctor_Click(false); });
+    on(m_ui->cmdDoctor, &QToolButton::clicked, this, [this] { cmdDoctor_Click(true); });
+    on(m_ui->txtDoctor, &QLineEdit::returnPressed, this, [this] { txtDoctor_Enter(); });
+    on(m_ui->cmdPackage, &QPushButton::clicked, this, [this] { cmdPackage_Click(); });
+    on(m_ui->cmdNucCharges, &QPushButton::clicked, this, [this] { cmdNucCharges_Click(); });
+    on(m_ui->chkPackage, &QCheckBox::toggled, this, [this] { chkPackage_Click(); });
+    on(m_ui->cboPackage, &QComboBox::activated, this, [this] { cboPackage_Click(); });
+}
+
+// ---- opening
+
+void frmRequest::Form_Load() {
+    m_ui->txtGross->setText(QStringLiteral("0"));
+    if (PatientType == u"I")
+        fillAdmitted();
+    else if (PatientType == u"O")
+        fillOutPatient();
+    else if (PatientType == u"W")
+        fillWalkIn();
+    readRoomClass();
+    m_grid->layOut();
+    if (NurseCommnunication)
+        loadNurseLines();
+    if (CashBasis)
+        loadCashLines();
+    m_ui->grdInput->setRows(qMax(2, m_ui->grdInput->Rows()));
+    m_ui->grdInput->setCols(qMax(2, m_ui->grdInput->Cols()));
+    m_ui->grdInput->setCurrentCell(1, 1);
+
+    m_ui->band->setSubtitle(QStringLiteral("%1, %2 %3   ·   Room %4   ·   Class %5")
+                                .arg(m_ui->txtLname->text(), m_ui->txtFname->text(), m_ui->txtMname->text(),
+                                     m_ui->txtRoom->text(), RoomClass));
+    m_ui->band->setChips({QStringLiteral("Adm. ") + m_ui->txtIdNum->text(),
+                          QStringLiteral("Hosp. ") + m_ui->txtHospNum->text()});
+    if (!NurseCommnunication && !CashBasis)
+        QMetaObject::invokeMethod(
+            this, [this] { ErrorBoundary::guard([this] { m_grid->BeginCellEdit(); }); },
+            Qt::QueuedConnection);
+}
+
+void frmRequest::fillAdmitted() {
+    if (!gAdmission->OpenAdmission(PatIdNum))
+        return;
+    const session::clsPatientMaster& patient = gAdmission->Patient;
+    showMaster(patient.LastName, patient.FirstName, patient.MiddleName);
+    m_ui->txtAge->setText(patient.Age);
+    m_ui->txtSex->setText(patient.Sex);
+    m_ui->txtBDate->setText(Format(patient.BirthDate, dateFormat));
+    m_ui->txtBloodType->setText(patient.BloodType);
+    m_ui->txtWeight->setText(gAdmission->History.Weight);
+    m_ui->txtHeight->setText(gAdmission->History.Height);
+    m_ui->txtHospNum->setText(gAdmission->HospitalNumber);
+    m_ui->txtIdNum->setText(PatIdNum);
+    m_ui->txtAdmDate->setText(Format(gAdmission->AdmissionDate, dateFormat));
+    m_ui->txtRoom->setText(gAdmission->Room);
+    DoctorCode = gAdmission->AttendingDoctor1.Code;
+    m_ui->txtDoctor->setText(gAdmission->AttendingDoctor1.CompleteName);
+    AccountName = gAdmission->AccountNumber;
+    m_ui->txtCompany->setText(gAdmission->Account == u" - " ? QStringLiteral("Personal") : AccountName);
+}
+
+void frmRequest::fillOutPatient() {
+    ado::Recordset stay = Read(sql("spNuclearsearchoutpatient '{}'", PatIdNum));
+    m_ui->txtIdNum->setText(PatIdNum);
+    m_ui->txtRoom->setText(QStringLiteral("OPD"));
+    if (stay.Eof())
+        return;
+    m_ui->txtHospNum->setText(base::Trim(stay.Fields("HospNum").text()));
+    m_ui->txtAdmDate->setText(Format(stay.Fields("AdmDate").Value(), dateFormat));
+    DoctorCode = base::Trim(stay.Fields("doctorid1").text());
+    m_ui->txtDoctorID->setText(DoctorCode);
+    AccountName = base::Trim(stay.Fields("AccountNum").text());
+    m_ui->txtCompany->setText(AccountName.isEmpty() ? QStringLiteral("Personal") : AccountName);
+    if (!gPatientMaster->LoadPatient(m_ui->txtHospNum->text()))
+        return;
+    showMaster(gPatientMaster->LastName, gPatientMaster->FirstName, gPatientMaster->MiddleName);
+    m_ui->txtAge->setText(gPatientMaster->Age);
+    m_ui->txtSex->setText(gPatientMaster->Sex);
+    m_ui->txtBDate->setText(Format(gPatientMaster->BirthDate, dateFormat));
+    m_ui->txtBloodType->setText(gPatientMaster->BloodType);
+}
+
+void frmRequest::fillWalkIn() {
+    ado::Recordset patient = Read(sql("spNuclearsearchcashpatient '{}'", PatIdNum));
+    m_ui->txtAdmDate->setText(Format(base::today(), dateFormat));
+    m_ui->txtRoom->setText(QStringLiteral("OPD"));
+    m_ui->txtIdNum->setText(PatIdNum);
+    m_ui->txtCompany->setText(QStringLiteral("Personal"));
+    if (patient.Eof())
+        return;
+    const auto text = [&](const char* name) { return base::Trim(patient.Fields(name).text()); };
+    m_ui->txtHospNum->setText(text("HospNum"));
+    showMaster(text("LastName"), text("FirstName"), text("MiddleName"));
+    m_ui->txtAge->setText(text("Age"));
+    m_ui->txtSex->setText(text("Sex"));
+    m_ui->txtBDate->setText(Format(patient.Fields("BirthDate").Value(), dateFormat));
+}
+
+void frmRequest::showMaster(const QString& lastName, const QString& firstName, const QString& middleName) {
+    m_ui->txtLname->setText(lastName);
+    m_ui->txtFname->setText(firstName);
+    m_ui->txtMname->setText(middleName);
+}
+
+void frmRequest::readRoomClass() {
+    ado::Recordset room =
+        Read(sql("Select * From Build_file..tbcoRoom where roomid = '{}'", m_ui->txtRoom->text()));
+    RoomClass = room.Eof() ? QStringLiteral("OPD") : base::Trim(room.Fields("RoomClassID").text());
+    m_grid->setRoomClass(RoomClass);
+}
+
+void frmRequest::loadNurseLines() {
+    gConnection->setCursorLocation(ado::Connection::adUseClient);
+    ado::Recordset lines =
+        Read(sql("Nuclear..sp_Nuclear_commsearchexam '{}','{}'", PatIdNum, Classification));
+    if (lines.State() != ado::Recordset::adStateOpen || lines.Eof())
+        return;
+    FlexGrid& grid = *m_ui->grdPackage;
+    grid.setRows(lines.RecordCount() + 1);
+    for (int row = 1; !lines.Eof(); ++row, lines.MoveNext()) {
+        grid.setTextMatrix(row, entry::colDepartment, lines.Fields("RevenueID").text());
+        grid.setTextMatrix(row, entry::colCode, lines.Fields("ItemID").text());
+        grid.setTextMatrix(row, entry::colParticular, lines.Fields("Exam").text());
+        grid.setTextMatrix(row, entry::colPrice, lines.Fields("Amount").text());
+        grid.setTextMatrix(row, entry::colQuantity, lines.Fields("Quantity").text());
+        grid.setTextMatrix(row, entry::colAmount, lines.Fields("Amount").text());
+        grid.setTextMatrix(row, entry::colLink, lines.Fields("RequestNum").text());
+    }
+    m_grid->recomputeGross();
+    enableSaves(true);
+    IsDirty = true;
+}
+
+void frmRequest::loadCashLines() {
+    for (QWidget* field : {static_cast<QWidget*>(m_ui->lblOrNum), static_cast<QWidget*>(m_ui->lblAmount),
+                           static_cast<QWidget*>(m_ui->lblAmount_1), static_cast<QWidget*>(m_ui->txtOrNo),
+                           static_cast<QWidget*>(m_ui->txtAmount)})
+        field->show();
+    m_ui->txtOrNo->setText(CashOrNum);
+    Initialize_TableInput();
+    ado::Recordset lines = Read(sql("sp_Nuclear_getcashexam '{}'", CashOrNum));
+    FlexGrid& grid = *m_ui->grdInput;
+    for (int row = 1; !lines.Eof(); ++row, lines.MoveNext()) {
+        if (row >= grid.Rows())
+            grid.AddItem({});
+        grid.setTextMatrix(row, entry::colDepartment, session::gDeptCode);
+        grid.setTextMatrix(row, entry::colCode, lines.Fields("ItemID").text());
+        grid.setTextMatrix(row, entry::colParticular, lines.Fields("Exam").text());
+        grid.setTextMatrix(row, entry::colQuantity, lines.Fields("Quantity").text());
+        grid.setTextMatrix(row, entry::colAmount, lines.Fields("Amount").text());
+        GrossAmount += Val(lines.Fields("Amount").text());
+    }
+    const QString gross = Format(GrossAmount, QStringLiteral("##,###.00"));
+    m_ui->txtGross->setText(gross);
+    m_ui->txtAmount->setText(gross);
+    enableSaves(true);
+}
+
+void frmRequest::Initialize_TableInput() {
+    FlexGrid& grid = *m_ui->grdInput;
+    grid.Clear();
+    grid.setFixedRows(1);
+    grid.setFixedCols(1);
+    grid.setRows(2);
+    grid.setCols(entry::requestColumnCount);
+}
+
+void frmRequest::enableSaves(bool enabled) {
+    m_ui->cmdSave->setEnabled(enabled);
+    m_ui->cmdSavePrint->setEnabled(enabled);
+}
+
+// ---- events, in the order of the screen
+
+void frmRequest::cmdDoctor_Click(bool withMiddleName) {
+    gCodeFind->SearchMode = true;
+    if (!gCodeFind->SearchListing(m_ui->txtDoctorID->text(), session::clsLookupPad::doctors)) {
+        if (gCodeFind->Cancelled())
+            MsgBox(QStringLiteral("You must fill in the Requesting Doctor First!"), vbCritical,
+                   QStringLiteral("DoctorId"));
+        return;
+    }
+    const session::DoctorRecord doctor = gCodeFind->DoctorRecord;
+    const QString middle = withMiddleName ? doctor.MiddleName + u' ' : QString();
+    m_ui->txtDoctor->setText(QStringLiteral("DR. %1 %2%3").arg(doctor.FirstName, middle, doctor.LastName));
+    m_ui->txtDoctorID->setText(doctor.ResultCode);
+    focusNextChild();
+}
+
+void frmRequest::txtDoctor_Enter() {
+    gCodeFind->SearchMode = true;
+    if (!gCodeFind->SearchListing(m_ui->txtDoctor->text(), session::clsLookupPad::doctors))
+        return;
+    const session::DoctorRecord doctor = gCodeFind->DoctorRecord;
+    m_ui->txtDoctor->setText(
+        QStringLiteral("%1,%2 %3").arg(doctor.LastName, doctor.FirstName, doctor.MiddleName));
+    DoctorCode = doctor.ResultCode;
+}
+
+void frmRequest::cmdPackage_Click() {
+    session::PackageHandOver grids = packageGrids();
+    session::screens().openNuclearPackage(grids);
+    m_grid->recomputeGross();
+}
+
+void frmRequest::cmdNucCharges_Click() {
+    session::PackageHandOver grids = packageGrids();
+    session::screens().openNucCharges(grids);
+    m_grid->recomputeGross();
+}
+
+session::PackageHandOver frmRequest::packageGrids() {
+    m_grid->EndCellEdit();
+    return {m_ui->grdPackage, m_ui->mshflexPackageItems, [this] { enableSaves(true); }};
+}
+
+void frmRequest::chkPackage_Click() {
+    const bool checked = m_ui->chkPackage->isChecked();
+    enableSaves(checked);
+    m_ui->cboPackage->setVisible(checked);
+    m_ui->cboPackage->setEnabled(checked);
+    m_ui->grdPackage->setVisible(checked);
+    m_ui->grdPackage->setEnabled(checked);
+    m_ui->cboPackage->clear();
+    if (!checked) {
+        m_ui->txtGross->setText(QStringLiteral("0"));
+        return;
+    }
+    ado::Recordset packages = Read(sql("spNuclear_PackageList"));
+    for (; !packages.Eof(); packages.MoveNext())
+        m_ui->cboPackage->addItem(packages.Fields("PackageName").text());
+}
+
+void frmRequest::cboPackage_Click() {
+    ado::Recordset lines =
+        Read(sql("spNuclear_ShowPackage '','{}'", m_ui->cboPackage->currentText().left(1)));
+    FlexGrid& grid = *m_ui->grdPackage;
+    grid.Clear();
+    if (lines.State() != ado::Recordset::adStateOpen || lines.Eof()) {
+        MsgBox(QStringLiteral("No Record Found"), vbInformation, QStringLiteral("Message"));
+        return;
+    }
+    grid.setDataSource(lines);
+    constexpr int widths[] = {10, 800, 800, 4000, 1000, 1000};
+    for (int column = 0; column < qMin(6, grid.Cols()); ++column)
+        grid.setColWidth(column, widths[column]);
+    double gross = 0;
+    for (int row = 1; row < grid.Rows(); ++row)
+        gross += Val(Format(grid.TextMatrix(row, 6), QStringLiteral("####.00")));
+    m_ui->txtGross->setText(Format(gross, QStringLiteral("####.00")));
+}
+
+void frmRequest::Form_QueryUnload(bool& cancel) {
+    if (IsDirty)
+        cancel = MsgBox(QStringLiteral("Are you Sure you want to Exit ?"), vbYesNo | vbQuestion,
+                        QStringLiteral("Message")) == vbNo;
+}
+
+// ---- save
+
+void frmRequest::cmdSave_Click() {
+    if (std::exchange(m_isSaving, true))
+        return;
+    SaveRequest();
+    Unload();
+}
+
+void frmRequest::cmdSavePrint_Click() {
+    if (std::exchange(m_isSaving, true))
+        return;
+    SaveRequest();
+    if (IsSaved)
+        PrintChargeSlip();
+    Unload();
+}
+
+void frmRequest::SaveRequest() {
+    m_grid->EndCellEdit();
+    enableSaves(false); // whatever is pressed while the box below waits, it is posted once
+    const entry::PostingHeader header{PatIdNum,
+                                      PatientType,
+                                      m_ui->txtHospNum->text(),
+                                      m_ui->txtIdNum->text(),
+                                      m_ui->txtRoom->text(),
+                                      DoctorCode,
+                                      CashOrNum,
+                                      CashBasis,
+                                      NurseCommnunication};
+    entry::RequestPosting posting(entry::inPatientPosting, header, *m_ui->grdPackage,
+                                  *m_ui->mshflexPackageItems);
+    gConnection->BeginTrans();
+    IsSaved = false;
+    {
+        const Hourglass hourglass;
+        posting.post();
+        gConnection->CommitTrans();
+    }
+    ChargeSlip = posting.ChargeSlip();
+    MsgBox(QStringLiteral("Data Successfully Saved! ChargeSlip No.: '%1'").arg(ChargeSlip), vbOKOnly,
+           QStringLiteral("Message"));
+    IsSaved = true;
+    IsDirty = false;
+}
+
+// ---- print
+
+void frmRequest::PrintChargeSlip() {
+    entry::PrintChargeSlip(*m_ui->grdPackage,
+                           {QStringLiteral("%1, %2 %3")
+                                .arg(m_ui->txtLname->text(), m_ui->txtFname->text(), m_ui->txtMname->text()),
+                            m_ui->txtCompany->text(), m_ui->txtIdNum->text(), NursingRemarks, RequestingNurse,
+                            m_ui->txtDoctor->text(), ChargeSlip});
+}
+
+} // namespace orders

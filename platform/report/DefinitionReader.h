@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/report/ReportDefinition.h"
+
+#include <QXmlStreamReader>
+
+#include <functional>
+
+namespace report {
+
+/// Reads one definition, once. Unknown elements and attributes are errors: a slip of the pen must not print a
+/// wrong paper. No document type, so no entity but the five of XML.
+class DefinitionReader {
+  public:
+    DefinitionReader(const QByteArray& xml, QString file);
+    /// Raises 20515 with file, line and column.
+    std::shared_ptr<const ReportDefinition> read();
+
+  private:
+    class Attributes;
+    using Children = std::function<bool(const QString& name, Attributes& attributes)>;
+
+    [[noreturn]] void fail(const QString& reason) const;
+    [[noreturn]] void failAt(qint64 line, qint64 column, const QString& reason) const;
+    void readChildren(const Children& child);
+    void endElement();
+    QString readText();
+
+    void readRoot();
+    bool readSection(const QString& name, Attributes& attributes);
+    void readPage(Attributes& attributes);
+    void readStyle(Attributes& attributes);
+    void readParameter(Attributes& attributes);
+    void readTable(Attributes& attributes);
+    void readFormula(Attributes& attributes);
+    void readGroup(Attributes& attributes);
+    void readWatermark(Attributes& attributes);
+    Band readBand(Attributes& attributes);
+    Element readElement(const QString& name, Attributes& attributes);
+    void readField(Element& element, Attributes& attributes, bool literal);
+    void readShape(Element& element, Attributes& attributes);
+    QImage readPicture();
+
+    void collectNames();
+    void finishFormulas();
+    void checkPage() const;
+    Expression expression(const QString& text) const;
+    int styleIndex(const QString& name) const;
+
+    QXmlStreamReader m_xml;
+    const QByteArray& m_source;
+    QString m_file;
+    std::shared_ptr<ReportDefinition> m_definition;
+    /// Every name, collected ahead, so that an expression may use what is told further down.
+    Names m_names;
+    struct Place {
+        qint64 line, column;
+    };
+    std::vector<Place> m_formulaPlaces;
+    int m_depth = 0;
+    int m_elements = 0;
+};
+
+} // namespace report

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/report/BandFlow.h"
+#include "platform/report/BandLayout.h"
+#include "platform/report/PageDocument.h"
+
+namespace report {
+
+/// Builds one page from the place where it begins. A page depends on nothing but that place, its number and
+/// the number of pages, so it can be made again at any time.
+class PageBuilder {
+  public:
+    PageBuilder(const ReportDefinition& definition, Evaluator& evaluator, BandLayout& bands);
+
+    struct Built {
+        Page page;
+        Position next; ///< where the next page begins
+        std::vector<TreeEntry> groups;
+    };
+    /// Raises 20515 when page header and footer leave no room.
+    Built build(const Position& start, int pageNumber, int pageCount);
+
+  private:
+    Scope scopeAt(const Position& position) const;
+    /// Of the outermost groups, how many have begun on an earlier page.
+    static int groupsGoingOn(const Position& start, int groups);
+
+    Length placeAll(const std::vector<Band>& bands, Length y, const Scope& scope);
+    void placeFooter(const Position& start);
+    void placeReportHeaders();
+    void placePageHeaders(const Position& start);
+    void repeatGroupHeaders(const Position& start);
+    bool placeBody();
+    bool placeBand(const Band& band);
+    bool wantsNewPage(const Band& band) const;
+    Length keptWith(const Position& header);
+    Length bottomBands(const Position& footer);
+    void addSlice(const LaidBand& laid, Length from, Length to);
+    void splitBand(const LaidBand& laid);
+    void addTreeEntry();
+
+    const ReportDefinition& m_definition;
+    Evaluator& m_evaluator;
+    BandFlow m_flow;
+    BandLayout& m_bands;
+
+    // of the page in work
+    Built m_built;
+    Position m_at;
+    Length m_y;
+    Length m_bottom; ///< where the body ends
+    int m_pageNumber = 0;
+    int m_pageCount = 0;
+    bool m_hasBody = false;
+};
+
+} // namespace report

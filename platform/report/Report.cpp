@@ -1,0 +1,165 @@
+#include "platform/report/Report.h"
+
+#include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
+#include "platform/report/Layout.h"
+#include "platform/report/ReportError.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace report {
+namespace {
+
+constexpr qint64 largestFile = 4 * 1024 * 1024;
+
+/// The entry of `folder` with that name in any case, the exact one first; empty when there is none.
+QString entryOf(const QDir& folder, const QString& name) {
+    if (name.isEmpty())
+        return {};
+    if (folder.exists(name))
+        return folder.filePath(name);
+    const QStringList entries = folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    const int found = indexOfName(entries, name);
+    return found < 0 ? QString() : folder.filePath(entries[found]);
+}
+
+QString fileOf(const QString& path) {
+    QString plain = path;
+    plain.replace(u'\\', u'/');
+    if (QFile::exists(plain))
+        return plain;
+    const qsizetype slash = plain.lastIndexOf(u'/');
+    QString folder = slash < 0 ? QStringLiteral(".") : plain.left(std::max<qsizetype>(slash, 1));
+    if (!QDir(folder).exists()) {
+        const qsizetype parent = folder.lastIndexOf(u'/');
+        folder = parent < 0
+                     ? entryOf(QDir(QStringLiteral(".")), folder)
+                     : entryOf(QDir(folder.left(std::max<qsizetype>(parent, 1))), folder.mid(parent + 1));
+    }
+    return folder.isEmpty() ? QString() : entryOf(QDir(folder), plain.mid(slash + 1));
+}
+
+template <typename Definitions>
+int indexByName(const Definitions& definitions, const QString& name) {
+    for (std::size_t i = 0; i < definitions.size(); ++i) {
+        if (definitions[i].name.compare(name, Qt::CaseInsensitive) == 0)
+            return int(i);
+    }
+    throw base::RunTimeError(base::errors::subscriptOutOfRange);
+}
+
+} // namespace
+
+std::unique_ptr<Report> Report::open(const QString& path, LogOn logOn) {
+    QFile file(fileOf(path));
+    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
+        throw base::RunTimeError(errorMissing, QStringLiteral("Invalid report file: %1").arg(path));
+    const QByteArray xml = file.read(largestFile + 1);
+    return std::unique_ptr<Report>(
+        new Report(ReportDefinition::read(xml, file.fileName()), std::move(logOn)));
+}
+
+Report::Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn)
+    : m_definition(std::move(definition))
+    , m_logOn(std::move(logOn))
+    , m_parameters(m_definition->parameters.size())
+    , m_formulas(m_definition->formulaExpressions) {
+    for (const TableDefinition& table : m_definition->tables)
+        m_tables.push_back({table.location, {}, {}, {}, {}});
+    for (const FormulaDefinition& one : m_definition->formulas)
+        m_formulaTexts << one.text;
+}
+
+Report::~Report() = default;
+
+void Report::testLogOn() {
+    for (const TableLogOn& table : m_tables)
+        m_logOn(table.server, table.database, table.login, table.password)->Close();
+}
+
+QStringList Report::parameterNames() const {
+    return m_definition->names().parameters;
+}
+
+void Report::setParameter(int index, base::Value value) {
+    if (index < 0 || std::size_t(index) >= m_parameters.size())
+        throw base::RunTimeError(base::errors::subscriptOutOfRange);
+    m_parameters[std::size_t(index)] = {true, std::move(value)};
+}
+
+void Report::setParameter(const QString& name, base::Value value) {
+    setParameter(indexByName(m_definition->parameters, name), std::move(value));
+}
+
+bool Report::hasParameter(int index) const {
+    return index >= 0 && std::size_t(index) < m_parameters.size() && m_parameters[std::size_t(index)].first;
+}
+
+std::vector<int> Report::missingParameters() const {
+    std::vector<int> missing;
+    for (int i = 0; i < int(m_parameters.size()); ++i) {
+        if (!hasParameter(i))
+            missing.push_back(i);
+    }
+    return missing;
+}
+
+QString Report::formula(const QString& name) const {
+    return m_formulaTexts[indexByName(m_definition->formulas, name)];
+}
+
+void Report::setFormula(const QString& name, const QString& text) {
+    const int index = indexByName(m_definition->formulas, name);
+    m_formulas = withFormula(*m_definition, m_formulas, index, text);
+    m_formulaTexts[index] = text;
+}
+
+Report& Report::subReport(const QString& name) {
+    throw base::RunTimeError(errorDamaged, QStringLiteral("The report has no sub-report \"%1\".").arg(name));
+}
+
+void Report::discardSavedData() {}
+
+ado::Statement Report::tableStatement(std::size_t table) const {
+    const QString& location = m_tables[table].location;
+    if (!isLocation(location))
+        throw base::RunTimeError(errorDamaged, QStringLiteral("\"%1\" is no table's name.").arg(location));
+    // The location is letters, digits and _ only, so it can become part of the text before the values are
+    // checked.
+    QString text = m_definition->tables[table].query;
+    text.replace(QLatin1StringView("{table}"), location);
+    std::vector<ado::DefinedValue> values;
+    for (std::size_t i = 0; i < m_parameters.size(); ++i) {
+        values.push_back({QStringLiteral("{?%1}").arg(m_definition->parameters[i].name),
+                          base::textOf(m_parameters[i].second)});
+    }
+    return ado::definedStatement(text, values);
+}
+
+std::vector<ado::Rows> Report::readTables() const {
+    std::vector<ado::Rows> tables;
+    for (std::size_t i = 0; i < m_tables.size(); ++i) {
+        const TableLogOn& table = m_tables[i];
+        const std::unique_ptr<ado::Connection> connection =
+            m_logOn(table.server, table.database, table.login, table.password);
+        tables.push_back(connection->Execute(tableStatement(i)).rows());
+        connection->Close();
+    }
+    return tables;
+}
+
+std::unique_ptr<PageDocument> Report::run() {
+    auto data = std::make_shared<ReportData>();
+    data->definition = m_definition;
+    data->tables = readTables();
+    for (const auto& [given, value] : m_parameters)
+        data->parameters.push_back(value);
+    data->formulas = m_formulas;
+    data->headingName = headingName;
+    data->headingAddress = headingAddress;
+    data->printedAt = base::now();
+    return layout(std::move(data));
+}
+
+} // namespace report

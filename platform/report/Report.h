@@ -1,0 +1,88 @@
+#pragma once
+
+#include "platform/ado/Connection.h"
+#include "platform/base/Value.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace report {
+
+class ReportDefinition;
+class PageDocument;
+struct Expression;
+struct ReportData;
+
+/// Opens a connection for a report's tables. Raises what the server says.
+using LogOn = std::function<std::unique_ptr<ado::Connection>(const QString& server, const QString& database,
+                                                             const QString& login, const QString& password)>;
+
+/// One table of a report: where it lies and who reads it.
+struct TableLogOn {
+    QString location; ///< "DATABASE..table" or "DATABASE..procedure"
+    QString server, database, login, password;
+};
+
+/// An open report: its definition and what a caller gave it. Reads its rows when it is laid out, over
+/// connections of its own.
+class Report {
+  public:
+    /// Raises RunTimeError 20515 with line and column when the file is damaged, 20507 ("Invalid report file:
+    /// <path>") when it is missing. Backslashes in the path are taken as separators on every system; the
+    /// file's name is found in any case.
+    static std::unique_ptr<Report> open(const QString& path, LogOn logOn);
+    ~Report();
+
+    const ReportDefinition& definition() const { return *m_definition; }
+
+    /// The two document properties that make the heading.
+    QString headingName;
+    QString headingAddress;
+
+    /// A changed location must read "DATABASE..table": run() raises 20515 otherwise.
+    std::vector<TableLogOn>& tables() { return m_tables; }
+    /// Connects every table once, to fail where a log-on fails.
+    void testLogOn();
+
+    QStringList parameterNames() const; ///< in stored order
+    void setParameter(int index, base::Value value);
+    /// Raises 9 when there is no parameter of that name.
+    void setParameter(const QString& name, base::Value value);
+    bool hasParameter(int index) const;
+    /// Parameters without a value, in stored order: they prompt before the report runs.
+    std::vector<int> missingParameters() const;
+
+    /// Raises 9 when there is no formula of that name.
+    QString formula(const QString& name) const;
+    /// Raises 9, and 20515 when the text cannot be read or leads back to itself.
+    void setFormula(const QString& name, const QString& text);
+
+    /// A report inside this one, opened by name. Raises 20515 when there is none. Owned by this report.
+    Report& subReport(const QString& name);
+
+    /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
+    void discardSavedData();
+
+    /// Reads the rows and lays out all pages. Parameters without a value are Null. Raises what the server
+    /// says and what layout() raises. The document stands on its own: the report may go.
+    std::unique_ptr<PageDocument> run();
+
+  private:
+    Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn);
+    int formulaIndex(const QString& name) const;
+    std::vector<ado::Rows> readTables() const;
+    ado::Statement tableStatement(std::size_t table) const;
+
+    std::shared_ptr<const ReportDefinition> m_definition;
+    LogOn m_logOn;
+    std::vector<TableLogOn> m_tables;
+    std::vector<std::pair<bool, base::Value>> m_parameters; ///< given, value
+    QStringList m_formulaTexts;
+    std::vector<Expression> m_formulas;
+};
+
+} // namespace report

@@ -1,0 +1,122 @@
+#pragma once
+
+#include "platform/report/Expression.h"
+#include "platform/report/Length.h"
+
+#include <QColor>
+#include <QImage>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QByteArray;
+
+namespace report {
+
+enum class ParameterType { Text, Number, Date };
+enum class Alignment { Left, Centre, Right };
+
+struct FontStyle {
+    QString name;
+    QString family; ///< empty: the house's font for paper
+    double points = 9;
+    bool bold = false;
+    bool italic = false;
+    QColor colour = QColor(0x1F, 0x2A, 0x33);
+};
+
+/// Something in a band. Its frame counts from the band's top left corner.
+struct Element {
+    enum class Kind { Field, Line, Box, Picture };
+
+    Kind kind = Kind::Field;
+    Frame frame;
+    std::optional<Expression> visible;
+    // Field
+    Expression value;
+    QString format; ///< for base::Format; empty: the value as text
+    int style = 0;
+    Alignment alignment = Alignment::Left;
+    bool wrap = false;
+    bool grow = false; ///< takes the height that its lines need, and moves down what stands below it
+    // Line, Box
+    Length thickness;
+    Length radius;
+    QColor colour;
+    QColor fill; ///< invalid: none
+    // Picture
+    QImage picture;
+};
+
+struct Band {
+    Length height;
+    std::vector<Element> elements;
+    std::optional<Expression> visible;
+    bool newPageBefore = false;
+    bool atBottom = false; ///< report footers: stands right above the page footer
+};
+
+struct Group {
+    QString name;
+    Expression by;
+    std::optional<Expression> label; ///< in the group tree; else the value of `by`
+    bool repeat = false;             ///< the header comes again on each page that goes on with the group
+    bool newPage = false;            ///< every group but the first begins a page
+    std::vector<Band> headers;
+    std::vector<Band> footers;
+};
+
+struct ParameterDefinition {
+    QString name;
+    ParameterType type = ParameterType::Text;
+    QString prompt; ///< what the prompt calls it
+};
+
+struct TableDefinition {
+    QString name;
+    QString location; ///< "DATABASE..table"
+    /// Text with {table} for the location and {?Name} for parameters.
+    QString query;
+};
+
+struct FormulaDefinition {
+    QString name;
+    QString text;
+};
+
+struct Watermark {
+    Expression value;
+    int style = 0;
+    double degrees = -35;
+};
+
+/// A report as its file tells it. Never changed once it is read. The first table gives the details, one band
+/// a row; of the others the first row can be used.
+class ReportDefinition {
+  public:
+    /// Reads the XML text; `file` is named in errors. Raises 20515 with line and column.
+    static std::shared_ptr<const ReportDefinition> read(const QByteArray& xml, const QString& file);
+
+    QString title; ///< the printed document's title
+    Length paperWidth, paperHeight;
+    Length left, top, right, bottom; ///< margins
+    std::vector<FontStyle> styles;   ///< the first one is the default
+    std::vector<ParameterDefinition> parameters;
+    std::vector<TableDefinition> tables;
+    std::vector<FormulaDefinition> formulas;
+    std::vector<Expression> formulaExpressions;
+    std::vector<Group> groups; ///< outermost first
+    std::vector<Band> reportHeaders, pageHeaders, details, pageFooters, reportFooters;
+    std::optional<Watermark> watermark;
+
+    Names names() const;
+};
+
+/// Expressions in place of `definition`'s formulas, with one of them told anew. Raises 20515 when the text
+/// cannot be read or leads back to itself.
+std::vector<Expression> withFormula(const ReportDefinition& definition,
+                                    const std::vector<Expression>& formulas, int index, const QString& text);
+
+} // namespace report

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "server/demo/Progress.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace engine {
+class EmbeddedProvider;
+}
+
+namespace demo {
+
+struct KitFile {
+    QString name; ///< "NUCLEAR/procedures/sp_Nuclear_AddRequest.sql"
+    QString text;
+};
+
+/// The T-SQL files compiled into the program, in the order in which they are to be installed: tables,
+/// functions, views, procedures, the rows that every hospital needs.
+const std::vector<KitFile>& kitFiles();
+/// Changes with every change of a file.
+QString kitVersion();
+
+/// Runs all files; the caller has a transaction open. Raises what the first faulty file raises, naming it.
+void installKit(engine::EmbeddedProvider& provider, const Progress& progress);
+/// What installKit() last left in the file; empty when it never ran.
+QString installedKitVersion(engine::EmbeddedProvider& provider);
+
+} // namespace demo

@@ -1,0 +1,8 @@
+USE NUCLEAR
+GO
+
+CREATE OR ALTER PROCEDURE sp_Nuclear_IncRefNum
+AS
+SET NOCOUNT ON
+UPDATE tbNucSlip SET ChargeSlip = ChargeSlip + 1
+GO

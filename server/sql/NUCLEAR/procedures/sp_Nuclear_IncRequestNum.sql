@@ -1,0 +1,8 @@
+USE NUCLEAR
+GO
+
+CREATE OR ALTER PROCEDURE sp_Nuclear_IncRequestNum
+AS
+SET NOCOUNT ON
+UPDATE tbNucSlip SET RequestNum = RequestNum + 1
+GO

@@ -1,0 +1,60 @@
+-- A result of the GFR screen, new or changed.
+USE NUCLEAR
+GO
+
+CREATE OR ALTER PROCEDURE sp_Nuclear_SaveResultGFR
+    @HospNum varchar(20),
+    @IdNum varchar(20),
+    @RequestNum varchar(20),
+    @CaseNumber varchar(20),
+    @PatientType varchar(1),
+    @AttendingDocCode varchar(10),
+    @RequestDocCode varchar(10),
+    @ItemID varchar(20),
+    @Dose varchar(50),
+    @Radiopharmaceutical varchar(200),
+    @Route varchar(100),
+    @Projections varchar(200),
+    @Weight varchar(20),
+    @Height varchar(20),
+    @UserID varchar(10),
+    @ResultDate datetime,
+    @Isotope varchar(100),
+    @Left1 varchar(50),
+    @Left2 varchar(50),
+    @Left3 varchar(50),
+    @Left4 varchar(50),
+    @Left5 varchar(50),
+    @Left6 varchar(50),
+    @Left7 varchar(50),
+    @Right1 varchar(50),
+    @Right2 varchar(50),
+    @Right3 varchar(50),
+    @Right4 varchar(50),
+    @Right5 varchar(50),
+    @Right6 varchar(50),
+    @Right7 varchar(50),
+    @Scale varchar(50)
+AS
+SET NOCOUNT ON
+EXEC sp_Nuclear_FileResult @RequestNum, @CaseNumber, @HospNum, @IdNum, @PatientType, @ItemID, @AttendingDocCode, @RequestDocCode,
+    @UserID, @ResultDate
+UPDATE tbNucResult
+SET HospNum = @HospNum, IdNum = @IdNum, CaseNumber = @CaseNumber, PatientType = @PatientType, AttendingDocCode =
+    @AttendingDocCode, RequestDocCode = @RequestDocCode, ItemID = @ItemID, Dose = @Dose, Radiopharmaceutical =
+    @Radiopharmaceutical, Route = @Route, Projections = @Projections, Weight = @Weight, Height = @Height, UserID =
+    @UserID, ResultDate = @ResultDate, Isotope = @Isotope, Left1 = @Left1, Left2 = @Left2, Left3 = @Left3, Left4 =
+    @Left4, Left5 = @Left5, Left6 = @Left6, Left7 = @Left7, Right1 = @Right1, Right2 = @Right2, Right3 = @Right3,
+    Right4 = @Right4, Right5 = @Right5, Right6 = @Right6, Right7 = @Right7, Scale = @Scale
+WHERE RequestNum = @RequestNum
+IF @@ROWCOUNT = 0
+    INSERT INTO tbNucResult (RequestNum,
+        HospNum, IdNum, CaseNumber, PatientType, AttendingDocCode, RequestDocCode, ItemID, Dose,
+        Radiopharmaceutical, Route, Projections, Weight, Height, UserID, ResultDate, Isotope, Left1, Left2, Left3,
+        Left4, Left5, Left6, Left7, Right1, Right2, Right3, Right4, Right5, Right6, Right7, Scale)
+    VALUES (@RequestNum,
+        @HospNum, @IdNum, @CaseNumber, @PatientType, @AttendingDocCode, @RequestDocCode, @ItemID, @Dose,
+        @Radiopharmaceutical, @Route, @Projections, @Weight, @Height, @UserID, @ResultDate, @Isotope, @Left1,
+        @Left2, @Left3, @Left4, @Left5, @Left6, @Left7, @Right1, @Right2, @Right3, @Right4, @Right5, @Right6,
+        @Right7, @Scale)
+GO

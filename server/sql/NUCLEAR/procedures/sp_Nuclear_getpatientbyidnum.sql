@@ -1,0 +1,37 @@
+-- The stay of an admission number. @PatientType 'I' admitted, 'O' out-patient.
+USE NUCLEAR
+GO
+
+CREATE OR ALTER PROCEDURE sp_Nuclear_getpatientbyidnum
+    @PatientType varchar(1),
+    @IdNum varchar(20)
+AS
+SET NOCOUNT ON
+SET @IdNum = LTRIM(RTRIM(@IdNum))
+IF @PatientType = 'O'
+    SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
+        M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
+        CONVERT(varchar(10), P.BillingDate, 101) AS [Billed Date],
+        CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END
+            AS [Charging Status],
+        CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END AS NucStatus,
+        CONVERT(varchar(10), P.DcrDate, 101) AS DcrDate
+    FROM PATIENT_DATA..tbMaster M
+    INNER JOIN PATIENT_DATA..tbOutPatient P ON P.HospNum = M.HospNum
+    LEFT JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = P.IdNum
+    WHERE P.IdNum = @IdNum
+    ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+ELSE
+    SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
+        M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
+        CONVERT(varchar(10), P.BillingDate, 101) AS [Billed Date],
+        CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END
+            AS [Charging Status],
+        CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END AS NucStatus,
+        CONVERT(varchar(10), P.DcrDate, 101) AS DcrDate
+    FROM PATIENT_DATA..tbMaster M
+    INNER JOIN PATIENT_DATA..tbPatient P ON P.HospNum = M.HospNum
+    LEFT JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = P.IdNum
+    WHERE P.IdNum = @IdNum
+    ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+GO

@@ -1,0 +1,351 @@
+-- The section's own files: numbers, requests, results, packages and rights.
+USE NUCLEAR
+GO
+
+-- The last numbers drawn. One row, SlipID 1.
+IF OBJECT_ID('tbNucSlip') IS NULL
+BEGIN
+    CREATE TABLE tbNucSlip (
+        SlipID int NOT NULL,
+        ChargeSlip int NOT NULL,
+        RequestNum int NOT NULL,
+        CONSTRAINT PK_NucSlip PRIMARY KEY (SlipID)
+    )
+END
+GO
+
+-- One row a request line. RequestStatus: '' open, 'W' a result exists, 'R' revoked.
+IF OBJECT_ID('tbNucMaster') IS NULL
+BEGIN
+    CREATE TABLE tbNucMaster (
+        RequestNum varchar(20) NOT NULL,
+        HospNum varchar(20) NOT NULL DEFAULT '',
+        IdNum varchar(20) NOT NULL DEFAULT '',
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        RevenueID varchar(4) NOT NULL DEFAULT '',
+        PatientType varchar(1) NOT NULL DEFAULT '',
+        RefNum varchar(20) NOT NULL DEFAULT '',
+        NurseRequestNum varchar(20) NOT NULL DEFAULT '',
+        Quantity float NOT NULL DEFAULT 0,
+        Amount money NOT NULL DEFAULT 0,
+        RequestDocCode varchar(10) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        TransDate datetime NOT NULL,
+        RequestStatus varchar(1) NOT NULL DEFAULT '',
+        Remarks varchar(200) NOT NULL DEFAULT '',
+        Classification varchar(10) NOT NULL DEFAULT '',
+        ResultDate datetime NULL,
+        RevokeDate datetime NULL,
+        CONSTRAINT PK_NucMaster PRIMARY KEY (RequestNum)
+    )
+    CREATE INDEX IX_NucMaster_HospNum ON tbNucMaster (HospNum)
+    CREATE INDEX IX_NucMaster_IdNum ON tbNucMaster (IdNum)
+    CREATE INDEX IX_NucMaster_RefNum ON tbNucMaster (RefNum)
+    CREATE INDEX IX_NucMaster_NurseRequestNum ON tbNucMaster (NurseRequestNum)
+    CREATE INDEX IX_NucMaster_TransDate ON tbNucMaster (TransDate)
+END
+GO
+
+-- The lines of the charge slip that is being printed; emptied before each print.
+IF OBJECT_ID('tbNucChargeSlip') IS NULL
+BEGIN
+    CREATE TABLE tbNucChargeSlip (
+        LineID int IDENTITY(1,1) NOT NULL,
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        Description varchar(200) NOT NULL DEFAULT '',
+        Quantity float NOT NULL DEFAULT 0,
+        Price money NOT NULL DEFAULT 0,
+        Amount money NOT NULL DEFAULT 0,
+        UserID varchar(10) NOT NULL DEFAULT '',
+        RevenueID varchar(4) NOT NULL DEFAULT '',
+        RefNum varchar(20) NOT NULL DEFAULT '',
+        CONSTRAINT PK_NucChargeSlip PRIMARY KEY (LineID)
+    )
+END
+GO
+
+-- Results of the generic, perfusion and GFR screens, one row a request.
+IF OBJECT_ID('tbNucResult') IS NULL
+BEGIN
+    CREATE TABLE tbNucResult (
+        RequestNum varchar(20) NOT NULL,
+        HospNum varchar(20) NOT NULL DEFAULT '',
+        IdNum varchar(20) NOT NULL DEFAULT '',
+        CaseNumber varchar(20) NOT NULL DEFAULT '',
+        PatientType varchar(1) NOT NULL DEFAULT '',
+        AttendingDocCode varchar(10) NOT NULL DEFAULT '',
+        CardiologistCode varchar(10) NOT NULL DEFAULT '',
+        RequestDocCode varchar(10) NOT NULL DEFAULT '',
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        Dose varchar(50) NOT NULL DEFAULT '',
+        Radiopharmaceutical varchar(200) NOT NULL DEFAULT '',
+        Route varchar(100) NOT NULL DEFAULT '',
+        Projections varchar(200) NOT NULL DEFAULT '',
+        Protocol varchar(500) NOT NULL DEFAULT '',
+        Isotope varchar(100) NOT NULL DEFAULT '',
+        Interpretation varchar(max) NULL,
+        Conclusion varchar(max) NULL,
+        ClinicalHistory varchar(max) NULL,
+        Technique varchar(max) NULL,
+        StressDetails varchar(max) NULL,
+        StressImages varchar(max) NULL,
+        RestingImages varchar(max) NULL,
+        QuantitativeData varchar(max) NULL,
+        Fraction varchar(100) NOT NULL DEFAULT '',
+        EDV varchar(100) NOT NULL DEFAULT '',
+        ESV varchar(100) NOT NULL DEFAULT '',
+        SV varchar(100) NOT NULL DEFAULT '',
+        WallMotion varchar(100) NOT NULL DEFAULT '',
+        Left1 varchar(50) NOT NULL DEFAULT '',
+        Left2 varchar(50) NOT NULL DEFAULT '',
+        Left3 varchar(50) NOT NULL DEFAULT '',
+        Left4 varchar(50) NOT NULL DEFAULT '',
+        Left5 varchar(50) NOT NULL DEFAULT '',
+        Left6 varchar(50) NOT NULL DEFAULT '',
+        Left7 varchar(50) NOT NULL DEFAULT '',
+        Right1 varchar(50) NOT NULL DEFAULT '',
+        Right2 varchar(50) NOT NULL DEFAULT '',
+        Right3 varchar(50) NOT NULL DEFAULT '',
+        Right4 varchar(50) NOT NULL DEFAULT '',
+        Right5 varchar(50) NOT NULL DEFAULT '',
+        Right6 varchar(50) NOT NULL DEFAULT '',
+        Right7 varchar(50) NOT NULL DEFAULT '',
+        Scale varchar(50) NOT NULL DEFAULT '',
+        Weight varchar(20) NOT NULL DEFAULT '',
+        Height varchar(20) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        ResultDate datetime NULL,
+        Remarks varchar(max) NULL,
+        CONSTRAINT PK_NucResult PRIMARY KEY (RequestNum)
+    )
+    CREATE INDEX IX_NucResult_IdNum ON tbNucResult (IdNum)
+END
+GO
+
+-- Radio-immunoassay results.
+IF OBJECT_ID('tbNucRadioResult') IS NULL
+BEGIN
+    CREATE TABLE tbNucRadioResult (
+        RequestNum varchar(20) NOT NULL,
+        HospNum varchar(20) NOT NULL DEFAULT '',
+        IdNum varchar(20) NOT NULL DEFAULT '',
+        CaseNumber varchar(20) NOT NULL DEFAULT '',
+        PatientType varchar(1) NOT NULL DEFAULT '',
+        AttendingDocCode varchar(10) NOT NULL DEFAULT '',
+        RequestDocCode varchar(10) NOT NULL DEFAULT '',
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        Dose varchar(50) NOT NULL DEFAULT '',
+        Radiopharmaceutical varchar(200) NOT NULL DEFAULT '',
+        Route varchar(100) NOT NULL DEFAULT '',
+        Projections varchar(200) NOT NULL DEFAULT '',
+        Weight varchar(20) NOT NULL DEFAULT '',
+        Height varchar(20) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        ResultDate datetime NULL,
+        Calcitonin varchar(100) NOT NULL DEFAULT '',
+        AntiTG varchar(100) NOT NULL DEFAULT '',
+        TG varchar(100) NOT NULL DEFAULT '',
+        AntiTPO varchar(100) NOT NULL DEFAULT '',
+        TSH varchar(100) NOT NULL DEFAULT '',
+        FreeT4 varchar(100) NOT NULL DEFAULT '',
+        FreeT3 varchar(100) NOT NULL DEFAULT '',
+        T4 varchar(100) NOT NULL DEFAULT '',
+        T3 varchar(100) NOT NULL DEFAULT '',
+        Progesterone varchar(100) NOT NULL DEFAULT '',
+        Cortisol varchar(100) NOT NULL DEFAULT '',
+        DHEA varchar(100) NOT NULL DEFAULT '',
+        HGH varchar(100) NOT NULL DEFAULT '',
+        HLH varchar(100) NOT NULL DEFAULT '',
+        HFSH varchar(100) NOT NULL DEFAULT '',
+        AFP varchar(100) NOT NULL DEFAULT '',
+        BHCG varchar(100) NOT NULL DEFAULT '',
+        PSA varchar(100) NOT NULL DEFAULT '',
+        Osteocalcin varchar(100) NOT NULL DEFAULT '',
+        CPeptide varchar(100) NOT NULL DEFAULT '',
+        SHBG varchar(100) NOT NULL DEFAULT '',
+        Insulin varchar(100) NOT NULL DEFAULT '',
+        Technologist varchar(100) NOT NULL DEFAULT '',
+        CONSTRAINT PK_NucRadioResult PRIMARY KEY (RequestNum)
+    )
+    CREATE INDEX IX_NucRadioResult_IdNum ON tbNucRadioResult (IdNum)
+END
+GO
+
+-- The header fields of the same results, as the revocation shows them, with the second series of boxes.
+IF OBJECT_ID('tbNucResultRadio') IS NULL
+BEGIN
+    CREATE TABLE tbNucResultRadio (
+        RequestNum varchar(20) NOT NULL,
+        HospNum varchar(20) NOT NULL DEFAULT '',
+        IdNum varchar(20) NOT NULL DEFAULT '',
+        CaseNumber varchar(20) NOT NULL DEFAULT '',
+        PatientType varchar(1) NOT NULL DEFAULT '',
+        AttendingDocCode varchar(10) NOT NULL DEFAULT '',
+        RequestDocCode varchar(10) NOT NULL DEFAULT '',
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        Dose varchar(50) NOT NULL DEFAULT '',
+        Radiopharmaceutical varchar(200) NOT NULL DEFAULT '',
+        Route varchar(100) NOT NULL DEFAULT '',
+        Projections varchar(200) NOT NULL DEFAULT '',
+        Weight varchar(20) NOT NULL DEFAULT '',
+        Height varchar(20) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        ResultDate datetime NULL,
+        Calcitonin varchar(100) NOT NULL DEFAULT '',
+        AntiTG varchar(100) NOT NULL DEFAULT '',
+        TG varchar(100) NOT NULL DEFAULT '',
+        AntiTPO varchar(100) NOT NULL DEFAULT '',
+        TSH varchar(100) NOT NULL DEFAULT '',
+        FreeT4 varchar(100) NOT NULL DEFAULT '',
+        FreeT3 varchar(100) NOT NULL DEFAULT '',
+        T4 varchar(100) NOT NULL DEFAULT '',
+        T3 varchar(100) NOT NULL DEFAULT '',
+        Progesterone varchar(100) NOT NULL DEFAULT '',
+        Cortisol varchar(100) NOT NULL DEFAULT '',
+        DHEA varchar(100) NOT NULL DEFAULT '',
+        HGH varchar(100) NOT NULL DEFAULT '',
+        HLH varchar(100) NOT NULL DEFAULT '',
+        HFSH varchar(100) NOT NULL DEFAULT '',
+        AFP varchar(100) NOT NULL DEFAULT '',
+        BHCG varchar(100) NOT NULL DEFAULT '',
+        PSA varchar(100) NOT NULL DEFAULT '',
+        Osteocalcin varchar(100) NOT NULL DEFAULT '',
+        CPeptide varchar(100) NOT NULL DEFAULT '',
+        SHBG varchar(100) NOT NULL DEFAULT '',
+        Insulin varchar(100) NOT NULL DEFAULT '',
+        Technologist varchar(100) NOT NULL DEFAULT '',
+        CONSTRAINT PK_NucResultRadio PRIMARY KEY (RequestNum)
+    )
+    CREATE INDEX IX_NucResultRadio_IdNum ON tbNucResultRadio (IdNum)
+END
+GO
+
+-- Case (NM) numbers. Status 'R' frees the number.
+IF OBJECT_ID('tbNucLogBook') IS NULL
+BEGIN
+    CREATE TABLE tbNucLogBook (
+        LogBookID int IDENTITY(1,1) NOT NULL,
+        CaseNumber varchar(20) NOT NULL DEFAULT '',
+        RequestNum varchar(20) NOT NULL DEFAULT '',
+        HospNum varchar(20) NOT NULL DEFAULT '',
+        IdNum varchar(20) NOT NULL DEFAULT '',
+        PatientType varchar(1) NOT NULL DEFAULT '',
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        DoctorID varchar(10) NOT NULL DEFAULT '',
+        RequestDocCode varchar(10) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        ResultDate datetime NULL,
+        Status varchar(1) NOT NULL DEFAULT '',
+        CONSTRAINT PK_NucLogBook PRIMARY KEY (LogBookID)
+    )
+    CREATE INDEX IX_NucLogBook_CaseNumber ON tbNucLogBook (CaseNumber)
+    CREATE INDEX IX_NucLogBook_RequestNum ON tbNucLogBook (RequestNum)
+    CREATE INDEX IX_NucLogBook_ResultDate ON tbNucLogBook (ResultDate)
+END
+GO
+
+-- Packages of the section. PackageLetter is the letter that picks one on the request screens.
+IF OBJECT_ID('tbNucPackage') IS NULL
+BEGIN
+    CREATE TABLE tbNucPackage (
+        Code varchar(10) NOT NULL,
+        PackageLetter varchar(1) NOT NULL DEFAULT '',
+        Description varchar(100) NOT NULL DEFAULT '',
+        Status bit NOT NULL DEFAULT 1,
+        CONSTRAINT PK_NucPackage PRIMARY KEY (Code)
+    )
+END
+GO
+
+-- ItemStatus: '1' selected, '2' un-used. Amount is for the whole quantity.
+IF OBJECT_ID('tbNucPackageItem') IS NULL
+BEGIN
+    CREATE TABLE tbNucPackageItem (
+        Code varchar(10) NOT NULL,
+        LineNum int NOT NULL,
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        RevenueID varchar(4) NOT NULL DEFAULT '',
+        Description varchar(100) NOT NULL DEFAULT '',
+        Quantity float NOT NULL DEFAULT 1,
+        Amount money NOT NULL DEFAULT 0,
+        LocationID varchar(10) NOT NULL DEFAULT '',
+        ItemStatus varchar(1) NOT NULL DEFAULT '1',
+        CONSTRAINT PK_NucPackageItem PRIMARY KEY (Code, LineNum)
+    )
+END
+GO
+
+-- Requests bought in advance at another office.
+IF OBJECT_ID('tbNucPrepaid') IS NULL
+BEGIN
+    CREATE TABLE tbNucPrepaid (
+        RequestNum varchar(20) NOT NULL,
+        RefNum varchar(20) NOT NULL DEFAULT '',
+        HospNum varchar(20) NOT NULL DEFAULT '',
+        IdNum varchar(20) NOT NULL DEFAULT '',
+        RevenueID varchar(4) NOT NULL DEFAULT '',
+        ItemID varchar(20) NOT NULL DEFAULT '',
+        Quantity float NOT NULL DEFAULT 1,
+        Amount money NOT NULL DEFAULT 0,
+        DoctorID varchar(10) NOT NULL DEFAULT '',
+        TransDate datetime NOT NULL,
+        UserID varchar(10) NOT NULL DEFAULT '',
+        PrintStatus varchar(1) NOT NULL DEFAULT '',
+        PrintDate datetime NULL,
+        CONSTRAINT PK_NucPrepaid PRIMARY KEY (RequestNum)
+    )
+    CREATE INDEX IX_NucPrepaid_RefNum ON tbNucPrepaid (RefNum)
+    CREATE INDEX IX_NucPrepaid_PrintStatus ON tbNucPrepaid (PrintStatus)
+END
+GO
+
+-- What the section said to a notice of discharge.
+IF OBJECT_ID('tbNucDischargeClearance') IS NULL
+BEGIN
+    CREATE TABLE tbNucDischargeClearance (
+        IdNum varchar(20) NOT NULL,
+        ClearDate datetime NULL,
+        ClearRemarks varchar(500) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        CONSTRAINT PK_NucDischargeClearance PRIMARY KEY (IdNum)
+    )
+END
+GO
+
+-- Catalogue of rights. Status 'A' active, 'I' inactive.
+IF OBJECT_ID('tbNuclearUserSettings') IS NULL
+BEGIN
+    CREATE TABLE tbNuclearUserSettings (
+        ItemID varchar(2) NOT NULL,
+        Description varchar(100) NOT NULL DEFAULT '',
+        Status varchar(1) NOT NULL DEFAULT 'A',
+        CONSTRAINT PK_NuclearUserSettings PRIMARY KEY (ItemID)
+    )
+END
+GO
+
+-- EmployeeRights: ItemIDs, each led by a vertical bar.
+IF OBJECT_ID('tbNuclearUserRights') IS NULL
+BEGIN
+    CREATE TABLE tbNuclearUserRights (
+        EmployeeID varchar(10) NOT NULL,
+        EmployeeRights varchar(500) NOT NULL DEFAULT '',
+        UserID varchar(10) NOT NULL DEFAULT '',
+        UpdateDate datetime NULL,
+        CONSTRAINT PK_NuclearUserRights PRIMARY KEY (EmployeeID)
+    )
+END
+GO
+
+-- The rights last asked for, a set for each session of each workstation; read through the view tbNuclearDumpUserRights.
+IF OBJECT_ID('tbNuclearSessionRights') IS NULL
+BEGIN
+    CREATE TABLE tbNuclearSessionRights (
+        Workstation varchar(128) NOT NULL,
+        SessionID int NOT NULL,
+        RightsID varchar(2) NOT NULL,
+        DumpDate datetime NOT NULL,
+        CONSTRAINT PK_NuclearSessionRights PRIMARY KEY (Workstation, SessionID, RightsID)
+    )
+END
+GO

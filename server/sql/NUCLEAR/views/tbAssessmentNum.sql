@@ -1,0 +1,8 @@
+USE NUCLEAR
+GO
+
+CREATE OR ALTER VIEW tbAssessmentNum
+AS
+SELECT AssessmentNumID, assessmentnum, RequestNum
+FROM BILLING..tbAssessmentNum
+GO

@@ -1,0 +1,10 @@
+-- Each session sees the rights that it asked for itself, so workstations do not mix.
+USE NUCLEAR
+GO
+
+CREATE OR ALTER VIEW tbNuclearDumpUserRights
+AS
+SELECT RightsID
+FROM tbNuclearSessionRights
+WHERE Workstation = HOST_NAME() AND SessionID = @@SPID
+GO

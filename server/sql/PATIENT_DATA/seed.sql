@@ -1,0 +1,13 @@
+-- The heading row, to be changed to the hospital's own, and the walk-in series.
+USE PATIENT_DATA
+GO
+
+IF NOT EXISTS (SELECT 1 FROM tbHospitalInfo)
+    INSERT INTO tbHospitalInfo (HospitalID, Company, Address1, Title, TinNo, OPDPassword)
+    VALUES (1, 'Hospital', '', '', '', '')
+GO
+
+IF NOT EXISTS (SELECT 1 FROM tbLastWalkInNum)
+    INSERT INTO tbLastWalkInNum (WalkInNumID, lastopd, transnum)
+    VALUES (1, 'W1000', 1000)
+GO

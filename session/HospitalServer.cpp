@@ -1,0 +1,78 @@
+#include "session/HospitalServer.h"
+
+#include "server/demo/Hospital.h"
+#include "server/engine/EmbeddedProvider.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSysInfo>
+
+namespace session {
+namespace {
+
+/// The server that comes along, on one hospital file.
+class FileServer : public HospitalServer {
+  public:
+    /// "" is the program's hospital file, wherever that is when it is asked for.
+    explicit FileServer(QString path) : m_path(std::move(path)) {}
+
+    QString name() const override { return QStringLiteral("This computer"); }
+    QString serverName() const override { return QStringLiteral("(local)"); }
+    QString connectionString() const override {
+        return QStringLiteral("Provider=Scintra;Data Source=") + QDir::toNativeSeparators(file());
+    }
+    bool isThere() const override { return QFileInfo::exists(file()); }
+    void prepare(const std::function<void(int)>& progress) override {
+        demo::createHospital(file(), [&](int percent, const QString&) { progress(percent); });
+    }
+    std::unique_ptr<ado::Provider> open(const QString& login) override {
+        engine::Options options;
+        options.hostName = QSysInfo::machineHostName();
+        options.programName = QStringLiteral("Visual Scintra");
+        options.loginName = login;
+        auto provider = engine::EmbeddedProvider::open(file(), options);
+        demo::ensureKit(*provider);
+        return provider;
+    }
+
+  private:
+    QString file() const { return m_path.isEmpty() ? hospitalFile() : m_path; }
+
+    QString m_path;
+};
+
+QString& otherHospitalFile() {
+    static QString path;
+    return path;
+}
+
+HospitalServers& serverList() {
+    static HospitalServers servers{std::make_shared<FileServer>(QString())};
+    return servers;
+}
+
+} // namespace
+
+const HospitalServers& hospitalServers() {
+    return serverList();
+}
+
+void setHospitalServers(HospitalServers servers) {
+    if (servers.empty())
+        servers.push_back(std::make_shared<FileServer>(QString()));
+    serverList() = std::move(servers);
+}
+
+QString hospitalFile() {
+    return otherHospitalFile().isEmpty() ? demo::defaultHospitalFile() : otherHospitalFile();
+}
+
+void setHospitalFile(const QString& path) {
+    otherHospitalFile() = path;
+}
+
+std::shared_ptr<HospitalServer> fileServer(const QString& path) {
+    return std::make_shared<FileServer>(path);
+}
+
+} // namespace session

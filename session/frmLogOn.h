@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/controls/Screen.h"
+
+#include <memory>
+
+class QTimer;
+
+namespace session {
+
+class clsCurrentUser;
+class HospitalServer;
+
+namespace Ui {
+class frmLogOn;
+}
+
+/// The log-on: employee code, password, server. Unloads on a good log-on and when it is given up.
+class frmLogOn : public controls::Screen {
+    Q_OBJECT
+
+  public:
+    explicit frmLogOn(clsCurrentUser& user, QWidget* parent = nullptr);
+    ~frmLogOn() override;
+
+  protected:
+    void Form_Load() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    enum class Tone { Plain, Wrong };
+
+    void showLogo();
+    void cmdLogOn_Click();
+    void logOn();
+    void prepareServer(HospitalServer& server);
+    void refuse(const QString& message);
+    void say(const QString& message, Tone tone = Tone::Plain);
+    void sayWait();
+    void watchCapsLock(int key, const QString& text, bool shift);
+
+    std::unique_ptr<Ui::frmLogOn> m_ui;
+    clsCurrentUser& m_user;
+    QTimer* m_waitTimer;
+    QString m_waitingCode;
+};
+
+} // namespace session

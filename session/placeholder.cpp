@@ -1,1 +1,0 @@
-// The library's first source comes with its first piece.

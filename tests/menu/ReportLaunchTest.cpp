@@ -1,0 +1,345 @@
+#include "session/ReportLaunch.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+#include "tests/menu/MenuBench.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDateEdit>
+#include <QMenu>
+#include <QTest>
+
+namespace {
+
+using base::Value;
+
+constexpr const char* hospital = "Kerova General Hospital";
+constexpr const char* address = "1 Harbour Road";
+constexpr const char* user = "REYES, JOAN P.";
+
+/// One way to a report: a command and what must come of it. `dialog` is "" for none.
+struct Way {
+    const char* command; ///< menu bar item, or "3.2" for a flat button
+    const char* dialog;
+    const char* file;
+    const char* database;
+    std::vector<Value> values;
+    const char* title;
+    bool groupTree = false;
+};
+
+class Report : public tests::MenuBench {
+  protected:
+    void SetUp() override {
+        grantRights();
+        openMenu();
+    }
+    void run(const QString& command) {
+        if (!command.contains(u'.'))
+            return trigger(command);
+        clickGroup(command.section(u'.', 0, 0).toInt());
+        clickSubMenu(command.section(u'.', 1, 1).toInt());
+    }
+    /// Dates 11/01/2026 to 11/20/2026, then the button that takes them.
+    void takeDates(const QString& dialog) {
+        inModal([dialog](QWidget& window) {
+            EXPECT_EQ(window.objectName(), dialog);
+            const bool daily = dialog == "frmDailyReport";
+            window.findChild<QDateEdit*>(daily ? "dtpReportDate" : "dtStart")->setDate(QDate(2026, 11, 1));
+            window.findChild<QDateEdit*>(daily ? "dtpEndDate" : "dtEnd")->setDate(QDate(2026, 11, 20));
+            pressIn(window, daily ? "cmdOptions_3" : dialog == "frmDateEntry" ? "cmdDate_0" : "cmdEnter");
+        });
+    }
+    void cancel(const QString& button) {
+        inModal([button](QWidget& window) { pressIn(window, button); });
+    }
+    void escape() {
+        inModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    }
+};
+
+class ReportWay : public Report, public testing::WithParamInterface<Way> {};
+
+TEST_P(ReportWay, FeedsTheReportAsTold) {
+    const Way& way = GetParam();
+    if (*way.dialog)
+        takeDates(way.dialog);
+    run(way.command);
+    EXPECT_EQ(events, (QStringList{"prepare", "show"}));
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].path, session::programFolder() + "\\Reports\\" + way.file);
+    EXPECT_EQ(reports[0].database, way.database);
+    EXPECT_EQ(reports[0].values, way.values);
+    EXPECT_EQ(reports[0].title, way.title);
+    EXPECT_EQ(reports[0].groupTree, way.groupTree);
+    EXPECT_FALSE(reports[0].directPrint);
+}
+
+const Value from = "11/01/2026";
+const Value to = "11/20/2026";
+
+INSTANTIATE_TEST_SUITE_P(
+    Menu, ReportWay,
+    testing::Values(
+        Way{"3.0",
+            "frmReportDate",
+            "NuclearTrans.RPT",
+            "NUCLEAR",
+            {from, to, hospital, address},
+            "Nuclear Transaction Report"},
+        Way{"mnuAuditReport",
+            "frmReportDate",
+            "NuclearTrans.RPT",
+            "Nuclear",
+            {hospital, address, from, to},
+            "Nuclear Transaction Report"},
+        Way{"3.2", "frmReportDate", "NucStatisticalReport.RPT", "NUCLEAR", {from, to}, "Statistical Report"},
+        Way{"mnuStatisticalReport",
+            "frmReportDate",
+            "NucStatisticalReport.RPT",
+            "NUCLEAR",
+            {from, to},
+            "Statistical Report"},
+        Way{"3.4",
+            "frmReportDate",
+            "NucCancelledProcedures.RPT",
+            "NUCLEAR",
+            {from, to},
+            "Report on Cancelled Procedures"},
+        Way{"mnuCancelledProcedures",
+            "frmReportDate",
+            "NucCancelledProcedures.RPT",
+            "NUCLEAR",
+            {from, to},
+            "Report on Cancelled Procedures"},
+        Way{"3.5", "", "NucExams.RPT", "NUCLEAR", {}, "List of Nuclear Procedures"},
+        Way{"mnuNucExams", "", "NucExams.RPT", "BUILD_FILE", {}, "List of Nuclear Procedures"},
+        Way{"mnuMonthlyByDate",
+            "frmReportDate",
+            "NucMonthlyReport.RPT",
+            "NUCLEAR",
+            {from, to},
+            "Monthly Performance Report"},
+        Way{"mnuMonthlyByExam",
+            "frmReportDate",
+            "NucMonthlyReportPerExam.RPT",
+            "NUCLEAR",
+            {from, to},
+            "Monthly Performance Report"},
+        Way{"mnuRequestingDoctorReport",
+            "frmReportDate",
+            "NucRequestingDoctorreport.RPT",
+            "NUCLEAR",
+            {from, to},
+            "Requesting Doctor Report"},
+        Way{"mnuDailyIncomeOPDIPD",
+            "frmReportDate",
+            "NucDailyIncomeReport.RPT",
+            "NUCLEAR",
+            {"A", from},
+            "Daily Income Report"},
+        Way{"mnuDailyIncomeCashPatient",
+            "frmReportDate",
+            "NucDailyIncomeReport.RPT",
+            "NUCLEAR",
+            {"B", from},
+            "Daily Income Report"},
+        Way{"mnuReportAudit",
+            "frmDailyReport",
+            "NuclearMonthlyReport.RPT",
+            "NUCLEAR",
+            {from, to, "3", address},
+            "Transaction Report"},
+        Way{"mnuReportReadersFee",
+            "frmDateEntry",
+            "ReaderReport.RPT",
+            "NUCLEAR",
+            {hospital, address, from, to},
+            "Reader Report"},
+        Way{"mnuReportDoctorTD",
+            "frmDateEntry",
+            "DoctorsCommisionReport.RPT",
+            "CARDIO",
+            {hospital, address, "NU", user, from, to},
+            "Reader Report"},
+        Way{"mnuReportDoctorPD",
+            "frmDateEntry",
+            "DoctorsCommisionPaid.RPT",
+            "CARDIO",
+            {from, to, "NU", hospital, address, user},
+            "Reader Report"}));
+
+TEST_F(Report, AllPatientCensusRunsItsProcedureAndShowsTheTree) {
+    run("mnuReportCensusAllPatient");
+    EXPECT_EQ(recorder->texts, QStringList{"Patient_Data..sp_adm_censusallpatient '2026/11/21',''"});
+    EXPECT_EQ(events, (QStringList{"prepare", "show"}));
+    EXPECT_TRUE(reports[0].path.endsWith("\\Reports\\GrandCensus_NVH.RPT"));
+    EXPECT_EQ(reports[0].database, "Patient_Data");
+    EXPECT_EQ(reports[0].values, std::vector<Value>{"2026/11/21"});
+    EXPECT_EQ(reports[0].title, "Census By Station");
+    EXPECT_TRUE(reports[0].groupTree);
+}
+
+TEST_F(Report, CensusByStationPreparesItsSummary) {
+    run("mnuReportCensusbyStation");
+    EXPECT_EQ(recorder->texts, QStringList{"PATIENT_DATA..sp_adm_censusbystation '2026/11/21',''"});
+    EXPECT_EQ(events, (QStringList{"prepare", "sub-report", "show"}));
+    EXPECT_TRUE(reports[0].path.endsWith("\\Reports\\CensusByStation_Nvh.RPT"));
+    EXPECT_EQ(reports[0].database, "PATIENT_DATA");
+    EXPECT_EQ(reports[0].values, std::vector<Value>{"11/21/2026"});
+    EXPECT_EQ(reports[0].subReport, "Summary");
+    EXPECT_EQ(reports[0].subValues, (std::vector<Value>{"PATIENT_DATA", "2026/11/21"}));
+    EXPECT_EQ(reports[0].title, "Census by Station");
+    EXPECT_FALSE(reports[0].groupTree);
+}
+
+TEST_F(Report, TheMenuBarAsksNoRight) {
+    takeDates("frmReportDate");
+    run("mnuStatisticalReport");
+    EXPECT_EQ(recorder->texts, QStringList());
+}
+
+// --- cancelled dialogs
+
+class CancelledRange : public Report, public testing::WithParamInterface<const char*> {};
+
+TEST_P(CancelledRange, LaunchesNothing) {
+    session::gReportFrom = "01/01/2020";
+    cancel("cmdClose");
+    run(GetParam());
+    EXPECT_EQ(events, QStringList());
+    EXPECT_EQ(session::gReportFrom, "01/01/2020");
+    escape();
+    run(GetParam());
+    EXPECT_EQ(events, QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Menu, CancelledRange,
+                         testing::Values("mnuAuditReport", "mnuStatisticalReport", "mnuCancelledProcedures",
+                                         "mnuMonthlyByDate", "mnuMonthlyByExam", "mnuRequestingDoctorReport",
+                                         "mnuDailyIncomeOPDIPD", "mnuDailyIncomeCashPatient"));
+
+TEST_F(Report, CancelledOnTheFlatTransactionReportLaunchesNothing) {
+    cancel("cmdClose");
+    run("3.0");
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(Report, ReadersFeeIsLaunchedAlthoughCancelled) {
+    session::gReportTo = "02/02/2020";
+    cancel("cmdDate_1");
+    run("mnuReportReadersFee");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(session::gReportFrom, "CANCEL");
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{hospital, address, "CANCEL", "02/02/2020"}));
+}
+
+TEST_F(Report, DoctorByPaymentIsLaunchedAlthoughCancelled) {
+    cancel("cmdDate_1");
+    run("mnuReportDoctorPD");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{"CANCEL", "", "NU", hospital, address, user}));
+}
+
+TEST_F(Report, DoctorByTransactionHeedsTheCancel) {
+    cancel("cmdDate_1");
+    run("mnuReportDoctorTD");
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(Report, AuditHeedsTheCancel) {
+    cancel("cmdOptions_4");
+    run("mnuReportAudit");
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(Report, EscapeKeepsTheDatesLastChosen) {
+    session::gReportFrom = "03/04/2026";
+    session::gReportTo = "03/05/2026";
+    session::gReportOption = "1";
+    escape();
+    run("mnuReportAudit");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{"03/04/2026", "03/05/2026", "1", address}));
+}
+
+TEST_F(Report, EscapeWithoutAnyDateLaunchesNothing) {
+    escape();
+    run("mnuReportAudit");
+    escape();
+    run("mnuReportDoctorTD");
+    EXPECT_EQ(events, QStringList());
+}
+
+// --- daily income
+
+TEST_F(Report, DailyIncomeAsksForOneDate) {
+    inModal([](QWidget& window) {
+        EXPECT_TRUE(window.findChild<QWidget*>("dtStart")->isVisible());
+        EXPECT_FALSE(window.findChild<QWidget*>("dtEnd")->isVisible());
+        EXPECT_FALSE(window.findChild<QWidget*>("lblEnd")->isVisible());
+        pressIn(window, "cmdEnter");
+    });
+    run("mnuDailyIncomeOPDIPD");
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{"A", "11/21/2026"}));
+    // The next range has both dates again.
+    inModal([](QWidget& window) {
+        EXPECT_TRUE(window.findChild<QWidget*>("dtEnd")->isVisible());
+        pressIn(window, "cmdClose");
+    });
+    run("mnuStatisticalReport");
+}
+
+TEST_F(Report, CancelledDailyIncomeShowsTheSubMenuAgain) {
+    clickGroup(0);
+    clickSubMenu(1);
+    ASSERT_FALSE(child<QWidget>("picMainMenu")->isVisible());
+    cancel("cmdClose");
+    run("mnuStatisticalReport");
+    EXPECT_FALSE(child<QWidget>("picMainMenu")->isVisible());
+    cancel("cmdClose");
+    run("mnuDailyIncomeCashPatient");
+    EXPECT_TRUE(child<QWidget>("picMainMenu")->isVisible());
+}
+
+// --- menus at the flat buttons
+
+struct PopUp {
+    int number;
+    const char *menu, *item;
+};
+
+class PopUpMenu : public Report, public testing::WithParamInterface<PopUp> {};
+
+TEST_P(PopUpMenu, OpensAtTheButtonAndLaunches) {
+    run(QStringLiteral("3.%1").arg(GetParam().number));
+    auto* popUp = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(popUp, nullptr);
+    EXPECT_EQ(popUp->objectName(), GetParam().menu);
+    EXPECT_EQ(events, QStringList());
+    takeDates("frmReportDate");
+    QTest::keyClick(popUp, Qt::Key_Down);
+    QTest::keyClick(popUp, Qt::Key_Return);
+    EXPECT_EQ(events, (QStringList{"prepare", "show"}));
+    EXPECT_TRUE(reports[0].path.endsWith(GetParam().item)) << reports[0].path.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Menu, PopUpMenu,
+                         testing::Values(PopUp{1, "mnuMonthlyReport", "NucMonthlyReport.RPT"},
+                                         PopUp{3, "mnuDailyIncomeReport", "NucDailyIncomeReport.RPT"}));
+
+TEST_F(Report, AMissingFileIsTheEnginesError) {
+    menu::links().prepareReport = session::PrepareReport;
+    int number = 0;
+    controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) { number = error.number(); });
+    session::setProgramFolder("/nowhere");
+    run("mnuNucExams");
+    session::setProgramFolder({});
+    EXPECT_EQ(number, 20507);
+    EXPECT_TRUE(controls::ErrorBoundary::isStopping());
+    EXPECT_EQ(events, QStringList());
+    controls::ErrorBoundary::setHandler({});
+    controls::ErrorBoundary::reset();
+}
+
+} // namespace

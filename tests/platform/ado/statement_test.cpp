@@ -1,0 +1,101 @@
+#include "platform/ado/Statement.h"
+#include "platform/base/Error.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+using ado::QueryTemplate;
+using ado::sql;
+
+namespace {
+
+/// The error that `body` raises; number 0 for none.
+base::RunTimeError errorOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const base::RunTimeError& error) {
+        return error;
+    }
+    return base::RunTimeError(0, "none");
+}
+
+TEST(Sql, JoinsTheValuesAsTheyAre) {
+    EXPECT_EQ(sql("sp_A '{}','{}', '{}'", QString("x"), 1500.0, 2).text(), "sp_A 'x','1500', '2'");
+    EXPECT_EQ(sql("select getdate() as [server date]").text(), "select getdate() as [server date]");
+    EXPECT_EQ(sql("sp_A '{}'", QString()).text(), "sp_A ''");
+    EXPECT_EQ(sql("sp_A {}, '{}'", 7, QString("{}")).text(), "sp_A 7, '{}'");
+    EXPECT_EQ(sql("sp_A 'C{}J'", 1234).text(), "sp_A 'C1234J'");
+}
+
+TEST(Sql, AValueThatLeavesItsLiteralIsRefused) {
+    const auto error = errorOf([] { sql("sp_A '{}','{}'", QString("O'BRIEN"), QString("x")); });
+    EXPECT_EQ(error.number(), 102);
+    EXPECT_EQ(error.description(), "Incorrect syntax near 'BRIEN'.");
+    EXPECT_EQ(error.sqlState(), "42000");
+    EXPECT_EQ(error.statement(), "sp_A 'O'BRIEN','x'");
+    EXPECT_EQ(errorOf([] { sql("sp_A '{}'", QString("x'; DROP TABLE t --")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("sp_A '{}'", QString("a''b")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("sp_A '{}','{}'", QString("a'"), QString("'b")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("sp_A '{}'", QString(QChar(0))); }).number(), 102);
+}
+
+TEST(Sql, MarksInsideALiteralAreText) {
+    for (const QString value :
+         {"--", "/* x */", ";", "\r\n", "\"", "[", "]", "{}", "@a", "%", "\\", "`", "é"})
+        EXPECT_EQ(sql("sp_A '{}','b'", value).text(), "sp_A '" + value + "','b'");
+}
+
+TEST(Sql, OutsideQuotesOnlyNumbersStand) {
+    EXPECT_EQ(sql("sp_A {}", QString("-1.5")).text(), "sp_A -1.5");
+    for (const QString value : {"", "1;", "1 or 1=1", "x", "--1", "1-1", ".", "'a'"})
+        EXPECT_EQ(errorOf([&] { sql("sp_A {}", value); }).number(), 102) << value.toStdString();
+    EXPECT_EQ(errorOf([] { sql("select [{}]", QString("a")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /* {} */ 1", 1); }).number(), 102);
+}
+
+TEST(QueryTemplate, ReplacesItsPlaceHolders) {
+    constexpr QueryTemplate revenue("spNuclear_SearchRevenue '0','##'");
+    EXPECT_EQ(revenue.with({{"##", "NU"}}).text(), "spNuclear_SearchRevenue '0','NU'");
+    constexpr QueryTemplate regular("spGlobal_RegularPatients '#1','#2','#3'");
+    EXPECT_EQ(regular.with({{"#1", "0"}, {"#2", "1"}, {"#3", "#1"}}).text(),
+              "spGlobal_RegularPatients '0','1','#1'");
+    EXPECT_EQ(errorOf([&] { revenue.with({{"##", "a'b"}}); }).number(), 102);
+    EXPECT_TRUE(QueryTemplate().isEmpty());
+}
+
+TEST(DefinedStatement, ReplacesWhatADefinitionNames) {
+    const QString text = "sp_List '{?From}',{?Rate},'{?From}'";
+    EXPECT_EQ(ado::definedStatement(text, {{"{?From}", "11/01/2026"}, {"{?Rate}", "1.5"}}).text(),
+              "sp_List '11/01/2026',1.5,'11/01/2026'");
+    // A value that looks like a place-holder stays a value.
+    EXPECT_EQ(ado::definedStatement("'{?a}'", {{"{?a}", "{?b}"}, {"{?b}", "x"}}).text(), "'{?b}'");
+    EXPECT_EQ(errorOf([&] {
+                  ado::definedStatement(text, {{"{?From}", "a'b"}, {"{?Rate}", "1"}});
+              }).number(),
+              102);
+    EXPECT_EQ(errorOf([&] {
+                  ado::definedStatement(text, {{"{?From}", "a"}, {"{?Rate}", "1 or 1"}});
+              }).number(),
+              102);
+}
+
+/// Whatever a value holds: either it is the one literal of the text, or nothing is made.
+TEST(Sql, NoValueEverBecomesAStatement) {
+    std::mt19937 random(20261121);
+    const QString alphabet = QString::fromUtf8("ab'\"-;/*[]{}\r\n\\ 1é") + QChar(0);
+    for (int round = 0; round < 20000; ++round) {
+        QString value;
+        for (int i = int(random() % 12); i > 0; --i)
+            value += alphabet[qsizetype(random() % unsigned(alphabet.size()))];
+        const bool breaksOut = value.contains(u'\'') || value.contains(QChar(0));
+        const auto error = errorOf([&] {
+            EXPECT_EQ(sql("sp_A '{}','{}' , 'z'", value, QString("y")).text(),
+                      "sp_A '" + value + "','y' , 'z'");
+        });
+        EXPECT_EQ(error.number() == 102, breaksOut) << value.toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,270 @@
+#include "platform/controls/Screen.h"
+#include "platform/controls/FlexGrid.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/ErrorRecorder.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace controls {
+
+namespace {
+
+class Patient : public Screen {
+  public:
+    Patient() {
+        setObjectName(QStringLiteral("Patient"));
+        auto* column = new QVBoxLayout(this);
+        txtName = new QLineEdit(this);
+        txtName->setObjectName(QStringLiteral("txtName"));
+        column->addWidget(txtName);
+        cmdSave = new QPushButton(QStringLiteral("&Save"), this);
+        cmdSave->setObjectName(QStringLiteral("cmdSave"));
+        column->addWidget(cmdSave);
+        on(cmdSave, &QPushButton::clicked, this, [this] { ++saved; });
+        ++made;
+    }
+    ~Patient() override { ++gone; }
+
+    using Screen::setEscapeCloses;
+
+    QLineEdit* txtName;
+    QPushButton* cmdSave;
+    int saved = 0;
+    bool refuse = false;
+    QStringList calls;
+    std::function<void()> whenLoaded;
+    static inline int made = 0;
+    static inline int gone = 0;
+
+  protected:
+    void Form_Load() override {
+        calls << QStringLiteral("load");
+        if (whenLoaded)
+            whenLoaded();
+    }
+    void Form_QueryUnload(bool& cancel) override {
+        calls << QStringLiteral("query");
+        cancel = refuse;
+    }
+    void Form_Unload() override { calls << QStringLiteral("unload"); }
+};
+
+} // namespace
+
+TEST(Screen, LoadsOnceAndUnloadsOnce) {
+    Patient screen;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget& window) {
+                        EXPECT_EQ(&window, &screen);
+                        EXPECT_TRUE(screen.isLoaded());
+                        EXPECT_EQ(Screen::openScreens(), std::vector<Screen*>{&screen});
+                        EXPECT_TRUE(screen.Unload());
+                    }});
+    EXPECT_TRUE(screen.isUnloaded());
+    EXPECT_TRUE(screen.Unload());
+    EXPECT_EQ(screen.calls, QStringList({"load", "query", "unload"}));
+    EXPECT_TRUE(Screen::openScreens().empty());
+}
+
+TEST(Screen, ACallerMayLoadItFirst) {
+    Patient screen;
+    screen.load();
+    screen.txtName->setText(QStringLiteral("SANTOS"));
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) { screen.Unload(); }});
+    EXPECT_EQ(screen.calls.count(QStringLiteral("load")), 1);
+    EXPECT_EQ(screen.txtName->text(), QStringLiteral("SANTOS"));
+}
+
+TEST(Screen, ShownTwiceIsAnError) {
+    Patient screen;
+    int number = 0;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                        try {
+                            screen.ShowModal();
+                        } catch (const base::RunTimeError& error) {
+                            number = error.number();
+                        }
+                        screen.Unload();
+                    }});
+    EXPECT_EQ(number, 400);
+    try {
+        screen.ShowModal();
+        FAIL() << "an unloaded screen is over";
+    } catch (const base::RunTimeError& error) {
+        EXPECT_EQ(error.number(), 364);
+    }
+}
+
+TEST(Screen, ARefusedUnloadKeepsItOpen) {
+    Patient screen;
+    screen.refuse = true;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                                                      EXPECT_FALSE(screen.Unload());
+                                                      EXPECT_FALSE(screen.close());
+                                                      EXPECT_TRUE(screen.isVisible());
+                                                      screen.refuse = false;
+                                                  },
+                                                  [&](QWidget&) { EXPECT_TRUE(screen.close()); }});
+    EXPECT_EQ(screen.calls, QStringList({"load", "query", "query", "query", "unload"}));
+}
+
+TEST(Screen, AScreenThatUnloadsWhileItLoadsIsNeverSeen) {
+    Patient screen;
+    screen.whenLoaded = [&] { screen.Unload(); };
+    screen.ShowModal();
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_TRUE(screen.isUnloaded());
+}
+
+TEST(Screen, AnErrorWhileItLoadsReachesTheOpener) {
+    Patient screen;
+    screen.whenLoaded = [] { throw base::RunTimeError(base::errors::objectNotSet); };
+    EXPECT_THROW(screen.ShowModal(), base::RunTimeError);
+    EXPECT_FALSE(screen.isVisible());
+}
+
+TEST(Screen, HiddenItKeepsItsControlsAndIsShownAgainWithoutLoading) {
+    Patient screen;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                        tests::keys(*screen.txtName, QStringLiteral("abc"));
+                        screen.hideScreen();
+                    }});
+    EXPECT_FALSE(screen.isUnloaded());
+    EXPECT_EQ(screen.txtName->text(), QStringLiteral("abc"));
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) { screen.Unload(); }});
+    EXPECT_EQ(screen.calls.count(QStringLiteral("load")), 1);
+}
+
+TEST(Screen, EnterPressesOnlyAButtonThatHasTheFocus) {
+    Patient screen;
+    screen.whenLoaded = [&] { screen.cmdSave->setDefault(true); };
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                        tests::keys(*screen.txtName, QStringLiteral("A<Enter><KeypadEnter>"));
+                        EXPECT_EQ(screen.saved, 0);
+                        tests::keys(*screen.cmdSave, QStringLiteral("<Enter>"));
+                        EXPECT_EQ(screen.saved, 1);
+                        screen.Unload();
+                    }});
+}
+
+TEST(Screen, EscapeClosesOnlyWhereItIsSaid) {
+    Patient screen;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                        tests::keys(*screen.txtName, QStringLiteral("<Esc>"));
+                        EXPECT_TRUE(screen.isVisible());
+                        screen.setEscapeCloses(true);
+                        tests::keys(*screen.txtName, QStringLiteral("<Esc>"));
+                        EXPECT_FALSE(screen.isVisible());
+                    }});
+    EXPECT_TRUE(screen.isUnloaded());
+}
+
+TEST(Screen, AMnemonicPressesItsButton) {
+    Patient screen;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                        tests::keys(*screen.txtName, QStringLiteral("<Alt+S>"));
+                        EXPECT_EQ(screen.saved, 1);
+                        screen.Unload();
+                    }});
+}
+
+TEST(Screen, DeletedWhileOpenItEndsItsCall) {
+    auto* screen = new Patient;
+    bool returned = false;
+    tests::runModal(
+        [&] {
+            screen->ShowModal();
+            returned = true;
+        },
+        {[&](QWidget&) { delete screen; }});
+    EXPECT_TRUE(returned);
+    EXPECT_TRUE(Screen::openScreens().empty());
+}
+
+TEST(Screen, ShowReturnsAtOnce) {
+    Patient screen;
+    screen.Show();
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_FALSE(screen.isModal());
+    screen.Show();
+    EXPECT_EQ(screen.calls.count(QStringLiteral("load")), 1);
+    EXPECT_TRUE(screen.close());
+    EXPECT_TRUE(screen.isUnloaded());
+}
+
+TEST(Screen, OpensOverItsOpenerAndFitsTheSmallestDesk) {
+    Patient opener;
+    opener.resize(900, 600);
+    Patient inner;
+    inner.resize(2000, 1500);
+    tests::runModal([&] { opener.ShowModal(); },
+                    {[&](QWidget&) {
+                         inner.ShowModal();
+                         opener.Unload();
+                     },
+                     [&](QWidget&) {
+                         EXPECT_LE(inner.width(), 1366);
+                         EXPECT_LE(inner.height(), 768);
+                         EXPECT_GE(inner.x(), 0);
+                         EXPECT_GE(inner.y(), 0);
+                         EXPECT_EQ(Screen::openScreens(), (std::vector<Screen*>{&opener, &inner}));
+                         inner.Unload();
+                     }});
+}
+
+TEST(Screen, AFreshInstanceIsEmptyAndAClosedOneStaysReadable) {
+    SharedScreen<Patient>::release();
+    auto& first = SharedScreen<Patient>::fresh();
+    first.txtName->setText(QStringLiteral("SANTOS"));
+    tests::runModal([&] { first.ShowModal(); }, {[&](QWidget&) { first.Unload(); }});
+    EXPECT_EQ(SharedScreen<Patient>::current().txtName->text(), QStringLiteral("SANTOS"));
+    EXPECT_EQ(SharedScreen<Patient>::fresh().txtName->text(), QString());
+    EXPECT_TRUE(SharedScreen<Patient>::exists());
+    SharedScreen<Patient>::release();
+    EXPECT_FALSE(SharedScreen<Patient>::exists());
+}
+
+TEST(Screen, ItsContentsAsTextLeaveOutPasswordsAndEmptyFields) {
+    Patient screen;
+    screen.txtName->setText(QStringLiteral("SANTOS"));
+    auto* password = new QLineEdit(&screen);
+    password->setObjectName(QStringLiteral("txtPassword"));
+    password->setEchoMode(QLineEdit::Password);
+    password->setText(QStringLiteral("secret"));
+    auto* empty = new QLineEdit(&screen);
+    empty->setObjectName(QStringLiteral("txtEmpty"));
+    auto* remarks = new QPlainTextEdit(QStringLiteral("first\nsecond"), &screen);
+    remarks->setObjectName(QStringLiteral("txtRemarks"));
+    auto* kind = new QComboBox(&screen);
+    kind->setObjectName(QStringLiteral("cboType"));
+    kind->setEditable(true);
+    kind->addItem(QStringLiteral("STAT"));
+    auto* tick = new QCheckBox(&screen);
+    tick->setObjectName(QStringLiteral("chkCurrent"));
+    tick->setChecked(true);
+    auto* grid = new FlexGrid(&screen);
+    grid->setObjectName(QStringLiteral("grdPackage"));
+    grid->setTextMatrix(0, 1, QStringLiteral("Code"));
+    grid->setTextMatrix(1, 1, QStringLiteral("1012"));
+    EXPECT_EQ(screen.contentsAsText(),
+              QStringLiteral("txtName: SANTOS\ntxtRemarks: first\nsecond\ncboType: STAT\nchkCurrent: 1\n"
+                             "grdPackage: 1012"));
+}
+
+TEST(Screen, SelectAllTextStartsAtTheFirstCharacter) {
+    QLineEdit field;
+    field.setText(QStringLiteral("1012"));
+    SelectAllText(&field);
+    EXPECT_EQ(field.selectionStart(), 0);
+    EXPECT_EQ(field.selectedText(), QStringLiteral("1012"));
+}
+
+} // namespace controls

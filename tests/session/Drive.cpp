@@ -1,0 +1,67 @@
+#include "tests/session/Drive.h"
+
+#include "tests/support/screens/MessageScript.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace tests {
+
+void whileModal(const std::function<void()>& opener, const std::function<void(controls::Screen&)>& driver) {
+    bool driven = false;
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        driven = true;
+        auto* screen = qobject_cast<controls::Screen*>(QApplication::activeModalWidget());
+        if (!screen) {
+            ADD_FAILURE() << "no screen came up";
+            return;
+        }
+        screen->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(screen));
+        try {
+            driver(*screen);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
+        if (screen == QApplication::activeModalWidget()) {
+            ADD_FAILURE() << "the screen was left open";
+            screen->Unload();
+        }
+    });
+    timer.start(0);
+    opener();
+    EXPECT_TRUE(driven) << "no modal loop ran";
+}
+
+QWidget& childOf(QWidget& parent, const char* name) {
+    auto* found = parent.findChild<QWidget*>(QString::fromLatin1(name));
+    if (!found) {
+        QStringList there;
+        for (const QWidget* child : parent.findChildren<QWidget*>())
+            there += child->objectName();
+        throw std::runtime_error("no " + std::string(name) + " among " + there.join(u' ').toStdString());
+    }
+    return *found;
+}
+
+Boxes::Boxes(std::vector<int> answers) : m_answers(std::move(answers)) {
+    controls::setMessageScript([this](const QString& prompt, int style, const QString& title) {
+        shown.push_back({prompt, style, title});
+        if (shown.size() > m_answers.size()) {
+            ADD_FAILURE() << "an unexpected box: " << prompt.toStdString();
+            return controls::vbCancel;
+        }
+        return m_answers[shown.size() - 1];
+    });
+}
+
+Boxes::~Boxes() {
+    controls::setMessageScript(MessageScript::refuse);
+    EXPECT_EQ(shown.size(), m_answers.size());
+}
+
+} // namespace tests

@@ -1,0 +1,149 @@
+#include "session/ReportLaunch.h"
+
+#include "platform/base/Error.h"
+#include "platform/report/Print.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+#include "tests/session/Drive.h"
+#include "tests/support/screens/LoggedOn.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace session;
+
+namespace {
+
+class Launch : public tests::LoggedOn {
+  protected:
+    Launch() {
+        QDir(folder.path()).mkdir(QStringLiteral("Reports"));
+        write("One.RPT", R"(<report version="1" title="One">
+  <page width="140mm" height="100mm" left="10mm" right="10mm" top="10mm" bottom="10mm"/>
+  <parameter name="First"/>
+  <parameter name="Second"/>
+  <table name="Rooms" location="BUILD_FILE..tbcoRoom">SELECT TOP 1 RoomID FROM {table} ORDER BY RoomID</table>
+</report>)");
+        setProgramFolder(folder.path());
+    }
+    ~Launch() override {
+        gReport.reset();
+        setProgramFolder({});
+        report::setPrintTarget(QString());
+    }
+    void write(const char* name, const char* text) {
+        QFile definition(folder.filePath(QStringLiteral("Reports/") + QLatin1String(name)));
+        ASSERT_TRUE(definition.open(QIODevice::WriteOnly));
+        definition.write(text);
+    }
+    static int errorOf(const std::function<void()>& body) {
+        try {
+            body();
+        } catch (const base::RunTimeError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(Launch, PathIsTheProgramFolderAndBackslashes) {
+    EXPECT_EQ(reportPath(QStringLiteral("One.RPT")), folder.path() + QStringLiteral("\\Reports\\One.RPT"));
+}
+
+TEST_F(Launch, SetsHeadingLogOnAndParametersInOrder) {
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a"});
+    ASSERT_TRUE(gReport);
+    EXPECT_EQ(gReport->headingName, gHospitalName);
+    EXPECT_EQ(gReport->headingAddress, gHospitalAddress);
+    ASSERT_EQ(gReport->tables().size(), 1U);
+    const report::TableLogOn& table = gReport->tables()[0];
+    EXPECT_EQ(table.location, u"BUILD_FILE..tbcoRoom");
+    EXPECT_EQ(table.server, gUser->ServerName());
+    EXPECT_EQ(table.database, u"NUCLEAR");
+    EXPECT_EQ(table.login, u"sa");
+    EXPECT_EQ(table.password, gServerPassword);
+    EXPECT_TRUE(gReport->hasParameter(0));
+    EXPECT_EQ(gReport->missingParameters(), std::vector<int>{1});
+}
+
+TEST_F(Launch, NoValuesLeaveAllFieldsAndSpareValuesAreIgnored) {
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {});
+    EXPECT_EQ(gReport->missingParameters(), (std::vector<int>{0, 1}));
+    PrepareReport(reportPath(QStringLiteral("ONE.rpt")), QStringLiteral("Nuclear"),
+                  {"a", 2, "spare", "more"});
+    EXPECT_TRUE(gReport->missingParameters().empty());
+}
+
+TEST_F(Launch, WrongDatabaseAndMissingFileAreErrors) {
+    EXPECT_EQ(
+        errorOf([] { PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NOWHERE"), {}); }),
+        4060);
+    EXPECT_EQ(
+        errorOf([] { PrepareReport(reportPath(QStringLiteral("None.RPT")), QStringLiteral("NUCLEAR"), {}); }),
+        20507);
+    gServerPassword = QStringLiteral("guess");
+    EXPECT_EQ(
+        errorOf([] { PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {}); }),
+        18456);
+}
+
+TEST_F(Launch, TableMovesToTheDatabaseUnderTheUsersOwnLogin) {
+    report::TableLogOn table{QStringLiteral("BILLING..tbBill"), {}, {}, {}, {}};
+    SetReportTableLogOn(table, QStringLiteral("NUCLEAR"));
+    EXPECT_EQ(table.location, u"NUCLEAR..tbBill");
+    EXPECT_EQ(table.server, gUser->ServerName());
+    EXPECT_EQ(table.database, u"NUCLEAR");
+    EXPECT_EQ(table.login, gUser->UserID());
+    EXPECT_EQ(table.password, gUser->serverpassword());
+}
+
+TEST_F(Launch, NothingOpenIsAnError) {
+    EXPECT_EQ(errorOf([] { ShowReport(false, {}, true); }), base::errors::objectNotSet);
+    EXPECT_EQ(errorOf([] { PrepareSubReport(QStringLiteral("Summary"), {}); }), base::errors::objectNotSet);
+}
+
+TEST_F(Launch, DirectPrintPrintsAndReleasesTheReport) {
+    for (const char* name : {"first.pdf", "second.pdf"}) {
+        const QString target = folder.filePath(QLatin1String(name));
+        report::setPrintTarget(target);
+        PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+        ShowReport(false, QStringLiteral("One"), true);
+        EXPECT_FALSE(gReport);
+        EXPECT_TRUE(QFile::exists(target));
+    }
+}
+
+TEST_F(Launch, ViewerShowsTheReportAndReleasesItWhenItIsLeft) {
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+    tests::whileModal([] { ShowReport(true, QStringLiteral("Room Report"), false); },
+                      [](controls::Screen& viewer) {
+                          EXPECT_EQ(viewer.objectName(), u"frmReportViewer");
+                          EXPECT_EQ(viewer.windowTitle(), u"Room Report");
+                          EXPECT_TRUE(gReport);
+                          viewer.close();
+                          EXPECT_FALSE(gReport);
+                      });
+    EXPECT_FALSE(gReport);
+}
+
+class NoPrinter : public report::PrintTarget {
+  public:
+    bool isReady() const override { return false; }
+    void print(const report::PageDocument&) override { ADD_FAILURE() << "printed without a printer"; }
+};
+
+TEST_F(Launch, MachineWithoutAPrinterGetsTheViewer) {
+    report::setPrintTarget(std::make_unique<NoPrinter>());
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+    tests::whileModal([] { ShowReport(false, QStringLiteral("One"), true); },
+                      [](controls::Screen& viewer) {
+                          EXPECT_EQ(viewer.objectName(), u"frmReportViewer");
+                          viewer.Unload();
+                      });
+    EXPECT_FALSE(gReport);
+}
+
+} // namespace

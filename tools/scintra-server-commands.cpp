@@ -1,0 +1,231 @@
+#include "tools/scintra-server-commands.h"
+
+#include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
+#include "platform/base/Format.h"
+#include "server/demo/Backup.h"
+#include "server/demo/Hospital.h"
+#include "server/demo/Passwords.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "server/engine/Trace.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSysInfo>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace tools {
+
+namespace {
+
+QString fileOf(const Arguments& arguments, qsizetype place = 0) {
+    const QString named = arguments.words.value(place);
+    return named.isEmpty() || named == QLatin1String("-") ? demo::defaultHospitalFile() : named;
+}
+
+std::unique_ptr<engine::EmbeddedProvider> openHospital(const QString& file) {
+    if (!QFileInfo::exists(file))
+        throw base::RunTimeError(base::errors::fileNotFound,
+                                 QStringLiteral("There is no file ") + file + u'.');
+    engine::Options options;
+    options.hostName = QSysInfo::machineHostName();
+    options.programName = QStringLiteral("scintra-server");
+    auto provider = engine::EmbeddedProvider::open(file, options);
+    provider->useDatabase(QStringLiteral("NUCLEAR"));
+    return provider;
+}
+
+void showProgress(int percent, const QString& stage) {
+    static int shownPercent = -1;
+    if (percent == shownPercent)
+        return;
+    shownPercent = percent;
+    std::fprintf(stderr, "\r%3d %%  %-70.70s", percent, qPrintable(stage));
+    if (percent == 100)
+        std::fputc('\n', stderr);
+    std::fflush(stderr);
+}
+
+void print(const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout);
+    std::fputc('\n', stdout);
+}
+
+int runInit(const Arguments& arguments) {
+    const QString file = fileOf(arguments);
+    demo::createEmptyHospital(file, showProgress);
+    print(QStringLiteral(
+              "Made %1. Add a first user with: scintra-server password FILE ID --name \"LAST, FIRST\"")
+              .arg(file));
+    return exitDone;
+}
+
+int runDemo(const Arguments& arguments) {
+    const QString file = fileOf(arguments);
+    demo::createHospital(file, showProgress);
+    print(QStringLiteral("Made %1. User 1001, password kerova.").arg(file));
+    return exitDone;
+}
+
+int runGenerate(const Arguments& arguments) {
+    if (arguments.patients == 0)
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("How many? --patients N"));
+    const QString file = fileOf(arguments);
+    demo::ensureKit(*openHospital(file));
+    demo::generatePatients(file, arguments.patients, showProgress);
+    return exitDone;
+}
+
+int runUpdate(const Arguments& arguments) {
+    const bool changed = demo::ensureKit(*openHospital(fileOf(arguments)));
+    print(changed ? QStringLiteral("Brought up to date.") : QStringLiteral("It was up to date."));
+    return exitDone;
+}
+
+QString readLine() {
+    QTextStream in(stdin);
+    return in.readLine();
+}
+
+int runPassword(const Arguments& arguments) {
+    const auto provider = openHospital(fileOf(arguments));
+    // Everything goes between quotes, so none may stand in it.
+    const QString id = arguments.words[1];
+    if (id.contains(u'\'') || id.isEmpty() || arguments.name.contains(u'\''))
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("A code or name cannot hold a quote."));
+    const bool known =
+        provider
+            ->execute(
+                QStringLiteral("SELECT EmployeeID FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '%1'")
+                    .arg(id))
+            .rows.count() > 0;
+    if (!known && arguments.name.isEmpty())
+        throw base::RunTimeError(base::errors::itemNotFound,
+                                 QStringLiteral("There is no user %1. With --name one is added.").arg(id));
+    std::fputs("Password: ", stderr);
+    const QString password = readLine();
+    if (password.isEmpty())
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("An empty password is none."));
+    const QString hash = demo::passwordHash(password);
+    provider->begin();
+    if (!known) {
+        provider->execute(
+            QStringLiteral(
+                "INSERT INTO PASSWORD..tbPasswordMain (EmployeeID, Name, LastName, FirstName, DeptCode) "
+                "VALUES ('%1', '%2', '%3', '%4', '5')")
+                .arg(id, arguments.name, arguments.name.section(u',', 0, 0).trimmed(),
+                     arguments.name.section(u',', 1).trimmed()));
+        provider->execute(
+            QStringLiteral(
+                "NUCLEAR..spNuclear_SaveUserRights '%1','|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18','%1'")
+                .arg(id));
+    }
+    provider->execute(
+        QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET PasswordHash = '%1', WrongTries = 0, "
+                       "LockedUntil = NULL WHERE EmployeeID = '%2'")
+            .arg(hash, id));
+    provider->commit();
+    print(QStringLiteral("Password of %1 set.").arg(id));
+    return exitDone;
+}
+
+int runTrace(const Arguments& arguments) {
+    const QString& what = arguments.words[0];
+    const QString file = fileOf(arguments, 1);
+    const auto provider = openHospital(file);
+    const QString diary = engine::Trace::fileOf(file);
+    if (what == QLatin1String("show")) {
+        QFile in(diary);
+        if (in.open(QIODevice::ReadOnly)) {
+            while (!in.atEnd()) {
+                const QByteArray line = in.readLine();
+                std::fwrite(line.constData(), 1, std::size_t(line.size()), stdout);
+            }
+        }
+        std::fprintf(stderr, "The trace is %s.\n", provider->isTracing() ? "on" : "off");
+        return exitDone;
+    }
+    if (what != QLatin1String("on") && what != QLatin1String("off"))
+        throw base::RunTimeError(base::errors::invalidProcedureCall, QStringLiteral("on, off or show?"));
+    provider->setTracing(what == QLatin1String("on"));
+    print(QStringLiteral("The trace is %1: %2").arg(what, diary));
+    return exitDone;
+}
+
+int runCheck(const Arguments& arguments) {
+    const auto provider = openHospital(fileOf(arguments));
+    const QStringList faults = provider->check();
+    for (const QString& fault : faults)
+        print(fault);
+    if (!faults.isEmpty())
+        return exitFaulty;
+    print(QStringLiteral("All is well."));
+    return exitDone;
+}
+
+int runBackup(const Arguments& arguments) {
+    demo::backupHospital(fileOf(arguments), arguments.words[1], showProgress);
+    return exitDone;
+}
+
+int runRestore(const Arguments& arguments) {
+    demo::restoreHospital(arguments.words[0], fileOf(arguments, 1), showProgress);
+    return exitDone;
+}
+
+QString shown(const base::Value& value) {
+    if (value.isNull())
+        return QStringLiteral("NULL");
+    if (value.asDateTime())
+        return base::toIso(*value.asDateTime());
+    return base::textOf(value);
+}
+
+int runSql(const Arguments& arguments) {
+    const auto provider = openHospital(fileOf(arguments));
+    const ado::Result result = provider->execute(arguments.words[1]);
+    if (!result.rows.columns.empty()) {
+        QStringList line;
+        for (const ado::Column& column : result.rows.columns)
+            line << column.name;
+        print(line.join(u'\t'));
+        for (qsizetype row = 0; row < result.rows.count(); ++row) {
+            line.clear();
+            for (std::size_t column = 0; column < result.rows.columns.size(); ++column)
+                line << shown(result.rows.at(row, qsizetype(column)));
+            print(line.join(u'\t'));
+        }
+        std::fprintf(stderr, "%lld rows\n", static_cast<long long>(result.rows.count()));
+    } else if (result.affected >= 0) {
+        std::fprintf(stderr, "%lld rows written\n", static_cast<long long>(result.affected));
+    }
+    return exitDone;
+}
+
+constexpr Command commandList[] = {
+    {"demo", "[FILE]", "make the made-up hospital", 0, 1, runDemo},
+    {"init", "[FILE]", "make an empty hospital", 0, 1, runInit},
+    {"password", "FILE ID [--name \"LAST, FIRST\"]", "set a user's password; with a name, add the user", 2, 2,
+     runPassword},
+    {"generate", "[FILE] --patients N", "add made-up patients with stays", 0, 1, runGenerate},
+    {"update", "[FILE]", "bring tables and procedures up to this program's", 0, 1, runUpdate},
+    {"trace", "on|off|show [FILE]", "write down every statement, without results", 1, 2, runTrace},
+    {"check", "[FILE]", "read the file and try every procedure on it", 0, 1, runCheck},
+    {"backup", "FILE TO", "copy while people work", 2, 2, runBackup},
+    {"restore", "FROM [FILE]", "put a copy in the place of a file", 1, 2, runRestore},
+    {"sql", "FILE \"text\"", "run a text and print its rows", 2, 2, runSql},
+};
+
+} // namespace
+
+std::span<const Command> serverCommands() {
+    return commandList;
+}
+
+} // namespace tools

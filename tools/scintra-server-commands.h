@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <span>
+
+namespace tools {
+
+/// What stands behind the command's name on the command line.
+struct Arguments {
+    QStringList words;
+    int patients = 0;
+    QString name;
+};
+
+struct Command {
+    const char* name;
+    /// What must or may follow, as --help shows it.
+    const char* usage;
+    const char* does;
+    int fewestWords;
+    int mostWords;
+    /// The program's exit code. Raises base::RunTimeError.
+    int (*run)(const Arguments& arguments);
+};
+
+std::span<const Command> serverCommands();
+
+inline constexpr int exitDone = 0;
+/// The command ran and found something wrong (check).
+inline constexpr int exitFaulty = 1;
+/// Not a command, or not the right words behind it.
+inline constexpr int exitUsage = 2;
+/// The command failed; the reason is on stderr.
+inline constexpr int exitFailed = 3;
+
+} // namespace tools

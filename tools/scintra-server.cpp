@@ -1,0 +1,98 @@
+// The hospital server that comes along, from the command line: make a file, fill it, watch it, copy it.
+#include "tools/scintra-server-commands.h"
+
+#include "platform/base/Error.h"
+#include "server/demo/Hospital.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+void printUsage(std::FILE* out) {
+    std::fputs("Usage: scintra-server COMMAND ...\n\n", out);
+    for (const tools::Command& command : tools::serverCommands())
+        std::fprintf(out, "  %-9s %-42s %s\n", command.name, command.usage, command.does);
+    std::fprintf(out,
+                 "\nFILE may be left out or be \"-\": then it is the file of the program itself,\n%s\n"
+                 "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
+                 qPrintable(demo::defaultHospitalFile()));
+}
+
+int refuse(const QString& reason) {
+    std::fprintf(stderr, "scintra-server: %s\nTry scintra-server --help.\n", qPrintable(reason));
+    return tools::exitUsage;
+}
+
+const tools::Command* find(const QString& name) {
+    for (const tools::Command& command : tools::serverCommands()) {
+        if (name == QLatin1String(command.name))
+            return &command;
+    }
+    return nullptr;
+}
+
+/// False when an option lacks its value or is none.
+bool readArguments(const QStringList& words, tools::Arguments& arguments, QString& fault) {
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const QString& word = words[i];
+        if (!word.startsWith(QLatin1String("--"))) {
+            arguments.words << word;
+            continue;
+        }
+        if (i + 1 == words.size()) {
+            fault = word + QStringLiteral(" needs a value.");
+            return false;
+        }
+        const QString& value = words[++i];
+        bool good = true;
+        if (word == QLatin1String("--patients"))
+            arguments.patients = value.toInt(&good);
+        else if (word == QLatin1String("--name"))
+            arguments.name = value;
+        else {
+            fault = QStringLiteral("There is no option ") + word + u'.';
+            return false;
+        }
+        if (!good || arguments.patients < 0) {
+            fault = value + QStringLiteral(" is no number of patients.");
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    QStringList words = QCoreApplication::arguments().mid(1);
+    if (words.isEmpty()) {
+        printUsage(stderr);
+        return tools::exitUsage;
+    }
+    if (words.contains(QLatin1String("--help")) || words.first() == QLatin1String("-h")) {
+        printUsage(stdout);
+        return tools::exitDone;
+    }
+    const QString name = words.takeFirst();
+    const tools::Command* command = find(name);
+    if (!command)
+        return refuse(QStringLiteral("There is no command ") + name + u'.');
+    tools::Arguments arguments;
+    QString fault;
+    if (!readArguments(words, arguments, fault))
+        return refuse(fault);
+    if (arguments.words.size() < command->fewestWords || arguments.words.size() > command->mostWords)
+        return refuse(QStringLiteral("Usage: scintra-server %1 %2").arg(name, QLatin1String(command->usage)));
+    try {
+        return command->run(arguments);
+    } catch (const base::RunTimeError& error) {
+        std::fprintf(stderr, "scintra-server: %s (error %d)\n", qPrintable(error.description()),
+                     error.number());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "scintra-server: %s\n", error.what());
+    }
+    return tools::exitFailed;
+}

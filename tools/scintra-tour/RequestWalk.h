@@ -1,0 +1,16 @@
+#pragma once
+
+#include "tools/scintra-tour/Walk.h"
+
+namespace tour {
+
+struct RequestWalkResult {
+    QString chargeSlip;
+};
+
+/// Log-on, menu, an admitted patient, three lines (a stat procedure, a fee, a supply), save and print.
+/// `result` must outlive the walk.
+void addRequestWalk(Walk& walk, const QString& employeeCode, const QString& password,
+                    RequestWalkResult& result);
+
+} // namespace tour
