@@ -25,7 +25,7 @@ using Clock = std::chrono::steady_clock;
 
 void logOn(const QString& file) {
     session::gUser = std::make_unique<session::clsCurrentUser>();
-    if (!session::gUser->logOn(file, QStringLiteral("1001"), QStringLiteral("scintra")))
+    if (!session::gUser->logOn(file, QStringLiteral("1001"), QStringLiteral("kerova")))
         throw base::RunTimeError(18456, QStringLiteral("Log-on failed for user 1001."));
     session::gConnection = &session::gUser->sqlconnection();
     session::gConnection->setDefaultDatabase(QStringLiteral("NUCLEAR"));

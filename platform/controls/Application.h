@@ -5,7 +5,8 @@
 namespace controls {
 
 /// The application of every program with windows: an error raised in an event handler (a key, a close, a
-/// paint) ends at the error boundary as well, not in the event loop.
+/// paint) ends at the error boundary as well, not in the event loop. A button's letter (Alt+S) gives it the
+/// focus and presses it at once.
 class Application : public QApplication {
     Q_OBJECT
 

@@ -85,9 +85,14 @@ QMenu* TextIntake::standardMenu() const {
 
 void TextIntake::showMenu(const QPoint& globalPosition) {
     QMenu* menu = standardMenu();
+    // One kind of field names its actions, the other shows only the keys behind their captions.
+    const QString keys =
+        QLatin1Char('\t') + QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* action : menu->actions()) {
-        if (action->objectName() != QLatin1String("edit-paste"))
+        const bool pastes =
+            action->objectName() == QLatin1String("edit-paste") || action->text().endsWith(keys);
+        if (!pastes)
             continue;
         action->disconnect();
         connect(action, &QAction::triggered, this, [this] { insert(QGuiApplication::clipboard()->text()); });

@@ -2,10 +2,7 @@
 
 #include "lookup/frmListPatient.h"
 #include "lookup/frmSearch.h"
-#include "platform/controls/MessageBox.h"
 #include "session/Session.h"
-
-#include <QTimer>
 
 namespace tests {
 
@@ -16,18 +13,12 @@ LookupFixture::LookupFixture() {
     recorder.emplace(connection);
     session::gConnection = &connection;
     session::gHospitalName = QStringLiteral("Kerova General Hospital");
-    session::setScreens(&screens);
-    controls::setMessageScript([this](const QString& prompt, int style, const QString& title) {
-        boxes += QStringLiteral("%1|%2|%3").arg(style).arg(title, prompt);
-        return controls::vbOK;
-    });
+    script.acceptAny();
 }
 
 LookupFixture::~LookupFixture() {
     controls::SharedScreen<lookup::frmSearch>::release();
     controls::SharedScreen<lookup::frmListPatient>::release();
-    controls::setMessageScript({});
-    session::setScreens(nullptr);
     session::gConnection = nullptr;
     session::gHospitalName.clear();
 }
@@ -42,8 +33,11 @@ QStringList LookupFixture::takeStatements() {
     return std::exchange(recorder->texts, {});
 }
 
-void LookupFixture::insideModal(std::function<void()> driver) {
-    QTimer::singleShot(0, std::move(driver));
+QStringList LookupFixture::boxes() const {
+    QStringList texts;
+    for (const MessageScript::Box& box : script.boxes())
+        texts += QStringLiteral("%1|%2|%3").arg(box.style).arg(box.title, box.prompt);
+    return texts;
 }
 
 QString cells(const controls::FlexGrid& grid, int row) {

@@ -5,13 +5,11 @@
 #include "platform/base/Error.h"
 #include "tests/lookup/LookupFixture.h"
 
-#include <QApplication>
 #include <QPushButton>
-#include <QTest>
 
 namespace {
 
-using tests::control;
+using tests::child;
 
 const char* const columns = "RevenueID,Revenue,WithItems,SearchInventory,LocationID,InvCode";
 
@@ -20,14 +18,15 @@ class RevenueCode : public tests::LookupFixture {
     void answerOne(const char* statement, bool once = false) {
         answer(statement, columns, {{"NU ", "NUCLEAR MEDICINE", "Y", false, nullptr, nullptr}}, once);
     }
-    /// Presses a button of the list once it is open.
-    void press(const char* button) {
-        insideModal([this, button] {
-            auto* list = qobject_cast<lookup::frmSearch*>(QApplication::activeModalWidget());
-            ASSERT_NE(list, nullptr);
-            caption = list->SearchCaption;
-            QTest::mouseClick(&control<QPushButton>(*list, button), Qt::LeftButton);
-        });
+    /// Validates `text` and presses a button of the list that opens.
+    bool validated(const char* text, const char* button) {
+        bool valid = false;
+        tests::runModal([&] { valid = code.ValidateRevenue(QString::fromLatin1(text)); },
+                        {[&](QWidget& window) {
+                            caption = dynamic_cast<lookup::frmSearch&>(window).SearchCaption;
+                            tests::click(child<QPushButton>(window, button));
+                        }});
+        return valid;
     }
 
     lookup::clsRevenueCode code;
@@ -52,7 +51,7 @@ TEST_F(RevenueCode, NothingLikeItSaysSo) {
     EXPECT_FALSE(code.ValidateRevenue(QStringLiteral("ZZ")));
     EXPECT_EQ(takeStatements(), (QStringList{QStringLiteral("sp_Nuclear_SearchRevenue '1','ZZ'"),
                                              QStringLiteral("sp_Nuclear_SearchRevenue '2','ZZ'")}));
-    EXPECT_EQ(boxes, QStringList{QStringLiteral("48||Item does not exists.")});
+    EXPECT_EQ(boxes(), QStringList{QStringLiteral("48||Item does not exists.")});
 }
 
 TEST_F(RevenueCode, LikeCodesOpenTheListAndEachStatementKeepsItsOwnForm) {
@@ -60,8 +59,7 @@ TEST_F(RevenueCode, LikeCodesOpenTheListAndEachStatementKeepsItsOwnForm) {
     answer("sp_Nuclear_SearchRevenue '2'", "recCount", {{2}});
     answer("spNuclear_SearchRevenue '0'", "Revenue,RevenueID", {{"NUCLEAR MEDICINE", "NU"}});
     answer("spNuclear_SearchRevenue '1'", columns, {{"NU", "NUCLEAR MEDICINE", "Y", true, "224", "N1"}});
-    press("cmdSelect");
-    EXPECT_TRUE(code.ValidateRevenue(QStringLiteral("N")));
+    EXPECT_TRUE(validated("N", "cmdSelect"));
     EXPECT_EQ(caption, QStringLiteral("Revenue Codes"));
     EXPECT_EQ(takeStatements(), (QStringList{QStringLiteral("sp_Nuclear_SearchRevenue '1','N'"),
                                              QStringLiteral("sp_Nuclear_SearchRevenue '2','N'"),
@@ -71,7 +69,7 @@ TEST_F(RevenueCode, LikeCodesOpenTheListAndEachStatementKeepsItsOwnForm) {
     EXPECT_TRUE(code.SearchInventory());
     EXPECT_EQ(code.LocationID(), QStringLiteral("224"));
     EXPECT_EQ(code.InventoryCode(), QStringLiteral("N1"));
-    EXPECT_EQ(boxes, QStringList());
+    EXPECT_EQ(boxes(), QStringList());
 }
 
 TEST_F(RevenueCode, SeveralExactRowsOpenTheListToo) {
@@ -79,8 +77,7 @@ TEST_F(RevenueCode, SeveralExactRowsOpenTheListToo) {
            {{"NU", "ONE", "Y", false, "", ""}, {"NU", "TWO", "Y", false, "", ""}});
     answer("sp_Nuclear_SearchRevenue '2'", "recCount", {{2}});
     answer("spNuclear_SearchRevenue '0'", "Revenue,RevenueID", {{"ONE", "NU"}});
-    press("cmdCancel");
-    EXPECT_FALSE(code.ValidateRevenue(QStringLiteral("NU")));
+    EXPECT_FALSE(validated("NU", "cmdCancel"));
     EXPECT_EQ(takeStatements().size(), 3);
 }
 
@@ -90,9 +87,8 @@ TEST_F(RevenueCode, ACancelledListIsFalseWithoutABox) {
     answer("sp_Nuclear_SearchRevenue '1'", columns);
     answer("sp_Nuclear_SearchRevenue '2'", "recCount", {{1}});
     answer("spNuclear_SearchRevenue '0'", "Revenue,RevenueID", {{"NURSERY", "NY"}});
-    press("cmdCancel");
-    EXPECT_FALSE(code.ValidateRevenue(QStringLiteral("NY")));
-    EXPECT_EQ(boxes, QStringList());
+    EXPECT_FALSE(validated("NY", "cmdCancel"));
+    EXPECT_EQ(boxes(), QStringList());
     EXPECT_EQ(code.RevenueID(), QStringLiteral("NU")) << "the last code validated stays";
 }
 

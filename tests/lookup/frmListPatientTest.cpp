@@ -10,17 +10,17 @@
 
 namespace {
 
-using tests::control;
+using tests::child;
 
 const char* const columns = "Hosp.No.,Adm.No.,Patient Name,Billed Date,Charging Status,NucStatus,DcrDate";
 
 class ListPatient : public tests::LookupFixture {
   protected:
     ListPatient()
-        : search(control<QLineEdit>(screen, "txtSearch"))
-        , choice(control<QComboBox>(screen, "cmbSearch"))
-        , grid(control<controls::FlexGrid>(screen, "grdTable"))
-        , cmdSelect(control<QPushButton>(screen, "cmdSelect")) {
+        : search(child<QLineEdit>(screen, "txtSearch"))
+        , choice(child<QComboBox>(screen, "cmbSearch"))
+        , grid(child<controls::FlexGrid>(screen, "grdTable"))
+        , cmdSelect(child<QPushButton>(screen, "cmdSelect")) {
         screen.Show();
         screen.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));
@@ -74,6 +74,7 @@ TEST_F(ListPatient, OpensWithItsListAndGrid) {
 }
 
 TEST_F(ListPatient, SendsTheStatementOfTheChoice) {
+    answer("sp_Nuclear_getpatientby", columns);
     EXPECT_EQ(searched(QStringLiteral("SANTOS")),
               QStringList{QStringLiteral("sp_Nuclear_getpatientbylastname 'I','SANTOS'")});
     choice.setCurrentIndex(1);
@@ -85,6 +86,7 @@ TEST_F(ListPatient, SendsTheStatementOfTheChoice) {
 }
 
 TEST_F(ListPatient, SplitsALastNameAtTheFirstComma) {
+    answer("sp_Nuclear_getpatientby", columns);
     EXPECT_EQ(searched(QStringLiteral("SANTOS,MARIA")),
               QStringList{QStringLiteral("sp_Nuclear_getpatientbyfirstname 'I','SANTOS','MARIA'")});
     EXPECT_EQ(searched(QStringLiteral("SANTOS, MARIA,JR ")),
@@ -97,6 +99,7 @@ TEST_F(ListPatient, SplitsALastNameAtTheFirstComma) {
 }
 
 TEST_F(ListPatient, UpperCasesLettersAndTurnsQuotesAsTheyAreTyped) {
+    answer("sp_Nuclear_getpatientby", columns);
     EXPECT_EQ(searched(QStringLiteral("o'brien")),
               QStringList{QStringLiteral("sp_Nuclear_getpatientbylastname 'I','O`BRIEN'")});
 }
@@ -107,7 +110,7 @@ TEST_F(ListPatient, ShowsWhatWasFound) {
     EXPECT_EQ(tests::cells(grid, 1),
               QStringLiteral("|0045127|2601184|SANTOS, MARIA LUISA REYES||Open|Okey|"));
     EXPECT_TRUE(cmdSelect.isEnabled());
-    EXPECT_EQ(control<QLabel>(screen, "lblHits").text(), QStringLiteral("2 patients"));
+    EXPECT_EQ(child<QLabel>(screen, "lblHits").text(), QStringLiteral("2 patients"));
     EXPECT_TRUE(search.hasFocus());
     EXPECT_EQ(search.selectedText(), search.text());
 }
@@ -120,10 +123,10 @@ TEST_F(ListPatient, AnEmptyResultIsAnEmptyListWithoutABox) {
     searched(QStringLiteral("Q"));
     EXPECT_FALSE(cmdSelect.isEnabled());
     EXPECT_EQ(grid.TextMatrix(1, 2), QString());
-    EXPECT_EQ(control<QLabel>(screen, "lblHits").text(), QStringLiteral("No patient found."));
+    EXPECT_EQ(child<QLabel>(screen, "lblHits").text(), QStringLiteral("No patient found."));
     grid.setFocus();
     QTest::keyClick(&grid, Qt::Key_Return);
-    EXPECT_EQ(boxes, QStringList());
+    EXPECT_EQ(boxes(), QStringList());
     EXPECT_TRUE(screens.requests.empty());
 }
 
@@ -145,9 +148,10 @@ TEST_F(ListPatient, DownGoesToTheFirstRowAndTypingBackToTheSearch) {
 TEST_F(ListPatient, AClosedAccountCannotBeSelected) {
     list({patient("2601184", "11/20/2026", "Not Okey")});
     QTest::mouseClick(&cmdSelect, Qt::LeftButton);
-    EXPECT_EQ(boxes, QStringList{QStringLiteral(
-                         "0|Message|Patient`s account has already been closed.\nIf you have charges to make, "
-                         "pls. notify the billing for further instructions.")});
+    EXPECT_EQ(boxes(),
+              QStringList{QStringLiteral(
+                  "0|Message|Patient`s account has already been closed.\nIf you have charges to make, "
+                  "pls. notify the billing for further instructions.")});
     EXPECT_EQ(takeStatements(), QStringList());
     EXPECT_TRUE(screens.requests.empty());
     EXPECT_FALSE(screen.Valid);
@@ -156,23 +160,23 @@ TEST_F(ListPatient, AClosedAccountCannotBeSelected) {
 TEST_F(ListPatient, ABilledDateOfBlanksIsABilledDate) {
     list({patient("2601184", " ")});
     QTest::mouseClick(&cmdSelect, Qt::LeftButton);
-    ASSERT_EQ(boxes.size(), 1);
-    EXPECT_TRUE(boxes.first().contains(QStringLiteral("closed")));
+    ASSERT_EQ(boxes().size(), 1);
+    EXPECT_TRUE(boxes().first().contains(QStringLiteral("closed")));
 }
 
 TEST_F(ListPatient, AnAccountUnderCashBasisCannotBeSelected) {
     list({patient("2601184", nullptr, " Not Okey ")});
     QTest::keyClick(&search, Qt::Key_Down);
     QTest::keyClick(&grid, Qt::Key_Return);
-    EXPECT_EQ(boxes, QStringList{QStringLiteral(
-                         "0|Message|Patient`s account has been placed under cash basis.\nPls. refer to "
-                         "Credit and Collection Dept. for further instructions.")});
+    EXPECT_EQ(boxes(), QStringList{QStringLiteral(
+                           "0|Message|Patient`s account has been placed under cash basis.\nPls. refer to "
+                           "Credit and Collection Dept. for further instructions.")});
     EXPECT_EQ(takeStatements(), QStringList());
     EXPECT_TRUE(screens.requests.empty());
 }
 
 TEST_F(ListPatient, ClosesWithItsCommandAndWithEscape) {
-    QTest::mouseClick(&control<QPushButton>(screen, "cmdClose"), Qt::LeftButton);
+    QTest::mouseClick(&child<QPushButton>(screen, "cmdClose"), Qt::LeftButton);
     EXPECT_TRUE(screen.isUnloaded());
     EXPECT_FALSE(screen.Valid);
     lookup::frmListPatient another;

@@ -10,15 +10,15 @@
 
 namespace {
 
-using tests::control;
+using tests::child;
 
 class Search : public tests::LookupFixture {
   protected:
     Search()
-        : text(control<QLineEdit>(screen, "txtSearchStr"))
-        , autoSearch(control<QCheckBox>(screen, "chkAutoSearch"))
-        , grid(control<controls::FlexGrid>(screen, "grdDispWindow"))
-        , cmdSelect(control<QPushButton>(screen, "cmdSelect")) {
+        : text(child<QLineEdit>(screen, "txtSearchStr"))
+        , autoSearch(child<QCheckBox>(screen, "chkAutoSearch"))
+        , grid(child<controls::FlexGrid>(screen, "grdDispWindow"))
+        , cmdSelect(child<QPushButton>(screen, "cmdSelect")) {
         screen.SearchCaption = QStringLiteral("Revenue Codes");
         screen.Criteria = QStringLiteral("N");
         screen.Query = "spNuclear_SearchRevenue '0','##'";
@@ -49,8 +49,8 @@ TEST_F(Search, OpensWithItsCaptionAndSearchesTheCriteriaAtOnce) {
     answerThree();
     show();
     EXPECT_EQ(screen.windowTitle(), QStringLiteral("Search Listing"));
-    EXPECT_EQ(control<QLabel>(screen, "lblHospital").text(), QStringLiteral("Kerova General Hospital"));
-    EXPECT_EQ(control<QLabel>(screen, "lblTitle").text(), QStringLiteral("Revenue Codes"));
+    EXPECT_EQ(child<QLabel>(screen, "lblHospital").text(), QStringLiteral("Kerova General Hospital"));
+    EXPECT_EQ(child<QLabel>(screen, "lblTitle").text(), QStringLiteral("Revenue Codes"));
     EXPECT_EQ(takeStatements(), asked("N"));
     EXPECT_EQ(grid.Rows(), 4);
     EXPECT_EQ(grid.ColWidth(0), 200);
@@ -135,7 +135,7 @@ TEST_F(Search, EnterInTheTextTakesTheRowThatWasMovedTo) {
 TEST_F(Search, CancelLeavesNothingChosen) {
     answerThree();
     show();
-    QTest::mouseClick(&control<QPushButton>(screen, "cmdCancel"), Qt::LeftButton);
+    QTest::mouseClick(&child<QPushButton>(screen, "cmdCancel"), Qt::LeftButton);
     EXPECT_TRUE(screen.isUnloaded());
     EXPECT_FALSE(screen.Valid);
     EXPECT_EQ(screen.ResultCode, QString());
@@ -149,7 +149,7 @@ TEST_F(Search, AnEmptyListTakesNoChoice) {
     QTest::keyClick(&text, Qt::Key_Return);
     EXPECT_EQ(takeStatements(), asked("N")) << "Enter searches again";
     EXPECT_FALSE(screen.isUnloaded());
-    EXPECT_EQ(boxes, QStringList());
+    EXPECT_EQ(boxes(), QStringList());
 }
 
 } // namespace

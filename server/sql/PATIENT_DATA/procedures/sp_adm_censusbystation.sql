@@ -17,7 +17,9 @@ LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID = P.RoomID
 LEFT JOIN BUILD_FILE..tbCoStation S ON S.StationID = R.StationID
 LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = P.DoctorID1
 LEFT JOIN BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum
-WHERE P.AdmDate < DATEADD(day, 1, @CensusDate) AND (P.DcrDate IS NULL OR P.DcrDate >= @CensusDate)
+WHERE P.IdNum IN (SELECT IdNum FROM tbPatient WHERE DcrDate IS NULL
+        UNION ALL SELECT IdNum FROM tbPatient WHERE DcrDate >= @CensusDate)
+    AND P.AdmDate < DATEADD(day, 1, @CensusDate)
     AND (@StationID = '' OR R.StationID = @StationID)
 ORDER BY S.StationID, P.RoomID, M.LastName, M.FirstName
 GO

@@ -1,5 +1,5 @@
--- Stays with a billing date, by the start of the last name or by admission number. The receivable screen counts on the
--- places of birth date (12), age (13) and company (18).
+-- Stays with a billing date, by the start of the last name. The receivable screen counts on the places of birth date (12),
+-- age (13) and company (18).
 USE RADIOLOGY
 GO
 
@@ -9,12 +9,30 @@ AS
 SET NOCOUNT ON
 DECLARE @Pattern varchar(51)
 SET @Pattern = @SearchText + '%'
-SELECT TOP 200 S.HospNum, S.IdNum, M.LastName, M.FirstName, M.MiddleName, S.RoomID, S.AdmDate, S.DcrDate, S.BillingDate,
-    S.LateCharges, M.Sex, CONVERT(varchar(10), M.BirthDate, 101) AS BirthDate, S.Age, S.DoctorID1, S.AccountNum,
-    M.HouseStreet, M.Barangay, C.Company, S.InvoiceNumber
-FROM PATIENT_DATA..tbMaster M
-INNER JOIN PATIENT_DATA..vwStay S ON S.HospNum = M.HospNum
-LEFT JOIN BUILD_FILE..tbcoCompany C ON C.AccountNum = S.AccountNum
-WHERE M.LastName LIKE @Pattern AND S.BillingDate IS NOT NULL
-ORDER BY M.LastName, M.FirstName, M.MiddleName, S.AdmDate DESC
+SELECT TOP 200 HospNum, IdNum, LastName, FirstName, MiddleName, RoomID, AdmDate, DcrDate, BillingDate, LateCharges, Sex,
+    BirthDate, Age, DoctorID1, AccountNum, HouseStreet, Barangay, Company, InvoiceNumber
+FROM (
+        SELECT * FROM (
+            SELECT TOP 200 P.HospNum, P.IdNum, M.LastName, M.FirstName, M.MiddleName, P.RoomID, P.AdmDate,
+                P.DcrDate, P.BillingDate, P.LateCharges, M.Sex, CONVERT(varchar(10), M.BirthDate, 101) AS BirthDate, P.Age,
+                P.DoctorID1, P.AccountNum, M.HouseStreet, M.Barangay, C.Company, P.InvoiceNumber
+            FROM PATIENT_DATA..tbMaster M
+            INNER JOIN PATIENT_DATA..tbPatient P ON P.HospNum = M.HospNum
+            LEFT JOIN BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum
+            WHERE M.LastName LIKE @Pattern AND P.BillingDate IS NOT NULL
+            ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+        ) A
+        UNION ALL
+        SELECT * FROM (
+            SELECT TOP 200 P.HospNum, P.IdNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS RoomID, P.AdmDate,
+                P.DcrDate, P.BillingDate, P.LateCharges, M.Sex, CONVERT(varchar(10), M.BirthDate, 101) AS BirthDate, P.Age,
+                P.DoctorID1, P.AccountNum, M.HouseStreet, M.Barangay, C.Company, P.InvoiceNumber
+            FROM PATIENT_DATA..tbMaster M
+            INNER JOIN PATIENT_DATA..tbOutPatient P ON P.HospNum = M.HospNum
+            LEFT JOIN BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum
+            WHERE M.LastName LIKE @Pattern AND P.BillingDate IS NOT NULL
+            ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+        ) B
+) S
+ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 GO

@@ -1,0 +1,132 @@
+#include "app/AppScreens.h"
+#include "menu/MenuLinks.h"
+#include "platform/base/Error.h"
+#include "platform/controls/Application.h"
+#include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/Look.h"
+#include "platform/report/Print.h"
+#include "server/demo/Hospital.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "session/HospitalServer.h"
+#include "session/Session.h"
+#include "tools/scintra-tour/Findings.h"
+#include "tools/scintra-tour/RequestWalk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace {
+
+const QString employeeCode = QStringLiteral("1001");
+const QString demoPassword = QStringLiteral("kerova");
+
+void say(const QString& text) {
+    std::printf("%s\n", text.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+/// What an earlier tour left in the folder.
+void clearFolder(const QDir& folder) {
+    for (const QString& name :
+         folder.entryList({QStringLiteral("*.png"), QStringLiteral("slip.pdf"), QStringLiteral("trace.txt"),
+                           QStringLiteral("hospital.scintra*")},
+                          QDir::Files))
+        QFile::remove(folder.filePath(name));
+}
+
+void makeHospital(const QString& file) {
+    demo::createHospital(file);
+    engine::EmbeddedProvider::open(file, {})->setTracing(true);
+}
+
+/// Ends the server's diary and moves it to the folder's trace.txt; gives the number of its lines.
+int takeTrace(const QString& hospitalFile, const QString& target) {
+    engine::EmbeddedProvider::open(hospitalFile, {})->setTracing(false);
+    if (!QFile::rename(hospitalFile + QStringLiteral(".trace.txt"), target))
+        return 0;
+    QFile trace(target);
+    return trace.open(QIODevice::ReadOnly) ? int(trace.readAll().count('\n')) : 0;
+}
+
+/// Says what the tour brought; ends the process when something is missing.
+void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& chargeSlip) {
+    const QDir folder(walk.folder());
+    const int statements = takeTrace(hospitalFile, folder.filePath(QStringLiteral("trace.txt")));
+    say(QStringLiteral("\nslip number: %1").arg(chargeSlip));
+    const tour::Findings findings = tour::findOrder(hospitalFile, chargeSlip);
+    for (const QString& line : findings.lines)
+        say(line);
+    say(QStringLiteral("statements: %1 (trace.txt)").arg(statements));
+    if (!findings.faults.isEmpty())
+        walk.fail(
+            QStringLiteral("The order is not whole: %1.").arg(findings.faults.join(QStringLiteral("; "))));
+    if (QFileInfo(folder.filePath(QStringLiteral("slip.pdf"))).size() == 0)
+        walk.fail(QStringLiteral("The charge slip was not printed."));
+    if (statements == 0)
+        walk.fail(QStringLiteral("The server wrote no trace."));
+    say(QStringLiteral("pictures, slip.pdf and trace.txt are in %1").arg(folder.absolutePath()));
+}
+
+int runTour(const QString& folder) {
+    if (!QDir().mkpath(folder)) {
+        std::fprintf(stderr, "scintra-tour: %s cannot be made.\n", folder.toUtf8().constData());
+        return 1;
+    }
+    clearFolder(QDir(folder));
+    const QString hospitalFile = QDir(folder).filePath(QStringLiteral("hospital.scintra"));
+    makeHospital(hospitalFile);
+
+    app::AppScreens screens;
+    session::setScreens(&screens);
+    session::setHospitalFile(hospitalFile);
+    report::setPrintTarget(QDir(folder).filePath(QStringLiteral("slip.pdf")));
+    menu::links().endProgram = [] { QCoreApplication::exit(0); };
+
+    tour::Walk walk(folder);
+    controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {
+        walk.fail(QStringLiteral("Run-time error '%1': %2 %3")
+                      .arg(error.number())
+                      .arg(error.description(), error.statement()));
+    });
+    tour::RequestWalkResult result;
+    tour::addRequestWalk(walk, employeeCode, demoPassword, result);
+    walk.step(
+        QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
+        [&](QWidget&) {
+            finish(walk, hospitalFile, result.chargeSlip);
+            QCoreApplication::exit(0);
+        });
+    walk.start();
+    controls::ErrorBoundary::guard([] { session::Main(); });
+    const int exitCode = QCoreApplication::exec();
+    session::setScreens(nullptr);
+    return exitCode;
+}
+
+} // namespace
+
+/// scintra-tour [FOLDER]
+int main(int argc, char** argv) {
+    controls::Application application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("scintra-tour"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    controls::look::apply(application);
+    const QStringList arguments = application.arguments().mid(1);
+    if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
+        say(QStringLiteral(
+            "usage: scintra-tour [FOLDER]\n\n"
+            "Takes one request through the program, from the log-on to the printed slip, on a made-up\n"
+            "hospital in a fresh file, and leaves a picture of each step, the slip and all statements\n"
+            "in the folder (./out/tour). Exit code 1 when a step does not happen."));
+        return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
+    }
+    try {
+        return runTour(arguments.value(0, QStringLiteral("out/tour")));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "scintra-tour: %s\n", error.what());
+        return 1;
+    }
+}
