@@ -36,6 +36,7 @@ void frmSearch::Form_Load() {
     m_ui->cmdSelect->setEnabled(false);
     m_ui->grdDispWindow->setCols(3);
     m_ui->grdDispWindow->setColWidths({200, 4150, 1500});
+    m_ui->grdDispWindow->setEmptyText(QStringLiteral("No entry answers to this text."));
     {
         const QScopedValueRollback settling(m_settling, true);
         m_ui->txtSearchStr->setText(Criteria);
