@@ -61,6 +61,10 @@ bool isEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+bool isBackTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
+}
+
 /// A key that would leave a character in a text box.
 bool typesText(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text()[0] >= u' ' && event.text()[0] != QChar(0x7f) &&
@@ -274,7 +278,7 @@ bool RequestGrid::entryKey(QKeyEvent* event) {
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(key == Qt::Key_Tab ? 1 : -1);
+        return stepCell(isBackTab(*event) ? -1 : 1);
     if (isEnter(key)) {
         txtEntry_Enter();
         return true;
@@ -294,7 +298,7 @@ bool RequestGrid::listKey(QKeyEvent* event) {
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(key == Qt::Key_Tab ? 1 : -1);
+        return stepCell(isBackTab(*event) ? -1 : 1);
     if (isEnter(key)) {
         EndCellEdit();
         AdvanceCell();

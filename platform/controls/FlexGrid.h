@@ -91,6 +91,7 @@ class FlexGrid : public QTableView {
     bool marksRowOnly() const { return m_rowSelect; }
     /// A plain sentence in the middle of a grid without records.
     void setEmptyText(const QString& text);
+    bool showsEmptyText() const;
 
   Q_SIGNALS:
     /// A press of the left button on a cell, once the current cell has moved there.

@@ -14,7 +14,8 @@ void FlexGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
                              const QModelIndex& index) const {
     const bool fixed = !index.flags().testFlag(Qt::ItemIsEnabled);
     const QModelIndex current = m_grid->currentIndex();
-    const bool currentRow = !fixed && current.isValid() && current.row() == index.row();
+    const bool currentRow =
+        !fixed && current.isValid() && current.row() == index.row() && !m_grid->showsEmptyText();
     const bool focused = m_grid->hasFocus();
 
     QColor ground = index.row() % 2 == 1 ? look::stripe : look::card;

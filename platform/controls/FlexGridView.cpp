@@ -84,10 +84,10 @@ void FlexGrid::layOutColumns() {
             width = qMax(width, fontMetrics().horizontalAdvance(QStringLiteral("0000")));
         verticalHeader()->setFixedWidth(qMax(width, 1));
     }
-    // Not the viewport's width: whether a scroll bar comes or goes is decided later than this.
-    const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+    // The view takes its margins from the headers only when it next lays itself out.
     const int head = first > 0 ? verticalHeader()->maximumWidth() : 0;
-    const std::vector<int> widths = m_columns.pixels(first, width() - 2 * frameWidth() - head - bar);
+    const int room = viewport()->width() + viewportMargins().left() - head;
+    const std::vector<int> widths = m_columns.pixels(first, room);
     for (int section = 0; section < int(widths.size()); ++section) {
         const int pixels = widths[std::size_t(section)];
         horizontalHeader()->setSectionHidden(section, pixels == 0);
@@ -216,12 +216,16 @@ void FlexGrid::focusOutEvent(QFocusEvent* event) {
     viewport()->update();
 }
 
+bool FlexGrid::showsEmptyText() const {
+    if (m_emptyText.isEmpty())
+        return false;
+    const int records = m_model->rows() - m_model->fixedRows();
+    return records == 0 || (records == 1 && m_model->rowIsEmpty(m_model->fixedRows()));
+}
+
 void FlexGrid::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (m_emptyText.isEmpty())
-        return;
-    const int records = m_model->rows() - m_model->fixedRows();
-    if (records > 1 || (records == 1 && !m_model->rowIsEmpty(m_model->fixedRows())))
+    if (!showsEmptyText())
         return;
     QPainter painter(viewport());
     painter.setPen(look::muted);

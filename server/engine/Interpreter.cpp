@@ -207,12 +207,14 @@ void Interpreter::runSet(const Stmt& statement, Run& run) {
     Cell& slot = run.slots[std::size_t(statement.slot)];
     if (isLiteral(*statement.expr)) {
         readLiteralAs(*statement.expr, type, false, slot);
+        m_session.rowCount = 1; // a simple assignment counts as one row
         return;
     }
     const QueryUse query(*this, statement, run);
     step(query.statement());
     readColumn(query.statement(), 0, slot);
     cutToLength(slot, type);
+    m_session.rowCount = 1; // a simple assignment counts as one row
 }
 
 void Interpreter::runReturn(const Stmt& statement, Run& run) {

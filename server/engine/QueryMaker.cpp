@@ -13,14 +13,16 @@ namespace engine {
 /// What SQLite holds of one of the hospital's functions.
 class FunctionCall {
   public:
-    FunctionCall(Interpreter& interpreter, std::shared_ptr<Module> module)
-        : m_interpreter(interpreter), m_module(std::move(module)) {}
+    FunctionCall(Interpreter& interpreter, const std::shared_ptr<Module>& module)
+        : m_interpreter(interpreter), m_module(module) {}
 
     static void call(sqlite3_context* context, int count, sqlite3_value** values) {
         const auto& self = *static_cast<const FunctionCall*>(sqlite3_user_data(context));
         Cell result;
         try {
-            self.m_interpreter.callFunction(*self.m_module, count, values, result);
+            // The statement that calls it keeps the module.
+            const std::shared_ptr<Module> module = self.m_module.lock();
+            self.m_interpreter.callFunction(*module, count, values, result);
         } catch (const base::RunTimeError& error) {
             self.m_interpreter.m_host.error = error;
             sqlite3_result_error(context, error.what(), -1);
@@ -44,7 +46,8 @@ class FunctionCall {
 
   private:
     Interpreter& m_interpreter;
-    std::shared_ptr<Module> m_module;
+    // Were it owned here, the open file would hold its own statements and could not be closed.
+    std::weak_ptr<Module> m_module;
 };
 
 Translation Interpreter::translate(const Stmt& statement, const Module& module) {

@@ -264,6 +264,9 @@ TEST_F(OnFile, SuppliesAndMedicinesBringTheirLocation) {
     EXPECT_FALSE(gDispense->Drug.SearchDrug(code, QStringLiteral("nowhere")));
     EXPECT_EQ(gDispense->Drug.DrugName, u"");
     QString unknown = QStringLiteral("nothing");
+    QString elsewhere = QStringLiteral("nowhere");
+    EXPECT_EQ(gFormulist->ShowList(code, false, elsewhere), u"") << "nothing lies there";
+    EXPECT_EQ(elsewhere, u"nowhere");
     EXPECT_EQ(gFormulist->ShowList(unknown, false, location), u"");
     EXPECT_EQ(unknown, u"nothing");
 }

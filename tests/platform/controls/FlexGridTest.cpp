@@ -61,9 +61,10 @@ class FlexGridTest : public testing::Test {
     }
     /// A result of columns "A,B" and rows of texts, as a recordset would have it.
     void bind(const QString& columns, const std::vector<std::vector<base::Value>>& rows) {
-        provider = new tests::ScriptedProvider;
+        auto provider = std::make_unique<tests::ScriptedProvider>();
         provider->answer(QStringLiteral("list"), tests::ScriptedProvider::rowsOf(columns, rows));
-        connection.setProvider(std::unique_ptr<ado::Provider>(provider));
+        ado::Connection connection;
+        connection.Open(std::move(provider), QStringLiteral("test"));
         ado::Recordset result;
         result.Open(ado::sql("list"), connection);
         grid->setDataSource(result);
@@ -73,8 +74,6 @@ class FlexGridTest : public testing::Test {
     QWidget window;
     QLineEdit* field;
     FlexGrid* grid;
-    ado::Connection connection;
-    tests::ScriptedProvider* provider = nullptr;
 };
 
 } // namespace

@@ -63,6 +63,7 @@ TEST_F(MaskedDateTest, AClickInTheEmptyMaskTypesFromItsStart) {
 
 TEST_F(MaskedDateTest, ReachedByTabItIsTypedOver) {
     field.setText(QStringLiteral("01/02/2003"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
     field.clearFocus();
     field.setFocus(Qt::TabFocusReason);
     tests::keysToFocus(field, QStringLiteral("12"));
