@@ -36,7 +36,6 @@ void frmSearch::Form_Load() {
     m_ui->cmdSelect->setEnabled(false);
     m_ui->grdDispWindow->setCols(3);
     m_ui->grdDispWindow->setColWidths({200, 4150, 1500});
-    m_ui->grdDispWindow->setEmptyText(QStringLiteral("No entry answers to this text."));
     {
         const QScopedValueRollback settling(m_settling, true);
         m_ui->txtSearchStr->setText(Criteria);
@@ -91,6 +90,7 @@ void frmSearch::runQuery() {
     m_keys->setHits(rows.RecordCount());
     m_ui->grdDispWindow->setDataSource(rows);
     m_ui->grdDispWindow->setColWidths({200, 4150, 1500});
+    m_ui->grdDispWindow->setEmptyText(QStringLiteral("No entry answers to this text."));
     m_ui->cmdSelect->setEnabled(m_keys->hits() > 0);
     m_ui->lblHelp->setText(
         PickerKeys::hitsText(m_keys->hits(), QStringLiteral("entry"), QStringLiteral("entries")));
