@@ -121,9 +121,11 @@ base::RunTimeError errorOfSqlite(sqlite3* handle, int code) {
         return serverError(8152, QStringLiteral("String or binary data would be truncated."), "22001");
     default:
         if (message.startsWith(QLatin1StringView("misuse of aggregate")))
-            return serverError(147, QStringLiteral("An aggregate may not appear in the WHERE clause unless it is in a subquery "
-                                                   "contained in a HAVING clause or a select list, and the column being "
-                                                   "aggregated is an outer reference."));
+            return serverError(
+                147,
+                QStringLiteral("An aggregate may not appear in the WHERE clause unless it is in a subquery "
+                               "contained in a HAVING clause or a select list, and the column being "
+                               "aggregated is an outer reference."));
         return serverError(50000, message);
     }
 }

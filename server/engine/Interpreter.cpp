@@ -428,6 +428,8 @@ void Interpreter::callFunction(Module& function, int count, sqlite3_value** valu
     const CallLevel level(m_depth);
     Slots slots(function);
     const auto& parameters = function.definition->parameters;
+    if (std::size_t(count) != parameters.size()) // altered since the statement was prepared
+        throw tooManyArguments("dbo." + function.name);
     for (int i = 0; i < count; ++i) {
         const auto slot = std::size_t(parameters[std::size_t(i)].slot);
         readValue(values[i], slots.cells()[slot]);

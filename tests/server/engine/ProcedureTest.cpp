@@ -273,6 +273,18 @@ END
               "126;1");
 }
 
+TEST_F(Procedure, functionsThatCallEachOtherMayChange) {
+    install("CREATE FUNCTION fnInner (@a int) RETURNS int AS BEGIN RETURN @a + 1 END\nGO\n"
+            "CREATE FUNCTION fnOuter (@a int) RETURNS int AS BEGIN RETURN dbo.fnInner(@a) * 10 END");
+    EXPECT_EQ(rows("SELECT dbo.fnOuter(1)"), "20");
+    install("ALTER FUNCTION fnInner (@a int) RETURNS int AS BEGIN RETURN @a + 2 END");
+    EXPECT_EQ(rows("SELECT dbo.fnOuter(1)"), "30");
+    install("DROP FUNCTION fnInner");
+    EXPECT_EQ(error("SELECT dbo.fnOuter(1)").left(5), "4121:");
+    install("CREATE FUNCTION fnInner (@a int) RETURNS money AS BEGIN RETURN @a + 0.5 END");
+    EXPECT_EQ(rows("SELECT dbo.fnOuter(1)"), "15");
+}
+
 TEST_F(Procedure, functionsDoNotWrite) {
     install(R"(
 CREATE TABLE tbNo (Id int NOT NULL PRIMARY KEY)
