@@ -1,13 +1,24 @@
 #include "app/AppScreens.h"
 
+#include "lookup/frmListPatient.h"
 #include "menu/frmMainMenu.h"
+#include "orders/frmRequest.h"
 #include "platform/controls/Screen.h"
 
 namespace app {
 
 using controls::SharedScreen;
 
-AppScreens::AppScreens() = default;
+namespace {
+
+template <typename T>
+void showModal(const QString&) {
+    SharedScreen<T>::fresh().ShowModal();
+}
+
+} // namespace
+
+AppScreens::AppScreens() : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>}} {}
 
 void AppScreens::showMainMenu() {
     SharedScreen<menu::frmMainMenu>::fresh().Show();
@@ -18,7 +29,20 @@ void AppScreens::open(session::MenuScreen screen, const QString& formMode) {
         opener->second(formMode);
 }
 
-void AppScreens::openRequest(const session::RequestEntry&) {}
+void AppScreens::openRequest(const session::RequestEntry& entry) {
+    orders::frmRequest& screen = SharedScreen<orders::frmRequest>::fresh();
+    screen.PatIdNum = entry.PatIdNum;
+    screen.PatientType = entry.PatientType;
+    screen.CashBasis = entry.CashBasis;
+    screen.NurseCommnunication = entry.NurseCommnunication;
+    screen.CashOrNum = entry.CashOrNum;
+    screen.CashPrice = entry.CashPrice;
+    screen.NursingRemarks = entry.NursingRemarks;
+    screen.RequestingNurse = entry.RequestingNurse;
+    screen.PatientClass = entry.PatientClass;
+    screen.Classification = entry.Classification;
+    screen.ShowModal();
+}
 
 void AppScreens::openOutRequest(const session::OutRequestEntry&) {}
 

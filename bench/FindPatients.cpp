@@ -26,11 +26,14 @@ WHERE M.LastName >= ?1 AND M.LastName < ?2
 ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
 LIMIT 200)";
 
-/// Starts of last names that many patients share, so that every search fills the list.
+/// Starts of last names that many patients share, so that every search fills the list. A quote cannot be
+/// searched.
 std::vector<std::string> commonStarts(sqlite3* handle) {
-    RawStatement names(handle, "SELECT substr(M.LastName, 1, 3) FROM \"PATIENT_DATA.tbMaster\" M "
-                               "INNER JOIN \"PATIENT_DATA.tbPatient\" P ON P.HospNum = M.HospNum "
-                               "GROUP BY 1 HAVING COUNT(*) >= 1000 ORDER BY COUNT(*) LIMIT 40");
+    RawStatement names(
+        handle,
+        "SELECT substr(M.LastName, 1, 3) FROM \"PATIENT_DATA.tbMaster\" M "
+        "INNER JOIN \"PATIENT_DATA.tbPatient\" P ON P.HospNum = M.HospNum "
+        "WHERE M.LastName NOT LIKE '%''%' GROUP BY 1 HAVING COUNT(*) >= 1000 ORDER BY COUNT(*) LIMIT 40");
     std::vector<std::string> starts;
     while (names.step())
         starts.push_back(names.text(0));

@@ -7,6 +7,7 @@
 #include "platform/controls/Connect.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/KeyFilter.h"
+#include "platform/controls/Look.h"
 #include "platform/controls/MessageBox.h"
 #include "platform/controls/Screen.h"
 #include "session/Services.h"
@@ -61,6 +62,10 @@ bool isEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+bool isBackTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
+}
+
 /// A key that would leave a character in a text box.
 bool typesText(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text()[0] >= u' ' && event.text()[0] != QChar(0x7f) &&
@@ -101,7 +106,6 @@ void RequestGrid::layOut() {
     }
     for (const int column : {colPrice, colQuantity, colAmount})
         m_grid.setColAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-    m_grid.setStretchColumn(colParticular);
     m_grid.setShowRowNumbers(true);
 
     SkipColumn.fill(false);
@@ -274,7 +278,7 @@ bool RequestGrid::entryKey(QKeyEvent* event) {
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(key == Qt::Key_Tab ? 1 : -1);
+        return stepCell(isBackTab(*event) ? -1 : 1);
     if (isEnter(key)) {
         txtEntry_Enter();
         return true;
@@ -294,7 +298,7 @@ bool RequestGrid::listKey(QKeyEvent* event) {
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(key == Qt::Key_Tab ? 1 : -1);
+        return stepCell(isBackTab(*event) ? -1 : 1);
     if (isEnter(key)) {
         EndCellEdit();
         AdvanceCell();
@@ -383,11 +387,14 @@ void RequestGrid::txtEntry_Change() {
 
 void RequestGrid::cboEntry_Change() {
     const QString type = m_cboEntry.currentText();
+    const bool isStat = type == u"STAT";
     setCell(colType, type);
+    m_grid.setCellForeColor(m_grid.Row(), colType, isStat ? look::warn : QColor());
+    m_grid.setCellBold(m_grid.Row(), colType, isStat);
     const QString revenue = cell(colDepartment);
     const QString routinePrice =
         cell(colRoutinePrice).isEmpty() ? QStringLiteral("1") : cell(colRoutinePrice);
-    if (revenue == u"NU" && type == u"STAT")
+    if (revenue == u"NU" && isStat)
         setCell(colPrice, base::CStr(Val(cell(colRoutinePrice)) * statFactor));
     else if (revenue == u"NU" || isFeeRevenue(revenue))
         setCell(colPrice, routinePrice);

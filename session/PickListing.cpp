@@ -24,23 +24,28 @@ QString startOf(const QString& text) {
     return result;
 }
 
+QString stockOf(const PickListing& listing, const PickScope& scope) {
+    const QString location = withoutQuotes(scope.location);
+    return location.isEmpty() ? QString::fromLatin1(listing.ownStock) : location;
+}
+
 } // namespace
 
 ado::Statement pickStatement(const PickListing& listing, const PickScope& scope, const QString& typed) {
     const QString text = base::Trim(typed);
-    if (text.isEmpty())
-        return listing.newest.with(
-            {{"##section", withoutQuotes(scope.section)}, {"##location", withoutQuotes(scope.location)}});
-    const bool number = text[0].isDigit() && !listing.byCode.isEmpty();
+    const bool number = !text.isEmpty() && text[0].isDigit() && !listing.byCode.isEmpty();
     const qsizetype comma = text.indexOf(u',');
     const QString last = comma < 0 ? text : text.left(comma);
     const QString first = comma < 0 ? QString() : text.mid(comma + 1);
-    return (number ? listing.byCode : listing.byName)
-        .with({{"##text", startOf(text)},
-               {"##last", startOf(last)},
-               {"##first", startOf(first)},
-               {"##section", withoutQuotes(scope.section)},
-               {"##location", withoutQuotes(scope.location)}});
+    const ado::QueryTemplate& query = text.isEmpty() ? listing.newest
+                                      : number       ? listing.byCode
+                                                     : listing.byName;
+    return query.with({{"##text", startOf(text)},
+                       {"##last", startOf(last)},
+                       {"##first", startOf(first)},
+                       {"##section", withoutQuotes(scope.section)},
+                       {"##location", withoutQuotes(scope.location)},
+                       {"##stock", stockOf(listing, scope)}});
 }
 
 Pick pick(ado::Connection* connection, const PickListing& listing, const PickScope& scope,
@@ -52,7 +57,8 @@ Pick pick(ado::Connection* connection, const PickListing& listing, const PickSco
         ado::Recordset row;
         row.Open(listing.exact.with({{"##code", code},
                                      {"##section", withoutQuotes(scope.section)},
-                                     {"##location", withoutQuotes(scope.location)}}),
+                                     {"##location", withoutQuotes(scope.location)},
+                                     {"##stock", stockOf(listing, scope)}}),
                  *connection);
         if (row.State() == ado::Recordset::adStateOpen && !row.Eof())
             return {std::move(row), false};

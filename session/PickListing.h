@@ -20,9 +20,9 @@ struct PickColumn {
 };
 
 /// One list that a service lets the user pick from. Its statements take these place-holders: `##code` a whole
-/// code,
-/// `##text` the start of a code or name, `##last` and `##first` the starts of a person's names, `##section`
-/// what the list is confined to, `##location` a stock location.
+/// code, `##text` the start of a code or name, `##last` and `##first` the starts of a person's names,
+/// `##section` what the list is confined to, `##location` a stock location it is confined to, `##stock` the
+/// stock location that is shown.
 struct PickListing {
     static constexpr std::size_t mostColumns = 6;
     static constexpr int mostRows = 200; ///< the TOP of every listing statement
@@ -37,6 +37,7 @@ struct PickListing {
     ado::QueryTemplate newest; ///< what is shown before anything is typed
     ado::QueryTemplate byCode; ///< for a text that begins with a digit; none: byName serves it too
     ado::QueryTemplate byName;
+    const char* ownStock = ""; ///< the stock location that is shown when none is asked for
 };
 
 /// What a listing is confined to.
@@ -47,7 +48,7 @@ struct PickScope {
 
 extern const PickListing townListing;
 extern const PickListing doctorListing;
-extern const PickListing departmentExamListing;
+extern const PickListing dosageListing;
 extern const PickListing examListing;
 extern const PickListing confinedPatientListing;
 extern const PickListing outPatientListing;

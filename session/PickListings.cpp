@@ -38,25 +38,21 @@ const PickListing doctorListing{
               "BUILD_FILE..tbcoDoctor WHERE Status = 'A' AND ((LastName LIKE '##last%' AND FirstName LIKE "
               "'##first%') OR DoctorID LIKE '##text%') ORDER BY LastName, FirstName"};
 
-const PickListing departmentExamListing{
-    .title = "Nuclear Exams",
-    .hint = "Code or exam",
-    .one = "exam",
-    .many = "exams",
-    .empty = "No exam has that code or name.",
-    .columns = {{{"Code", "NucExamID", 1000},
-                 {"Exam", "NucExam", 5000},
-                 {"Rate A", "RateA", 1300, PickFormat::Amount}}},
-    .exact = "SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-             "BUILD_FILE..tbcoNucExam WHERE NucExamID = '##code' AND Status = 'A'",
-    .newest = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
-              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE Status = 'A' ORDER BY NucExam",
+const PickListing dosageListing{
+    .title = "Dosages",
+    .hint = "Code or dosage",
+    .one = "dosage",
+    .many = "dosages",
+    .empty = "No dosage has that code or name.",
+    .columns = {{{"Code", "DosageID", 1200},
+                 {"Dosage", "Dosage", 4000},
+                 {"Times a Day", "Frequency", 1400, PickFormat::Quantity}}},
+    .exact = "SELECT DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage WHERE DosageID = '##code'",
+    .newest = "SELECT TOP 200 DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage ORDER BY DosageID",
     .byCode = {},
-    .byName = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
-              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE Status = 'A' AND (NucExam LIKE '%##text%' OR "
-              "NucExamID LIKE '##text%') ORDER BY NucExam"};
+    .byName = "SELECT TOP 200 DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage WHERE DosageID LIKE "
+              "'##text%' OR Dosage LIKE '%##text%' ORDER BY DosageID"};
 
-// The file of nuclear exams belongs to revenue code NU as a whole; its own sections are parts of that.
 const PickListing examListing{
     .title = "Exams",
     .hint = "Code or exam",
@@ -135,7 +131,8 @@ const PickListing outPatientListing{
               "WHERE M.LastName LIKE '##last%' AND M.FirstName LIKE '##first%' AND P.DcrDate IS NULL AND "
               "P.OPDStatus <> 'R' ORDER BY M.LastName, M.FirstName, M.MiddleName"};
 
-// The section's own stock comes first: 179 for drugs, 224 for supplies.
+// The stock shown is the section's own, 179 for drugs and 224 for supplies, unless a location is asked for;
+// then only what lies there can be taken.
 const PickListing medicineListing{
     .title = "List of Medicines",
     .hint = "Code or medicine",
@@ -148,21 +145,21 @@ const PickListing medicineListing{
                  {"Price", "SellingPriceIn", 1200, PickFormat::Amount},
                  {"On Hand", "OnHand", 1000, PickFormat::Quantity},
                  {"Location", "LocationID", 1000}}},
-    .exact =
-        "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
-        "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE I.ItemClass "
-        "= 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') AND I.ItemID = "
-        "'##code' ORDER BY CASE WHEN S.LocationID = '179' THEN 0 ELSE 1 END, S.OnHand DESC",
+    .exact = "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
+             "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID AND "
+             "S.LocationID = '##stock' WHERE I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' OR "
+             "S.LocationID = '##location') AND I.ItemID = '##code'",
     .newest = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
-              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
-              "I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "ORDER BY I.ItemName, CASE WHEN S.LocationID = '179' THEN 0 ELSE 1 END",
+              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID AND "
+              "S.LocationID = '##stock' WHERE I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' "
+              "OR S.LocationID = '##location') ORDER BY I.ItemName",
     .byCode = {},
     .byName = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
-              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
-              "I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "AND (I.ItemName LIKE '%##text%' OR I.GenericName LIKE '%##text%' OR I.ItemID LIKE '##text%') "
-              "ORDER BY I.ItemName, CASE WHEN S.LocationID = '179' THEN 0 ELSE 1 END"};
+              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID AND "
+              "S.LocationID = '##stock' WHERE I.ItemClass = 'PH' AND I.Inactive = 0 AND ('##location' = '' "
+              "OR S.LocationID = '##location') AND (I.ItemName LIKE '%##text%' OR I.GenericName LIKE "
+              "'%##text%' OR I.ItemID LIKE '##text%') ORDER BY I.ItemName",
+    .ownStock = "179"};
 
 const PickListing supplyListing{
     .title = "List of Supplies",
@@ -175,20 +172,20 @@ const PickListing supplyListing{
                  {"Price", "SellingPriceIn", 1200, PickFormat::Amount},
                  {"On Hand", "OnHand", 1000, PickFormat::Quantity},
                  {"Location", "LocationID", 1000}}},
-    .exact =
-        "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
-        "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE I.ItemClass "
-        "= 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') AND I.ItemID = "
-        "'##code' ORDER BY CASE WHEN S.LocationID = '224' THEN 0 ELSE 1 END, S.OnHand DESC",
+    .exact = "SELECT I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
+             "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID AND "
+             "S.LocationID = '##stock' WHERE I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR "
+             "S.LocationID = '##location') AND I.ItemID = '##code'",
     .newest = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
-              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
-              "I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "ORDER BY I.ItemName, CASE WHEN S.LocationID = '224' THEN 0 ELSE 1 END",
+              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID AND "
+              "S.LocationID = '##stock' WHERE I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' "
+              "OR S.LocationID = '##location') ORDER BY I.ItemName",
     .byCode = {},
-    .byName = "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand "
-              "FROM INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
-              "I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = '##location') "
-              "AND (I.ItemName LIKE '%##text%' OR I.ItemID LIKE '##text%') ORDER BY I.ItemName, CASE WHEN "
-              "S.LocationID = '224' THEN 0 ELSE 1 END"};
+    .byName =
+        "SELECT TOP 200 I.ItemID, I.ItemName, I.GenericName, I.SellingPriceIn, S.LocationID, S.OnHand FROM "
+        "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID AND S.LocationID "
+        "= '##stock' WHERE I.ItemClass = 'CS' AND I.Inactive = 0 AND ('##location' = '' OR S.LocationID = "
+        "'##location') AND (I.ItemName LIKE '%##text%' OR I.ItemID LIKE '##text%') ORDER BY I.ItemName",
+    .ownStock = "224"};
 
 } // namespace session

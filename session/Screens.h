@@ -6,23 +6,23 @@ namespace session {
 
 /// What a caller gives the in-patient request screen.
 struct RequestEntry {
-    QString PatIdNum;
-    QString PatientType; ///< "I", "O" or "W"
+    QString PatIdNum = {};
+    QString PatientType = {}; ///< "I", "O" or "W"
     bool CashBasis = false;
     bool NurseCommnunication = false;
-    QString CashOrNum;
+    QString CashOrNum = {};
     double CashPrice = 0;
-    QString NursingRemarks;
-    QString RequestingNurse;
-    QString PatientClass;
-    QString Classification;
+    QString NursingRemarks = {};
+    QString RequestingNurse = {};
+    QString PatientClass = {};
+    QString Classification = {};
 };
 
 /// What a caller gives the out-patient request screen.
 struct OutRequestEntry {
-    QString IdNumber;
+    QString IdNumber = {};
     bool CashBasis = false;
-    QString CashOrNum;
+    QString CashOrNum = {};
     double CashPrice = 0;
     bool NurseCommnunication = false;
     bool chargeEntry = false;

@@ -1,5 +1,6 @@
 #include "session/frmAccess.h"
 
+#include "platform/controls/Look.h"
 #include "session/Session.h"
 #include "ui_frmAccess.h"
 
@@ -10,6 +11,7 @@ namespace session {
 frmAccess::frmAccess(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmAccess>()) {
     m_ui->setupUi(this);
     m_ui->txtPassword->installEventFilter(this);
+    setMinimumWidth(controls::look::scaled(340));
 }
 
 frmAccess::~frmAccess() = default;

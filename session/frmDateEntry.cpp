@@ -18,6 +18,7 @@ frmDateEntry::frmDateEntry(QWidget* parent) : Screen(parent), m_ui(std::make_uni
 frmDateEntry::~frmDateEntry() = default;
 
 void frmDateEntry::Form_Load() {
+    setMinimumWidth(controls::look::scaled(360));
     controls::look::setPrimary(m_ui->cmdDate_0);
     setToday(m_ui->dtStart);
     setToday(m_ui->dtEnd);

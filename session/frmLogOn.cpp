@@ -37,6 +37,7 @@ frmLogOn::frmLogOn(clsCurrentUser& user, QWidget* parent)
 frmLogOn::~frmLogOn() = default;
 
 void frmLogOn::Form_Load() {
+    setMinimumWidth(controls::look::scaled(440));
     controls::look::setPrimary(m_ui->cmdLogOn);
     showLogo();
     for (const auto& server : hospitalServers())

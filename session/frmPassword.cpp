@@ -18,6 +18,7 @@ frmPassword::frmPassword(clsCurrentUser& user, QWidget* parent)
 frmPassword::~frmPassword() = default;
 
 void frmPassword::Form_Load() {
+    setMinimumWidth(controls::look::scaled(400));
     controls::look::setPrimary(m_ui->cmdOk);
     m_ui->header->setSubtitle(QStringLiteral("(%1)  %2").arg(m_user.employeecode(), m_user.employeename()));
     m_ui->txtPassword->setFocus();

@@ -3,6 +3,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/KeyFilter.h"
 #include "platform/controls/Look.h"
+#include "session/Session.h"
 #include "ui_frmPickList.h"
 
 #include <QKeyEvent>
@@ -53,7 +54,7 @@ void frmPickList::setSearchText(const QString& text) {
 void frmPickList::Form_Load() {
     setWindowTitle(QString::fromLatin1(m_listing.title));
     m_ui->header->setTitle(QString::fromLatin1(m_listing.title));
-    m_ui->header->setSubtitle(QString::fromLatin1(m_listing.hint));
+    m_ui->header->setSubtitle(gHospitalName);
     m_ui->txtSearch->setPlaceholderText(QString::fromLatin1(m_listing.hint));
     m_ui->grdTable->setEmptyText(QString::fromLatin1(m_listing.empty));
     controls::look::setPrimary(m_ui->cmdSelect);

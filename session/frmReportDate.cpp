@@ -17,6 +17,7 @@ frmReportDate::frmReportDate(QWidget* parent) : Screen(parent), m_ui(std::make_u
 frmReportDate::~frmReportDate() = default;
 
 void frmReportDate::Form_Load() {
+    setMinimumWidth(controls::look::scaled(360));
     controls::look::setPrimary(m_ui->cmdEnter);
     setToday(m_ui->dtStart);
     setToday(m_ui->dtEnd);

@@ -27,7 +27,8 @@ QString fileOf(const Arguments& arguments, qsizetype place = 0) {
 
 std::unique_ptr<engine::EmbeddedProvider> openHospital(const QString& file) {
     if (!QFileInfo::exists(file))
-        throw base::RunTimeError(base::errors::fileNotFound, QStringLiteral("There is no file ") + file + u'.');
+        throw base::RunTimeError(base::errors::fileNotFound,
+                                 QStringLiteral("There is no file ") + file + u'.');
     engine::Options options;
     options.hostName = QSysInfo::machineHostName();
     options.programName = QStringLiteral("scintra-server");
@@ -56,7 +57,9 @@ void print(const QString& text) {
 int runInit(const Arguments& arguments) {
     const QString file = fileOf(arguments);
     demo::createEmptyHospital(file, showProgress);
-    print(QStringLiteral("Made %1. Add a first user with: scintra-server password FILE ID --name \"LAST, FIRST\"").arg(file));
+    print(QStringLiteral(
+              "Made %1. Add a first user with: scintra-server password FILE ID --name \"LAST, FIRST\"")
+              .arg(file));
     return exitDone;
 }
 
@@ -69,7 +72,8 @@ int runDemo(const Arguments& arguments) {
 
 int runGenerate(const Arguments& arguments) {
     if (arguments.patients == 0)
-        throw base::RunTimeError(base::errors::invalidProcedureCall, QStringLiteral("How many? --patients N"));
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("How many? --patients N"));
     const QString file = fileOf(arguments);
     demo::ensureKit(*openHospital(file));
     demo::generatePatients(file, arguments.patients, showProgress);
@@ -92,9 +96,13 @@ int runPassword(const Arguments& arguments) {
     // Everything goes between quotes, so none may stand in it.
     const QString id = arguments.words[1];
     if (id.contains(u'\'') || id.isEmpty() || arguments.name.contains(u'\''))
-        throw base::RunTimeError(base::errors::invalidProcedureCall, QStringLiteral("A code or name cannot hold a quote."));
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("A code or name cannot hold a quote."));
     const bool known =
-        provider->execute(QStringLiteral("SELECT EmployeeID FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '%1'").arg(id))
+        provider
+            ->execute(
+                QStringLiteral("SELECT EmployeeID FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '%1'")
+                    .arg(id))
             .rows.count() > 0;
     if (!known && arguments.name.isEmpty())
         throw base::RunTimeError(base::errors::itemNotFound,
@@ -102,20 +110,26 @@ int runPassword(const Arguments& arguments) {
     std::fputs("Password: ", stderr);
     const QString password = readLine();
     if (password.isEmpty())
-        throw base::RunTimeError(base::errors::invalidProcedureCall, QStringLiteral("An empty password is none."));
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("An empty password is none."));
     const QString hash = demo::passwordHash(password);
     provider->begin();
     if (!known) {
-        provider->execute(QStringLiteral("INSERT INTO PASSWORD..tbPasswordMain (EmployeeID, Name, LastName, FirstName, DeptCode) "
-                                         "VALUES ('%1', '%2', '%3', '%4', '5')")
-                              .arg(id, arguments.name, arguments.name.section(u',', 0, 0).trimmed(),
-                                   arguments.name.section(u',', 1).trimmed()));
         provider->execute(
-            QStringLiteral("NUCLEAR..spNuclear_SaveUserRights '%1','|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18','%1'").arg(id));
+            QStringLiteral(
+                "INSERT INTO PASSWORD..tbPasswordMain (EmployeeID, Name, LastName, FirstName, DeptCode) "
+                "VALUES ('%1', '%2', '%3', '%4', '5')")
+                .arg(id, arguments.name, arguments.name.section(u',', 0, 0).trimmed(),
+                     arguments.name.section(u',', 1).trimmed()));
+        provider->execute(
+            QStringLiteral(
+                "NUCLEAR..spNuclear_SaveUserRights '%1','|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18','%1'")
+                .arg(id));
     }
-    provider->execute(QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET PasswordHash = '%1', WrongTries = 0, "
-                                     "LockedUntil = NULL WHERE EmployeeID = '%2'")
-                          .arg(hash, id));
+    provider->execute(
+        QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET PasswordHash = '%1', WrongTries = 0, "
+                       "LockedUntil = NULL WHERE EmployeeID = '%2'")
+            .arg(hash, id));
     provider->commit();
     print(QStringLiteral("Password of %1 set.").arg(id));
     return exitDone;
@@ -197,7 +211,8 @@ int runSql(const Arguments& arguments) {
 constexpr Command commandList[] = {
     {"demo", "[FILE]", "make the made-up hospital", 0, 1, runDemo},
     {"init", "[FILE]", "make an empty hospital", 0, 1, runInit},
-    {"password", "FILE ID [--name \"LAST, FIRST\"]", "set a user's password; with a name, add the user", 2, 2, runPassword},
+    {"password", "FILE ID [--name \"LAST, FIRST\"]", "set a user's password; with a name, add the user", 2, 2,
+     runPassword},
     {"generate", "[FILE] --patients N", "add made-up patients with stays", 0, 1, runGenerate},
     {"update", "[FILE]", "bring tables and procedures up to this program's", 0, 1, runUpdate},
     {"trace", "on|off|show [FILE]", "write down every statement, without results", 1, 2, runTrace},

@@ -89,7 +89,8 @@ int main(int argc, char** argv) {
     try {
         return command->run(arguments);
     } catch (const base::RunTimeError& error) {
-        std::fprintf(stderr, "scintra-server: %s (error %d)\n", qPrintable(error.description()), error.number());
+        std::fprintf(stderr, "scintra-server: %s (error %d)\n", qPrintable(error.description()),
+                     error.number());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "scintra-server: %s\n", error.what());
     }

@@ -1,5 +1,6 @@
 #include "platform/controls/Screen.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -16,6 +17,24 @@ namespace controls {
 namespace {
 
 constexpr int objectWasUnloaded = 364;
+
+bool isEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+/// Enter presses the button that it was typed on, and no other that has the focus by the time it arrives
+/// there.
+class ButtonKeys : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* button = qobject_cast<QAbstractButton*>(watched);
+        if (!button || event->type() != QEvent::KeyPress || !isEnter(*static_cast<QKeyEvent*>(event)))
+            return false;
+        button->click();
+        return true;
+    }
+};
 
 std::vector<Screen*>& openList() {
     static std::vector<Screen*> screens;
@@ -45,7 +64,7 @@ QWidget* openerOf(const Screen* screen) {
 
 } // namespace
 
-Screen::Screen(QWidget* parent) : QDialog(parent) {
+Screen::Screen(QWidget* parent) : QDialog(parent), m_buttonKeys(new ButtonKeys(this)) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMaximizeButtonHint, true);
     setSizeGripEnabled(false);
@@ -77,7 +96,10 @@ void Screen::calmButtons() {
     for (QPushButton* button : findChildren<QPushButton*>()) {
         button->setAutoDefault(false);
         button->setDefault(false);
+        button->installEventFilter(m_buttonKeys);
     }
+    for (QToolButton* button : findChildren<QToolButton*>())
+        button->installEventFilter(m_buttonKeys);
 }
 
 void Screen::ShowModal() {
@@ -200,16 +222,10 @@ void Screen::closeEvent(QCloseEvent* event) {
 
 void Screen::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        event->accept();
-        QWidget* focus = focusWidget();
-        if (auto* button = qobject_cast<QPushButton*>(focus))
-            button->click();
-        else if (auto* tool = qobject_cast<QToolButton*>(focus))
-            tool->click();
-        return;
-    }
-    QDialog::keyPressEvent(event);
+    if (plain && isEnter(*event))
+        event->accept(); // a field's Enter ends at its screen
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void Screen::reject() {

@@ -69,6 +69,7 @@ class Screen : public QDialog {
     void placeOver(QWidget* opener);
 
     bool m_loaded = false;
+    QObject* m_buttonKeys;
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_escapeCloses = false;

@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
+#include "platform/report/Formulas.h"
 
 #include <algorithm>
 

@@ -61,7 +61,9 @@ Value runRound(const Arguments& a) {
     if (a[0].isNull())
         return {};
     const double scale = std::pow(10.0, a.size() > 1 ? double(std::min<qsizetype>(length(a[1]), 12)) : 0.0);
-    return std::round(base::CDbl(a[0]) * scale) / scale;
+    // Halves are told on the decimal digits: 2.345 is a half although its binary value lies below.
+    const double scaled = QString::number(base::CDbl(a[0]) * scale, 'g', 15).toDouble();
+    return std::round(scaled) / scale;
 }
 
 constexpr std::array functions{

@@ -15,7 +15,7 @@ class LaidPages : public PageSource {
         : m_data(std::move(data))
         , m_evaluator(m_data)
         , m_bands(m_data, m_evaluator)
-        , m_builder(*m_data, m_evaluator, m_bands) {}
+        , m_builder(*m_data->definition, m_evaluator, m_bands) {}
 
     std::vector<TreeEntry> findPages() {
         std::vector<TreeEntry> tree;

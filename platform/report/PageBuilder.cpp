@@ -48,8 +48,8 @@ bool clip(Item& item, Length from, Length to) {
 
 } // namespace
 
-PageBuilder::PageBuilder(const ReportData& data, Evaluator& evaluator, BandLayout& bands)
-    : m_data(data), m_definition(*data.definition), m_evaluator(evaluator), m_bands(bands) {}
+PageBuilder::PageBuilder(const ReportDefinition& definition, Evaluator& evaluator, BandLayout& bands)
+    : m_definition(definition), m_evaluator(evaluator), m_flow(definition, evaluator), m_bands(bands) {}
 
 PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int pageCount) {
     m_built = {};
@@ -74,77 +74,8 @@ PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int
     return std::move(m_built);
 }
 
-const std::vector<Band>& PageBuilder::bandsAt(const Position& position) const {
-    switch (position.stage) {
-    case Stage::ReportHeader:
-        return m_definition.reportHeaders;
-    case Stage::GroupHeader:
-        return m_definition.groups[std::size_t(position.level)].headers;
-    case Stage::Details:
-        return m_definition.details;
-    case Stage::GroupFooter:
-        return m_definition.groups[std::size_t(position.level)].footers;
-    default:
-        return m_definition.reportFooters;
-    }
-}
-
-Position PageBuilder::rowBegin(qsizetype row) const {
-    Position position;
-    position.row = row;
-    position.level = m_evaluator.firstGroupBegun(row);
-    const bool begins = position.level < int(m_definition.groups.size());
-    position.stage = begins ? Stage::GroupHeader : Stage::Details;
-    return position;
-}
-
-Position PageBuilder::nextStage(const Position& position) const {
-    const int groups = int(m_definition.groups.size());
-    const qsizetype rows = m_evaluator.rowCount();
-    Position next;
-    next.row = position.row;
-    next.level = position.level;
-    switch (position.stage) {
-    case Stage::ReportHeader:
-        if (rows > 0)
-            return rowBegin(0);
-        next.stage = Stage::ReportFooter;
-        return next;
-    case Stage::GroupHeader:
-        next.stage = ++next.level < groups ? Stage::GroupHeader : Stage::Details;
-        return next;
-    case Stage::Details:
-    case Stage::GroupFooter:
-        next.level = position.stage == Stage::Details ? groups - 1 : position.level - 1;
-        next.stage = Stage::GroupFooter;
-        if (next.level >= m_evaluator.firstGroupEnded(position.row))
-            return next;
-        if (position.row + 1 < rows)
-            return rowBegin(position.row + 1);
-        next.level = 0;
-        next.stage = Stage::ReportFooter;
-        return next;
-    default:
-        next.stage = Stage::End;
-        return next;
-    }
-}
-
-void PageBuilder::advance() {
-    m_at.offset = {};
-    if (std::size_t(m_at.band) + 1 < bandsAt(m_at).size())
-        ++m_at.band;
-    else
-        m_at = nextStage(m_at);
-}
-
 Scope PageBuilder::scopeAt(const Position& position) const {
-    Scope scope;
-    const qsizetype rows = m_evaluator.rowCount();
-    const bool atEnd = position.stage == Stage::ReportFooter || position.stage == Stage::End;
-    scope.row = atEnd ? rows - 1 : std::min(position.row, rows - 1);
-    if (position.stage == Stage::GroupHeader || position.stage == Stage::GroupFooter)
-        scope.level = position.level;
+    Scope scope = m_flow.scopeAt(position);
     scope.pageNumber = m_pageNumber;
     scope.pageCount = m_pageCount;
     return scope;
@@ -191,16 +122,21 @@ void PageBuilder::placeReportHeaders() {
     m_hasBody = m_hasBody && m_at.stage == Stage::ReportHeader;
 }
 
+int PageBuilder::groupsGoingOn(const Position& start, int groups) {
+    switch (start.stage) {
+    case Stage::Details:
+        return groups;
+    case Stage::GroupHeader:
+        return start.level;
+    case Stage::GroupFooter:
+        return start.level + 1;
+    default:
+        return 0;
+    }
+}
+
 void PageBuilder::repeatGroupHeaders(const Position& start) {
-    int open = 0; // groups that go on from the page before
-    if (start.offset == Length() && start.stage == Stage::Details)
-        open = int(m_definition.groups.size());
-    else if (start.stage == Stage::Details)
-        open = int(m_definition.groups.size());
-    else if (start.stage == Stage::GroupHeader)
-        open = start.level;
-    else if (start.stage == Stage::GroupFooter)
-        open = start.level + 1;
+    const int open = groupsGoingOn(start, int(m_definition.groups.size()));
     const std::size_t itemsBefore = m_built.page.items.size();
     const Length before = m_y;
     for (int level = 0; level < open; ++level) {
@@ -219,7 +155,7 @@ void PageBuilder::repeatGroupHeaders(const Position& start) {
 
 /// Places the band at hand, or what of it fits; false when the page is full.
 bool PageBuilder::placeBody() {
-    const std::vector<Band>& bands = bandsAt(m_at);
+    const std::vector<Band>& bands = m_flow.bandsAt(m_at);
     const Group* begun = nullptr;
     if (m_at.stage == Stage::GroupHeader && m_at.band == 0 && m_at.offset == Length()) {
         begun = &m_definition.groups[std::size_t(m_at.level)];
@@ -234,7 +170,7 @@ bool PageBuilder::placeBody() {
     }
     if (begun)
         addTreeEntry();
-    advance();
+    m_at = m_flow.next(m_at);
     return true;
 }
 
@@ -262,31 +198,28 @@ bool PageBuilder::placeBand(const Band& band) {
     addSlice(laid, m_at.offset, laid.height);
     m_y += height;
     m_hasBody = m_hasBody || height > Length();
-    advance();
+    m_at = m_flow.next(m_at);
     return true;
 }
 
 /// Height of the headers that follow and of the first row: a header does not stand alone at a page's end.
 Length PageBuilder::keptWith(const Position& header) {
     Length height;
-    Position at = header;
-    for (;;) {
-        const std::vector<Band>& bands = bandsAt(at);
-        if (std::size_t(at.band) + 1 < bands.size())
-            ++at.band;
-        else if (at.stage == Stage::Details)
+    for (Position at = m_flow.next(header);; at = m_flow.next(at)) {
+        const std::vector<Band>& bands = m_flow.bandsAt(at);
+        const bool inRow = at.stage == Stage::GroupHeader || at.stage == Stage::Details;
+        if (!inRow)
             return height;
-        else
-            at = nextStage(at);
-        const std::vector<Band>& next = bandsAt(at);
-        if (std::size_t(at.band) < next.size() && m_bands.isVisible(next[std::size_t(at.band)], scopeAt(at)))
-            height += m_bands.lay(next[std::size_t(at.band)], scopeAt(at)).height;
+        if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
+            height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
+        if (at.stage == Stage::Details && std::size_t(at.band) + 1 >= bands.size())
+            return height;
     }
 }
 
 Length PageBuilder::bottomBands(const Position& footer) {
     Length height;
-    const std::vector<Band>& bands = bandsAt(footer);
+    const std::vector<Band>& bands = m_flow.bandsAt(footer);
     for (std::size_t i = std::size_t(footer.band); i < bands.size(); ++i) {
         if (bands[i].atBottom && m_bands.isVisible(bands[i], scopeAt(footer)))
             height += m_bands.lay(bands[i], scopeAt(footer)).height;

@@ -1,29 +1,16 @@
 #pragma once
 
+#include "platform/report/BandFlow.h"
 #include "platform/report/BandLayout.h"
 #include "platform/report/PageDocument.h"
 
 namespace report {
 
-/// A place in the flow of bands: report headers, then each row with the group bands around it, then report
-/// footers.
-struct Position {
-    enum class Stage { ReportHeader, GroupHeader, Details, GroupFooter, ReportFooter, End };
-
-    Stage stage = Stage::ReportHeader;
-    qsizetype row = 0;
-    int level = 0; ///< of a group band
-    int band = 0;  ///< among the bands of the stage
-    Length offset; ///< how much of the band earlier pages show
-
-    bool operator==(const Position&) const = default;
-};
-
 /// Builds one page from the place where it begins. A page depends on nothing but that place, its number and
 /// the number of pages, so it can be made again at any time.
 class PageBuilder {
   public:
-    PageBuilder(const ReportData& data, Evaluator& evaluator, BandLayout& bands);
+    PageBuilder(const ReportDefinition& definition, Evaluator& evaluator, BandLayout& bands);
 
     struct Built {
         Page page;
@@ -34,11 +21,9 @@ class PageBuilder {
     Built build(const Position& start, int pageNumber, int pageCount);
 
   private:
-    const std::vector<Band>& bandsAt(const Position& position) const;
-    Position nextStage(const Position& position) const;
-    Position rowBegin(qsizetype row) const;
-    void advance();
     Scope scopeAt(const Position& position) const;
+    /// Of the outermost groups, how many have begun on an earlier page.
+    static int groupsGoingOn(const Position& start, int groups);
 
     Length placeAll(const std::vector<Band>& bands, Length y, const Scope& scope);
     void placeFooter(const Position& start);
@@ -54,9 +39,9 @@ class PageBuilder {
     void splitBand(const LaidBand& laid);
     void addTreeEntry();
 
-    const ReportData& m_data;
     const ReportDefinition& m_definition;
     Evaluator& m_evaluator;
+    BandFlow m_flow;
     BandLayout& m_bands;
 
     // of the page in work

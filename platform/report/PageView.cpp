@@ -194,9 +194,9 @@ void PageView::paintSheet(QPainter& painter, int page) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    for (int reach = 6; reach > 0; --reach) { // a soft shadow, stronger towards the sheet
-        painter.setBrush(withAlpha(controls::look::ink, 8));
-        painter.drawRoundedRect(sheet.adjusted(-reach, 1 - reach, reach, reach + 2), reach + 1, reach + 1);
+    for (int reach = 7; reach > 0; --reach) { // a soft shadow, stronger towards the sheet and below it
+        painter.setBrush(withAlpha(controls::look::ink, 4));
+        painter.drawRoundedRect(sheet.adjusted(-reach, 3 - reach, reach, reach + 2), reach, reach);
     }
     painter.restore();
     painter.fillRect(sheet, controls::look::card);
@@ -214,12 +214,12 @@ void PageView::paintSheet(QPainter& painter, int page) const {
 
 void PageView::paintMarks(QPainter& painter, int page) const {
     const auto onPage = [](const Hit& hit, int number) { return hit.page < number; };
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply); // the text stays as dark as it was
     auto hit = std::lower_bound(m_hits.begin(), m_hits.end(), page, onPage);
     for (; hit != m_hits.end() && hit->page == page; ++hit) {
         const bool current = hit - m_hits.begin() == m_currentHit;
         const QRectF place = onScreen(page, hit->frame).adjusted(-1, 0, 1, 0);
-        painter.fillRect(place,
-                         withAlpha(current ? QColor(0xF2, 0x9D, 0x1F) : QColor(0xFF, 0xE0, 0x66), 120));
+        painter.fillRect(place, current ? QColor(0xFB, 0xC1, 0x6B) : QColor(0xFF, 0xF0, 0xA8));
         if (current) {
             painter.setPen(controls::look::warn);
             painter.drawRect(place);

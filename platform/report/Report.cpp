@@ -15,6 +15,8 @@ constexpr qint64 largestFile = 4 * 1024 * 1024;
 
 /// The entry of `folder` with that name in any case, the exact one first; empty when there is none.
 QString entryOf(const QDir& folder, const QString& name) {
+    if (name.isEmpty())
+        return {};
     if (folder.exists(name))
         return folder.filePath(name);
     const QStringList entries = folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);

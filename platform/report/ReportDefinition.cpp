@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "platform/report/DefinitionReader.h"
+#include "platform/report/Formulas.h"
 #include "platform/report/ReportError.h"
 
 #include <QRegularExpression>

@@ -44,6 +44,7 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     m_tree->setObjectName(QStringLiteral("groupTree"));
     m_tree->setHeaderHidden(true);
     m_tree->setAccessibleName(tr("Groups of the report"));
+    m_tree->setMinimumWidth(controls::look::scaled(200));
     m_tree->hide();
     m_findBar = new FindBar(this);
     m_findBar->hide();
@@ -51,7 +52,6 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     splitter->addWidget(m_tree);
     splitter->addWidget(m_pages);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({220, 800});
     splitter->setChildrenCollapsible(false);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -157,10 +157,11 @@ void Viewer::addZoomBox() {
 void Viewer::connectPages() {
     controls::on(m_pages, &PageView::pageChanged, this, [this](int page) { showPage(page); });
     controls::on(m_pages, &PageView::zoomChanged, this, [this] { showZoom(); });
-    controls::on(m_tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item, QTreeWidgetItem*) {
-        if (item)
-            m_pages->goTo(item->data(0, PageRole).toInt(), Length{item->data(0, HeightRole).toInt()});
-    });
+    controls::on(
+        m_tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item, QTreeWidgetItem*) {
+            if (item)
+                m_pages->goTo(item->data(0, PageRole).toInt(), Length{item->data(0, HeightRole).toInt()});
+        });
     controls::on(m_findBar, &FindBar::textChanged, this, [this](const QString& text) { find(text); });
     controls::on(m_findBar, &FindBar::step, this, [this](int direction) { findStep(direction); });
     controls::on(m_findBar, &FindBar::closed, this, [this] {

@@ -36,7 +36,8 @@ File openHospital(const QString& name) {
     if (!QFileInfo::exists(name))
         throw base::RunTimeError(53, QStringLiteral("File not found: ") + name);
     File file = openFile(name, SQLITE_OPEN_READWRITE);
-    if (sqlite3_exec(file.get(), "SELECT value FROM \"scintra.settings\"", nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(file.get(), "SELECT value FROM \"scintra.settings\"", nullptr, nullptr, nullptr) !=
+        SQLITE_OK)
         throw base::RunTimeError(321, QStringLiteral("Not a hospital file: ") + name);
     return file;
 }
@@ -57,7 +58,8 @@ void copyPages(sqlite3* from, sqlite3* to, int pages, const Progress& progress) 
     } while (result == SQLITE_OK);
     sqlite3_backup_finish(backup);
     if (result == SQLITE_BUSY || result == SQLITE_LOCKED)
-        throw base::RunTimeError(70, QStringLiteral("Permission denied: the file is locked by a workstation."));
+        throw base::RunTimeError(70,
+                                 QStringLiteral("Permission denied: the file is locked by a workstation."));
     if (result != SQLITE_DONE)
         throw base::RunTimeError(75, QString::fromUtf8(sqlite3_errstr(result)));
 }
@@ -67,7 +69,8 @@ void copyPages(sqlite3* from, sqlite3* to, int pages, const Progress& progress) 
 void backupHospital(const QString& from, const QString& to, const Progress& progress) {
     const File source = openHospital(from);
     // An open read keeps the moment, so that writers do not make the copy begin anew.
-    if (sqlite3_exec(source.get(), "BEGIN; SELECT COUNT(*) FROM sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(source.get(), "BEGIN; SELECT COUNT(*) FROM sqlite_master", nullptr, nullptr, nullptr) !=
+        SQLITE_OK)
         throw base::RunTimeError(75, QString::fromUtf8(sqlite3_errmsg(source.get())));
     const QString unfinished = to + QStringLiteral(".new");
     QFile::remove(unfinished);

@@ -16,8 +16,9 @@ QString fullName(const PersonName& name) {
 }
 
 void writeDeposits(World& world) {
-    TableWriter deposits(world.file, "BILLING..tbDeposit",
-                         {"IdNum", "HospNum", "PatientName", "TransDate", "ORNumber", "Amount", "Balance", "UserID"});
+    TableWriter deposits(
+        world.file, "BILLING..tbDeposit",
+        {"IdNum", "HospNum", "PatientName", "TransDate", "ORNumber", "Amount", "Balance", "UserID"});
     TableWriter receipts(world.file, "BILLING..tbCashReceipt",
                          {"ORNumber", "PaymentFrom", "TransDate", "Amount", "TransactionType", "UserID"});
     int number = firstReceipt + 500;
@@ -28,7 +29,8 @@ void writeDeposits(World& world) {
         const QString receipt = QStringLiteral("OR%1").arg(number++);
         const double amount = world.chance.between(2, 20) * 1000.0;
         const base::DateTime moment{stay.from.ms + 2 * hourMs};
-        deposits.row(stay.idNum, stay.hospNum, fullName(stay.name), moment, receipt, amount, amount / (1 + written % 2), "3001");
+        deposits.row(stay.idNum, stay.hospNum, fullName(stay.name), moment, receipt, amount,
+                     amount / (1 + written % 2), "3001");
         receipts.row(receipt, fullName(stay.name), moment, amount, "DEPOSIT", "3001");
         ++written;
     }
@@ -36,8 +38,8 @@ void writeDeposits(World& world) {
 
 void writePrepaid(World& world) {
     TableWriter table(world.file, "NUCLEAR..tbNucPrepaid",
-                      {"RequestNum", "RefNum", "HospNum", "IdNum", "RevenueID", "ItemID", "Quantity", "Amount", "DoctorID",
-                       "TransDate", "UserID", "PrintStatus", "PrintDate"});
+                      {"RequestNum", "RefNum", "HospNum", "IdNum", "RevenueID", "ItemID", "Quantity",
+                       "Amount", "DoctorID", "TransDate", "UserID", "PrintStatus", "PrintDate"});
     int written = 0;
     for (const Stay& stay : world.stays) {
         if (!stay.outPatient || !stay.open || written == 4)
@@ -45,8 +47,9 @@ void writePrepaid(World& world) {
         const Exam& exam = exams()[std::size_t(written * 5)];
         const base::DateTime moment{world.now.ms - (4 + written) * hourMs};
         const bool printed = written == 3;
-        table.row(QStringLiteral("PP%1").arg(801 + written), QStringLiteral("PS%1").arg(401 + written), stay.hospNum, stay.idNum,
-                  "NU", exam.code, 1.0, exam.rateA, stay.doctor, moment, "3001", printed ? "P" : "",
+        table.row(QStringLiteral("PP%1").arg(801 + written), QStringLiteral("PS%1").arg(401 + written),
+                  stay.hospNum, stay.idNum, "NU", exam.code, 1.0, exam.rateA, stay.doctor, moment, "3001",
+                  printed ? "P" : "",
                   printed ? std::optional(base::DateTime{moment.ms + hourMs}) : std::nullopt);
         ++written;
     }
@@ -54,11 +57,13 @@ void writePrepaid(World& world) {
 
 } // namespace
 
-/// Assessments of walk-in and cash-basis patients (paid, waiting, revoked), receipts, deposits and prepaid requests.
+/// Assessments of walk-in and cash-basis patients (paid, waiting, revoked), receipts, deposits and prepaid
+/// requests.
 void writeCashier(World& world) {
     TableWriter assessments(world.file, "BILLING..tbCashAssessment",
-                            {"HospNum", "IdNum", "PatientName", "TransDate", "RequestNum", "ItemID", "Amount", "UserID",
-                             "RefNum", "RevenueID", "SectionID", "DoctorID", "Quantity", "ORNumber", "RecordStatus"});
+                            {"HospNum", "IdNum", "PatientName", "TransDate", "RequestNum", "ItemID", "Amount",
+                             "UserID", "RefNum", "RevenueID", "SectionID", "DoctorID", "Quantity", "ORNumber",
+                             "RecordStatus"});
     TableWriter receipts(world.file, "BILLING..tbCashReceipt",
                          {"ORNumber", "PaymentFrom", "TransDate", "Amount", "TransactionType", "UserID"});
     std::vector<const Stay*> cashBasis;
@@ -83,17 +88,22 @@ void writeCashier(World& world) {
             const Exam& exam = exams()[std::size_t(i * 3 + line) % exams().size()];
             const double amount = examRate(exam, roomClass);
             total += amount;
-            assessments.row(stay ? stay->hospNum : walkIn.hospNum, stay ? stay->idNum : QString(), name, moment,
-                            QStringLiteral("NU%1").arg(lineNumber++), exam.code, amount, "1002", refNum, "NU", "",
-                            doctorCode(i % doctorCount), 1.0,
-                            paid ? std::optional<QString>(receipt) : std::nullopt, paid ? "1" : revoked ? "R" : "");
+            assessments.row(stay ? stay->hospNum : walkIn.hospNum, stay ? stay->idNum : QString(), name,
+                            moment, QStringLiteral("NU%1").arg(lineNumber++), exam.code, amount, "1002",
+                            refNum, "NU", "", doctorCode(i % doctorCount), 1.0,
+                            paid ? std::optional<QString>(receipt) : std::nullopt,
+                            paid      ? "1"
+                            : revoked ? "R"
+                                      : "");
         }
         if (paid)
-            receipts.row(receipt, name, base::DateTime{moment.ms + hourMs / 2}, total, "NUCLEAR MEDICINE", "3001");
+            receipts.row(receipt, name, base::DateTime{moment.ms + hourMs / 2}, total, "NUCLEAR MEDICINE",
+                         "3001");
     }
-    runOnFile(world.file, QStringLiteral("UPDATE \"BILLING.tbAssessmentNum\" SET assessmentnum = %1, RequestNum = %2")
-                              .arg(firstAssessment + assessmentCount - 1)
-                              .arg(lineNumber - 1));
+    runOnFile(world.file,
+              QStringLiteral("UPDATE \"BILLING.tbAssessmentNum\" SET assessmentnum = %1, RequestNum = %2")
+                  .arg(firstAssessment + assessmentCount - 1)
+                  .arg(lineNumber - 1));
     writeDeposits(world);
     writePrepaid(world);
 }

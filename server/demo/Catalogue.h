@@ -17,6 +17,8 @@ struct Exam {
     bool fixedRate;
 };
 std::span<const Exam> exams();
+/// To the nearest ten.
+double roundedRate(double amount);
 /// By class "A" to "E"; 0 for any other.
 double examRate(const Exam& exam, const QString& roomClass);
 
@@ -42,7 +44,14 @@ inline constexpr const char* unknownRoom = "X99";
 /// Account numbers of the companies; the first three are HMOs.
 std::span<const char* const> companyAccounts();
 
+struct Doctor {
+    const char* last;
+    const char* first;
+    const char* middle;
+    const char* specialty;
+};
 inline constexpr int doctorCount = 30;
+std::span<const Doctor> doctors();
 QString doctorCode(int index);
 QString doctorName(int index);
 

@@ -38,11 +38,11 @@ class Generator {
         , m_outNum(nextNumber(file, "substr(IdNum, 2)", "PATIENT_DATA..tbOutPatient"))
         , m_chance(std::uint64_t(m_hospNum))
         , m_master(file, "PATIENT_DATA..tbMaster",
-                   {"HospNum", "LastName", "FirstName", "MiddleName", "Sex", "BirthDate", "BloodType", "CivilStatus",
-                    "HouseStreet", "Barangay", "ZipCode", "AccountNum"})
+                   {"HospNum", "LastName", "FirstName", "MiddleName", "Sex", "BirthDate", "BloodType",
+                    "CivilStatus", "HouseStreet", "Barangay", "ZipCode", "AccountNum"})
         , m_in(file, "PATIENT_DATA..tbPatient",
-               {"IdNum", "HospNum", "AdmDate", "DcrDate", "BillingDate", "RoomID", "DoctorID1", "AccountNum", "Age",
-                "InvoiceNumber"})
+               {"IdNum", "HospNum", "AdmDate", "DcrDate", "BillingDate", "RoomID", "DoctorID1", "AccountNum",
+                "Age", "InvoiceNumber"})
         , m_in2(file, "PATIENT_DATA..tbPatient2", {"IdNum", "OkeyNU"})
         , m_out(file, "PATIENT_DATA..tbOutPatient",
                 {"IdNum", "HospNum", "AdmDate", "DcrDate", "BillingDate", "DoctorID1", "AccountNum", "Age",
@@ -68,7 +68,8 @@ class Generator {
 void Generator::writePatient() {
     const QString hospNum = QString::number(m_hospNum++);
     const PersonName name = drawName(m_chance);
-    const base::DateTime birth{base::dateOnly(m_now).ms - qint64(m_chance.between(yearsBack * 366, 90 * 365)) * dayMs};
+    const base::DateTime birth{base::dateOnly(m_now).ms -
+                               qint64(m_chance.between(yearsBack * 366, 90 * 365)) * dayMs};
     const QString account =
         m_chance.inHundred(60) ? QString::fromLatin1(m_chance.of(companyAccounts())) : hospNum;
     m_master.row(hospNum, name.last, name.first, name.middle, name.female ? "F" : "M",
@@ -86,23 +87,26 @@ void Generator::admit(const QString& hospNum, const QString& account, base::Date
     const QString idNum = QString::number(m_inNum++);
     const Room& room = m_chance.of(rooms());
     const bool present = m_chance.between(1, 1000) <= 2;
-    const base::DateTime from = before(m_now, m_chance.between(1, present ? 9 : yearsBack * 365), m_chance.between(0, 23),
-                                       m_chance.between(0, 59));
+    const base::DateTime from = before(m_now, m_chance.between(1, present ? 9 : yearsBack * 365),
+                                       m_chance.between(0, 23), m_chance.between(0, 59));
     const qint64 days = std::min<qint64>(m_chance.between(1, 12), (m_now.ms - from.ms) / dayMs);
     const base::DateTime left{from.ms + days * dayMs};
     const auto closed = present ? std::nullopt : std::optional(left);
-    m_in.row(idNum, hospNum, from, closed, closed, room.roomID, doctorCode(m_chance.between(0, doctorCount - 1)), account,
-             ageAt(birth, from), present ? QString() : QStringLiteral("SI") + idNum);
+    m_in.row(idNum, hospNum, from, closed, closed, room.roomID,
+             doctorCode(m_chance.between(0, doctorCount - 1)), account, ageAt(birth, from),
+             present ? QString() : QStringLiteral("SI") + idNum);
     m_in2.row(idNum, present && m_chance.inHundred(8) ? 1 : 0);
 }
 
 void Generator::registerOutPatient(const QString& hospNum, const QString& account, base::DateTime birth) {
     const QString number = QStringLiteral("%1").arg(m_outNum++, 8, 10, QLatin1Char('0'));
-    const base::DateTime from = before(m_now, m_chance.between(0, yearsBack * 365), 6, m_chance.between(0, 59));
+    const base::DateTime from =
+        before(m_now, m_chance.between(0, yearsBack * 365), 6, m_chance.between(0, 59));
     const bool present = from.ms > m_now.ms - dayMs;
     const auto closed = present ? std::nullopt : std::optional(base::DateTime{from.ms + 8 * hourMs});
-    m_out.row(QStringLiteral("O") + number, hospNum, from, closed, closed, doctorCode(m_chance.between(0, doctorCount - 1)),
-              account, ageAt(birth, from), present ? QString() : QStringLiteral("SO") + number);
+    m_out.row(QStringLiteral("O") + number, hospNum, from, closed, closed,
+              doctorCode(m_chance.between(0, doctorCount - 1)), account, ageAt(birth, from),
+              present ? QString() : QStringLiteral("SO") + number);
 }
 
 } // namespace
@@ -110,7 +114,8 @@ void Generator::registerOutPatient(const QString& hospNum, const QString& accoun
 void generatePatients(const QString& file, int count, const Progress& progress) {
     const auto provider = engine::EmbeddedProvider::open(file, {});
     // The name index is written all over; it must not fall out of memory between two rows.
-    runOnFile(provider->handle(), QStringLiteral("PRAGMA cache_size = -400000; PRAGMA wal_autocheckpoint = 100000"));
+    runOnFile(provider->handle(),
+              QStringLiteral("PRAGMA cache_size = -400000; PRAGMA wal_autocheckpoint = 100000"));
     Generator generator(provider->handle());
     for (int done = 0; done < count;) {
         const int end = std::min(done + pieceSize, count);

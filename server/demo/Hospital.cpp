@@ -35,7 +35,8 @@ void writeDemo(engine::EmbeddedProvider& provider, const Progress& progress) {
     writeCashier(world);
 }
 
-/// Made under another name and renamed when it is whole, so that a half-made file is never taken for a hospital.
+/// Made under another name and renamed when it is whole, so that a half-made file is never taken for a
+/// hospital.
 void makeFile(const QString& file, bool withDemo, const Progress& progress) {
     if (QFileInfo::exists(file))
         throw base::RunTimeError(58, QStringLiteral("File already exists: ") + file);

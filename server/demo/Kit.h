@@ -17,8 +17,8 @@ struct KitFile {
     QString text;
 };
 
-/// The T-SQL files compiled into the program, in the order in which they are to be installed: tables, functions,
-/// views, procedures, the rows that every hospital needs.
+/// The T-SQL files compiled into the program, in the order in which they are to be installed: tables,
+/// functions, views, procedures, the rows that every hospital needs.
 const std::vector<KitFile>& kitFiles();
 /// Changes with every change of a file.
 QString kitVersion();

@@ -4,8 +4,8 @@
 
 namespace demo {
 
-/// Argon2id text with its own salt, as PASSWORD..tbPasswordMain keeps it; about a tenth of a second. Raises 7 (out of
-/// memory) when the machine cannot.
+/// Argon2id text with its own salt, as PASSWORD..tbPasswordMain keeps it; about a tenth of a second. Raises 7
+/// (out of memory) when the machine cannot.
 QString passwordHash(const QString& password);
 
 } // namespace demo

@@ -32,7 +32,8 @@ PersonName oddName(int index) {
     case 8:
         return {QStringLiteral("D'SOUZA"), QString::fromUtf8("MARÍA"), QString::fromUtf8("NÚÑEZ"), true};
     case 14:
-        return {QString::fromUtf8("PEÑAFLORIDA"), QString::fromUtf8("JOSÉ"), QString::fromUtf8("IBAÑEZ"), false};
+        return {QString::fromUtf8("PEÑAFLORIDA"), QString::fromUtf8("JOSÉ"), QString::fromUtf8("IBAÑEZ"),
+                false};
     case 21:
         return {QStringLiteral("SANTOS-REYES"), QStringLiteral("MA. LOURDES"), QStringLiteral("L."), true};
     default:
@@ -45,7 +46,8 @@ std::optional<base::DateTime> drawBirth(Chance& chance, base::DateTime now) {
     if (chance.inHundred(6))
         return std::nullopt;
     const int years = chance.inHundred(15) ? chance.between(1, 17) : chance.between(18, 88);
-    return base::DateTime{base::dateOnly(now).ms - qint64(years * 365.25) * dayMs - chance.between(0, 364) * dayMs};
+    return base::DateTime{base::dateOnly(now).ms - qint64(years * 365.25) * dayMs -
+                          chance.between(0, 364) * dayMs};
 }
 
 /// An account of a company for three in five; else the patient's own, which is the hospital number.
@@ -58,12 +60,13 @@ class PatientWriter {
     explicit PatientWriter(World& world)
         : m_world(world)
         , m_master(world.file, "PATIENT_DATA..tbMaster",
-                   {"HospNum", "LastName", "FirstName", "MiddleName", "Sex", "BirthDate", "BloodType", "CivilStatus",
-                    "HouseStreet", "Barangay", "ZipCode", "TelNum", "AccountNum"})
+                   {"HospNum", "LastName", "FirstName", "MiddleName", "Sex", "BirthDate", "BloodType",
+                    "CivilStatus", "HouseStreet", "Barangay", "ZipCode", "TelNum", "AccountNum"})
         , m_in(world.file, "PATIENT_DATA..tbPatient",
                {"IdNum", "HospNum", "AdmDate", "DcrDate", "BillingDate", "RoomID", "DoctorID1", "DoctorID2",
                 "AccountNum", "Age", "InvoiceNumber", "LateCharges", "AdmDiagnosis", "UserID"})
-        , m_in2(world.file, "PATIENT_DATA..tbPatient2", {"IdNum", "OkeyNU", "OkeyPH", "OkeyCS", "AskCashBasis"})
+        , m_in2(world.file, "PATIENT_DATA..tbPatient2",
+                {"IdNum", "OkeyNU", "OkeyPH", "OkeyCS", "AskCashBasis"})
         , m_history(world.file, "PATIENT_DATA..tbPatientHistory",
                     {"IdNum", "Height", "Weight", "BloodPressure", "ChiefComplaint", "Allergies"})
         , m_out(world.file, "PATIENT_DATA..tbOutPatient",
@@ -98,8 +101,8 @@ Registered PatientWriter::registerPatient(int index) {
         patient.name = odd;
     patient.birth = drawBirth(chance, m_world.now);
     m_master.row(patient.hospNum, patient.name.last, patient.name.first, patient.name.middle,
-                 patient.name.female ? "F" : "M", patient.birth, chance.of(std::span<const char* const>(bloodTypes)),
-                 QString::number(chance.between(1, 4)),
+                 patient.name.female ? "F" : "M", patient.birth,
+                 chance.of(std::span<const char* const>(bloodTypes)), QString::number(chance.between(1, 4)),
                  QString::number(chance.between(1, 480)) + u' ' + QString::fromUtf8(chance.of(streets())),
                  chance.of(barangays()), chance.of(towns()).zipCode,
                  QStringLiteral("0918-555-%1").arg(chance.between(1000, 9999)), patient.hospNum);
@@ -107,8 +110,9 @@ Registered PatientWriter::registerPatient(int index) {
 }
 
 void PatientWriter::writeHistory(const QString& idNum) {
-    static constexpr const char* complaints[] = {"PALPITATIONS", "BACK PAIN", "NECK MASS", "CHEST PAIN", "FLANK PAIN",
-                                                 "WEIGHT LOSS", "EASY FATIGABILITY", "ABDOMINAL PAIN"};
+    static constexpr const char* complaints[] = {"PALPITATIONS",      "BACK PAIN",     "NECK MASS",
+                                                 "CHEST PAIN",        "FLANK PAIN",    "WEIGHT LOSS",
+                                                 "EASY FATIGABILITY", "ABDOMINAL PAIN"};
     Chance& chance = m_world.chance;
     m_history.row(idNum, QString::number(chance.between(140, 185)), QString::number(chance.between(38, 96)),
                   QString::number(chance.between(10, 15) * 10) + QStringLiteral("/") +
@@ -154,8 +158,8 @@ void PatientWriter::admit(int index) {
     stay.cashBasis = stay.open && index % 11 == 5;
     m_in.row(stay.idNum, stay.hospNum, stay.from, discharged, billed, stay.room, stay.doctor,
              doctorCode(chance.between(0, doctorCount - 1)), drawAccount(chance, stay.hospNum),
-             ageOf(patient, stay.from), billed ? QStringLiteral("SI%1").arg(88000 + index) : QString(), late ? 1 : 0,
-             "FOR WORK-UP", "3001");
+             ageOf(patient, stay.from), billed ? QStringLiteral("SI%1").arg(88000 + index) : QString(),
+             late ? 1 : 0, "FOR WORK-UP", "3001");
     m_in2.row(stay.idNum, stay.cashBasis ? 1 : 0, 0, 0, stay.cashBasis ? 1 : 0);
     writeHistory(stay.idNum);
     m_world.stays.push_back(stay);
@@ -188,8 +192,9 @@ void PatientWriter::registerOutPatient(int index) {
     // Three closed ones: with an invoice, open again for late charges, and closed for good.
     const bool late = billed && index % 5 == 0;
     const bool invoiced = billed && index % 5 < 3 && !late;
-    m_out.row(stay.idNum, stay.hospNum, stay.from, discharged, billed, stay.doctor, drawAccount(chance, stay.hospNum),
-              ageOf(patient, stay.from), invoiced ? QStringLiteral("SO%1").arg(51000 + index) : QString(), late ? 1 : 0,
+    m_out.row(stay.idNum, stay.hospNum, stay.from, discharged, billed, stay.doctor,
+              drawAccount(chance, stay.hospNum), ageOf(patient, stay.from),
+              invoiced ? QStringLiteral("SO%1").arg(51000 + index) : QString(), late ? 1 : 0,
               stay.open && index % 13 == 0 ? "R" : "", "3001");
     m_in2.row(stay.idNum, 0, 0, 0, 0);
     writeHistory(stay.idNum);
@@ -198,8 +203,8 @@ void PatientWriter::registerOutPatient(int index) {
 
 void writeWalkIns(World& world) {
     TableWriter table(world.file, "PATIENT_DATA..tbCashPatient",
-                      {"hospnum", "LastName", "FirstName", "MiddleName", "BirthDate", "Age", "Sex", "Civilstatusid",
-                       "HouseStreet", "Barangay", "ZipCode", "RegDate"});
+                      {"hospnum", "LastName", "FirstName", "MiddleName", "BirthDate", "Age", "Sex",
+                       "Civilstatusid", "HouseStreet", "Barangay", "ZipCode", "RegDate"});
     for (int i = 0; i < walkInCount; ++i) {
         const WalkIn walkIn{QStringLiteral("W%1").arg(firstWalkInNum + i), drawName(world.chance)};
         const auto birth = drawBirth(world.chance, world.now);
@@ -213,7 +218,9 @@ void writeWalkIns(World& world) {
         world.walkIns.push_back(walkIn);
     }
     const int last = firstWalkInNum + walkInCount - 1;
-    runOnFile(world.file, QStringLiteral("UPDATE \"PATIENT_DATA.tbLastWalkInNum\" SET lastopd = 'W%1', transnum = %1").arg(last));
+    runOnFile(world.file,
+              QStringLiteral("UPDATE \"PATIENT_DATA.tbLastWalkInNum\" SET lastopd = 'W%1', transnum = %1")
+                  .arg(last));
 }
 
 } // namespace

@@ -28,33 +28,53 @@ struct Line {
     bool revoked;
 };
 
-/// Slips of the past weeks, filed as the screens file them: request, log book, bill or stock card, and for most of
-/// the exams a result.
+/// Slips of the past weeks, filed as the screens file them: request, log book, bill or stock card, and for
+/// most of the exams a result.
 class RequestWriter {
   public:
     explicit RequestWriter(World& world)
         : m_world(world)
         , m_master(world.file, "NUCLEAR..tbNucMaster",
-                   {"RequestNum", "HospNum", "IdNum", "ItemID", "RevenueID", "PatientType", "RefNum", "NurseRequestNum",
-                    "Quantity", "Amount", "RequestDocCode", "UserID", "TransDate", "RequestStatus", "Classification",
-                    "ResultDate", "RevokeDate"})
+                   {"RequestNum", "HospNum", "IdNum", "ItemID", "RevenueID", "PatientType", "RefNum",
+                    "NurseRequestNum", "Quantity", "Amount", "RequestDocCode", "UserID", "TransDate",
+                    "RequestStatus", "Classification", "ResultDate", "RevokeDate"})
         , m_logBook(world.file, "STATION..tbNurseLogBook",
-                    {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID", "Description", "Quantity",
-                     "Amount", "RequestDate", "UserID", "RecordStatus", "ReferenceNum", "ProcessBy", "ProcessDate",
-                     "ResultDate", "ResultBy"})
+                    {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID", "Description",
+                     "Quantity", "Amount", "RequestDate", "UserID", "RecordStatus", "ReferenceNum",
+                     "ProcessBy", "ProcessDate", "ResultDate", "ResultBy"})
         , m_bill(world.file, "BILLING..tbDailyBill",
-                 {"PatientType", "IdNum", "HospNum", "TransDate", "RefNum", "ItemID", "RevenueID", "SectionID",
-                  "Quantity", "Amount", "UserID", "Marker"})
+                 {"PatientType", "IdNum", "HospNum", "TransDate", "RefNum", "ItemID", "RevenueID",
+                  "SectionID", "Quantity", "Amount", "UserID", "Marker"})
         , m_stock(world.file, "INVENTORY..tbInvStockCard",
-                  {"HospNum", "IdNum", "ItemID", "TransDate", "RefNum", "Quantity", "Amount", "UserID", "Dosage",
-                   "RoomID", "LocationID", "SummaryCode", "StockClass", "Direction"})
+                  {"HospNum", "IdNum", "ItemID", "TransDate", "RefNum", "Quantity", "Amount", "UserID",
+                   "Dosage", "RoomID", "LocationID", "SummaryCode", "StockClass", "Direction"})
         , m_result(world.file, "NUCLEAR..tbNucResult",
-                   {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode", "RequestDocCode",
-                    "ItemID", "Dose", "Radiopharmaceutical", "Route", "Projections", "Interpretation", "Conclusion",
-                    "ClinicalHistory", "Left7", "Right7", "Scale", "Weight", "Height", "UserID", "ResultDate"})
+                   {"RequestNum",
+                    "HospNum",
+                    "IdNum",
+                    "CaseNumber",
+                    "PatientType",
+                    "AttendingDocCode",
+                    "RequestDocCode",
+                    "ItemID",
+                    "Dose",
+                    "Radiopharmaceutical",
+                    "Route",
+                    "Projections",
+                    "Interpretation",
+                    "Conclusion",
+                    "ClinicalHistory",
+                    "Left7",
+                    "Right7",
+                    "Scale",
+                    "Weight",
+                    "Height",
+                    "UserID",
+                    "ResultDate"})
         , m_radio(world.file, "NUCLEAR..tbNucRadioResult",
-                  {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode", "RequestDocCode",
-                   "ItemID", "Dose", "UserID", "ResultDate", "TSH", "FreeT4", "FreeT3", "Technologist"})
+                  {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode",
+                   "RequestDocCode", "ItemID", "Dose", "UserID", "ResultDate", "TSH", "FreeT4", "FreeT3",
+                   "Technologist"})
         , m_caseBook(world.file, "NUCLEAR..tbNucLogBook",
                      {"CaseNumber", "RequestNum", "HospNum", "IdNum", "PatientType", "ItemID", "DoctorID",
                       "RequestDocCode", "UserID", "ResultDate", "Status"}) {}
@@ -112,9 +132,13 @@ void RequestWriter::writeExamLine(Line line, const Exam& exam) {
     const bool done = !line.revoked && resultDate < m_world.now && m_world.chance.inHundred(70);
     writeLine(line, line.revoked ? "R" : done ? "W" : "X", done ? std::optional(resultDate) : std::nullopt);
     writeBill(line);
-    m_master.row(line.requestNum, line.stay.hospNum, line.stay.idNum, line.itemID, line.revenue, "I", line.refNum,
-                 line.requestNum, line.quantity, line.amount, line.stay.doctor, line.user, line.moment,
-                 line.revoked ? "R" : done ? "W" : "", "", done ? std::optional(resultDate) : std::nullopt,
+    m_master.row(line.requestNum, line.stay.hospNum, line.stay.idNum, line.itemID, line.revenue, "I",
+                 line.refNum, line.requestNum, line.quantity, line.amount, line.stay.doctor, line.user,
+                 line.moment,
+                 line.revoked ? "R"
+                 : done       ? "W"
+                              : "",
+                 "", done ? std::optional(resultDate) : std::nullopt,
                  line.revoked ? std::optional(base::DateTime{line.moment.ms + hourMs}) : std::nullopt);
     if (done)
         writeResult(line, exam, resultDate);
@@ -139,27 +163,30 @@ void RequestWriter::writeSupplyLine(Line line) {
     line.quantity = m_world.chance.between(1, 4);
     line.amount = line.quantity * item.price;
     writeLine(line, "X", std::nullopt);
-    m_stock.row(line.stay.hospNum, line.stay.idNum, line.itemID, line.moment, line.refNum, line.quantity, line.amount,
-                line.user, "PRN", line.stay.room, drug ? "179" : "224", item.itemClass, item.itemClass, "O");
+    m_stock.row(line.stay.hospNum, line.stay.idNum, line.itemID, line.moment, line.refNum, line.quantity,
+                line.amount, line.user, "PRN", line.stay.room, drug ? "179" : "224", item.itemClass,
+                item.itemClass, "O");
     if (!line.stay.outPatient)
-        m_master.row(line.requestNum, line.stay.hospNum, line.stay.idNum, line.itemID, line.revenue, "I", line.refNum,
-                     line.requestNum, line.quantity, line.amount, line.stay.doctor, line.user, line.moment, "", "", nullptr,
-                     nullptr);
+        m_master.row(line.requestNum, line.stay.hospNum, line.stay.idNum, line.itemID, line.revenue, "I",
+                     line.refNum, line.requestNum, line.quantity, line.amount, line.stay.doctor, line.user,
+                     line.moment, "", "", nullptr, nullptr);
 }
 
-void RequestWriter::writeLine(const Line& line, const char* status, std::optional<base::DateTime> resultDate) {
-    m_logBook.row(line.stay.hospNum, line.stay.idNum, line.requestNum, "I", line.revenue, line.itemID, line.description,
-                  line.quantity, line.amount, line.moment, line.user, status, line.refNum, line.user, line.moment, resultDate,
+void RequestWriter::writeLine(const Line& line, const char* status,
+                              std::optional<base::DateTime> resultDate) {
+    m_logBook.row(line.stay.hospNum, line.stay.idNum, line.requestNum, "I", line.revenue, line.itemID,
+                  line.description, line.quantity, line.amount, line.moment, line.user, status, line.refNum,
+                  line.user, line.moment, resultDate,
                   resultDate ? std::optional<QString>(QStringLiteral("1003")) : std::nullopt);
 }
 
 void RequestWriter::writeBill(const Line& line) {
     const char* type = line.stay.outPatient ? "O" : "I";
-    m_bill.row(type, line.stay.idNum, line.stay.hospNum, line.moment, line.refNum, line.itemID, line.revenue, "",
-               line.quantity, line.amount, line.user, "");
+    m_bill.row(type, line.stay.idNum, line.stay.hospNum, line.moment, line.refNum, line.itemID, line.revenue,
+               "", line.quantity, line.amount, line.user, "");
     if (line.revoked)
-        m_bill.row(type, line.stay.idNum, line.stay.hospNum, base::DateTime{line.moment.ms + hourMs}, line.refNum,
-                   line.itemID, line.revenue, "", line.quantity, -line.amount, "1008", "D");
+        m_bill.row(type, line.stay.idNum, line.stay.hospNum, base::DateTime{line.moment.ms + hourMs},
+                   line.refNum, line.itemID, line.revenue, "", line.quantity, -line.amount, "1008", "D");
 }
 
 void RequestWriter::writeResult(const Line& line, const Exam& exam, base::DateTime resultDate) {
@@ -172,31 +199,35 @@ void RequestWriter::writeResult(const Line& line, const Exam& exam, base::DateTi
                                    .arg(m_case++, 5, 10, QLatin1Char('0'));
     const Stay& stay = line.stay;
     const QString reader = doctorCode(chance.between(0, 2));
-    m_caseBook.row(caseNumber, line.requestNum, stay.hospNum, stay.idNum, stay.outPatient ? "O" : "I", line.itemID,
-                   reader, stay.doctor, "1003", resultDate, "");
+    m_caseBook.row(caseNumber, line.requestNum, stay.hospNum, stay.idNum, stay.outPatient ? "O" : "I",
+                   line.itemID, reader, stay.doctor, "1003", resultDate, "");
     if (type == 'R') {
-        m_radio.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber, stay.outPatient ? "O" : "I", reader,
-                    stay.doctor, line.itemID, "", "1003", resultDate,
+        m_radio.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber, stay.outPatient ? "O" : "I",
+                    reader, stay.doctor, line.itemID, "", "1003", resultDate,
                     QString::number(chance.between(3, 60) / 10.0) + QStringLiteral(" uIU/mL"),
                     QString::number(chance.between(8, 22)) + QStringLiteral(" pmol/L"),
-                    QString::number(chance.between(30, 65) / 10.0) + QStringLiteral(" pmol/L"), "R. VILLANUEVA");
+                    QString::number(chance.between(30, 65) / 10.0) + QStringLiteral(" pmol/L"),
+                    "R. VILLANUEVA");
         return;
     }
     const bool gfr = type == 'G';
-    m_result.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber, stay.outPatient ? "O" : "I", reader, stay.doctor,
-                 line.itemID, QString::number(chance.between(2, 25)) + QStringLiteral(" mCi"),
+    m_result.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber, stay.outPatient ? "O" : "I", reader,
+                 stay.doctor, line.itemID, QString::number(chance.between(2, 25)) + QStringLiteral(" mCi"),
                  gfr ? "Tc-99m DTPA" : "Tc-99m MDP", "I.V.", gfr ? "POSTERIOR" : "ANTERIOR AND POSTERIOR",
                  gfr ? "" : "Tracer distribution is homogenous. No focal area of increased uptake is seen.",
                  gfr ? "" : "NORMAL STUDY.", gfr ? "" : "For evaluation.",
                  gfr ? QString::number(chance.between(28, 62)) : QString(),
                  gfr ? QString::number(chance.between(28, 62)) : QString(),
-                 gfr ? QString::number(chance.between(70, 118)) : QString(), QString::number(chance.between(38, 96)),
-                 QString::number(chance.between(140, 185)), "1003", resultDate);
+                 gfr ? QString::number(chance.between(70, 118)) : QString(),
+                 QString::number(chance.between(38, 96)), QString::number(chance.between(140, 185)), "1003",
+                 resultDate);
 }
 
 void RequestWriter::closeNumbers() {
     runOnFile(m_world.file,
-              QStringLiteral("UPDATE \"NUCLEAR.tbNucSlip\" SET ChargeSlip = %1, RequestNum = %2").arg(m_slip).arg(m_request));
+              QStringLiteral("UPDATE \"NUCLEAR.tbNucSlip\" SET ChargeSlip = %1, RequestNum = %2")
+                  .arg(m_slip)
+                  .arg(m_request));
 }
 
 } // namespace
@@ -206,10 +237,12 @@ void writeRequests(World& world) {
     for (int i = 0; i < slipCount; ++i) {
         const Stay& stay = world.chance.of(std::span<const Stay>(world.stays));
         const int minutes = int(std::max<qint64>(1, (stay.until.ms - stay.from.ms) / minuteMs - 1));
-        moments.emplace_back(base::DateTime{stay.from.ms + world.chance.between(0, minutes) * minuteMs}, &stay);
+        moments.emplace_back(base::DateTime{stay.from.ms + world.chance.between(0, minutes) * minuteMs},
+                             &stay);
     }
     // Numbers rise with time, as they would have been drawn.
-    std::stable_sort(moments.begin(), moments.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::stable_sort(moments.begin(), moments.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
     RequestWriter writer(world);
     for (const auto& [moment, stay] : moments)
         writer.writeSlip(*stay, moment);

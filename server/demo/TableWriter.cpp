@@ -16,8 +16,7 @@ namespace {
 } // namespace
 
 TableWriter::TableWriter(sqlite3* file, const char* table, std::initializer_list<const char*> columns)
-    : m_file(file)
-    , m_columns(int(columns.size())) {
+    : m_file(file), m_columns(int(columns.size())) {
     QString names;
     QString places;
     for (const char* column : columns) {
@@ -28,8 +27,8 @@ TableWriter::TableWriter(sqlite3* file, const char* table, std::initializer_list
     const QByteArray text = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
                                 .arg(engine::sqliteName(QString::fromLatin1(table)), names, places)
                                 .toUtf8();
-    if (sqlite3_prepare_v3(file, text.constData(), int(text.size()), SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr) !=
-        SQLITE_OK)
+    if (sqlite3_prepare_v3(file, text.constData(), int(text.size()), SQLITE_PREPARE_PERSISTENT, &m_statement,
+                           nullptr) != SQLITE_OK)
         raise(file);
 }
 

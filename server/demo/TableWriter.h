@@ -12,8 +12,8 @@ struct sqlite3_stmt;
 
 namespace demo {
 
-/// Adds rows to one table of an open hospital file, straight and fast. Values are as the file keeps them: moments as
-/// ISO text, bits as 0 and 1. Raises base::RunTimeError with the file's own words.
+/// Adds rows to one table of an open hospital file, straight and fast. Values are as the file keeps them:
+/// moments as ISO text, bits as 0 and 1. Raises base::RunTimeError with the file's own words.
 class TableWriter {
   public:
     /// `table` as "DATABASE..table".

@@ -30,7 +30,8 @@ constexpr User userList[] = {
     {"1006", "DALISAY", "CORAZON", "LUNA", "TRAINEE", "5", "scintra", ""},
     {"1007", "TOLENTINO", "EFREN", "YAP", "TRAINEE", "5", "scintra", nullptr},
     {"1008", "MAGBANUA", "LIGAYA", "ROXAS", "SECTION HEAD", "5", "scintra", "|4|5|6|7|12|13|14|15|16|17|18"},
-    {"1900", "SALONGA", "VIRGILIO", "TAN", "FILE MAINTENANCE", "00", "buildfile", "|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17"},
+    {"1900", "SALONGA", "VIRGILIO", "TAN", "FILE MAINTENANCE", "00", "buildfile",
+     "|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17"},
     {"2101", "MERCADO", "GRACE", "ABAD", "STAFF NURSE", "12", "ward", nullptr},
     {"2102", "PANGILINAN", "NOEL", "DIZON", "STAFF NURSE", "12", "ward", nullptr},
     {"2103", "SORIANO", "TERESITA", "ONG", "HEAD NURSE", "12", "ward", nullptr},
@@ -53,9 +54,10 @@ std::optional<base::DateTime> birthDate(int index, base::DateTime now) {
 
 void writeUsers(World& world) {
     TableWriter users(world.file, "PASSWORD..tbPasswordMain",
-                      {"EmployeeID", "Name", "LastName", "FirstName", "MiddleName", "BirthDate", "PasswordHash", "Position",
-                       "DeptCode", "Status", "WrongTries"});
-    TableWriter passwordRights(world.file, "PASSWORD..tbPasswordRights", {"EmployeeID", "DeptCode", "RightsID"});
+                      {"EmployeeID", "Name", "LastName", "FirstName", "MiddleName", "BirthDate",
+                       "PasswordHash", "Position", "DeptCode", "Status", "WrongTries"});
+    TableWriter passwordRights(world.file, "PASSWORD..tbPasswordRights",
+                               {"EmployeeID", "DeptCode", "RightsID"});
     TableWriter rights(world.file, "NUCLEAR..tbNuclearUserRights",
                        {"EmployeeID", "EmployeeRights", "UserID", "UpdateDate"});
     QHash<QString, QString> hashes;
@@ -66,9 +68,10 @@ void writeUsers(World& world) {
             hashes.insert(password, passwordHash(password));
         const QString last = QString::fromUtf8(user.lastName);
         const QString middle = QString::fromUtf8(user.middleName);
-        const QString name = last + QStringLiteral(", ") + QString::fromUtf8(user.firstName) + u' ' + middle.left(1) + u'.';
-        users.row(user.employeeID, name, last, user.firstName, middle, birthDate(index, world.now), hashes.value(password),
-                  user.position, user.deptCode, "A", 0);
+        const QString name =
+            last + QStringLiteral(", ") + QString::fromUtf8(user.firstName) + u' ' + middle.left(1) + u'.';
+        users.row(user.employeeID, name, last, user.firstName, middle, birthDate(index, world.now),
+                  hashes.value(password), user.position, user.deptCode, "A", 0);
         if (user.rights)
             rights.row(user.employeeID, user.rights, "1900", before(world.now, 90, 9, 15));
         ++index;

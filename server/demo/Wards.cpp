@@ -8,7 +8,8 @@ namespace {
 
 constexpr int firstWardRequest = 7000001;
 
-constexpr const char* remarks[] = {"", "PLEASE CALL WARD WHEN READY", "PATIENT ON NPO", "FOR STRETCHER", "WITH I.V. LINE", "STAT PLEASE"};
+constexpr const char* remarks[] = {
+    "", "PLEASE CALL WARD WHEN READY", "PATIENT ON NPO", "FOR STRETCHER", "WITH I.V. LINE", "STAT PLEASE"};
 constexpr const char* nurses[] = {"2101", "2102", "2103"};
 
 } // namespace
@@ -16,11 +17,13 @@ constexpr const char* nurses[] = {"2101", "2102", "2103"};
 /// Waiting requests of the wards (in both of the wards' files), and notices of discharge.
 void writeWards(World& world) {
     TableWriter requests(world.file, "STATION..tbNurseCommunicationFile",
-                         {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID", "Quantity", "Amount",
-                          "Classification", "RequestDate", "StationID", "UserID", "Remarks", "RecordStatus"});
+                         {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID", "Quantity",
+                          "Amount", "Classification", "RequestDate", "StationID", "UserID", "Remarks",
+                          "RecordStatus"});
     TableWriter logBook(world.file, "STATION..tbNurseLogBook",
-                        {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID", "Description", "Quantity",
-                         "Amount", "RequestDate", "UserID", "Remarks", "RecordStatus"});
+                        {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID",
+                         "Description", "Quantity", "Amount", "RequestDate", "UserID", "Remarks",
+                         "RecordStatus"});
     TableWriter notices(world.file, "STATION..tbDischargeNotice",
                         {"IdNum", "OrderDate", "NoticeDate", "DischargeNurse", "Remarks"});
     Chance& chance = world.chance;
@@ -34,7 +37,8 @@ void writeWards(World& world) {
             continue;
         if (!stay.outPatient && admitted <= 2) {
             const base::DateTime ordered{world.now.ms - (3 + admitted) * hourMs};
-            notices.row(stay.idNum, ordered, base::DateTime{ordered.ms + hourMs}, "MERCADO, GRACE A.", "MAY GO HOME TOMORROW");
+            notices.row(stay.idNum, ordered, base::DateTime{ordered.ms + hourMs}, "MERCADO, GRACE A.",
+                        "MAY GO HOME TOMORROW");
             continue;
         }
         const int lines = admitted % 3 == 0 ? 2 : 1;
@@ -47,13 +51,14 @@ void writeWards(World& world) {
             const QString requestNum = QString::number(number++);
             const double amount = examRate(exam, stay.roomClass);
             const char* type = stay.outPatient ? "O" : "I";
-            requests.row(stay.hospNum, stay.idNum, requestNum, type, "NU", exam.code, 1.0, amount, exam.classification, moment,
-                         stay.outPatient ? "OPD" : "3A", nurse, remark, "N");
-            logBook.row(stay.hospNum, stay.idNum, requestNum, type, "NU", exam.code, exam.name, 1.0, amount, moment, nurse,
-                        remark, "N");
+            requests.row(stay.hospNum, stay.idNum, requestNum, type, "NU", exam.code, 1.0, amount,
+                         exam.classification, moment, stay.outPatient ? "OPD" : "3A", nurse, remark, "N");
+            logBook.row(stay.hospNum, stay.idNum, requestNum, type, "NU", exam.code, exam.name, 1.0, amount,
+                        moment, nurse, remark, "N");
         }
     }
-    runOnFile(world.file, QStringLiteral("UPDATE \"STATION.tbNurseRequestNum\" SET RequestNum = %1").arg(number - 1));
+    runOnFile(world.file,
+              QStringLiteral("UPDATE \"STATION.tbNurseRequestNum\" SET RequestNum = %1").arg(number - 1));
 }
 
 } // namespace demo

@@ -240,7 +240,7 @@ Term roundOf(ExpressionTranslator& translator, const Expr& expr) {
 Term isNumeric(ExpressionTranslator& translator, const Expr& expr) {
     const Term term = translator.value(argument(expr, 0));
     if (isText(term.type))
-        return {"ts_isnumeric(" + term.sql + ")", intType, false, term.constant, true};
+        return {"coalesce(ts_isnumeric(" + term.sql + "), 0)", intType, false, term.constant, true};
     return {"(" + term.sql + " IS NOT NULL)", intType, false, term.constant, true};
 }
 
@@ -315,8 +315,8 @@ Term isDate(ExpressionTranslator& translator, const Expr& expr) {
     const Term term = translator.value(argument(expr, 0));
     if (classOf(term.type) == TypeClass::Moment)
         return {"(" + term.sql + " IS NOT NULL)", intType, false, term.constant, true};
-    return {"ts_isdate(" + translator.converted(term, varcharType) + ")", intType, false, term.constant,
-            true};
+    return {"coalesce(ts_isdate(" + translator.converted(term, varcharType) + "), 0)", intType, false,
+            term.constant, true};
 }
 
 // --- the catalogue

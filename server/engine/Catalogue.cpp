@@ -135,6 +135,7 @@ std::vector<Catalogue::ModuleKey> Catalogue::modules() {
 }
 
 void Catalogue::forget() {
+    ++m_generation;
     m_tables.clear();
     m_modules.clear();
 }

@@ -52,6 +52,8 @@ class Catalogue {
     };
     std::vector<ModuleKey> modules();
     void forget();
+    /// Changes with each forget().
+    int generation() const { return m_generation; }
 
     std::optional<std::string> setting(std::string_view name);
     void setSetting(std::string_view name, std::string_view value);
@@ -73,6 +75,7 @@ class Catalogue {
     std::unordered_map<std::string, std::unique_ptr<Table>> m_tables;
     std::unordered_map<std::string, std::shared_ptr<Module>> m_modules;
     std::string m_key;
+    int m_generation = 0;
 };
 
 } // namespace engine

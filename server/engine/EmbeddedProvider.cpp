@@ -81,7 +81,7 @@ class EmbeddedProvider::Private {
     void forget();
     void transactionStep(const char* sql, bool opens, int errorNumber, const char* errorWords);
     void traceStep(const char* words, std::int64_t nanoseconds, const base::RunTimeError* error);
-    bool holdsSecret(const Module& module);
+    bool holdsSecret(const std::vector<StmtPtr>& statements, const std::string& defaultDatabase);
 
     QString fileName;
     FunctionHost host;
@@ -213,12 +213,17 @@ void EmbeddedProvider::Private::run(Module& module, ado::Result& result) {
     transaction.commit();
 }
 
-bool EmbeddedProvider::Private::holdsSecret(const Module& module) {
-    for (const StmtPtr& statement : module.batch.statements) {
+/// A call among the statements whose procedure takes a password's hash.
+bool EmbeddedProvider::Private::holdsSecret(const std::vector<StmtPtr>& statements,
+                                            const std::string& defaultDatabase) {
+    for (const StmtPtr& statement : statements) {
+        if (holdsSecret(statement->body, defaultDatabase) ||
+            holdsSecret(statement->otherwise, defaultDatabase))
+            return true;
         if (statement->kind != StmtKind::Execute)
             continue;
         const ObjectName& name = statement->call->name;
-        const std::string& database = name.database.empty() ? module.database : name.database;
+        const std::string& database = name.database.empty() ? defaultDatabase : name.database;
         const std::shared_ptr<Module> called = catalogue.module(database, name.name);
         if (called && called->holdsSecret)
             return true;
@@ -246,9 +251,8 @@ void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens, int
 void EmbeddedProvider::Private::traceStep(const char* words, std::int64_t nanoseconds,
                                           const base::RunTimeError* error) {
     if (tracing)
-        trace.write({QString::fromLatin1(words), nanoseconds,
-                     error ? QStringLiteral("error %1: %2").arg(error->number()).arg(error->description())
-                           : QString()});
+        trace.write({QString::fromLatin1(words), nanoseconds, error ? error->description() : QString(),
+                     error ? error->number() : 0, false});
 }
 
 std::unique_ptr<EmbeddedProvider> EmbeddedProvider::open(const QString& file, const Options& options) {
@@ -274,19 +278,21 @@ ado::Result EmbeddedProvider::execute(const QString& text) {
     }
     QElapsedTimer timer;
     timer.start();
-    Trace::Line line{text, 0, {}, false};
+    Trace::Line line{text, 0, {}, 0, false};
     const auto finish = [&] {
         line.nanoseconds = timer.nsecsElapsed();
         try {
             const QByteArray utf8 = text.toUtf8();
-            line.masked = d->holdsSecret(*d->batchOf({utf8.constData(), std::size_t(utf8.size())}));
+            const std::shared_ptr<Module> batch = d->batchOf({utf8.constData(), std::size_t(utf8.size())});
+            line.masked = d->holdsSecret(batch->batch.statements, batch->database);
         } catch (const base::RunTimeError&) {
             line.masked = true; // a text that cannot be read may hold anything
         }
         d->trace.write(line);
     };
     const auto fail = [&](const base::RunTimeError& error) {
-        line.outcome = QStringLiteral("error %1: %2").arg(error.number()).arg(error.description());
+        line.error = error.number();
+        line.outcome = error.description();
         finish();
     };
     try {

@@ -2,65 +2,84 @@
 
 #include "server/engine/ServerError.h"
 
+#include <QStringList>
+
 namespace engine {
 namespace {
 
-struct NamedColumn {
+struct NamedColumns {
     QString database;
     QString table;
-    QString column;
+    QStringList columns;
 };
 
-/// Reads "NUCLEAR.tbNucSlip.SlipID" behind the colon of a constraint's message.
-NamedColumn columnOf(const QString& message) {
-    const QString first = message.section(QStringLiteral(": "), 1).section(QStringLiteral(", "), 0, 0);
-    return {first.section(u'.', 0, 0), first.section(u'.', 1, -2), first.section(u'.', -1)};
+/// Reads "NUCLEAR.tbNucSlip.SlipID, NUCLEAR.tbNucSlip.Number" behind the colon of a constraint's message.
+NamedColumns columnsOf(const QString& message) {
+    NamedColumns named;
+    for (const QString& column : message.section(QStringLiteral(": "), 1).split(QStringLiteral(", "))) {
+        named.database = column.section(u'.', 0, 0);
+        named.table = column.section(u'.', 1, -2);
+        named.columns += column.section(u'.', -1);
+    }
+    return named;
 }
 
 base::RunTimeError notNull(const QString& message) {
-    const NamedColumn column = columnOf(message);
+    const NamedColumns named = columnsOf(message);
     return serverError(
         515,
         QStringLiteral("Cannot insert the value NULL into column '%1', table '%2.dbo.%3'; column does "
                        "not allow nulls. The statement has been terminated.")
-            .arg(column.column, column.database, column.table),
+            .arg(named.columns.constFirst(), named.database, named.table),
         "23000");
 }
 
-/// The name that the key has by its definition; the table's name led by PK_ when it was given none.
-QString keyName(sqlite3* handle, const NamedColumn& column) {
-    sqlite3_stmt* statement = nullptr;
+struct PrimaryKey {
     QString name;
+    QStringList columns;
+};
+
+/// The primary key by the table's definition; led by PK_ when it was given no name.
+PrimaryKey primaryKeyOf(sqlite3* handle, const NamedColumns& named) {
+    sqlite3_stmt* statement = nullptr;
+    PrimaryKey key;
     if (sqlite3_prepare_v2(
             handle,
-            "SELECT keyName FROM \"scintra.columns\" WHERE databaseName = ? AND tableName = ? AND "
-            "keyOrdinal > 0",
+            "SELECT keyName, name FROM \"scintra.columns\" WHERE databaseName = ? AND tableName = ? AND "
+            "keyOrdinal > 0 ORDER BY keyOrdinal",
             -1, &statement, nullptr) == SQLITE_OK) {
-        const QByteArray database = column.database.toUtf8();
-        const QByteArray table = column.table.toUtf8();
+        const QByteArray database = named.database.toUtf8();
+        const QByteArray table = named.table.toUtf8();
         sqlite3_bind_text(statement, 1, database.constData(), int(database.size()), SQLITE_TRANSIENT);
         sqlite3_bind_text(statement, 2, table.constData(), int(table.size()), SQLITE_TRANSIENT);
-        if (sqlite3_step(statement) == SQLITE_ROW)
-            name = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            key.name = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
+            key.columns +=
+                QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 1)));
+        }
     }
     sqlite3_finalize(statement);
-    return name.isEmpty() ? QStringLiteral("PK_") + column.table : name;
+    if (key.name.isEmpty())
+        key.name = QStringLiteral("PK_") + named.table;
+    return key;
 }
 
 base::RunTimeError duplicate(sqlite3* handle, const QString& message, bool primary) {
-    const NamedColumn column = columnOf(message);
-    if (primary)
+    const NamedColumns named = columnsOf(message);
+    const PrimaryKey key = primaryKeyOf(handle, named);
+    // beside an identity column the file keeps the primary key as a unique one
+    if (primary || key.columns == named.columns)
         return serverError(
             2627,
             QStringLiteral("Violation of PRIMARY KEY constraint '%1'. Cannot insert duplicate key in "
                            "object 'dbo.%2'.")
-                .arg(keyName(handle, column), column.table),
+                .arg(key.name, named.table),
             "23000");
     return serverError(
         2601,
         QStringLiteral("Cannot insert duplicate key row in object 'dbo.%1' with a unique index on "
                        "column '%2'.")
-            .arg(column.table, column.column),
+            .arg(named.table, named.columns.constFirst()),
         "23000");
 }
 
@@ -101,6 +120,12 @@ base::RunTimeError errorOfSqlite(sqlite3* handle, int code) {
     case SQLITE_TOOBIG:
         return serverError(8152, QStringLiteral("String or binary data would be truncated."), "22001");
     default:
+        if (message.startsWith(QLatin1StringView("misuse of aggregate")))
+            return serverError(
+                147,
+                QStringLiteral("An aggregate may not appear in the WHERE clause unless it is in a subquery "
+                               "contained in a HAVING clause or a select list, and the column being "
+                               "aggregated is an outer reference."));
         return serverError(50000, message);
     }
 }

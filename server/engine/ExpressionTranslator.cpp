@@ -48,6 +48,11 @@ Term literalTerm(const Expr& expr) {
     return term;
 }
 
+/// A literal that every kind of whole number can hold.
+bool isSmall(const Term& term) {
+    return term.sql.size() <= 2 && std::all_of(term.sql.begin(), term.sql.end(), isDigit);
+}
+
 std::string firstToken(const Expr& expr) {
     switch (expr.kind) {
     case ExprKind::Comparison:
@@ -475,6 +480,22 @@ std::string ExpressionTranslator::converted(const Term& term, const SqlType& typ
            integerText(int(type.kind)) + ")";
 }
 
+std::string ExpressionTranslator::assigned(const Term& term, const SqlType& type) {
+    const std::string sql = converted(term, type);
+    const TypeClass from = classOf(term.type);
+    if (from == TypeClass::Integer && classOf(type) == TypeClass::Integer && type.kind != TypeKind::Bit &&
+        term.type.kind > type.kind && !isSmall(term)) {
+        m_translation.mayFailHalfway = true;
+        return "ts_whole(" + sql + ", " + integerText(int(type.kind)) + ")";
+    }
+    const bool fits = term.exact && term.type.kind == type.kind && term.type.scale <= type.scale;
+    if (from == TypeClass::Real && type.kind == TypeKind::Money && !fits)
+        return "ts_round(" + sql + ", 4, 0)";
+    if (from == TypeClass::Real && type.kind == TypeKind::Decimal && !fits)
+        return "ts_round(" + sql + ", " + integerText(type.scale) + ", 0)";
+    return sql;
+}
+
 Term ExpressionTranslator::cast(const Term& term, const SqlType& type, const std::string& style) {
     const TypeClass from = classOf(term.type);
     Term result{term.sql, type, false, term.constant, true};
@@ -494,11 +515,7 @@ Term ExpressionTranslator::cast(const Term& term, const SqlType& type, const std
         result.sql = "ts_convert(" + term.sql + ", " + integerText(int(type.kind)) + ", " +
                      integerText(type.scale) + ", " + style + ")";
     } else {
-        result.sql = converted(term, type);
-        const int places = type.kind == TypeKind::Money ? 4 : type.scale;
-        if ((type.kind == TypeKind::Money && term.type.kind != TypeKind::Money && from == TypeClass::Real) ||
-            (type.kind == TypeKind::Decimal && from == TypeClass::Real))
-            result.sql = "ts_round(" + result.sql + ", " + integerText(places) + ", 0)";
+        result.sql = assigned(term, type);
     }
     return result;
 }

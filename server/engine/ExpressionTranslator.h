@@ -48,6 +48,9 @@ class ExpressionTranslator {
     std::string condition(const Expr& expr);
     /// The term as a value of the type, as an assignment or a comparison converts it.
     std::string converted(const Term& term, const SqlType& type);
+    /// The term as a column or variable of the type takes it: rounded to its places, a whole number in its
+    /// range.
+    std::string assigned(const Term& term, const SqlType& type);
     /// CAST and CONVERT; `style` in SQLite's words.
     Term cast(const Term& term, const SqlType& type, const std::string& style = "0");
     /// Texts compare without case.

@@ -56,7 +56,7 @@ inline std::string_view valueText(sqlite3_value* value) {
 }
 
 inline void resultText(sqlite3_context* context, std::string_view text) {
-    sqlite3_result_text(context, text.data(), int(text.size()), SQLITE_TRANSIENT);
+    sqlite3_result_text(context, text.empty() ? "" : text.data(), int(text.size()), SQLITE_TRANSIENT);
 }
 
 } // namespace engine

@@ -141,7 +141,7 @@ std::string columnText(sqlite3_stmt* statement, int column) {
 }
 
 void bindText(sqlite3_stmt* statement, int index, std::string_view text) {
-    sqlite3_bind_text(statement, index, text.data(), int(text.size()), SQLITE_TRANSIENT);
+    sqlite3_bind_text(statement, index, text.empty() ? "" : text.data(), int(text.size()), SQLITE_TRANSIENT);
 }
 
 } // namespace engine

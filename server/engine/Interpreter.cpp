@@ -207,12 +207,14 @@ void Interpreter::runSet(const Stmt& statement, Run& run) {
     Cell& slot = run.slots[std::size_t(statement.slot)];
     if (isLiteral(*statement.expr)) {
         readLiteralAs(*statement.expr, type, false, slot);
+        m_session.rowCount = 1; // a simple assignment counts as one row
         return;
     }
     const QueryUse query(*this, statement, run);
     step(query.statement());
     readColumn(query.statement(), 0, slot);
     cutToLength(slot, type);
+    m_session.rowCount = 1; // a simple assignment counts as one row
 }
 
 void Interpreter::runReturn(const Stmt& statement, Run& run) {
@@ -426,6 +428,8 @@ void Interpreter::callFunction(Module& function, int count, sqlite3_value** valu
     const CallLevel level(m_depth);
     Slots slots(function);
     const auto& parameters = function.definition->parameters;
+    if (std::size_t(count) != parameters.size()) // altered since the statement was prepared
+        throw tooManyArguments("dbo." + function.name);
     for (int i = 0; i < count; ++i) {
         const auto slot = std::size_t(parameters[std::size_t(i)].slot);
         readValue(values[i], slots.cells()[slot]);

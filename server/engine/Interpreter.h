@@ -4,7 +4,7 @@
 #include "server/engine/FunctionHost.h"
 #include "server/engine/Session.h"
 
-#include <functional>
+#include <set>
 
 namespace engine {
 
@@ -60,7 +60,7 @@ class Interpreter {
     void bindSession(sqlite3_stmt* statement, int index, SessionValue value);
     bool step(sqlite3_stmt* statement);
     void fetch(const Query& query, ado::Rows& rows);
-    void registerFunction(const std::shared_ptr<Module>& module);
+    void registerFunction(const Module& function);
     std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
     int planOf(Module& module, int depth);
     int planOf(const std::vector<StmtPtr>& statements, const Module& module, int depth, int& queries);
@@ -73,6 +73,8 @@ class Interpreter {
     SqliteStatement m_savepoint;
     SqliteStatement m_release;
     SqliteStatement m_rollbackTo;
+    /// "fn DATABASE.name/arguments"
+    std::set<std::string> m_registered;
     int m_depth = 0;
     bool m_definitionRan = false;
 };

@@ -5,11 +5,10 @@
 namespace engine {
 
 std::vector<Token> Lexer::tokens() {
-    std::vector<Token> tokens;
     do {
-        tokens.push_back(next());
-    } while (tokens.back().kind != TokenKind::End);
-    return tokens;
+        m_tokens.push_back(next());
+    } while (m_tokens.back().kind != TokenKind::End);
+    return std::move(m_tokens);
 }
 
 void Lexer::advance() {

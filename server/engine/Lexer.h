@@ -19,6 +19,8 @@ class Lexer {
 
     /// Raises 102, 105 and 113 (a comment without end).
     std::vector<Token> tokens();
+    /// After an error: the tokens before it.
+    std::vector<Token> takeTokens() { return std::move(m_tokens); }
 
   private:
     void skipBlanks();
@@ -36,6 +38,7 @@ class Lexer {
 
     std::string_view m_text;
     bool m_withParameters;
+    std::vector<Token> m_tokens;
     int m_parameters = 0;
     std::size_t m_at = 0;
     int m_line = 1;

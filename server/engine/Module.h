@@ -38,7 +38,7 @@ struct Translation {
     std::vector<OutputColumn> columns;
     /// SELECT @a = ...: the variable of each column.
     std::vector<int> targets;
-    /// Functions of the hospital that it calls.
+    /// Functions of the hospital that it calls, until it is prepared.
     std::vector<std::shared_ptr<Module>> functions;
     /// It may fail after it has written rows.
     bool mayFailHalfway = false;
@@ -75,8 +75,6 @@ struct Module {
     /// Whether it writes: -1 as long as nobody asked.
     int writes = -1;
     bool holdsSecret = false;
-    /// A function that SQLite knows already.
-    bool registered = false;
 
     const Script& script() const { return definition ? definition->body : batch; }
 };

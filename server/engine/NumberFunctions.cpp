@@ -73,6 +73,13 @@ void toText(sqlite3_context* context, sqlite3_value** values) {
     resultCell(context, cell);
 }
 
+/// whole number, the kind that must hold it
+void wholeNumber(sqlite3_context* context, sqlite3_value** values) {
+    Cell cell = cellOf(values[0]);
+    convert(cell, {TypeKind::BigInt}, {TypeKind(sqlite3_value_int(values[1]))}, ConversionPlace::Statement);
+    resultCell(context, cell);
+}
+
 /// value, its type, the wanted type: where one of them is a moment
 void convertMoment(sqlite3_context* context, sqlite3_value** values) {
     Cell cell = cellOf(values[0]);
@@ -213,6 +220,7 @@ void registerNumberFunctions(sqlite3* handle, FunctionHost& host) {
     registerFunction<convertText>(handle, host, "ts_convert", 4);
     registerFunction<toText>(handle, host, "ts_totext", 5);
     registerFunction<convertMoment>(handle, host, "ts_moment", 3);
+    registerFunction<wholeNumber>(handle, host, "ts_whole", 2);
     registerFunction<fit>(handle, host, "ts_fit", 4);
     registerFunction<roundNumber>(handle, host, "ts_round", 3);
     registerFunction<divisor>(handle, host, "ts_divisor", 1);

@@ -14,7 +14,8 @@ std::unique_ptr<ModuleDefinition> Parser::module(std::string_view source) {
     StmtPtr statement = parser.definition();
     while (parser.acceptSymbol(";")) {
     }
-    if (!statement->module || !parser.isKind(TokenKind::End))
+    parser.expectEnd();
+    if (!statement->module)
         parser.failHere();
     return std::move(statement->module);
 }
@@ -22,8 +23,7 @@ std::unique_ptr<ModuleDefinition> Parser::module(std::string_view source) {
 ExprPtr Parser::value(std::string_view text) {
     Parser parser(text, false);
     ExprPtr expr = parser.expression();
-    if (!parser.isKind(TokenKind::End))
-        parser.failHere();
+    parser.expectEnd();
     return expr;
 }
 
@@ -38,6 +38,7 @@ Script Parser::script() {
     }
     while (!isKind(TokenKind::End))
         statementInto(script.statements);
+    expectEnd();
     script.variables = std::move(m_variables);
     script.statementCount = m_statementCount;
     return script;
@@ -49,6 +50,7 @@ void Parser::moduleBody(ModuleDefinition& module) {
     }
     while (!isKind(TokenKind::End))
         statementInto(module.body.statements);
+    expectEnd();
     if (module.body.statements.empty())
         failHere();
     module.body.variables = std::move(m_variables);

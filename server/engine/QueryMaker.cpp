@@ -10,17 +10,19 @@
 /// The part of the interpreter that makes, binds and steps SQLite's statements.
 namespace engine {
 
-/// What SQLite holds of one of the hospital's functions.
+/// What SQLite holds of one of the hospital's functions: its name. Were the module owned here, the open file
+/// would hold its own statements and could not be closed; and a function that is altered need not be
+/// registered anew, which SQLite refuses while a statement runs.
 class FunctionCall {
   public:
-    FunctionCall(Interpreter& interpreter, std::shared_ptr<Module> module)
-        : m_interpreter(interpreter), m_module(std::move(module)) {}
+    FunctionCall(Interpreter& interpreter, std::string database, std::string name)
+        : m_interpreter(interpreter), m_database(std::move(database)), m_name(std::move(name)) {}
 
     static void call(sqlite3_context* context, int count, sqlite3_value** values) {
-        const auto& self = *static_cast<const FunctionCall*>(sqlite3_user_data(context));
+        auto& self = *static_cast<FunctionCall*>(sqlite3_user_data(context));
         Cell result;
         try {
-            self.m_interpreter.callFunction(*self.m_module, count, values, result);
+            self.m_interpreter.callFunction(*self.module(), count, values, result);
         } catch (const base::RunTimeError& error) {
             self.m_interpreter.m_host.error = error;
             sqlite3_result_error(context, error.what(), -1);
@@ -43,8 +45,24 @@ class FunctionCall {
     static void destroy(void* self) { delete static_cast<FunctionCall*>(self); }
 
   private:
+    std::shared_ptr<Module> module() {
+        const Catalogue& catalogue = m_interpreter.m_catalogue;
+        std::shared_ptr<Module> found = m_generation == catalogue.generation() ? m_module.lock() : nullptr;
+        if (found)
+            return found;
+        found = m_interpreter.m_catalogue.module(m_database, m_name);
+        if (!found || found->definition->kind != ModuleKind::Function)
+            throw invalidObject(m_database + ".dbo." + m_name, {});
+        m_module = found;
+        m_generation = catalogue.generation();
+        return found;
+    }
+
     Interpreter& m_interpreter;
-    std::shared_ptr<Module> m_module;
+    std::string m_database;
+    std::string m_name;
+    std::weak_ptr<Module> m_module;
+    int m_generation = -1;
 };
 
 Translation Interpreter::translate(const Stmt& statement, const Module& module) {
@@ -86,20 +104,21 @@ std::unique_ptr<Query> Interpreter::makeQuery(const Stmt& statement, const Modul
 
 void Interpreter::prepare(Query& query) {
     for (const std::shared_ptr<Module>& function : query.translation.functions)
-        registerFunction(function);
+        registerFunction(*function);
+    query.translation.functions.clear();
     query.statement = m_file.prepare(query.translation.sql);
 }
 
-void Interpreter::registerFunction(const std::shared_ptr<Module>& module) {
-    if (module->registered)
+void Interpreter::registerFunction(const Module& function) {
+    const std::string name = "fn " + function.database + "." + function.name;
+    const auto count = int(function.definition->parameters.size());
+    if (!m_registered.insert(name + "/" + std::to_string(count)).second)
         return;
-    const std::string name = "fn " + module->database + "." + module->name;
-    const int code = sqlite3_create_function_v2(
-        m_file.handle(), name.c_str(), int(module->definition->parameters.size()), SQLITE_UTF8,
-        new FunctionCall(*this, module), FunctionCall::call, nullptr, nullptr, FunctionCall::destroy);
+    const int code = sqlite3_create_function_v2(m_file.handle(), name.c_str(), count, SQLITE_UTF8,
+                                                new FunctionCall(*this, function.database, function.name),
+                                                FunctionCall::call, nullptr, nullptr, FunctionCall::destroy);
     if (code != SQLITE_OK)
         m_file.fail(code);
-    module->registered = true;
 }
 
 void Interpreter::describe(Query& query) {

@@ -74,9 +74,7 @@ void QueryTranslator::checkAssignments(const Select& query, const std::vector<Ou
 Translation QueryTranslator::single(const Expr& expr, const SqlType* type) {
     Term term = value(expr);
     if (type) {
-        term.sql = converted(term, *type);
-        if (type->kind == TypeKind::Money && classOf(term.type) == TypeClass::Real && !term.exact)
-            term.sql = "ts_round(" + term.sql + ", 4, 0)";
+        term.sql = assigned(term, *type);
         term.type = *type;
     }
     m_translation.sql = "SELECT " + term.sql;
@@ -226,7 +224,7 @@ QueryTranslator::Output QueryTranslator::itemOutput(const SelectItem& item) {
     output.target = item.slot;
     if (item.slot >= 0) {
         const SqlType& type = m_variables[std::size_t(item.slot)].type;
-        output.term = {converted(output.term, type), type, output.term.collated, output.term.constant, true};
+        output.term = {assigned(output.term, type), type, output.term.collated, output.term.constant, true};
     }
     return output;
 }

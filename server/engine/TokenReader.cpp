@@ -9,7 +9,20 @@
 namespace engine {
 
 TokenReader::TokenReader(std::string_view text, bool withParameters)
-    : m_text(text), m_withParameters(withParameters), m_tokens(Lexer(text, withParameters).tokens()) {}
+    : m_text(text), m_withParameters(withParameters) {
+    // What stands before a broken token is read first: an error there is the one that counts.
+    Lexer lexer(text, withParameters);
+    try {
+        m_tokens = lexer.tokens();
+    } catch (const ScriptError& error) {
+        m_broken = error;
+        m_tokens = lexer.takeTokens();
+        Token end;
+        end.position = error.position();
+        end.begin = end.end = text.size();
+        m_tokens.push_back(end);
+    }
+}
 
 TokenReader::Level::Level(TokenReader& reader) : m_reader(reader) {
     if (reader.m_depth >= deepest)
@@ -62,7 +75,16 @@ void TokenReader::expectSymbol(std::string_view symbol) {
         failHere();
 }
 
+void TokenReader::expectEnd() const {
+    if (m_broken && isKind(TokenKind::End))
+        throw ScriptError(*m_broken);
+    if (!isKind(TokenKind::End))
+        failHere();
+}
+
 void TokenReader::failHere() const {
+    if (m_broken && isKind(TokenKind::End))
+        throw ScriptError(*m_broken);
     // At the end the server names the last token that it read.
     const Token& token = isKind(TokenKind::End) && m_at > 0 ? m_tokens[m_at - 1] : peek();
     throw syntaxError(token.text, token.position);

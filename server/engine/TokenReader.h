@@ -3,6 +3,7 @@
 #include "server/engine/Ast.h"
 #include "server/engine/Token.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -46,6 +47,8 @@ class TokenReader {
     bool acceptSymbol(std::string_view symbol);
     void expectWord(std::string_view upper);
     void expectSymbol(std::string_view symbol);
+    /// Raises what made the lexer stop, when that is why the text ends here.
+    void expectEnd() const;
     [[noreturn]] void failHere() const;
     [[noreturn]] void notSupportedHere() const;
 
@@ -63,6 +66,7 @@ class TokenReader {
     std::string_view m_text;
     bool m_withParameters;
     std::vector<Token> m_tokens;
+    std::optional<ScriptError> m_broken;
     std::size_t m_at = 0;
     int m_depth = 0;
 };

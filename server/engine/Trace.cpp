@@ -36,9 +36,13 @@ bool Trace::isSecret(const QString& text) {
 
 void Trace::write(const Line& line) {
     constexpr double nanosecondsPerMillisecond = 1e6;
-    QString text = line.masked || isSecret(line.text) ? masked(line.text) : line.text;
+    const bool secret = line.masked || isSecret(line.text);
+    QString text = secret ? masked(line.text) : line.text;
     text.replace(u'\r', QLatin1StringView("\\r")).replace(u'\n', QLatin1StringView("\\n"));
     QString outcome = line.outcome;
+    if (line.error != 0)
+        outcome = QStringLiteral("error %1").arg(line.error) +
+                  (secret ? QString() : QStringLiteral(": ") + outcome);
     outcome.replace(u'\n', u' ');
     const QString written =
         QStringLiteral("%1\t%2\t%3 ms\t%4\t%5\n")

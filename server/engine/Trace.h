@@ -14,9 +14,12 @@ class Trace {
     struct Line {
         QString text;
         std::int64_t nanoseconds = 0;
-        /// "12 rows", "3 written", or the error.
+        /// "12 rows", "3 written", or the words of the error.
         QString outcome;
-        /// Every literal of the text is written as '***'.
+        /// 0 when it went well.
+        int error = 0;
+        /// Every literal of the text is written as '***', and of an error its number only: its words may
+        /// quote a value.
         bool masked = false;
     };
     /// A diary that cannot be written is given up in silence: it must not stop the hospital.

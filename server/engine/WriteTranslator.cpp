@@ -73,28 +73,21 @@ std::string WriteTranslator::defaultValue(const TableColumn& column) {
     if (column.defaultSource.empty())
         return "NULL";
     const ExprPtr expr = Parser::value(column.defaultSource);
-    return converted(value(*expr), column.type);
+    return assigned(value(*expr), column.type);
 }
 
 std::string WriteTranslator::stored(const Term& term, const TableColumn& column, const Table& table) {
     const SqlType& type = column.type;
+    if (!isText(type))
+        return assigned(term, type);
     const std::string sql = converted(term, type);
-    if (isText(type)) {
-        const bool mayBeLonger = isText(term.type) ? term.type.length < 0 || term.type.length > type.length
-                                                   : type.length < 40; // longer than any number or moment
-        if (type.length < 0 || !mayBeLonger || classOf(term.type) == TypeClass::Null)
-            return sql;
-        m_translation.mayFailHalfway = true;
-        return "ts_fit(" + sql + ", " + std::to_string(type.length) + ", " +
-               quotedText(table.database + ".dbo." + table.name) + ", " + quotedText(column.name) + ")";
-    }
-    if (classOf(term.type) == TypeClass::Real && !(term.exact && term.type.kind == type.kind)) {
-        if (type.kind == TypeKind::Money)
-            return "ts_round(" + sql + ", 4, 0)";
-        if (type.kind == TypeKind::Decimal)
-            return "ts_round(" + sql + ", " + std::to_string(type.scale) + ", 0)";
-    }
-    return sql;
+    const bool mayBeLonger = isText(term.type) ? term.type.length < 0 || term.type.length > type.length
+                                               : type.length < 40; // longer than any number or moment
+    if (type.length < 0 || !mayBeLonger || classOf(term.type) == TypeClass::Null)
+        return sql;
+    m_translation.mayFailHalfway = true;
+    return "ts_fit(" + sql + ", " + std::to_string(type.length) + ", " +
+           quotedText(table.database + ".dbo." + table.name) + ", " + quotedText(column.name) + ")";
 }
 
 std::string WriteTranslator::insertedValue(const Expr* expr, const TableColumn& column, const Table& table) {

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QProgressBar>
+#include <QTemporaryDir>
 
 using namespace session;
 using tests::childOf;
@@ -236,6 +237,13 @@ TEST_F(LogOn, CapsLockIsNoticed) {
         QTest::keyClick(&password, 'A', Qt::ShiftModifier);
         EXPECT_EQ(hint.text(), u"");
         QTest::keyClick(&password, 'A', Qt::NoModifier);
+        EXPECT_EQ(hint.text(), u"Caps Lock is on.");
+        QTest::keyClick(&password, 'a', Qt::NoModifier);
+        EXPECT_EQ(hint.text(), u"");
+        QTest::keyClick(&password, 'a', Qt::ShiftModifier);
+        EXPECT_EQ(hint.text(), u"Caps Lock is on.");
+        QTest::keyClick(&password, Qt::Key_CapsLock);
+        EXPECT_EQ(hint.text(), u"");
         QTest::keyClick(&logOn, Qt::Key_Escape);
     });
 }
@@ -292,6 +300,52 @@ TEST_F(LogOn, RightsOfTheHospitalsLogOnAreOnesOfTheDepartment) {
     EXPECT_EQ(server->texts.last(),
               u"SELECT RightsID FROM PASSWORD..tbPasswordRights WHERE EmployeeID = '1900' AND "
               u"DeptCode = '00' AND RightsID = 'A'");
+}
+
+TEST(FirstStart, MakesTheHospitalFileAndLogsOn) {
+    const base::FixedClock clock(morning);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("new/hospital.scintra"));
+    setHospitalFile(file);
+    {
+        clsCurrentUser user;
+        tests::whileModal([&] { user.ShowMain(); },
+                          [](controls::Screen& logOn) { QTest::keyClick(&logOn, Qt::Key_Escape); });
+        EXPECT_FALSE(QFile::exists(file)) << "looking at the log-on makes nothing";
+        tests::whileModal([&] { user.ShowMain(); },
+                          [](controls::Screen& logOn) {
+                              EXPECT_EQ(childOf<QComboBox>(logOn, "cmbServer").currentText(),
+                                        u"This computer");
+                              QTest::keyClicks(&childOf(logOn, "txtEmployeeCode"), QStringLiteral("1001"));
+                              QTest::keyClicks(&childOf(logOn, "txtPassword"), QStringLiteral("kerova"));
+                              QTest::keyClick(&childOf(logOn, "txtPassword"), Qt::Key_Return);
+                          });
+        EXPECT_TRUE(user.Connected());
+        EXPECT_EQ(user.employeename(), u"REYES, JOAN P.");
+        EXPECT_TRUE(QFile::exists(file));
+    }
+    setHospitalFile({});
+}
+
+TEST(FirstStart, DamagedFileIsSaidInTheDialog) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("hospital.scintra"));
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("no hospital at all");
+    damaged.close();
+    setHospitalFile(file);
+    clsCurrentUser user;
+    tests::whileModal([&] { user.ShowMain(); },
+                      [](controls::Screen& logOn) {
+                          QTest::keyClicks(&childOf(logOn, "txtEmployeeCode"), QStringLiteral("1001"));
+                          QTest::keyClicks(&childOf(logOn, "txtPassword"), QStringLiteral("kerova"));
+                          QTest::keyClick(&childOf(logOn, "txtPassword"), Qt::Key_Return);
+                          EXPECT_FALSE(childOf<QLabel>(logOn, "lblMessage").text().isEmpty());
+                          QTest::keyClick(&logOn, Qt::Key_Escape);
+                      });
+    EXPECT_FALSE(user.Connected());
+    setHospitalFile({});
 }
 
 } // namespace

@@ -169,7 +169,7 @@ TEST(PickStatement, TypedTextsBecomePrefixes) {
     EXPECT_TRUE(text(townListing, QStringLiteral("%")).contains(QStringLiteral("Town LIKE '_%'")));
     EXPECT_FALSE(text(confinedPatientListing, QStringLiteral("  ")).contains(QStringLiteral("LIKE")));
     for (const PickListing* listing :
-         {&townListing, &doctorListing, &departmentExamListing, &examListing, &confinedPatientListing,
+         {&townListing, &doctorListing, &dosageListing, &examListing, &confinedPatientListing,
           &outPatientListing, &medicineListing, &supplyListing}) {
         for (const char* typed : {"", "A", "2600", "A,B", "'", "[x]", "##text"}) {
             const QString statement = text(*listing, QLatin1String(typed));
@@ -192,7 +192,7 @@ class OnFile : public tests::LoggedOn {
 
 TEST_F(OnFile, EveryListingStatementRuns) {
     for (const PickListing* listing :
-         {&townListing, &doctorListing, &departmentExamListing, &examListing, &confinedPatientListing,
+         {&townListing, &doctorListing, &dosageListing, &examListing, &confinedPatientListing,
           &outPatientListing, &medicineListing, &supplyListing}) {
         for (const char* typed : {"", "S", "1", "S,M", "'%["}) {
             ado::Recordset rows;
@@ -229,7 +229,9 @@ TEST_F(OnFile, CodesOfEveryListingAreTakenAtOnce) {
     EXPECT_TRUE(gCodeFind->NuclearExamRecord.RateA.asDouble());
     gCodeFind->OtherSectionID = QStringLiteral("UR");
     EXPECT_FALSE(gCodeFind->SearchListing(QStringLiteral("1001"), clsLookupPad::exams));
-    EXPECT_TRUE(gCodeFind->SearchListing(QStringLiteral("1001"), clsLookupPad::nuclearDepartmentExams));
+    ASSERT_TRUE(gCodeFind->SearchListing(QStringLiteral("BID"), clsLookupPad::dosages));
+    EXPECT_EQ(gCodeFind->DosageRecord.ResultCode, u"BID");
+    EXPECT_EQ(gCodeFind->DosageRecord.Frequency, u"2");
 
     const QString stay =
         first(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL"));
@@ -264,6 +266,9 @@ TEST_F(OnFile, SuppliesAndMedicinesBringTheirLocation) {
     EXPECT_FALSE(gDispense->Drug.SearchDrug(code, QStringLiteral("nowhere")));
     EXPECT_EQ(gDispense->Drug.DrugName, u"");
     QString unknown = QStringLiteral("nothing");
+    QString elsewhere = QStringLiteral("nowhere");
+    EXPECT_EQ(gFormulist->ShowList(code, false, elsewhere), u"") << "nothing lies there";
+    EXPECT_EQ(elsewhere, u"nowhere");
     EXPECT_EQ(gFormulist->ShowList(unknown, false, location), u"");
     EXPECT_EQ(unknown, u"nothing");
 }

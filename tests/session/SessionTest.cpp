@@ -156,6 +156,52 @@ TEST_F(Start, SuppliesInformationThatFailsIsSaid) {
     EXPECT_EQ(screens.mainMenus, 0);
 }
 
+/// Loses the connection behind the heading's statement: the next service cannot join it.
+class LosesTheConnection : public tests::ScriptedServer {
+  public:
+    std::unique_ptr<ado::Provider> open(const QString& login) override {
+        class Closer : public ado::Observer {
+          public:
+            void afterStatement(const ado::StatementEvent& event) override {
+                if (event.text.startsWith(QStringLiteral("Select * from PATIENT_DATA")))
+                    ado::Connection::byConnectionString(QStringLiteral("Server=SCRIPTED"))->Close();
+            }
+        };
+        class Session : public tests::ScriptedProvider {
+          public:
+            explicit Session(std::unique_ptr<ado::Provider> inner) : m_inner(std::move(inner)) {}
+            ado::Result execute(const QString& text) override {
+                if (!m_watched)
+                    ado::Connection::byConnectionString(QStringLiteral("Server=SCRIPTED"))
+                        ->addObserver(&closer());
+                m_watched = true;
+                return m_inner->execute(text);
+            }
+
+          private:
+            static Closer& closer() {
+                static Closer instance;
+                return instance;
+            }
+            std::unique_ptr<ado::Provider> m_inner;
+            bool m_watched = false;
+        };
+        return std::make_unique<Session>(ScriptedServer::open(login));
+    }
+};
+
+TEST_F(Start, PatientServiceThatFailsEndsSilently) {
+    const auto losing = std::make_shared<LosesTheConnection>();
+    losing->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."), QStringLiteral("secret"));
+    setHospitalServers({losing});
+    tests::Boxes none;
+    mainAs("1001", "secret");
+    EXPECT_TRUE(gUser->Connected());
+    EXPECT_FALSE(gCodeFindDummy.isEmpty()) << "the service tells why";
+    EXPECT_EQ(gConnection, nullptr);
+    EXPECT_EQ(screens.mainMenus, 0);
+}
+
 TEST_F(Start, NoHeadingRowIsARunTimeError) {
     server->answer(QStringLiteral("Select * from PATIENT_DATA..tbHospitalInfo"),
                    ScriptedProvider::rowsOf(QStringLiteral("Company,Address1,Title,TinNo")));

@@ -129,6 +129,8 @@ void addPick(Walk& walk, const QString& picture) {
 void addProcedure(Walk& walk) {
     walk.step(QStringLiteral("Line 1: NU"), editing("txtEntry", 1, 1),
               typed("txtEntry", QStringLiteral("nu"), Qt::Key_Return));
+    walk.step(QStringLiteral("Line 1: ask for the exams"), editing("txtEntry", 1, 2),
+              typed("txtEntry", {}, Qt::Key_Return));
     addPick(walk, QStringLiteral("exams"));
     walk.step(QStringLiteral("Line 1: STAT"), editing("cboEntry", 1, 4),
               typed("cboEntry", QStringLiteral("s"), Qt::Key_Return));
@@ -139,6 +141,8 @@ void addProcedure(Walk& walk) {
 void addFee(Walk& walk) {
     walk.step(QStringLiteral("Line 2: MD"), editing("txtEntry", 2, 1),
               typed("txtEntry", QStringLiteral("md"), Qt::Key_Return));
+    walk.step(QStringLiteral("Line 2: ask for the doctors"), editing("txtEntry", 2, 2),
+              typed("txtEntry", {}, Qt::Key_Return));
     addPick(walk, QStringLiteral("doctors"));
     walk.step(QStringLiteral("Line 2: click the amount"), seen("frmRequest"), [](QWidget& window) {
         auto& grid = control<controls::FlexGrid>(window, QStringLiteral("grdPackage"));
@@ -157,6 +161,8 @@ void addSupply(Walk& walk) {
     walk.step(QStringLiteral("Line 3: ask for the supplies"), editing("txtEntry", 3, 2),
               typed("txtEntry", {}, Qt::Key_Return));
     addPick(walk, QStringLiteral("supplies"));
+    walk.step(QStringLiteral("Line 3: ROUTINE"), editing("cboEntry", 3, 4),
+              typed("cboEntry", QStringLiteral("r"), Qt::Key_Return));
     walk.step(QStringLiteral("Line 3: quantity"), editing("txtEntry", 3, 6),
               typed("txtEntry", QStringLiteral("2"), Qt::Key_Return));
     walk.step(QStringLiteral("Delete the empty line 4 with F3"), editing("txtEntry", 4, 1),

@@ -21,14 +21,19 @@ constexpr int mostAttempts = 1000; // 20 seconds for one step
 } // namespace
 
 QWidget* windowOnTop(const QString& name) {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (modal)
-        return modal->isVisible() && modal->objectName() == name ? modal : nullptr;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->objectName() == name)
-            return window;
+    QWidget* top = QApplication::activeModalWidget();
+    if (!top) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window->objectName() == name)
+                top = window;
+        }
     }
-    return nullptr;
+    if (!top || !top->isVisible() || top->objectName() != name)
+        return nullptr;
+    // Where no window manager runs, nothing gives the focus back once a modal window has closed.
+    if (!top->isActiveWindow())
+        top->activateWindow();
+    return top;
 }
 
 void missing(const QWidget& window, const QString& name) {
@@ -107,10 +112,11 @@ QString Walk::whatIsOnScreen() const {
 }
 
 void Walk::fail(const QString& why) const {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && (window->isModal() || !QApplication::activeModalWidget()))
-            window->grab().save(QDir(m_folder).filePath(QStringLiteral("failed.png")));
-    }
+    QWidget* window = QApplication::activeModalWidget();
+    if (!window)
+        window = QApplication::activeWindow();
+    if (window)
+        window->grab().save(QDir(m_folder).filePath(QStringLiteral("failed.png")));
     std::fflush(stdout);
     std::fprintf(stderr, "scintra-tour: %s\n", why.toUtf8().constData());
     std::fflush(stderr);

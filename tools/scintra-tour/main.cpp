@@ -42,8 +42,9 @@ void makeHospital(const QString& file) {
     engine::EmbeddedProvider::open(file, {})->setTracing(true);
 }
 
-/// Moves the server's diary to the folder's trace.txt; gives the number of its lines.
+/// Ends the server's diary and moves it to the folder's trace.txt; gives the number of its lines.
 int takeTrace(const QString& hospitalFile, const QString& target) {
+    engine::EmbeddedProvider::open(hospitalFile, {})->setTracing(false);
     if (!QFile::rename(hospitalFile + QStringLiteral(".trace.txt"), target))
         return 0;
     QFile trace(target);

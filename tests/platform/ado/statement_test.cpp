@@ -65,6 +65,22 @@ TEST(QueryTemplate, ReplacesItsPlaceHolders) {
     EXPECT_TRUE(QueryTemplate().isEmpty());
 }
 
+TEST(DefinedStatement, ReplacesWhatADefinitionNames) {
+    const QString text = "sp_List '{?From}',{?Rate},'{?From}'";
+    EXPECT_EQ(ado::definedStatement(text, {{"{?From}", "11/01/2026"}, {"{?Rate}", "1.5"}}).text(),
+              "sp_List '11/01/2026',1.5,'11/01/2026'");
+    // A value that looks like a place-holder stays a value.
+    EXPECT_EQ(ado::definedStatement("'{?a}'", {{"{?a}", "{?b}"}, {"{?b}", "x"}}).text(), "'{?b}'");
+    EXPECT_EQ(errorOf([&] {
+                  ado::definedStatement(text, {{"{?From}", "a'b"}, {"{?Rate}", "1"}});
+              }).number(),
+              102);
+    EXPECT_EQ(errorOf([&] {
+                  ado::definedStatement(text, {{"{?From}", "a"}, {"{?Rate}", "1 or 1"}});
+              }).number(),
+              102);
+}
+
 /// Whatever a value holds: either it is the one literal of the text, or nothing is made.
 TEST(Sql, NoValueEverBecomesAStatement) {
     std::mt19937 random(20261121);

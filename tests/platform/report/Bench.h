@@ -8,7 +8,13 @@
 #include <QStringList>
 
 #include <memory>
+#include <ostream>
 #include <vector>
+
+/// How GoogleTest shows a text; it would list its bytes.
+inline void PrintTo(const QString& text, std::ostream* stream) {
+    *stream << '"' << text.toStdString() << '"';
+}
 
 namespace tests {
 

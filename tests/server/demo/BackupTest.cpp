@@ -16,10 +16,13 @@ class Backup : public testing::Test {
     Backup() { demo::createEmptyHospital(m_file); }
 
     static void setTitle(engine::EmbeddedProvider& provider, const char* title) {
-        provider.execute(QStringLiteral("UPDATE PATIENT_DATA..tbHospitalInfo SET Title = '%1'").arg(QLatin1String(title)));
+        provider.execute(
+            QStringLiteral("UPDATE PATIENT_DATA..tbHospitalInfo SET Title = '%1'").arg(QLatin1String(title)));
     }
     static QString title(engine::EmbeddedProvider& provider) {
-        return *provider.execute(QStringLiteral("SELECT Title FROM PATIENT_DATA..tbHospitalInfo")).rows.at(0, 0).asText();
+        return *provider.execute(QStringLiteral("SELECT Title FROM PATIENT_DATA..tbHospitalInfo"))
+                    .rows.at(0, 0)
+                    .asText();
     }
     static int errorOf(const std::function<void()>& action) {
         try {

@@ -27,26 +27,29 @@ std::string contentOf(const QString& file) {
     sqlite3* handle = nullptr;
     sqlite3_open_v2(file.toUtf8().constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
     std::vector<std::string> tables;
-    sqlite3_exec(handle, "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name",
-                 [](void* into, int, char** values, char**) {
-                     static_cast<std::vector<std::string>*>(into)->push_back(values[0]);
-                     return 0;
-                 },
-                 &tables, nullptr);
+    sqlite3_exec(
+        handle,
+        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name",
+        [](void* into, int, char** values, char**) {
+            static_cast<std::vector<std::string>*>(into)->push_back(values[0]);
+            return 0;
+        },
+        &tables, nullptr);
     std::string content;
     for (const std::string& table : tables) {
         content += "== " + table + "\n";
-        sqlite3_exec(handle, ("SELECT * FROM \"" + table + "\"").c_str(),
-                     [](void* into, int count, char** values, char** names) {
-                         auto& text = *static_cast<std::string*>(into);
-                         for (int i = 0; i < count; ++i) {
-                             if (qstrcmp(names[i], "PasswordHash") != 0)
-                                 text += std::string(values[i] ? values[i] : "<null>") + "|";
-                         }
-                         text += "\n";
-                         return 0;
-                     },
-                     &content, nullptr);
+        sqlite3_exec(
+            handle, ("SELECT * FROM \"" + table + "\"").c_str(),
+            [](void* into, int count, char** values, char** names) {
+                auto& text = *static_cast<std::string*>(into);
+                for (int i = 0; i < count; ++i) {
+                    if (qstrcmp(names[i], "PasswordHash") != 0)
+                        text += std::string(values[i] ? values[i] : "<null>") + "|";
+                }
+                text += "\n";
+                return 0;
+            },
+            &content, nullptr);
     }
     sqlite3_close(handle);
     return content;
@@ -54,7 +57,8 @@ std::string contentOf(const QString& file) {
 
 class DemoHospital : public testing::Test {
   protected:
-    DemoHospital() : m_clock(fixedMoment()), m_file(m_folder.filePath(QStringLiteral("sub/hospital.scintra"))) {}
+    DemoHospital()
+        : m_clock(fixedMoment()), m_file(m_folder.filePath(QStringLiteral("sub/hospital.scintra"))) {}
 
     std::unique_ptr<engine::EmbeddedProvider> open() { return engine::EmbeddedProvider::open(m_file, {}); }
     static qint64 number(engine::EmbeddedProvider& provider, const char* text) {
@@ -75,7 +79,8 @@ TEST_F(DemoHospital, IsMadeAndIsTheSameEachTime) {
         EXPECT_FALSE(stage.isEmpty());
         last = percent;
     });
-    std::cout << "demo hospital made in " << timer.elapsed() << " ms, " << QFileInfo(m_file).size() / 1024 << " kB\n";
+    std::cout << "demo hospital made in " << timer.elapsed() << " ms, " << QFileInfo(m_file).size() / 1024
+              << " kB\n";
     EXPECT_EQ(last, 100);
     for (const char* tail : {"-wal", ".new", ".new-wal", ".new-shm"})
         EXPECT_FALSE(QFileInfo::exists(m_file + QLatin1String(tail))) << tail;
@@ -95,8 +100,11 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
         {"SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam", 45},
         {"SELECT COUNT(*) FROM BUILD_FILE..tbcoDoctor", 30},
         {"SELECT COUNT(*) FROM NUCLEAR..tbNuclearUserSettings", 18},
-        {"SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE RoomID NOT IN (SELECT RoomID FROM BUILD_FILE..tbcoRoom)", 1},
-        {"SELECT COUNT(*) FROM PASSWORD..tbPasswordMain WHERE MONTH(BirthDate) = 11 AND DAY(BirthDate) = 21", 1},
+        {"SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE RoomID NOT IN (SELECT RoomID FROM "
+         "BUILD_FILE..tbcoRoom)",
+         1},
+        {"SELECT COUNT(*) FROM PASSWORD..tbPasswordMain WHERE MONTH(BirthDate) = 11 AND DAY(BirthDate) = 21",
+         1},
         {"SELECT COUNT(*) FROM PASSWORD..tbPasswordRights WHERE DeptCode = '00' AND RightsID = 'A'", 1}};
     for (const auto& [text, expected] : exact)
         EXPECT_EQ(number(*provider, text), expected) << text;
@@ -107,8 +115,10 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient2 WHERE OkeyNU = 1",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE AccountNum = HospNum",
-        "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE BillingDate IS NOT NULL AND InvoiceNumber = '' AND LateCharges = 1",
-        "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE BillingDate IS NOT NULL AND InvoiceNumber = '' AND LateCharges = 0",
+        "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE BillingDate IS NOT NULL AND InvoiceNumber = "
+        "'' AND LateCharges = 1",
+        "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE BillingDate IS NOT NULL AND InvoiceNumber = "
+        "'' AND LateCharges = 0",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbMaster WHERE BirthDate IS NULL",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbMaster WHERE LastName LIKE '%''%'",
         "SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE FormType = 'G'",
@@ -116,11 +126,14 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
         "SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE FormType = 'T'",
         "SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE FormType IS NULL",
         "SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE Fixrate = 'N'",
-        "SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE RateA < RateB AND RateB < RateC AND RateC < RateD AND RateD < RateE",
+        "SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE RateA < RateB AND RateB < RateC AND RateC < "
+        "RateD AND RateD < RateE",
         "SELECT COUNT(*) FROM INVENTORY..tbInvStock WHERE LocationID = '179' AND OnHand > 0",
         "SELECT COUNT(*) FROM INVENTORY..tbInvStock WHERE LocationID = '224' AND OnHand > 0",
-        "SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N' AND PatientType = 'O'",
-        "SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N' AND PatientType = 'I'",
+        "SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N' AND PatientType = "
+        "'O'",
+        "SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N' AND PatientType = "
+        "'I'",
         "SELECT COUNT(*) FROM BILLING..tbCashAssessment WHERE RecordStatus = '1'",
         "SELECT COUNT(*) FROM BILLING..tbCashAssessment WHERE RecordStatus = ''",
         "SELECT COUNT(*) FROM BILLING..tbCashAssessment WHERE RecordStatus = 'R'",
@@ -130,10 +143,11 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
     for (const char* text : some)
         EXPECT_GT(number(*provider, text), 0) << text;
     for (const char* roomClass : {"A", "B", "C", "D", "E"})
-        EXPECT_GT(number(*provider, ("SELECT COUNT(*) FROM PATIENT_DATA..tbPatient P INNER JOIN BUILD_FILE..tbcoRoom R "
-                                     "ON R.RoomID = P.RoomID WHERE P.DcrDate IS NULL AND R.RoomClassID = '" +
-                                     std::string(roomClass) + "'")
-                                        .c_str()),
+        EXPECT_GT(number(*provider,
+                         ("SELECT COUNT(*) FROM PATIENT_DATA..tbPatient P INNER JOIN BUILD_FILE..tbcoRoom R "
+                          "ON R.RoomID = P.RoomID WHERE P.DcrDate IS NULL AND R.RoomClassID = '" +
+                          std::string(roomClass) + "'")
+                             .c_str()),
                   0)
             << roomClass;
     EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM NUCLEAR..tbNucMaster WHERE TransDate > GETDATE()"), 0);
@@ -142,7 +156,10 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
 TEST_F(DemoHospital, KeepsPasswordsAsArgon2id) {
     demo::createHospital(m_file);
     const ado::Rows users =
-        open()->execute(QStringLiteral("SELECT PasswordHash FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'")).rows;
+        open()
+            ->execute(
+                QStringLiteral("SELECT PasswordHash FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'"))
+            .rows;
     const QByteArray hash = users.at(0, 0).asText()->toLatin1();
     EXPECT_TRUE(hash.startsWith("$argon2id$"));
     EXPECT_EQ(crypto_pwhash_str_verify(hash.constData(), "kerova", 6), 0);
@@ -198,7 +215,16 @@ TEST_F(DemoHospital, PatientsAreGeneratedWithStaysAndFound) {
                   number(*provider, "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient"),
               3750);
     EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE AdmDate > GETDATE()"), 0);
-    EXPECT_EQ(provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_getpatientbylastname 'I',''")).rows.count(), 200);
+    EXPECT_EQ(
+        provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_getpatientbylastname 'I',''")).rows.count(),
+        200);
+}
+
+TEST_F(DemoHospital, NothingKeepsTheFileOpenOnceItIsClosed) {
+    demo::createEmptyHospital(m_file);
+    open()->execute(QStringLiteral("SELECT NUCLEAR.dbo.fnNuclear_Age('1980-01-01', GETDATE()) AS Age"));
+    EXPECT_TRUE(open()->check().isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
 }
 
 TEST_F(DemoHospital, TheKitCarriesEveryFileInItsOrder) {
@@ -206,7 +232,7 @@ TEST_F(DemoHospital, TheKitCarriesEveryFileInItsOrder) {
     EXPECT_GT(files.size(), 100u);
     int rank = 0;
     for (const demo::KitFile& file : files) {
-        const int now = file.name.endsWith(QLatin1String("tables.sql"))    ? 0
+        const int now = file.name.endsWith(QLatin1String("tables.sql"))     ? 0
                         : file.name.contains(QLatin1String("/functions/"))  ? 1
                         : file.name.contains(QLatin1String("/views/"))      ? 2
                         : file.name.contains(QLatin1String("/procedures/")) ? 3

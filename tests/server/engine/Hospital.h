@@ -9,6 +9,13 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
+/// Lets a failed comparison show the text.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
 namespace tests {
 
 /// An empty hospital file that goes with the test.

@@ -8,7 +8,8 @@
 
 namespace {
 
-/// How a screen calls a procedure, and the columns that it gets. `<adm>`, `<out>`, `<hosp>`, `<cash>`, `<request>`,
+/// How a screen calls a procedure, and the columns that it gets. `<adm>`, `<out>`, `<hosp>`, `<cash>`,
+/// `<request>`,
 /// `<slip>`, `<or>`, `<prepaid>` and `<notice>` stand for numbers of the demo hospital.
 struct Contract {
     const char* call;
@@ -16,32 +17,39 @@ struct Contract {
     const char* columns;
 };
 
-constexpr const char* regularColumns =
-    "HospNum;LastName;FirstName;MiddleName;AdmDate;Sex;BirthDate;Age;HouseStreet;Barangay;Town;Province;CivilStatus";
-constexpr const char* cashColumns = "HospNum;LastName;FirstName;MiddleName;CivilStatusID;CivilStatus;Sex;BirthDate;Age;"
-                                    "HouseStreet;Barangay;Town;Province";
-constexpr const char* outColumns = "IdNum;LastName;FirstName;MiddleName;AdmDate;HospNum;AccountNum;Company;DcrDate;"
-                                   "BillingDate;Sex;BirthDate;Age;HouseStreet;Barangay;Town;Province;CivilStatus;"
-                                   "InvoiceNumber;LateCharges;OPDStatus";
+constexpr const char* regularColumns = "HospNum;LastName;FirstName;MiddleName;AdmDate;Sex;BirthDate;Age;"
+                                       "HouseStreet;Barangay;Town;Province;CivilStatus";
+constexpr const char* cashColumns =
+    "HospNum;LastName;FirstName;MiddleName;CivilStatusID;CivilStatus;Sex;BirthDate;Age;"
+    "HouseStreet;Barangay;Town;Province";
+constexpr const char* outColumns =
+    "IdNum;LastName;FirstName;MiddleName;AdmDate;HospNum;AccountNum;Company;DcrDate;"
+    "BillingDate;Sex;BirthDate;Age;HouseStreet;Barangay;Town;Province;CivilStatus;"
+    "InvoiceNumber;LateCharges;OPDStatus";
 constexpr const char* listColumns =
     "Hosp.No.;Adm.No.;Patient Name;Billed Date;Charging Status;NucStatus;DcrDate";
 constexpr const char* lineColumns = "RevenueID;ItemID;Exam;Amount;Quantity;RequestNum";
-constexpr const char* checkColumns = "ID;IdNum;RequestNum;ItemID;referencenum;RecordStatus;processby;processdate";
+constexpr const char* checkColumns =
+    "ID;IdNum;RequestNum;ItemID;referencenum;RecordStatus;processby;processdate";
 constexpr const char* masterColumns = "HospNum;LastName;FirstName;MiddleName;RequestNum";
 constexpr const char* requestColumns = "RequestNum;ExamDate;ItemID;NucExam;ResultDate;FileNumber;RefNum";
 constexpr const char* inquiryColumns = "Receipt #;Payment From;transaction Date;Amount;Transaction Type";
 constexpr const char* packageItemColumns = "Hidden;Mark;Code;Revenue;Description;Qty;Amt;Location;ItemStatus";
 
 constexpr Contract contracts[] = {
-    {"STATION..Nurse_CheckExamStatus '<adm>','30001','PH'", "LogBookID;RequestNum;ItemID;Description;RequestDate;UserID"},
-    {"STATION..Nurse_CheckExam_Posted '<adm>','30001','PH'", "LogBookID;RequestNum;ItemID;Description;ProcessDate;ProcessBy"},
+    {"STATION..Nurse_CheckExamStatus '<adm>','30001','PH'",
+     "LogBookID;RequestNum;ItemID;Description;RequestDate;UserID"},
+    {"STATION..Nurse_CheckExam_Posted '<adm>','30001','PH'",
+     "LogBookID;RequestNum;ItemID;Description;ProcessDate;ProcessBy"},
     {"sp_Nuclear_DeleteRevokedData", ""},
     {"Patient_Data..sp_adm_censusallpatient '2026/11/21',''",
      "RoomClassID;RoomID;Station;IdNum;HospNum;PatientName;Age;Sex;AdmDate;DcrDate;DoctorName;Company"},
     {"PATIENT_DATA..sp_adm_censusbystation '2026/11/21',''",
-     "StationID;Station;RoomID;RoomClassID;IdNum;HospNum;PatientName;Age;Sex;AdmDate;DcrDate;DoctorName;Company"},
-    {"sp_Nuclear_NurseCommunication", "RequestDate;Adm.No.;Patient Name;RoomID;ExamCode;Exam Description;Remarks;UserID;"
-                                      "PatientType;RequestNum;HospNum;Classification"},
+     "StationID;Station;RoomID;RoomClassID;IdNum;HospNum;PatientName;Age;Sex;AdmDate;DcrDate;DoctorName;"
+     "Company"},
+    {"sp_Nuclear_NurseCommunication",
+     "RequestDate;Adm.No.;Patient Name;RoomID;ExamCode;Exam Description;Remarks;UserID;"
+     "PatientType;RequestNum;HospNum;Classification"},
     {"NUCLEAR..sp_Nuclear_PrepaidCheckRequest 'NU'", "RequestNum;RefNum;IdNum"},
     {"Nuclear..spNuclear_LoadDischargeNoticeCount", "recCount"},
     {"NUCLEAR..spNuclear_GetSavedUserRights '1001'", ""},
@@ -69,10 +77,12 @@ constexpr Contract contracts[] = {
     {"sp_Nuclear_getpatientbyidnum 'I','<adm>'", listColumns},
     {"sp_Nuclear_getpatientbyhospnum 'I','<hosp>'", listColumns},
     {"sp_Nuclear_getpatientbylastname 'O','S'", listColumns},
-    {"spNuclearaddcashpatient '0','W9001','CRUZ','JUAN','D','1 RIZAL AVE','CENTRO','1000','M','1','','40'", ""},
+    {"spNuclearaddcashpatient '0','W9001','CRUZ','JUAN','D','1 RIZAL AVE','CENTRO','1000','M','1','','40'",
+     ""},
     {"spNuclearsearchoutpatient '<out>'", "IdNum;HospNum;AdmDate;doctorid1;AccountNum"},
-    {"sp_Nuclear_searchoutpatient '<out>'", "IdNum;HospNum;LastName;FirstName;MiddleName;Sex;BirthDate;BloodType;Age;AdmDate;"
-                                            "doctorid1;DoctorName;AccountNum;Company;Height;Weight;BillingDate;LateCharges"},
+    {"sp_Nuclear_searchoutpatient '<out>'",
+     "IdNum;HospNum;LastName;FirstName;MiddleName;Sex;BirthDate;BloodType;Age;AdmDate;"
+     "doctorid1;DoctorName;AccountNum;Company;Height;Weight;BillingDate;LateCharges"},
     {"spNuclearsearchcashpatient '<cash>'", "HospNum;LastName;FirstName;MiddleName;Age;Sex;BirthDate"},
     {"Nuclear..sp_Nuclear_commsearchexam '<adm>','A'", lineColumns},
     {"spNuclearcommsearchexam '<out>'", lineColumns},
@@ -81,73 +91,101 @@ constexpr Contract contracts[] = {
     {"spNuclear_ShowPackage '','A'", "RevenueID;ItemID;Exam;Quantity;Price;Amount"},
     {"sp_Nuclear_IncRefNum", ""},
     {"sp_Nuclear_IncRequestNum", ""},
-    {"sp_Nuclear_AddRequest '104001','<adm>','90001', '1001','5200','204','I', 'C1J','1001','90001','','1', '','NU'", ""},
+    {"sp_Nuclear_AddRequest '104001','<adm>','90001', '1001','5200','204','I', 'C1J','1001','90001','','1', "
+     "'','NU'",
+     ""},
     {"sp_checknursecommunicationfile '0','I','NU','1001','<adm>','7000001'", checkColumns},
     {"sp_checknurselogbook '1','I','<adm>','NU','1001','7000001'", checkColumns},
-    {"sp_addnurselogbook '104001','<adm>', '1001','BONE SCAN','5200', '1001','1001', 'C1J','NU','I','90001','1'", ""},
-    {"sp_addbill 'I','<adm>','11/21/2026 08:30:00 AM','C1J', '1001','5200','NU','1001','1','','', '104001'", ""},
+    {"sp_addnurselogbook '104001','<adm>', '1001','BONE SCAN','5200', '1001','1001', "
+     "'C1J','NU','I','90001','1'",
+     ""},
+    {"sp_addbill 'I','<adm>','11/21/2026 08:30:00 AM','C1J', '1001','5200','NU','1001','1','','', '104001'",
+     ""},
     {"STATION..sp_Save_PackageItems_Unused '<adm>','N01','1005','NU','1','2900','','1001','C1J'", ""},
     {"sp_Nuclear_DumpChargeSlip '1001','BONE SCAN','1','5200','5200', '1001', 'NU'", ""},
-    {"INVENTORY..sp_AppendStockCard '104001','<adm>','30001','11/21/2026 08:30','C1J',1,0,48.5,'1001','PRN','201','179','',"
+    {"INVENTORY..sp_AppendStockCard '104001','<adm>','30001','11/21/2026 "
+     "08:30','C1J',1,0,48.5,'1001','PRN','201','179','',"
      "'',0,'PH','PH','',NULL,NULL,NULL,'O'",
      ""},
     {"RADIOLOGY..Radiology_CheckIfHMO '<out>'", "AccountNum"},
     {"spNuclear_CheckCashAsses 'NU','1001','NU5001'", "AssessID;RefNum;ItemID"},
-    {"spNuclear_AddCashAsses 'W1001','','CRUZ, JUAN D','11/21/2026 08:30:00 AM', 'NU9999','1001','5200', '1001','NU7777','NU'  "
+    {"spNuclear_AddCashAsses 'W1001','','CRUZ, JUAN D','11/21/2026 08:30:00 AM', 'NU9999','1001','5200', "
+     "'1001','NU7777','NU'  "
      ",'', '204','1'",
      ""},
     {"sp_Nuclear_RequestMaster ''", masterColumns},
     {"sp_Nuclear_getRequest '<hosp>'", requestColumns},
     {"sp_Nuclear_ResultMaster ''", masterColumns},
     {"sp_Nuclear_GetResult '<hosp>'", requestColumns},
-    {"sp_Nuclear_ResultEntry '<request>'",
-     "RequestNum;LastName;FirstName;MiddleName;Company;Address;Age;BirthDate;TransDate;HospNum;IdNum;RoomID;Sex;"
-     "AttendingDocCode;AttendingDocName;CardiologistCode;Cardiologist;requestdoccode;RequestDocName;ItemID;NucExam;PatientType;"
-     "RefNum;NurseRequestNum;requeststatus"},
-    {"sp_Nuclear_FileResult '<request>','26-90001','104001','<adm>','I','1001','201','204','1001','11/21/2026 8:30:00 AM'", ""},
-    {"sp_Nuclear_SaveResult '104001','<adm>','<request>','26-90002','I','201','204','1001','5 mCi','MDP','IV','AP','TEXT','NORMAL',"
+    {"sp_Nuclear_ResultEntry '<request>'", "RequestNum;LastName;FirstName;MiddleName;Company;Address;Age;"
+                                           "BirthDate;TransDate;HospNum;IdNum;RoomID;Sex;"
+                                           "AttendingDocCode;AttendingDocName;CardiologistCode;Cardiologist;"
+                                           "requestdoccode;RequestDocName;ItemID;NucExam;PatientType;"
+                                           "RefNum;NurseRequestNum;requeststatus"},
+    {"sp_Nuclear_FileResult "
+     "'<request>','26-90001','104001','<adm>','I','1001','201','204','1001','11/21/2026 8:30:00 AM'",
+     ""},
+    {"sp_Nuclear_SaveResult '104001','<adm>','<request>','26-90002','I','201','204','1001','5 "
+     "mCi','MDP','IV','AP','TEXT','NORMAL',"
      "'NONE','60','165','1001','11/21/2026 8:30:00 AM',''",
      ""},
-    {"sp_Nuclear_SaveResultMPI '104001','<adm>','<request>','26-90003','I','204','204','1024','MIBI','BRUCE','','','','','','',"
+    {"sp_Nuclear_SaveResultMPI "
+     "'104001','<adm>','<request>','26-90003','I','204','204','1024','MIBI','BRUCE','','','','','','',"
      "'60|65','|','|','|','|','NORMAL','60','165','1001','11/21/2026 8:30:00 AM',''",
      ""},
-    {"sp_Nuclear_SaveResultGFR '104001','<adm>','<request>','26-90004','I','201','204','1101','5','DTPA','IV','P','60','165','1001',"
-     "'11/21/2026 8:30:00 AM','TC', '1', '2', '3', '4', '5', '6', '7', '8','9','10','11','12', '13','14', '98'",
+    {"sp_Nuclear_SaveResultGFR "
+     "'104001','<adm>','<request>','26-90004','I','201','204','1101','5','DTPA','IV','P','60','165','1001',"
+     "'11/21/2026 8:30:00 AM','TC', '1', '2', '3', '4', '5', '6', '7', '8','9','10','11','12', '13','14', "
+     "'98'",
      ""},
-    {"sp_Nuclear_SaveResultRadio '104001','<adm>','<request>','26-90005','I','201','204','1201','5','','','','60','165','1001',"
-     "'11/21/2026 8:30:00 AM','1','2','3','4','5','6','7','8','9','10','11','12','13','14','15','16','17','18','19','20','21','21',"
-     "'n1','n2','n3','n4','n5','n6','n7','n8','n9','n10','n11','n12','n13','n14','n15','n16','n17','n18','n19','n20','n21','n22',"
+    {"sp_Nuclear_SaveResultRadio "
+     "'104001','<adm>','<request>','26-90005','I','201','204','1201','5','','','','60','165','1001',"
+     "'11/21/2026 8:30:00 "
+     "AM','1','2','3','4','5','6','7','8','9','10','11','12','13','14','15','16','17','18','19','20','21','"
+     "21',"
+     "'n1','n2','n3','n4','n5','n6','n7','n8','n9','n10','n11','n12','n13','n14','n15','n16','n17','n18','"
+     "n19','n20','n21','n22',"
      "'TECH'",
      ""},
     {"sp_Nuclear_CancelResult '<request>'", ""},
     {"sp_Nuclear_CancelNurseRequest '<adm>','7000001'", ""},
-    {"sp_Nuclear_CashLink ''", "OrNumber;PatientName;Exam;TransDate;Amount;UserID;DoctorID;Requesting Doctor"},
-    {"NUCLEAR..sp_Nuclear_PrepaidSearchRequest 'NU'", "Patient Name;Exam;TransDate;HospNum;IdNum;RequestNum;RefNum"},
+    {"sp_Nuclear_CashLink ''",
+     "OrNumber;PatientName;Exam;TransDate;Amount;UserID;DoctorID;Requesting Doctor"},
+    {"NUCLEAR..sp_Nuclear_PrepaidSearchRequest 'NU'",
+     "Patient Name;Exam;TransDate;HospNum;IdNum;RequestNum;RefNum"},
     {"NUCLEAR..sp_Nuclear_GetPrepaidPatientInfo '<prepaid>'",
-     "IdNum;RefNum;HospNum;LastName;FirstName;MiddleName;Age;Sex;RoomID;RoomClassID;HouseStreet;Barangay;ZipCode;Town;Province;"
+     "IdNum;RefNum;HospNum;LastName;FirstName;MiddleName;Age;Sex;RoomID;RoomClassID;HouseStreet;Barangay;"
+     "ZipCode;Town;Province;"
      "DoctorName"},
-    {"NUCLEAR..sp_Nuclear_RequestFormInfo '<prepaid>', '<out>'", "Code;Exam;Quantity;Amount;TransDate;UserID;RequestNum;RefNum"},
+    {"NUCLEAR..sp_Nuclear_RequestFormInfo '<prepaid>', '<out>'",
+     "Code;Exam;Quantity;Amount;TransDate;UserID;RequestNum;RefNum"},
     {"NUCLEAR..sp_Nuclear_PrepaidUpdatePrintStatus '<prepaid>'", ""},
-    {"sp_Nuclear_GetCancelRequest_new'S',1",
-     "Last Name;First Name;Middle Name;RoomID;Exam;Trans. Date;RequestNum;UserID;Hosp. No.;Adm. No.;RefNum;RevenueID;"
-     "NurseRequestNum;ItemID;Request No."},
+    {"sp_Nuclear_GetCancelRequest_new'S',1", "Last Name;First Name;Middle Name;RoomID;Exam;Trans. "
+                                             "Date;RequestNum;UserID;Hosp. No.;Adm. No.;RefNum;RevenueID;"
+                                             "NurseRequestNum;ItemID;Request No."},
     {"sp_Nuclear_getCancelRequest_new '<request>', 4 ",
-     "Last Name;First Name;Middle Name;RoomID;Exam;Trans. Date;RequestNum;UserID;Hosp. No.;Adm. No.;RefNum;RevenueID;"
+     "Last Name;First Name;Middle Name;RoomID;Exam;Trans. Date;RequestNum;UserID;Hosp. No.;Adm. "
+     "No.;RefNum;RevenueID;"
      "NurseRequestNum;ItemID;Request No."},
     {"spGlobal_CashUpdate '<or>','NU','1001',''", ""},
     {"CARDIO..spGlobal_CashUpdate '<slip>','NU','1001',''", ""},
-    {"sp_AppendStockCard 'PC','104001','<adm>','30001','11/21/2026 08:30:00 AM','PC', '<slip>','2','-97','1001','PRN','179'", ""},
-    {"sp_Nuclear_ChargesbyPatient '<adm>'", "RefNum;TransDate;ItemID;Description;Quantity;Amount;UserID;requestdoctorname"},
+    {"sp_AppendStockCard 'PC','104001','<adm>','30001','11/21/2026 08:30:00 AM','PC', "
+     "'<slip>','2','-97','1001','PRN','179'",
+     ""},
+    {"sp_Nuclear_ChargesbyPatient '<adm>'",
+     "RefNum;TransDate;ItemID;Description;Quantity;Amount;UserID;requestdoctorname"},
     {"sp_Nuclear_ChargesbySlip '<slip>','1001','1001'", ""},
-    {"sp_Nuclear_AssessmentStatus ''",
-     "PatientName;Code;Exam;Quantity;RefNum;Amount;Status;RecordStatus;AssessID;IdNum;RevenueID;RequestDoctor"},
+    {"sp_Nuclear_AssessmentStatus ''", "PatientName;Code;Exam;Quantity;RefNum;Amount;Status;RecordStatus;"
+                                       "AssessID;IdNum;RevenueID;RequestDoctor"},
     {"sp_Nuclear_RevokeAssessment '2'", ""},
-    {"RADIOLOGY..spGlobal_BilledPatients 'S'",
-     "HospNum;IdNum;LastName;FirstName;MiddleName;RoomID;AdmDate;DcrDate;BillingDate;LateCharges;Sex;BirthDate;Age;DoctorID1;"
-     "AccountNum;HouseStreet;Barangay;Company;InvoiceNumber"},
+    {"RADIOLOGY..spGlobal_BilledPatients 'S'", "HospNum;IdNum;LastName;FirstName;MiddleName;RoomID;AdmDate;"
+                                               "DcrDate;BillingDate;LateCharges;Sex;BirthDate;Age;DoctorID1;"
+                                               "AccountNum;HouseStreet;Barangay;Company;InvoiceNumber"},
     {"Laboratory..Lab_GetAge '11/22/1980'", "Age"},
-    {"Nuclear..spGetNuclearCharges '<adm>'", "Department;Code;ChargeSlip #;Particular;Price;Quantity;Amount;Transdate;UserName"},
-    {"STATION..Nurse_AppendNurseLogBook '104001','<adm>','I','30001','48.5','1','PRN','PH','11/21/2026 08:30:00 AM','PH','204','',"
+    {"Nuclear..spGetNuclearCharges '<adm>'",
+     "Department;Code;ChargeSlip #;Particular;Price;Quantity;Amount;Transdate;UserName"},
+    {"STATION..Nurse_AppendNurseLogBook '104001','<adm>','I','30001','48.5','1','PRN','PH','11/21/2026 "
+     "08:30:00 AM','PH','204','',"
      "'1001','','FUROSEMIDE','NU','N','','0','0','0',0",
      ""},
     {"STATION..sp_Get_AdmPackages 11", "Mark;Code;Description;GrossAmount"},
@@ -162,13 +200,18 @@ constexpr Contract contracts[] = {
      "NucExamID;NucExam;RateA;RateB;RateC;RateD;RateE;common;Status;Fixrate;MedicareType;NucSectionID"},
     {"sp_Bui_Find_Last_Item_Number 'NU'", "lastnumber"},
     {"sp_Bui_Insert_Item 'NU','1305','NEW EXAM','1','2','3','4','5','Y','A','N','Y'", ""},
-    {"build_File..sp_Bui_Update_Item_Details 'NU','1001','BONE SCAN','1','2','3','4','5','Y','A','N','Y'", ""},
-    {"Nuclear..spNuclear_LoadDischargeNotice ", "PatientName;RoomID;IdNum;DischargeNurse;NoticeDate;ClearDate"},
-    {"RADIOLOGY..spRadio_PendingRequestPatient '<adm>','NU'", "CommunicationID;RequestNum;ItemID;RequestDate"},
+    {"build_File..sp_Bui_Update_Item_Details 'NU','1001','BONE SCAN','1','2','3','4','5','Y','A','N','Y'",
+     ""},
+    {"Nuclear..spNuclear_LoadDischargeNotice ",
+     "PatientName;RoomID;IdNum;DischargeNurse;NoticeDate;ClearDate"},
+    {"RADIOLOGY..spRadio_PendingRequestPatient '<adm>','NU'",
+     "CommunicationID;RequestNum;ItemID;RequestDate"},
     {"Nuclear..spNuclear_LoadDischargeNoticePatient '<notice>'",
-     "LastName;FirstName;MiddleName;HospNum;IdNum;AdmDate;RoomID;Doctor;OrderDate;NoticeDate;DischargeNurse;Remarks;ClearDate;"
+     "LastName;FirstName;MiddleName;HospNum;IdNum;AdmDate;RoomID;Doctor;OrderDate;NoticeDate;DischargeNurse;"
+     "Remarks;ClearDate;"
      "ClearRemarks;UserID"},
-    {"Nuclear..spNuclear_GetForDischargePatientChages '<adm>'", "ChargeSlip#;Code;Particular;Qty;Amount;IssueDate"},
+    {"Nuclear..spNuclear_GetForDischargePatientChages '<adm>'",
+     "ChargeSlip#;Code;Particular;Qty;Amount;IssueDate"},
     {"Nuclear..spNuclear_ClearPatientForDischarge '<notice>','NO BALANCE','1001'", ""},
     {"Nuclear..spCash_InquiryList '<or>'", inquiryColumns},
     {"Nuclear..spCharge_InquiryList '<slip>'", inquiryColumns},
@@ -181,14 +224,21 @@ class Contracts : public tests::Hospital {
     QString filled(const char* call) {
         QString text = QString::fromLatin1(call);
         const std::pair<const char*, const char*> marks[] = {
-            {"<adm>", "SELECT TOP 1 IdNum FROM NUCLEAR..tbNucMaster WHERE IdNum NOT LIKE 'O%' AND RequestStatus = '' ORDER BY IdNum"},
-            {"<out>", "SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL ORDER BY IdNum"},
-            {"<hosp>", "SELECT TOP 1 HospNum FROM NUCLEAR..tbNucMaster WHERE RequestStatus = 'W' ORDER BY RequestNum"},
+            {"<adm>", "SELECT TOP 1 IdNum FROM NUCLEAR..tbNucMaster WHERE IdNum NOT LIKE 'O%' AND "
+                      "RequestStatus = '' ORDER BY IdNum"},
+            {"<out>",
+             "SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL ORDER BY IdNum"},
+            {"<hosp>",
+             "SELECT TOP 1 HospNum FROM NUCLEAR..tbNucMaster WHERE RequestStatus = 'W' ORDER BY RequestNum"},
             {"<cash>", "SELECT TOP 1 hospnum FROM PATIENT_DATA..tbCashPatient ORDER BY hospnum"},
-            {"<request>", "SELECT TOP 1 RequestNum FROM NUCLEAR..tbNucMaster WHERE RequestStatus = '' ORDER BY RequestNum"},
-            {"<slip>", "SELECT TOP 1 RefNum FROM NUCLEAR..tbNucMaster WHERE RequestStatus = '' ORDER BY RequestNum"},
-            {"<or>", "SELECT TOP 1 ORNumber FROM BILLING..tbCashAssessment WHERE RecordStatus = '1' ORDER BY AssessID"},
-            {"<prepaid>", "SELECT TOP 1 RefNum FROM NUCLEAR..tbNucPrepaid WHERE PrintStatus = '' ORDER BY RequestNum"},
+            {"<request>", "SELECT TOP 1 RequestNum FROM NUCLEAR..tbNucMaster WHERE RequestStatus = '' ORDER "
+                          "BY RequestNum"},
+            {"<slip>",
+             "SELECT TOP 1 RefNum FROM NUCLEAR..tbNucMaster WHERE RequestStatus = '' ORDER BY RequestNum"},
+            {"<or>", "SELECT TOP 1 ORNumber FROM BILLING..tbCashAssessment WHERE RecordStatus = '1' ORDER BY "
+                     "AssessID"},
+            {"<prepaid>",
+             "SELECT TOP 1 RefNum FROM NUCLEAR..tbNucPrepaid WHERE PrintStatus = '' ORDER BY RequestNum"},
             {"<notice>", "SELECT TOP 1 IdNum FROM STATION..tbDischargeNotice ORDER BY IdNum"}};
         for (const auto& [mark, query] : marks) {
             if (text.contains(QLatin1String(mark)))
@@ -223,7 +273,8 @@ TEST_F(Contracts, NoProcedureIsLeftOut) {
     for (const Contract& contract : contracts) {
         const QString text = QString::fromLatin1(contract.call);
         const QString name = text.left(text.indexOf(QRegularExpression(QStringLiteral("['\\s]|$"))));
-        const QString database = name.contains(QLatin1String("..")) ? name.section(QStringLiteral(".."), 0, 0) : QStringLiteral("NUCLEAR");
+        const QString database = name.contains(QLatin1String("..")) ? name.section(QStringLiteral(".."), 0, 0)
+                                                                    : QStringLiteral("NUCLEAR");
         called.insert((database + u'/' + name.section(QStringLiteral(".."), -1)).toUpper());
     }
     const QDir root(QStringLiteral(SCINTRA_SOURCE_DIR "/server/sql"));

@@ -58,8 +58,10 @@ QString Hospital::value(const QString& text) {
 
 QString Hospital::cell(const ado::Rows& rows, qsizetype row, const char* column) {
     for (std::size_t i = 0; i < rows.columns.size(); ++i) {
-        if (rows.columns[i].name.compare(QLatin1String(column), Qt::CaseInsensitive) == 0 && row < rows.count())
-            return rows.at(row, qsizetype(i)).isNull() ? QStringLiteral("<Null>") : base::textOf(rows.at(row, qsizetype(i)));
+        if (rows.columns[i].name.compare(QLatin1String(column), Qt::CaseInsensitive) == 0 &&
+            row < rows.count())
+            return rows.at(row, qsizetype(i)).isNull() ? QStringLiteral("<Null>")
+                                                       : base::textOf(rows.at(row, qsizetype(i)));
     }
     ADD_FAILURE() << "no column " << column << " or no row " << row;
     return {};

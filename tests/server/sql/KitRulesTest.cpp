@@ -79,9 +79,10 @@ TEST(KitRules, NoTriggersAndNoDoubleQuotes) {
 }
 
 TEST(KitRules, NothingThatOnlyTheEngineUnderstands) {
-    const QString sqliteOnly = QStringLiteral(
-        "\\|\\||\\bautoincrement\\b|\\bifnull\\s*\\(|\\bdatetime\\s*\\('|\\blimit\\s+\\d|\\bglob\\b|\\bpragma\\b|"
-        "\\breplace\\s+into\\b|\\bon\\s+conflict\\b|\\bstrftime\\b|\\bsubstr\\s*\\(|\\blength\\s*\\(|\\btotal\\s*\\(");
+    const QString sqliteOnly = QStringLiteral("\\|\\||\\bautoincrement\\b|\\bifnull\\s*\\(|\\bdatetime\\s*\\("
+                                              "'|\\blimit\\s+\\d|\\bglob\\b|\\bpragma\\b|"
+                                              "\\breplace\\s+into\\b|\\bon\\s+conflict\\b|\\bstrftime\\b|"
+                                              "\\bsubstr\\s*\\(|\\blength\\s*\\(|\\btotal\\s*\\(");
     for (const KitText& file : kit())
         EXPECT_EQ(find(file.bare, sqliteOnly), QString()) << file.path.toStdString();
 }
@@ -89,7 +90,8 @@ TEST(KitRules, NothingThatOnlyTheEngineUnderstands) {
 TEST(KitRules, EveryFileNamesItsDatabaseAndEndsItsBatches) {
     for (const KitText& file : kit()) {
         const QString database = file.path.section(u'/', 0, 0);
-        EXPECT_TRUE(file.bare.contains(QStringLiteral("USE ") + database + QStringLiteral("\nGO\n"))) << file.path.toStdString();
+        EXPECT_TRUE(file.bare.contains(QStringLiteral("USE ") + database + QStringLiteral("\nGO\n")))
+            << file.path.toStdString();
         EXPECT_TRUE(file.text.endsWith(QLatin1String("\nGO\n"))) << file.path.toStdString();
         EXPECT_FALSE(file.text.contains(u'\t')) << file.path.toStdString();
     }
@@ -99,7 +101,8 @@ TEST(KitRules, EveryTableIsGuardedAndHasAPrimaryKey) {
     int tables = 0;
     for (const KitText& file : kit()) {
         if (!file.path.endsWith(QLatin1String("/tables.sql"))) {
-            EXPECT_EQ(find(file.bare, QStringLiteral("\\bcreate\\s+table\\b")), QString()) << file.path.toStdString();
+            EXPECT_EQ(find(file.bare, QStringLiteral("\\bcreate\\s+table\\b")), QString())
+                << file.path.toStdString();
             continue;
         }
         for (const QString& batch : file.text.split(QStringLiteral("\nGO\n"))) {
@@ -108,10 +111,13 @@ TEST(KitRules, EveryTableIsGuardedAndHasAPrimaryKey) {
                 continue;
             ++tables;
             ASSERT_EQ(names.size(), 1) << file.path.toStdString();
-            EXPECT_TRUE(batch.contains(QStringLiteral("IF OBJECT_ID('%1') IS NULL").arg(names[0]))) << names[0].toStdString();
+            EXPECT_TRUE(batch.contains(QStringLiteral("IF OBJECT_ID('%1') IS NULL").arg(names[0])))
+                << names[0].toStdString();
             EXPECT_TRUE(batch.contains(QLatin1String("PRIMARY KEY ("))) << names[0].toStdString();
-            const QStringList columns = allOf(batch, QStringLiteral("^        (\\w+) (?:varchar|int|bit|money|float|datetime)"));
-            EXPECT_EQ(QSet<QString>(columns.begin(), columns.end()).size(), columns.size()) << names[0].toStdString();
+            const QStringList columns =
+                allOf(batch, QStringLiteral("^        (\\w+) (?:varchar|int|bit|money|float|datetime)"));
+            EXPECT_EQ(QSet<QString>(columns.begin(), columns.end()).size(), columns.size())
+                << names[0].toStdString();
         }
     }
     EXPECT_GT(tables, 40);
@@ -123,13 +129,15 @@ TEST(KitRules, OneFileAProcedureNamedAsTheProcedure) {
         if (file.path.count(u'/') < 2)
             continue;
         const QString name = file.path.section(u'/', 2).chopped(4);
-        const QStringList made = allOf(file.bare, QStringLiteral("create or alter (?:procedure|view|function) (\\w+)"));
+        const QStringList made =
+            allOf(file.bare, QStringLiteral("create or alter (?:procedure|view|function) (\\w+)"));
         ASSERT_EQ(made.size(), 1) << file.path.toStdString();
         EXPECT_EQ(made[0], name);
         const QString word = folder == QLatin1String("procedures") ? QStringLiteral("PROCEDURE")
                              : folder == QLatin1String("views")    ? QStringLiteral("VIEW")
                                                                    : QStringLiteral("FUNCTION");
-        EXPECT_TRUE(file.bare.contains(QStringLiteral("CREATE OR ALTER ") + word + u' ')) << file.path.toStdString();
+        EXPECT_TRUE(file.bare.contains(QStringLiteral("CREATE OR ALTER ") + word + u' '))
+            << file.path.toStdString();
     }
 }
 

@@ -26,9 +26,10 @@ TEST_F(Lookup, FirstNamesMayStandBehindABlank) {
 }
 
 TEST_F(Lookup, ClosedAndCashBasisAccountsAreMarked) {
-    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbPatient (IdNum, HospNum, BillingDate, LateCharges) "
-                       "VALUES ('26999991', '104001', '2026-11-20', 0), ('26999992', '104001', '2026-11-20', 1), "
-                       "('26999993', '104001', NULL, 0)"));
+    run(QStringLiteral(
+        "INSERT INTO PATIENT_DATA..tbPatient (IdNum, HospNum, BillingDate, LateCharges) "
+        "VALUES ('26999991', '104001', '2026-11-20', 0), ('26999992', '104001', '2026-11-20', 1), "
+        "('26999993', '104001', NULL, 0)"));
     run(QStringLiteral("INSERT INTO PATIENT_DATA..tbPatient2 (IdNum, OkeyNU) VALUES ('26999993', 1)"));
     const auto stay = [&](const char* idNum) {
         return rows(QStringLiteral("sp_Nuclear_getpatientbyidnum 'I','%1'").arg(QLatin1String(idNum)));
@@ -63,7 +64,8 @@ TEST_F(Lookup, RegularPatientsByNumberAndOpenStaysOnly) {
 }
 
 TEST_F(Lookup, OutPatientsByNumberCarryNullDates) {
-    const QString idNum = value(QStringLiteral("SELECT MAX(IdNum) FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL"));
+    const QString idNum =
+        value(QStringLiteral("SELECT MAX(IdNum) FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL"));
     const ado::Rows found = rows(QStringLiteral("spGlobal_RegisteredOPD '0','1', '%1'").arg(idNum));
     ASSERT_EQ(found.count(), 1);
     EXPECT_EQ(cell(found, 0, "DcrDate"), QStringLiteral("<Null>"));
@@ -88,12 +90,14 @@ TEST_F(Lookup, RevenueCodes) {
 }
 
 TEST_F(Lookup, CashPatientsAreAddedAndChanged) {
-    run(QStringLiteral("spNuclearaddcashpatient '0','W8001','LUNA','ANA','R','2 MABINI ST','CENTRO','1000','F','2','','31'"));
+    run(QStringLiteral("spNuclearaddcashpatient '0','W8001','LUNA','ANA','R','2 MABINI "
+                       "ST','CENTRO','1000','F','2','','31'"));
     const ado::Rows added = rows(QStringLiteral("spGlobal_CashPatient '1', 'W8001'"));
     ASSERT_EQ(added.count(), 1);
     EXPECT_EQ(cell(added, 0, "BirthDate"), QStringLiteral("<Null>"));
     EXPECT_EQ(cell(added, 0, "CivilStatus"), QStringLiteral("MARRIED"));
-    run(QStringLiteral("spNuclearaddcashpatient '1','W8001','LUNA','ANA','R','2 MABINI ST','CENTRO','1000','F','3','02/29/1996','30'"));
+    run(QStringLiteral("spNuclearaddcashpatient '1','W8001','LUNA','ANA','R','2 MABINI "
+                       "ST','CENTRO','1000','F','3','02/29/1996','30'"));
     const ado::Rows changed = rows(QStringLiteral("spGlobal_CashPatient '1', 'W8001'"));
     EXPECT_EQ(*changed.at(0, 7).asDateTime(), *base::makeDateTime({1996, 2, 29}));
     EXPECT_EQ(cell(changed, 0, "CivilStatus"), QStringLiteral("WIDOWED"));
@@ -103,14 +107,17 @@ TEST_F(Lookup, RightsAreKeptApartByWorkstation) {
     const auto other = workstation(QStringLiteral("DESK2"));
     run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1001'"));
     other->execute(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1005'"));
-    const QString seven = QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' ");
+    const QString seven =
+        QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' ");
     EXPECT_EQ(rows(seven).count(), 1);
     EXPECT_EQ(other->execute(seven).rows.count(), 0);
     EXPECT_EQ(rows(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).count(), 18);
-    EXPECT_EQ(other->execute(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(), 2);
+    EXPECT_EQ(other->execute(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(),
+              2);
     run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1007'"));
     EXPECT_EQ(rows(seven).count(), 0);
-    EXPECT_EQ(other->execute(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(), 2);
+    EXPECT_EQ(other->execute(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(),
+              2);
 }
 
 TEST_F(Lookup, ARightOfOneDigitIsNotPartOfOneOfTwo) {
@@ -128,8 +135,9 @@ TEST_F(Lookup, TheCatalogueOfRightsGrowsAndChanges) {
     ASSERT_EQ(found.count(), 1);
     EXPECT_EQ(cell(found, 0, "ItemID"), QStringLiteral("19"));
     run(QStringLiteral("NUCLEAR..spNuclear_SaveProgramSettings 'B','19','OLD RIGHT','I'"));
-    EXPECT_EQ(value(QStringLiteral("SELECT Description + Status FROM tbNuclearUserSettings WHERE ItemID = '19'")),
-              QStringLiteral("OLD RIGHTI"));
+    EXPECT_EQ(
+        value(QStringLiteral("SELECT Description + Status FROM tbNuclearUserSettings WHERE ItemID = '19'")),
+        QStringLiteral("OLD RIGHTI"));
 }
 
 TEST_F(Lookup, PackagesByLetter) {
@@ -141,7 +149,8 @@ TEST_F(Lookup, PackagesByLetter) {
     EXPECT_EQ(rows(QStringLiteral("spNuclear_ShowPackage 'Y','A'")).count(), 2);
     EXPECT_EQ(rows(QStringLiteral("spNuclear_ShowPackage '','X'")).count(), 0);
     run(QStringLiteral("Nuclear..sp_Nuclear_Insert_Update_Package 'N09', 'LIVER PACKAGE', '1'"));
-    EXPECT_EQ(value(QStringLiteral("SELECT PackageLetter FROM tbNucPackage WHERE Code = 'N09'")), QStringLiteral("E"));
+    EXPECT_EQ(value(QStringLiteral("SELECT PackageLetter FROM tbNucPackage WHERE Code = 'N09'")),
+              QStringLiteral("E"));
     run(QStringLiteral("Nuclear..sp_Nuclear_Insert_Update_Package 'N09', 'LIVER PACKAGE', '0'"));
     EXPECT_EQ(rows(QStringLiteral("spNuclear_PackageList")).count(), 4);
 }
@@ -149,7 +158,9 @@ TEST_F(Lookup, PackagesByLetter) {
 TEST_F(Lookup, TheExamFileOfTheSectionIsTheHospitals) {
     EXPECT_EQ(value(QStringLiteral("SELECT COUNT(*) FROM tbCoNucExam")), QStringLiteral("45"));
     run(QStringLiteral("UPDATE tbCoNucExam SET NucSectionID = 'M' WHERE NucExamID = '1024'"));
-    EXPECT_EQ(value(QStringLiteral("SELECT NucSectionID FROM BUILD_FILE..tbcoNucExam WHERE NucExamID = '1024'")), QStringLiteral("M"));
+    EXPECT_EQ(
+        value(QStringLiteral("SELECT NucSectionID FROM BUILD_FILE..tbcoNucExam WHERE NucExamID = '1024'")),
+        QStringLiteral("M"));
     EXPECT_EQ(value(QStringLiteral("sp_Bui_Find_Last_Item_Number 'NU'")), QStringLiteral("1304"));
 }
 

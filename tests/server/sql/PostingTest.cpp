@@ -8,8 +8,9 @@ namespace {
 class Posting : public tests::Hospital {
   protected:
     QString admitted() {
-        return value(QStringLiteral("SELECT TOP 1 P.IdNum FROM PATIENT_DATA..tbPatient P WHERE P.DcrDate IS NULL AND "
-                                    "P.BillingDate IS NULL ORDER BY P.IdNum"));
+        return value(
+            QStringLiteral("SELECT TOP 1 P.IdNum FROM PATIENT_DATA..tbPatient P WHERE P.DcrDate IS NULL AND "
+                           "P.BillingDate IS NULL ORDER BY P.IdNum"));
     }
 };
 
@@ -22,11 +23,14 @@ TEST_F(Posting, NumbersAreReadThenAdvanced) {
     run(QStringLiteral("sp_Nuclear_IncRequestNum"));
     EXPECT_EQ(value(QStringLiteral("SELECT requestnum FROM tbNucSlip")).toInt(), request + 1);
     // The demo's own requests lie below.
-    EXPECT_EQ(count(QStringLiteral("tbNucMaster"), QStringLiteral("CAST(RequestNum AS int) >= %1").arg(request)), 0);
+    EXPECT_EQ(
+        count(QStringLiteral("tbNucMaster"), QStringLiteral("CAST(RequestNum AS int) >= %1").arg(request)),
+        0);
 }
 
 TEST_F(Posting, ARequestIsFiledAsItWasSent) {
-    run(QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', '1001','1250.5','204','I', 'C77J','1001','7000009','','2', '','NU'"));
+    run(QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', '1001','1250.5','204','I', "
+                       "'C77J','1001','7000009','','2', '','NU'"));
     const ado::Rows filed = rows(QStringLiteral("SELECT * FROM tbNucMaster WHERE RequestNum = '90001'"));
     ASSERT_EQ(filed.count(), 1);
     EXPECT_EQ(cell(filed, 0, "HospNum"), QStringLiteral("104001"));
@@ -34,13 +38,19 @@ TEST_F(Posting, ARequestIsFiledAsItWasSent) {
     EXPECT_EQ(cell(filed, 0, "NurseRequestNum"), QStringLiteral("7000009"));
     EXPECT_EQ(cell(filed, 0, "RequestDocCode"), QStringLiteral("204"));
     EXPECT_EQ(cell(filed, 0, "RequestStatus"), QString());
-    EXPECT_EQ(value(QStringLiteral("SELECT Amount FROM tbNucMaster WHERE RequestNum = '90001'")).toDouble(), 1250.5);
-    EXPECT_EQ(value(QStringLiteral("SELECT Quantity FROM tbNucMaster WHERE RequestNum = '90001'")).toDouble(), 2);
-    EXPECT_EQ(*rows(QStringLiteral("SELECT TransDate FROM tbNucMaster WHERE RequestNum = '90001'")).at(0, 0).asDateTime(), base::now());
+    EXPECT_EQ(value(QStringLiteral("SELECT Amount FROM tbNucMaster WHERE RequestNum = '90001'")).toDouble(),
+              1250.5);
+    EXPECT_EQ(value(QStringLiteral("SELECT Quantity FROM tbNucMaster WHERE RequestNum = '90001'")).toDouble(),
+              2);
+    EXPECT_EQ(*rows(QStringLiteral("SELECT TransDate FROM tbNucMaster WHERE RequestNum = '90001'"))
+                   .at(0, 0)
+                   .asDateTime(),
+              base::now());
 }
 
 TEST_F(Posting, ANumberThatTwoDrewIsRefusedTheSecondTime) {
-    const QString text = QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', '1001','1','204','I', 'C77J','1001','','','1', '','NU'");
+    const QString text = QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', "
+                                        "'1001','1','204','I', 'C77J','1001','','','1', '','NU'");
     run(text);
     try {
         run(text);
@@ -51,20 +61,31 @@ TEST_F(Posting, ANumberThatTwoDrewIsRefusedTheSecondTime) {
 }
 
 TEST_F(Posting, AnEmptyRowTakesALogBookLine) {
-    run(QStringLiteral("sp_addnurselogbook '104001','26004001', '','','0', '1001','1001', 'C77J','','I','90002','0'"));
-    EXPECT_EQ(count(QStringLiteral("STATION..tbNurseLogBook"), QStringLiteral("RequestNum = '90002' AND ItemID = '' AND RecordStatus = 'X'")), 1);
+    run(QStringLiteral(
+        "sp_addnurselogbook '104001','26004001', '','','0', '1001','1001', 'C77J','','I','90002','0'"));
+    EXPECT_EQ(count(QStringLiteral("STATION..tbNurseLogBook"),
+                    QStringLiteral("RequestNum = '90002' AND ItemID = '' AND RecordStatus = 'X'")),
+              1);
 }
 
 TEST_F(Posting, ABillAndItsReversal) {
-    run(QStringLiteral("sp_addbill 'I','26004001','11/21/2026 08:30:00 AM','C77J', '1001','5200','NU','1001','1','','', '104001'"));
-    run(QStringLiteral("sp_addbill 'I','26004001','11/21/2026 09:30:00 PM','C77J',  '1001','-5200','NU','1001','1','','D'"));
-    const ado::Rows bill = rows(QStringLiteral("SELECT * FROM BILLING..tbDailyBill WHERE RefNum = 'C77J' ORDER BY BillID"));
+    run(QStringLiteral("sp_addbill 'I','26004001','11/21/2026 08:30:00 AM','C77J', "
+                       "'1001','5200','NU','1001','1','','', '104001'"));
+    run(QStringLiteral(
+        "sp_addbill 'I','26004001','11/21/2026 09:30:00 PM','C77J',  '1001','-5200','NU','1001','1','','D'"));
+    const ado::Rows bill =
+        rows(QStringLiteral("SELECT * FROM BILLING..tbDailyBill WHERE RefNum = 'C77J' ORDER BY BillID"));
     ASSERT_EQ(bill.count(), 2);
     EXPECT_EQ(cell(bill, 0, "Marker"), QString());
     EXPECT_EQ(cell(bill, 1, "Marker"), QStringLiteral("D"));
     EXPECT_EQ(cell(bill, 1, "HospNum"), QStringLiteral("104001"));
-    EXPECT_EQ(value(QStringLiteral("SELECT SUM(Amount) FROM BILLING..tbDailyBill WHERE RefNum = 'C77J'")).toDouble(), 0);
-    EXPECT_EQ(*rows(QStringLiteral("SELECT TransDate FROM BILLING..tbDailyBill WHERE RefNum = 'C77J' AND Marker = 'D'")).at(0, 0).asDateTime(),
+    EXPECT_EQ(value(QStringLiteral("SELECT SUM(Amount) FROM BILLING..tbDailyBill WHERE RefNum = 'C77J'"))
+                  .toDouble(),
+              0);
+    EXPECT_EQ(*rows(QStringLiteral(
+                        "SELECT TransDate FROM BILLING..tbDailyBill WHERE RefNum = 'C77J' AND Marker = 'D'"))
+                   .at(0, 0)
+                   .asDateTime(),
               *base::makeDateTime({2026, 11, 21}, {21, 30}));
 }
 
@@ -79,15 +100,16 @@ TEST_F(Posting, TheWardsEntryIsWrittenBack) {
     ado::Connection connection;
     connect(connection);
     ado::Recordset communication;
-    communication.Open(ado::sql("sp_checknursecommunicationfile '0','{}','NU','{}','{}','{}'", type, exam, idNum, request), connection,
-                       ado::CursorType::Dynamic, ado::LockType::Optimistic);
+    communication.Open(
+        ado::sql("sp_checknursecommunicationfile '0','{}','NU','{}','{}','{}'", type, exam, idNum, request),
+        connection, ado::CursorType::Dynamic, ado::LockType::Optimistic);
     ASSERT_EQ(communication.RecordCount(), 1);
     communication.Fields("referencenum").setValue(QStringLiteral("C77J"));
     communication.Fields("RecordStatus").setValue(QStringLiteral("X"));
     communication.Update();
     ado::Recordset logBook;
-    logBook.Open(ado::sql("sp_checknurselogbook '0','{}','{}','NU','{}','{}'", type, idNum, exam, request), connection,
-                 ado::CursorType::Dynamic, ado::LockType::Optimistic);
+    logBook.Open(ado::sql("sp_checknurselogbook '0','{}','{}','NU','{}','{}'", type, idNum, exam, request),
+                 connection, ado::CursorType::Dynamic, ado::LockType::Optimistic);
     ASSERT_EQ(logBook.RecordCount(), 1);
     logBook.Fields("referencenum").setValue(QStringLiteral("C77J"));
     logBook.Fields("RecordStatus").setValue(QStringLiteral("X"));
@@ -98,7 +120,8 @@ TEST_F(Posting, TheWardsEntryIsWrittenBack) {
     const auto other = workstation(QStringLiteral("DESK2"));
     EXPECT_EQ(other->execute(QStringLiteral("sp_Nuclear_NurseCommunication")).rows.count(), before - 1);
     const ado::Rows written =
-        other->execute(QStringLiteral("SELECT * FROM STATION..tbNurseLogBook WHERE ReferenceNum = 'C77J'")).rows;
+        other->execute(QStringLiteral("SELECT * FROM STATION..tbNurseLogBook WHERE ReferenceNum = 'C77J'"))
+            .rows;
     ASSERT_EQ(written.count(), 1);
     EXPECT_EQ(cell(written, 0, "ProcessBy"), QStringLiteral("1001"));
     EXPECT_EQ(cell(written, 0, "RequestNum"), request);
@@ -125,19 +148,26 @@ TEST_F(Posting, WriteBackOfTheNumberRows) {
     walkIn.Fields("transnum").setValue(1031);
     walkIn.Update();
     const auto other = workstation(QStringLiteral("DESK2"));
-    EXPECT_EQ(*other->execute(QStringLiteral("SELECT assessmentnum FROM BILLING..tbAssessmentNum")).rows.at(0, 0).asInteger(),
+    EXPECT_EQ(*other->execute(QStringLiteral("SELECT assessmentnum FROM BILLING..tbAssessmentNum"))
+                   .rows.at(0, 0)
+                   .asInteger(),
               number + 1);
-    EXPECT_EQ(*other->execute(QStringLiteral("SELECT lastopd FROM PATIENT_DATA..tbLastWalkInNum")).rows.at(0, 0).asText(),
+    EXPECT_EQ(*other->execute(QStringLiteral("SELECT lastopd FROM PATIENT_DATA..tbLastWalkInNum"))
+                   .rows.at(0, 0)
+                   .asText(),
               QStringLiteral("W1031"));
 }
 
 TEST_F(Posting, StockFollowsTheCard) {
-    const QString onHand = QStringLiteral("SELECT OnHand FROM INVENTORY..tbInvStock WHERE ItemID = '%1' AND LocationID = '%2'");
+    const QString onHand =
+        QStringLiteral("SELECT OnHand FROM INVENTORY..tbInvStock WHERE ItemID = '%1' AND LocationID = '%2'");
     const double before = value(onHand.arg(QStringLiteral("40003"), QStringLiteral("224"))).toDouble();
-    run(QStringLiteral("INVENTORY..sp_AppendStockCard '104001','26004001','40003','11/21/2026 08:30','C77J',3,0,34.5,'1001',"
-                       "'PRN','201','224','','',0,'CS','CS','',NULL,NULL,NULL,'O'"));
+    run(QStringLiteral(
+        "INVENTORY..sp_AppendStockCard '104001','26004001','40003','11/21/2026 08:30','C77J',3,0,34.5,'1001',"
+        "'PRN','201','224','','',0,'CS','CS','',NULL,NULL,NULL,'O'"));
     EXPECT_EQ(value(onHand.arg(QStringLiteral("40003"), QStringLiteral("224"))).toDouble(), before - 3);
-    const ado::Rows card = rows(QStringLiteral("SELECT * FROM INVENTORY..tbInvStockCard WHERE RefNum = 'C77J'"));
+    const ado::Rows card =
+        rows(QStringLiteral("SELECT * FROM INVENTORY..tbInvStockCard WHERE RefNum = 'C77J'"));
     ASSERT_EQ(card.count(), 1);
     EXPECT_EQ(cell(card, 0, "Dosage"), QStringLiteral("PRN"));
     EXPECT_EQ(cell(card, 0, "Direction"), QStringLiteral("O"));
@@ -151,64 +181,87 @@ TEST_F(Posting, StockFollowsTheCard) {
 }
 
 TEST_F(Posting, StockWithoutALocationIsTheSectionsOwn) {
-    run(QStringLiteral("INVENTORY..sp_AppendStockCard '104001','26004001','30001','11/21/2026 08:30','C78J',1,0,48.5,'1001',"
-                       "'PRN','201','','','',0,'CS','CS','',NULL,NULL,NULL,'O'"));
-    EXPECT_EQ(value(QStringLiteral("SELECT LocationID FROM INVENTORY..tbInvStockCard WHERE RefNum = 'C78J'")), QStringLiteral("179"));
+    run(QStringLiteral(
+        "INVENTORY..sp_AppendStockCard '104001','26004001','30001','11/21/2026 08:30','C78J',1,0,48.5,'1001',"
+        "'PRN','201','','','',0,'CS','CS','',NULL,NULL,NULL,'O'"));
+    EXPECT_EQ(value(QStringLiteral("SELECT LocationID FROM INVENTORY..tbInvStockCard WHERE RefNum = 'C78J'")),
+              QStringLiteral("179"));
 }
 
 TEST_F(Posting, TheChargeSlipOfAPrint) {
     run(QStringLiteral("delete from tbNucChargeSlip"));
-    run(QStringLiteral("sp_Nuclear_DumpChargeSlip '204','(PF) DR. SANTOS, ALBERTO','1','800','800', '1001', 'MD'"));
-    EXPECT_EQ(value(QStringLiteral("SELECT Description FROM tbNucChargeSlip")), QStringLiteral("(PF) DR. SANTOS, ALBERTO"));
+    run(QStringLiteral(
+        "sp_Nuclear_DumpChargeSlip '204','(PF) DR. SANTOS, ALBERTO','1','800','800', '1001', 'MD'"));
+    EXPECT_EQ(value(QStringLiteral("SELECT Description FROM tbNucChargeSlip")),
+              QStringLiteral("(PF) DR. SANTOS, ALBERTO"));
     run(QStringLiteral("DELETE tbNucChargeSlip"));
     EXPECT_EQ(value(QStringLiteral("SELECT COUNT(*) FROM tbNucChargeSlip")), QStringLiteral("0"));
 }
 
 TEST_F(Posting, AReprintHoldsOneSlipOnly) {
-    run(QStringLiteral("sp_addnurselogbook '1','26004001', '1001','BONE SCAN','5200', '1001','1001', 'C91J','NU','I','90001','2'"));
-    run(QStringLiteral("sp_addnurselogbook '1','26004001', '1004','THYROID','2400', '1001','1001', 'C91J','NU','I','90002','1'"));
+    run(QStringLiteral("sp_addnurselogbook '1','26004001', '1001','BONE SCAN','5200', '1001','1001', "
+                       "'C91J','NU','I','90001','2'"));
+    run(QStringLiteral("sp_addnurselogbook '1','26004001', '1004','THYROID','2400', '1001','1001', "
+                       "'C91J','NU','I','90002','1'"));
     run(QStringLiteral("sp_Nuclear_DumpChargeSlip '1001','SOMEONE ELSE','1','1','1', '1002', 'NU'"));
     for (const char* item : {"1001", "1004", "1001"})
         run(QStringLiteral("sp_Nuclear_ChargesbySlip 'C91J','%1','1001'").arg(QLatin1String(item)));
     const ado::Rows lines = rows(QStringLiteral("SELECT * FROM tbNucChargeSlip ORDER BY ItemID"));
     ASSERT_EQ(lines.count(), 2);
-    EXPECT_EQ(value(QStringLiteral("SELECT Price FROM tbNucChargeSlip WHERE ItemID = '1001'")).toDouble(), 2600);
+    EXPECT_EQ(value(QStringLiteral("SELECT Price FROM tbNucChargeSlip WHERE ItemID = '1001'")).toDouble(),
+              2600);
 }
 
 TEST_F(Posting, UnusedPackageItems) {
-    run(QStringLiteral("STATION..sp_Save_PackageItems_Unused '26004001','N01','1005','NU','1','33.3333333333333','','1001','C77J'"));
-    EXPECT_EQ(count(QStringLiteral("STATION..tbPackageItemsUnused"), QStringLiteral("PackageID = 'N01' AND ReferenceNum = 'C77J'")), 1);
+    run(QStringLiteral("STATION..sp_Save_PackageItems_Unused "
+                       "'26004001','N01','1005','NU','1','33.3333333333333','','1001','C77J'"));
+    EXPECT_EQ(count(QStringLiteral("STATION..tbPackageItemsUnused"),
+                    QStringLiteral("PackageID = 'N01' AND ReferenceNum = 'C77J'")),
+              1);
 }
 
 TEST_F(Posting, WardsNumbersRiseInTheirOwnSeries) {
     const int last = value(QStringLiteral("SELECT RequestNum FROM STATION..tbNurseRequestNum")).toInt();
     EXPECT_GE(last, 7000000);
-    run(QStringLiteral("STATION..Nurse_AppendNurseLogBook '104001','%1','I','30001','48.5','1','PRN','PH','11/21/2026 08:30:00 AM',"
+    run(QStringLiteral("STATION..Nurse_AppendNurseLogBook "
+                       "'104001','%1','I','30001','48.5','1','PRN','PH','11/21/2026 08:30:00 AM',"
                        "'PH','204','','1001','','FUROSEMIDE','NU','N','','0','0','0',0")
             .arg(admitted()));
-    EXPECT_EQ(count(QStringLiteral("STATION..tbNurseLogBook"), QStringLiteral("RequestNum = '%1' AND RecordStatus = 'N'").arg(last + 1)), 1);
-    EXPECT_EQ(rows(QStringLiteral("STATION..Nurse_CheckExamStatus '%1','30001','PH'").arg(admitted())).count(), 1);
-    EXPECT_EQ(rows(QStringLiteral("STATION..Nurse_CheckExam_Posted '%1','30001','PH'").arg(admitted())).count(), 0);
-    run(QStringLiteral("UPDATE STATION..tbNurseLogBook SET RecordStatus = 'X', ProcessDate = GETDATE() WHERE RequestNum = '%1'").arg(last + 1));
-    EXPECT_EQ(rows(QStringLiteral("STATION..Nurse_CheckExamStatus '%1','30001','PH'").arg(admitted())).count(), 0);
-    EXPECT_EQ(rows(QStringLiteral("STATION..Nurse_CheckExam_Posted '%1','30001','PH'").arg(admitted())).count(), 1);
+    EXPECT_EQ(count(QStringLiteral("STATION..tbNurseLogBook"),
+                    QStringLiteral("RequestNum = '%1' AND RecordStatus = 'N'").arg(last + 1)),
+              1);
+    EXPECT_EQ(
+        rows(QStringLiteral("STATION..Nurse_CheckExamStatus '%1','30001','PH'").arg(admitted())).count(), 1);
+    EXPECT_EQ(
+        rows(QStringLiteral("STATION..Nurse_CheckExam_Posted '%1','30001','PH'").arg(admitted())).count(), 0);
+    run(QStringLiteral("UPDATE STATION..tbNurseLogBook SET RecordStatus = 'X', ProcessDate = GETDATE() WHERE "
+                       "RequestNum = '%1'")
+            .arg(last + 1));
+    EXPECT_EQ(
+        rows(QStringLiteral("STATION..Nurse_CheckExamStatus '%1','30001','PH'").arg(admitted())).count(), 0);
+    EXPECT_EQ(
+        rows(QStringLiteral("STATION..Nurse_CheckExam_Posted '%1','30001','PH'").arg(admitted())).count(), 1);
 }
 
 TEST_F(Posting, AWardsRequestCanBeRevoked) {
     const ado::Rows waiting = rows(QStringLiteral("sp_Nuclear_NurseCommunication"));
-    run(QStringLiteral("sp_Nuclear_CancelNurseRequest '%1','%2'").arg(cell(waiting, 0, "Adm.No."), cell(waiting, 0, "RequestNum")));
+    run(QStringLiteral("sp_Nuclear_CancelNurseRequest '%1','%2'")
+            .arg(cell(waiting, 0, "Adm.No."), cell(waiting, 0, "RequestNum")));
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_NurseCommunication")).count(), waiting.count() - 1);
 }
 
 TEST_F(Posting, AssessmentsAreAddedOnceAndLinkedByReceipt) {
     EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'NU','1001','NU7777'")).count(), 0);
-    run(QStringLiteral("spNuclear_AddCashAsses 'W1001','','CRUZ, JUAN D','11/21/2026 08:30:00 AM', 'NU9999','1001','5200', '1001','NU7777','NU'  ,'', '204','1'"));
-    run(QStringLiteral("spNuclear_AddCashAsses 'W1001','','CRUZ, JUAND','11/21/2026 08:30:00 AM', 'NU9998','201','800', '1001','NU7777','MD','NU', '204','1'"));
+    run(QStringLiteral("spNuclear_AddCashAsses 'W1001','','CRUZ, JUAN D','11/21/2026 08:30:00 AM', "
+                       "'NU9999','1001','5200', '1001','NU7777','NU'  ,'', '204','1'"));
+    run(QStringLiteral("spNuclear_AddCashAsses 'W1001','','CRUZ, JUAND','11/21/2026 08:30:00 AM', "
+                       "'NU9998','201','800', '1001','NU7777','MD','NU', '204','1'"));
     EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'NU','1001','NU7777'")).count(), 1);
     EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'MD','201','NU7777'")).count(), 1);
     EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'MD','1001','NU7777'")).count(), 0);
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_CashLink 'OR555'")).count(), 0);
-    run(QStringLiteral("UPDATE BILLING..tbCashAssessment SET ORNumber = 'OR555', RecordStatus = '1' WHERE RefNum = 'NU7777'"));
+    run(QStringLiteral("UPDATE BILLING..tbCashAssessment SET ORNumber = 'OR555', RecordStatus = '1' WHERE "
+                       "RefNum = 'NU7777'"));
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_CashLink 'OR555'")).count(), 2);
     const ado::Rows lines = rows(QStringLiteral("sp_Nuclear_getcashexam 'OR555'"));
     ASSERT_EQ(lines.count(), 2);
@@ -217,7 +270,8 @@ TEST_F(Posting, AssessmentsAreAddedOnceAndLinkedByReceipt) {
     EXPECT_EQ(cell(status, 0, "RefNum"), QStringLiteral("OR555"));
     EXPECT_EQ(cell(status, 0, "Status"), QStringLiteral("PAID"));
     run(QStringLiteral("sp_Nuclear_RevokeAssessment '%1'").arg(cell(status, 0, "AssessID")));
-    EXPECT_EQ(cell(rows(QStringLiteral("sp_Nuclear_AssessmentStatus 'CRUZ, JUAN'")), 0, "Status"), QStringLiteral("PAID"));
+    EXPECT_EQ(cell(rows(QStringLiteral("sp_Nuclear_AssessmentStatus 'CRUZ, JUAN'")), 0, "Status"),
+              QStringLiteral("PAID"));
     run(QStringLiteral("spGlobal_CashUpdate 'OR555','NU','1001',''"));
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_CashLink 'OR555'")).count(), 1);
 }

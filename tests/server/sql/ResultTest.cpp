@@ -7,16 +7,20 @@ namespace {
 class Results : public tests::Hospital {
   protected:
     void SetUp() override {
-        run(QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', '1001','5200','204','I', 'C77J','1001','90001','','1', '','NU'"));
-        run(QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90002', '1201','750','204','I', 'C77J','1001','90002','','1', '','NU'"));
+        run(QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', '1001','5200','204','I', "
+                           "'C77J','1001','90001','','1', '','NU'"));
+        run(QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90002', '1201','750','204','I', "
+                           "'C77J','1001','90002','','1', '','NU'"));
     }
     void saveGeneric(const char* request, const char* caseNumber, const char* conclusion = "NORMAL") {
-        run(QStringLiteral("sp_Nuclear_SaveResult '104001','26004001','%1','%2','I','201','205','1001',' 5 mCi','Tc-99m MDP','I.V.','AP',"
+        run(QStringLiteral("sp_Nuclear_SaveResult '104001','26004001','%1','%2','I','201','205','1001',' 5 "
+                           "mCi','Tc-99m MDP','I.V.','AP',"
                            "'REPORT','%3','NONE','60','165','1001','11/21/2026 8:45:00 AM','REMARK'")
                 .arg(QLatin1String(request), QLatin1String(caseNumber), QLatin1String(conclusion)));
     }
     QString status(const char* request) {
-        return value(QStringLiteral("SELECT RequestStatus FROM tbNucMaster WHERE RequestNum = '%1'").arg(QLatin1String(request)));
+        return value(QStringLiteral("SELECT RequestStatus FROM tbNucMaster WHERE RequestNum = '%1'")
+                         .arg(QLatin1String(request)));
     }
 };
 
@@ -24,14 +28,19 @@ TEST_F(Results, ASavedResultMovesTheRequestAndTheLogBook) {
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_getRequest '104001'")).count() >= 2, true);
     saveGeneric("90001", "26-90001");
     EXPECT_EQ(status("90001"), QStringLiteral("W"));
-    const ado::Rows result = rows(QStringLiteral("SELECT * FROM NUCLEAR..tbNucResult WHERE RequestNum = '90001'"));
+    const ado::Rows result =
+        rows(QStringLiteral("SELECT * FROM NUCLEAR..tbNucResult WHERE RequestNum = '90001'"));
     ASSERT_EQ(result.count(), 1);
     EXPECT_EQ(cell(result, 0, "dose"), QStringLiteral(" 5 mCi"));
     EXPECT_EQ(cell(result, 0, "Interpretation"), QStringLiteral("REPORT"));
     EXPECT_EQ(cell(result, 0, "Remarks"), QStringLiteral("REMARK"));
-    EXPECT_EQ(count(QStringLiteral("tbNucLogBook"), QStringLiteral("CaseNumber = '26-90001' AND Status <> 'R'")), 1);
-    EXPECT_EQ(value(QStringLiteral("SELECT COUNT(*) FROM STATION..tbNucLogBook WHERE CaseNumber = '26-90001' AND Status <> 'R'")),
-              QStringLiteral("1"));
+    EXPECT_EQ(
+        count(QStringLiteral("tbNucLogBook"), QStringLiteral("CaseNumber = '26-90001' AND Status <> 'R'")),
+        1);
+    EXPECT_EQ(
+        value(QStringLiteral(
+            "SELECT COUNT(*) FROM STATION..tbNucLogBook WHERE CaseNumber = '26-90001' AND Status <> 'R'")),
+        QStringLiteral("1"));
     const ado::Rows listed = rows(QStringLiteral("sp_Nuclear_GetResult '104001'"));
     EXPECT_EQ(cell(listed, 0, "FileNumber"), QStringLiteral("26-90001"));
     EXPECT_EQ(cell(listed, 0, "ResultDate"), QStringLiteral("11/21/2026"));
@@ -46,8 +55,10 @@ TEST_F(Results, ASavedResultMovesTheRequestAndTheLogBook) {
 TEST_F(Results, ChangingAResultKeepsOneRowOfEach) {
     saveGeneric("90001", "26-90001");
     saveGeneric("90001", "26-90002", "ABNORMAL");
-    EXPECT_EQ(value(QStringLiteral("SELECT Conclusion FROM tbNucResult WHERE RequestNum = '90001'")), QStringLiteral("ABNORMAL"));
-    EXPECT_EQ(value(QStringLiteral("SELECT CaseNumber FROM tbNucLogBook WHERE RequestNum = '90001'")), QStringLiteral("26-90002"));
+    EXPECT_EQ(value(QStringLiteral("SELECT Conclusion FROM tbNucResult WHERE RequestNum = '90001'")),
+              QStringLiteral("ABNORMAL"));
+    EXPECT_EQ(value(QStringLiteral("SELECT CaseNumber FROM tbNucLogBook WHERE RequestNum = '90001'")),
+              QStringLiteral("26-90002"));
 }
 
 TEST_F(Results, ACaseNumberBelongsToOneRequest) {
@@ -67,7 +78,9 @@ TEST_F(Results, ARevokedResultFreesItsCaseNumber) {
     saveGeneric("90001", "26-90001");
     run(QStringLiteral("sp_Nuclear_CancelResult '90001'"));
     EXPECT_EQ(status("90001"), QString());
-    EXPECT_EQ(count(QStringLiteral("tbNucLogBook"), QStringLiteral("CaseNumber = '26-90001' AND Status <> 'R'")), 0);
+    EXPECT_EQ(
+        count(QStringLiteral("tbNucLogBook"), QStringLiteral("CaseNumber = '26-90001' AND Status <> 'R'")),
+        0);
     saveGeneric("90002", "26-90001");
     saveGeneric("90001", "26-90002");
     EXPECT_EQ(count(QStringLiteral("tbNucLogBook"), QStringLiteral("RequestNum = '90001'")), 2);
@@ -75,15 +88,22 @@ TEST_F(Results, ARevokedResultFreesItsCaseNumber) {
 }
 
 TEST_F(Results, PerfusionAndGfrShareTheTable) {
-    run(QStringLiteral("sp_Nuclear_SaveResultMPI '104001','26004001','90001','26-90001','I','204','205','1024','MIBI','BRUCE','HX','TECH',"
-                       "'DETAILS','STRESS','REST','QUANT','60|65','100|90','|','|','|x','NORMAL','60','165','1001','11/21/2026 8:30:00 AM','R'"));
+    run(QStringLiteral(
+        "sp_Nuclear_SaveResultMPI "
+        "'104001','26004001','90001','26-90001','I','204','205','1024','MIBI','BRUCE','HX','TECH',"
+        "'DETAILS','STRESS','REST','QUANT','60|65','100|90','|','|','|x','NORMAL','60','165','1001','11/21/"
+        "2026 8:30:00 AM','R'"));
     const ado::Rows perfusion = rows(QStringLiteral("SELECT * FROM tbNucResult WHERE RequestNum = '90001'"));
     EXPECT_EQ(cell(perfusion, 0, "fraction"), QStringLiteral("60|65"));
     EXPECT_EQ(cell(perfusion, 0, "wallmotion"), QStringLiteral("|x"));
     EXPECT_EQ(cell(perfusion, 0, "PROTOCOL"), QStringLiteral("BRUCE"));
-    EXPECT_EQ(cell(rows(QStringLiteral("sp_Nuclear_ResultEntry '90001'")), 0, "CardiologistCode"), QStringLiteral("204"));
-    run(QStringLiteral("sp_Nuclear_SaveResultGFR '104001','26004001','90002','26-90002','I','201','205','1101','5','DTPA','IV','P','60','165',"
-                       "'1001','11/21/2026 8:30:00 AM','TC-99M', 'l1', 'l2', 'l3', 'l4', 'l5', 'l6', 'l7', 'r1','r2','r3','r4','r5', 'r6','r7', '98'"));
+    EXPECT_EQ(cell(rows(QStringLiteral("sp_Nuclear_ResultEntry '90001'")), 0, "CardiologistCode"),
+              QStringLiteral("204"));
+    run(QStringLiteral(
+        "sp_Nuclear_SaveResultGFR "
+        "'104001','26004001','90002','26-90002','I','201','205','1101','5','DTPA','IV','P','60','165',"
+        "'1001','11/21/2026 8:30:00 AM','TC-99M', 'l1', 'l2', 'l3', 'l4', 'l5', 'l6', 'l7', "
+        "'r1','r2','r3','r4','r5', 'r6','r7', '98'"));
     const ado::Rows gfr = rows(QStringLiteral("SELECT * FROM tbNucResult WHERE RequestNum = '90002'"));
     EXPECT_EQ(cell(gfr, 0, "Left1") + cell(gfr, 0, "Left7"), QStringLiteral("l1l7"));
     EXPECT_EQ(cell(gfr, 0, "Right1") + cell(gfr, 0, "Right7"), QStringLiteral("r1r7"));
@@ -98,10 +118,13 @@ TEST_F(Results, RadioImmunoassayTakesTheFirstBoxThatHoldsSomething) {
         first << (i == 5 ? QString() : QStringLiteral("a%1").arg(i == 21 ? 20 : i));
         second << QStringLiteral("b%1").arg(i);
     }
-    run(QStringLiteral("sp_Nuclear_SaveResultRadio '104001','26004001','90002','26-90002','I','201','205','1201','5','','','','60','165',"
-                       "'1001','11/21/2026 8:30:00 AM','") +
+    run(QStringLiteral(
+            "sp_Nuclear_SaveResultRadio "
+            "'104001','26004001','90002','26-90002','I','201','205','1201','5','','','','60','165',"
+            "'1001','11/21/2026 8:30:00 AM','") +
         (first + second).join(QStringLiteral("', '")) + QStringLiteral("', 'TECH'"));
-    const ado::Rows result = rows(QStringLiteral("SELECT * FROM tbNucRadioResult WHERE RequestNum = '90002'"));
+    const ado::Rows result =
+        rows(QStringLiteral("SELECT * FROM tbNucRadioResult WHERE RequestNum = '90002'"));
     ASSERT_EQ(result.count(), 1);
     EXPECT_EQ(cell(result, 0, "Calcitonin"), QStringLiteral("a0"));
     EXPECT_EQ(cell(result, 0, "FreeT4"), QStringLiteral("b5"));
@@ -126,16 +149,21 @@ TEST_F(Results, CancellingFindsARequestByEveryWay) {
 }
 
 TEST_F(Results, BilledItemsFollowTheRule) {
-    const QString ask = QStringLiteral("SELECT ISNULL(LABORATORY.DBO.fn_LabCanCancelBilled('%1'),'') AS CancelBilled");
-    const QString open = value(QStringLiteral("SELECT MAX(IdNum) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NULL"));
-    const QString closed = value(QStringLiteral("SELECT MIN(IdNum) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL AND LateCharges = 0"));
-    const QString late = value(QStringLiteral("SELECT MIN(IdNum) FROM PATIENT_DATA..tbPatient WHERE LateCharges = 1"));
+    const QString ask =
+        QStringLiteral("SELECT ISNULL(LABORATORY.DBO.fn_LabCanCancelBilled('%1'),'') AS CancelBilled");
+    const QString open =
+        value(QStringLiteral("SELECT MAX(IdNum) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NULL"));
+    const QString closed = value(QStringLiteral(
+        "SELECT MIN(IdNum) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL AND LateCharges = 0"));
+    const QString late =
+        value(QStringLiteral("SELECT MIN(IdNum) FROM PATIENT_DATA..tbPatient WHERE LateCharges = 1"));
     EXPECT_EQ(value(ask.arg(open)), QStringLiteral("Y"));
     EXPECT_EQ(value(ask.arg(closed)), QStringLiteral("N"));
     EXPECT_EQ(value(ask.arg(late)), QStringLiteral("Y"));
     run(QStringLiteral("UPDATE LABORATORY..tbLabPostingRule SET CanCancelBilled = 'Y'"));
     EXPECT_EQ(value(ask.arg(closed)), QStringLiteral("Y"));
-    EXPECT_EQ(value(QStringLiteral("SELECT LABORATORY.DBO.fn_LabCanPost('%1') as CanPost").arg(closed)), QStringLiteral("N"));
+    EXPECT_EQ(value(QStringLiteral("SELECT LABORATORY.DBO.fn_LabCanPost('%1') as CanPost").arg(closed)),
+              QStringLiteral("N"));
 }
 
 TEST_F(Results, DischargeNoticesAreCountedUntilCleared) {
@@ -147,7 +175,8 @@ TEST_F(Results, DischargeNoticesAreCountedUntilCleared) {
     run(QStringLiteral("Nuclear..spNuclear_ClearPatientForDischarge '%1','IT`S FINE','1001'").arg(idNum));
     EXPECT_EQ(value(QStringLiteral("Nuclear..spNuclear_LoadDischargeNoticeCount")), QStringLiteral("1"));
     EXPECT_EQ(rows(QStringLiteral("Nuclear..spNuclear_LoadDischargeNotice ")).count(), 2);
-    EXPECT_EQ(cell(rows(QStringLiteral("Nuclear..spNuclear_LoadDischargeNoticePatient '%1'").arg(idNum)), 0, "ClearRemarks"),
+    EXPECT_EQ(cell(rows(QStringLiteral("Nuclear..spNuclear_LoadDischargeNoticePatient '%1'").arg(idNum)), 0,
+                   "ClearRemarks"),
               QStringLiteral("IT`S FINE"));
 }
 
@@ -156,17 +185,24 @@ TEST_F(Results, PrepaidRequestsWaitUntilPrinted) {
     ASSERT_EQ(waiting.count(), 3);
     EXPECT_EQ(waiting.columns[6].name, QStringLiteral("RefNum"));
     const QString reference = cell(waiting, 0, "RefNum");
-    EXPECT_EQ(rows(QStringLiteral("NUCLEAR..sp_Nuclear_GetPrepaidPatientInfo '%1'").arg(reference)).count(), 1);
-    EXPECT_EQ(rows(QStringLiteral("NUCLEAR..sp_Nuclear_RequestFormInfo '%1', '%2'").arg(reference, cell(waiting, 0, "IdNum"))).count(), 1);
+    EXPECT_EQ(rows(QStringLiteral("NUCLEAR..sp_Nuclear_GetPrepaidPatientInfo '%1'").arg(reference)).count(),
+              1);
+    EXPECT_EQ(rows(QStringLiteral("NUCLEAR..sp_Nuclear_RequestFormInfo '%1', '%2'")
+                       .arg(reference, cell(waiting, 0, "IdNum")))
+                  .count(),
+              1);
     run(QStringLiteral("NUCLEAR..sp_Nuclear_PrepaidUpdatePrintStatus '%1'").arg(reference));
     EXPECT_EQ(rows(QStringLiteral("NUCLEAR..sp_Nuclear_PrepaidCheckRequest 'NU'")).count(), 2);
 }
 
 TEST_F(Results, HouseKeepingLeavesWhatReportsNeed) {
-    run(QStringLiteral("UPDATE STATION..tbNurseCommunicationFile SET RecordStatus = 'R', RequestDate = '2025-01-01' WHERE RequestNum = '7000001'"));
+    run(QStringLiteral("UPDATE STATION..tbNurseCommunicationFile SET RecordStatus = 'R', RequestDate = "
+                       "'2025-01-01' WHERE RequestNum = '7000001'"));
     const QString requests = value(QStringLiteral("SELECT COUNT(*) FROM tbNucMaster"));
     run(QStringLiteral("sp_Nuclear_DeleteRevokedData"));
-    EXPECT_EQ(count(QStringLiteral("STATION..tbNurseCommunicationFile"), QStringLiteral("RequestNum = '7000001'")), 0);
+    EXPECT_EQ(
+        count(QStringLiteral("STATION..tbNurseCommunicationFile"), QStringLiteral("RequestNum = '7000001'")),
+        0);
     EXPECT_EQ(value(QStringLiteral("SELECT COUNT(*) FROM tbNucMaster")), requests);
     EXPECT_GT(count(QStringLiteral("tbNucMaster"), QStringLiteral("RequestStatus = 'R'")), 0);
 }

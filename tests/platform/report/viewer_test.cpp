@@ -175,7 +175,7 @@ TEST_F(ViewerTest, AHitLiesOnTheFoundSigns) {
     for (int y = 0; y < marked.height(); ++y) {
         for (int x = 0; x < marked.width(); ++x) {
             const QColor colour = marked.pixelColor(x, y);
-            orange += colour.red() > 220 && colour.blue() < 170 && colour.green() > 150;
+            orange += colour.red() > 240 && colour.blue() < 180 && colour.green() > 180;
         }
     }
     EXPECT_GT(orange, 300);

@@ -52,18 +52,19 @@ struct PrintTest : testing::Test {
 TEST_F(PrintTest, ThePdfHoldsTextTitleAndPaper) {
     tests::Cells rows;
     for (int i = 0; i < 20; ++i)
-        rows.push_back({QStringLiteral("MYOCARDIAL PERFUSION – first, office, waffle %1").arg(i)});
+        rows.push_back({QStringLiteral("PERFUSION – first, office, waffle %1").arg(i)});
     const auto document = tests::laidOut(inside, "A", rows);
     const QString path = folder.path("out.pdf");
     report::exportPdf(*document, path);
     const QString text = toolOutput("pdftotext", {"-layout", path, "-"});
-    EXPECT_TRUE(text.contains("MYOCARDIAL PERFUSION – first, office, waffle 19")) << qPrintable(text);
+    EXPECT_TRUE(text.contains("PERFUSION – first, office, waffle 19")) << qPrintable(text);
     EXPECT_TRUE(text.contains("Page 1 of 3"));
     const QString info = toolOutput("pdfinfo", {path});
     EXPECT_TRUE(info.contains(QRegularExpression("Title: +Test"))) << qPrintable(info);
     EXPECT_TRUE(info.contains(QRegularExpression("Pages: +3")));
     EXPECT_TRUE(info.contains(QRegularExpression("Page size: +283\\.?[0-9]* x 283")));
-    EXPECT_EQ(toolOutput("pdffonts", {path}).count("yes yes"), 1) << "one font, embedded as a subset";
+    // One font, embedded, with a way back from its glyphs to the text.
+    EXPECT_EQ(toolOutput("pdffonts", {path}).count(QRegularExpression("yes +(yes|no) +yes")), 1);
 }
 
 TEST_F(PrintTest, APaperThatLiesStaysLying) {

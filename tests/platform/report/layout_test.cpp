@@ -103,13 +103,13 @@ TEST(Layout, AGrowingFieldWrapsAndMovesWhatStandsBelow) {
                  "<field x=\"45mm\" y=\"0mm\" width=\"30mm\" height=\"5mm\" value=\"&quot;beside&quot;\"/>"),
         "A", {{"SERIAL BONE IMAGING WITH WHOLE BODY AND SPOT VIEWS OF THE SPINE"}, {"SHORT"}});
     const QStringList texts = textsOf(*document, 0);
-    ASSERT_GE(texts.size(), 6);
-    EXPECT_EQ(texts[0] + ' ' + texts[1] + ' ' + texts[2],
-              "SERIAL BONE IMAGING WITH WHOLE BODY AND SPOT VIEWS OF THE SPINE");
+    const QStringList lines = texts.mid(0, texts.indexOf("below"));
+    ASSERT_GT(lines.size(), 2);
+    EXPECT_EQ(lines.join(' '), "SERIAL BONE IMAGING WITH WHOLE BODY AND SPOT VIEWS OF THE SPINE");
     const report::TextRun first = runOf(*document, 0, texts[0]);
     const report::TextRun second = runOf(*document, 0, texts[1]);
     EXPECT_EQ(second.frame.y, first.frame.bottom());
-    const int growth = first.frame.height.hundredths * 3 - 500;
+    const int growth = first.frame.height.hundredths * int(lines.size()) - 500;
     EXPECT_EQ(runOf(*document, 0, "below").frame.y.hundredths, 1500 + growth);
     EXPECT_EQ(runOf(*document, 0, "beside").frame.y.hundredths, 1000);
     EXPECT_EQ(runOf(*document, 0, "SHORT").frame.y.hundredths, 2000 + growth);
@@ -119,7 +119,7 @@ TEST(Layout, AGrowingFieldWrapsAndMovesWhatStandsBelow) {
             break;
         }
     }
-    for (const QString& line : texts.mid(0, 3))
+    for (const QString& line : lines)
         EXPECT_LE(runOf(*document, 0, line).frame.width, Length::fromMm(40));
 }
 
@@ -153,8 +153,8 @@ TEST(Layout, ATextTooLongIsCutWithAMarkButANumberNever) {
 
 TEST(Layout, SumsForGroupsAndForTheReport) {
     const QString groups = "<group name=\"Dept\" by=\"{A}\">" +
-                           band("header", field("{A} & \" \" & Count({B})")) +
-                           band("footer", field("\"sum \" & Sum({B})")) + "</group>";
+                           band("header", field("{A} & \" \" & Count({B})"), "5mm") +
+                           band("footer", field("\"sum \" & Sum({B})"), "5mm") + "</group>";
     const auto document = laidOut(
         groups + band("details", field("{B} & \" of \" & Sum({B}, Dept)"), "5mm") +
             band("reportFooter", field("Sum({B}) & \" \" & Average({B}) & \" \" & Minimum({B}) & \" \" & "

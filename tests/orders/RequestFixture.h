@@ -1,0 +1,49 @@
+#pragma once
+
+#include "orders/frmRequest.h"
+#include "platform/controls/FlexGrid.h"
+#include "session/Screens.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/ErrorRecorder.h"
+#include "tests/support/screens/LoggedOn.h"
+#include "tests/support/screens/MessageScript.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tests {
+
+/// The request screen on the demo hospital, driven by keys. AGUILAR lies in a room of class B.
+class RequestFixture : public LoggedOn {
+  public:
+    static constexpr const char* admitted = "26004078";
+
+    RequestFixture();
+    ~RequestFixture() override;
+
+    /// The screen, shown and ready for keys.
+    orders::frmRequest& open(const session::RequestEntry& entry);
+    orders::frmRequest& openAdmitted(const QString& admission = QString::fromLatin1(admitted));
+    orders::frmRequest& screen();
+
+    controls::FlexGrid& grid() { return child<controls::FlexGrid>(screen(), "grdPackage"); }
+    QLineEdit& field(const char* name) { return child<QLineEdit>(screen(), name); }
+    QPushButton& button(const char* name) { return child<QPushButton>(screen(), name); }
+    QString cell(int row, int column) { return grid().TextMatrix(row, column); }
+    /// "NU|1001|..." of the columns 1 to 7.
+    QString line(int row);
+    /// Keys to whatever has the focus on the screen.
+    void type(const QString& text) { keysToFocus(screen(), text); }
+
+    /// The one value of a query on the hospital file.
+    QString value(const QString& query);
+    int count(const QString& table, const QString& where);
+    int nextSlip() { return value("SELECT ChargeSlip FROM NUCLEAR..tbNucSlip").toInt(); }
+    int nextRequest() { return value("SELECT RequestNum FROM NUCLEAR..tbNucSlip").toInt(); }
+
+    MessageScript boxes;
+    ErrorRecorder errors;
+};
+
+} // namespace tests
