@@ -193,6 +193,9 @@ ado::Result EmbeddedProvider::Private::execute(const QString& text) {
     try {
         run(*module, result);
     } catch (...) {
+        // a full disk takes the whole transaction back, not the statement alone
+        if (sqlite3_get_autocommit(file.handle()))
+            session.inTransaction = false;
         if (interpreter.takeDefinitionRan())
             forget();
         throw;

@@ -128,6 +128,7 @@ Term ExpressionTranslator::translatedValue(const Expr& expr) {
             term = {converted(term, intType), intType, false, term.constant};
         term.sql = "(-" + term.sql + ")";
         term.collated = false;
+        term.chain = '\0';
         return term;
     }
     case ExprKind::Arithmetic:
@@ -151,11 +152,8 @@ std::string ExpressionTranslator::condition(const Expr& expr) {
     case ExprKind::Comparison:
         return compared(value(*expr.children[0]), expr.text, value(*expr.children[1]));
     case ExprKind::And:
-    case ExprKind::Or: {
-        const char* word = expr.kind == ExprKind::And ? " AND " : " OR ";
-        std::string left = condition(*expr.children[0]);
-        return "(" + left + word + condition(*expr.children[1]) + ")";
-    }
+    case ExprKind::Or:
+        return "(" + chain(expr, expr.kind) + ")";
     case ExprKind::Not:
         return "(NOT " + condition(*expr.children.front()) + ")";
     case ExprKind::IsNull:
@@ -176,6 +174,21 @@ std::string ExpressionTranslator::condition(const Expr& expr) {
                 .arg(toQString(expr.text)),
             "42000", expr.position);
     }
+}
+
+/// a AND b AND c without a parenthesis for each: SQLite's parser has room for a hundred of them only.
+std::string ExpressionTranslator::chain(const Expr& expr, ExprKind kind) {
+    if (expr.kind != kind)
+        return condition(expr);
+    const char* word = kind == ExprKind::And ? " AND " : " OR ";
+    std::string left = chain(*expr.children[0], kind);
+    return left + word + chain(*expr.children[1], kind);
+}
+
+/// A parenthesis less around a term that goes on with signs of the same strength.
+std::string ExpressionTranslator::opened(const Term& term, char strength) {
+    const bool isOpen = term.chain == strength && term.sql.front() == '(';
+    return isOpen ? term.sql.substr(1, term.sql.size() - 2) : term.sql;
 }
 
 Term ExpressionTranslator::column(const Expr& expr) {
@@ -230,7 +243,9 @@ Term ExpressionTranslator::arithmetic(const Expr& expr) {
         SqlType type = commonType(left.type, right.type);
         type.length =
             left.type.length < 0 || right.type.length < 0 ? -1 : left.type.length + right.type.length;
-        return {"(" + left.sql + " || " + right.sql + ")", type, false, constant};
+        Term joined{"(" + opened(left, '|') + " || " + right.sql + ")", type, false, constant};
+        joined.chain = '|';
+        return joined;
     }
     if (bothText)
         throw ScriptError(
@@ -259,8 +274,11 @@ Term ExpressionTranslator::sum(const Term& left, const Term& right, const std::s
     }
     if (type.kind == TypeKind::Bit)
         type = intType;
-    const std::string first = converted(left, type);
+    const char strength = sign == "+" || sign == "-" ? '+' : sign == "*" || sign == "/" || sign == "%" ? '*' : '&';
+    std::string first = converted(left, type);
     std::string second = converted(right, type);
+    if (first == left.sql)
+        first = opened(left, strength);
     if (type.kind == TypeKind::Decimal) {
         const int scale = left.type.scale + right.type.scale;
         type.scale = sign == "*"   ? scale
@@ -271,8 +289,9 @@ Term ExpressionTranslator::sum(const Term& left, const Term& right, const std::s
         m_translation.mayFailHalfway = true;
         second = "ts_divisor(" + second + ")";
     }
-    return {"(" + first + " " + sign + " " + second + ")", type, false, constant,
-            classOf(type) == TypeClass::Integer};
+    Term result{"(" + first + " " + sign + " " + second + ")", type, false, constant, classOf(type) == TypeClass::Integer};
+    result.chain = strength;
+    return result;
 }
 
 Term ExpressionTranslator::caseValue(const Expr& expr) {

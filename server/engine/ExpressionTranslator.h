@@ -17,6 +17,8 @@ struct Term {
     bool constant = true;
     /// Holds exactly what a column or variable of its type can hold: no rounding is due.
     bool exact = false;
+    /// In parentheses around a row of '|' (joined texts), '+' (sums), '*' (products), '&'.
+    char chain = '\0';
 };
 
 struct ScopeColumn {
@@ -78,6 +80,8 @@ class ExpressionTranslator {
     Translation m_translation;
 
   private:
+    std::string chain(const Expr& expr, ExprKind kind);
+    static std::string opened(const Term& term, char strength);
     Term column(const Expr& expr);
     Term global(const Expr& expr);
     Term arithmetic(const Expr& expr);

@@ -1,6 +1,7 @@
 #include "server/engine/QueryTranslator.h"
 
 #include "server/engine/Ascii.h"
+#include "server/engine/GroupCheck.h"
 
 #include <algorithm>
 
@@ -164,23 +165,59 @@ QueryTranslator::Core QueryTranslator::core(const SelectCore& core, const std::v
     result.sql += outputList(result.outputs, types, core.distinct || combined) + tables;
     if (core.where)
         result.sql += " WHERE " + condition(*core.where);
-    for (std::size_t i = 0; i < core.groupBy.size(); ++i) {
-        const Term term = value(*core.groupBy[i]);
-        if (term.constant)
-            throw ScriptError(
-                164,
-                QStringLiteral("Each GROUP BY expression must contain at least one column that is not an "
-                               "outer reference."),
-                "42000", core.groupBy[i]->position);
-        result.sql += (i > 0 ? ", " : " GROUP BY ") + keyed(term);
-    }
+    GroupCheck groups(*this, scope);
+    result.sql += groupText(core, groups);
     if (core.having)
         result.sql += " HAVING " + condition(*core.having);
     if (order && !order->empty())
         result.sql += orderText(*order, result.outputs, false);
+    checkGroups(core, order, result.outputs, groups);
     if (core.top)
         result.limit = " LIMIT CAST(" + converted(value(*core.top), {TypeKind::BigInt}) + " AS INTEGER)";
     return result;
+}
+
+std::string QueryTranslator::groupText(const SelectCore& core, GroupCheck& groups) {
+    std::string sql;
+    for (const ExprPtr& key : core.groupBy) {
+        const Term term = value(*key);
+        if (term.constant)
+            throw ScriptError(164,
+                              QStringLiteral("Each GROUP BY expression must contain at least one column that is not an "
+                                             "outer reference."),
+                              "42000", key->position);
+        sql += (sql.empty() ? " GROUP BY " : ", ") + keyed(term);
+        groups.addKey(term.sql);
+    }
+    return sql;
+}
+
+void QueryTranslator::checkGroups(const SelectCore& core, const std::vector<OrderItem>* order,
+                                  const std::vector<Output>& outputs, GroupCheck& groups) {
+    for (const SelectItem& item : core.items) {
+        if (!item.star)
+            groups.lookAt(*item.expr);
+    }
+    if (core.having)
+        groups.lookAt(*core.having);
+    for (const SelectItem& item : core.items) {
+        if (item.star)
+            groups.checkStar(item);
+        else
+            groups.check(*item.expr, GroupCheck::Clause::SelectList);
+    }
+    if (core.having)
+        groups.check(*core.having, GroupCheck::Clause::Having);
+    if (!order)
+        return;
+    for (const OrderItem& item : *order) {
+        const bool byAlias = item.expr->kind == ExprKind::Column && item.expr->qualifier.empty() &&
+                             std::any_of(outputs.begin(), outputs.end(), [&](const Output& output) {
+                                 return sameWord(output.name, item.expr->text);
+                             });
+        if (!byAlias)
+            groups.check(*item.expr, GroupCheck::Clause::OrderBy);
+    }
 }
 
 void QueryTranslator::outputs(const SelectCore& core, const Scope& scope, std::vector<Output>& outputs) {

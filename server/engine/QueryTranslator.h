@@ -4,6 +4,8 @@
 
 namespace engine {
 
+class GroupCheck;
+
 /// SELECT in SQLite's words.
 class QueryTranslator : public ExpressionTranslator {
   public:
@@ -42,6 +44,9 @@ class QueryTranslator : public ExpressionTranslator {
   private:
     Core core(const SelectCore& core, const std::vector<OrderItem>* order, const std::vector<SqlType>* types,
               bool combined);
+    std::string groupText(const SelectCore& core, GroupCheck& groups);
+    void checkGroups(const SelectCore& core, const std::vector<OrderItem>* order, const std::vector<Output>& outputs,
+                     GroupCheck& groups);
     void outputs(const SelectCore& core, const Scope& scope, std::vector<Output>& outputs);
     void star(const SelectItem& item, const Scope& scope, std::vector<Output>& outputs);
     Output itemOutput(const SelectItem& item);
