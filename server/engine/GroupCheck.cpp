@@ -9,7 +9,8 @@ namespace engine {
 namespace {
 
 bool isOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
-    return std::any_of(words.begin(), words.end(), [&](std::string_view known) { return sameWord(word, known); });
+    return std::any_of(words.begin(), words.end(),
+                       [&](std::string_view known) { return sameWord(word, known); });
 }
 
 bool isAggregate(const Expr& expr) {
@@ -26,9 +27,9 @@ bool beginsWithDatePart(const Expr& expr) {
 } // namespace
 
 bool GroupCheck::holdsAggregate(const Expr& expr) {
-    return isAggregate(expr) || std::any_of(expr.children.begin(), expr.children.end(), [](const ExprPtr& child) {
-               return child && holdsAggregate(*child);
-           });
+    return isAggregate(expr) ||
+           std::any_of(expr.children.begin(), expr.children.end(),
+                       [](const ExprPtr& child) { return child && holdsAggregate(*child); });
 }
 
 void GroupCheck::addKey(std::string sql) {
@@ -81,11 +82,12 @@ void GroupCheck::fail(const std::string& table, const std::string& column, Claus
         int number;
         const char* name;
     } clauses[] = {{8120, "select list"}, {8121, "HAVING clause"}, {8127, "ORDER BY clause"}};
-    throw ScriptError(clauses[int(clause)].number,
-                      QStringLiteral("Column '%1.%2' is invalid in the %3 because it is not contained in either an "
-                                     "aggregate function or the GROUP BY clause.")
-                          .arg(toQString(table), toQString(column), QLatin1StringView(clauses[int(clause)].name)),
-                      "42000", at);
+    throw ScriptError(
+        clauses[int(clause)].number,
+        QStringLiteral("Column '%1.%2' is invalid in the %3 because it is not contained in either an "
+                       "aggregate function or the GROUP BY clause.")
+            .arg(toQString(table), toQString(column), QLatin1StringView(clauses[int(clause)].name)),
+        "42000", at);
 }
 
 } // namespace engine

@@ -7,11 +7,13 @@
 
 namespace engine {
 
-/// SQLite shows any row's value for a column that is not grouped; the server turns such a query down, and so does this.
+/// SQLite shows any row's value for a column that is not grouped; the server turns such a query down, and so
+/// does this.
 class GroupCheck {
   public:
     /// `scope`: the tables of the query; it must outlive the check.
-    GroupCheck(ExpressionTranslator& translator, const Scope& scope) : m_translator(translator), m_scope(scope) {}
+    GroupCheck(ExpressionTranslator& translator, const Scope& scope)
+        : m_translator(translator), m_scope(scope) {}
 
     /// The query has GROUP BY, or a sum over its rows among these values. Only then is anything checked.
     void lookAt(const Expr& expr) { m_grouped = m_grouped || holdsAggregate(expr); }
@@ -27,7 +29,8 @@ class GroupCheck {
   private:
     static bool holdsAggregate(const Expr& expr);
     bool isKey(const std::string& sql) const;
-    [[noreturn]] void fail(const std::string& table, const std::string& column, Clause clause, Position at) const;
+    [[noreturn]] void fail(const std::string& table, const std::string& column, Clause clause,
+                           Position at) const;
 
     ExpressionTranslator& m_translator;
     const Scope& m_scope;
