@@ -7,6 +7,7 @@
 #include "platform/controls/Connect.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/KeyFilter.h"
+#include "platform/controls/Look.h"
 #include "platform/controls/MessageBox.h"
 #include "platform/controls/Screen.h"
 #include "session/Services.h"
@@ -105,7 +106,6 @@ void RequestGrid::layOut() {
     }
     for (const int column : {colPrice, colQuantity, colAmount})
         m_grid.setColAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-    m_grid.setStretchColumn(colParticular);
     m_grid.setShowRowNumbers(true);
 
     SkipColumn.fill(false);
@@ -387,11 +387,14 @@ void RequestGrid::txtEntry_Change() {
 
 void RequestGrid::cboEntry_Change() {
     const QString type = m_cboEntry.currentText();
+    const bool isStat = type == u"STAT";
     setCell(colType, type);
+    m_grid.setCellForeColor(m_grid.Row(), colType, isStat ? look::warn : QColor());
+    m_grid.setCellBold(m_grid.Row(), colType, isStat);
     const QString revenue = cell(colDepartment);
     const QString routinePrice =
         cell(colRoutinePrice).isEmpty() ? QStringLiteral("1") : cell(colRoutinePrice);
-    if (revenue == u"NU" && type == u"STAT")
+    if (revenue == u"NU" && isStat)
         setCell(colPrice, base::CStr(Val(cell(colRoutinePrice)) * statFactor));
     else if (revenue == u"NU" || isFeeRevenue(revenue))
         setCell(colPrice, routinePrice);

@@ -90,6 +90,7 @@ void frmSearch::runQuery() {
     m_keys->setHits(rows.RecordCount());
     m_ui->grdDispWindow->setDataSource(rows);
     m_ui->grdDispWindow->setColWidths({200, 4150, 1500});
+    m_ui->grdDispWindow->setEmptyText(QStringLiteral("No entry answers to this text."));
     m_ui->cmdSelect->setEnabled(m_keys->hits() > 0);
     m_ui->lblHelp->setText(
         PickerKeys::hitsText(m_keys->hits(), QStringLiteral("entry"), QStringLiteral("entries")));

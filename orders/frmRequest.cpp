@@ -54,7 +54,7 @@ void frmRequest::connectControls() {
     on(m_ui->cmdSavePrint, &QPushButton::clicked, this, [this] { cmdSavePrint_Click(); });
     on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
     on(m_ui->txtDoctorID, &QLineEdit::returnPressed, this, [this] { cmdDoctor_Click(false); });
-    on(m_ui->cmdDoctor, &QToolButton::clicked, this, [this] { cmdDoctor_Click(true); });
+    on(m_ui->cmdDoctor, &QPushButton::clicked, this, [this] { cmdDoctor_Click(true); });
     on(m_ui->txtDoctor, &QLineEdit::returnPressed, this, [this] { txtDoctor_Enter(); });
     on(m_ui->cmdPackage, &QPushButton::clicked, this, [this] { cmdPackage_Click(); });
     on(m_ui->cmdNucCharges, &QPushButton::clicked, this, [this] { cmdNucCharges_Click(); });
@@ -82,6 +82,8 @@ void frmRequest::Form_Load() {
     m_ui->grdInput->setCols(qMax(2, m_ui->grdInput->Cols()));
     m_ui->grdInput->setCurrentCell(1, 1);
 
+    for (QLineEdit* shown : m_ui->body->findChildren<QLineEdit*>())
+        shown->setCursorPosition(0); // a long text shows its beginning
     m_ui->band->setSubtitle(QStringLiteral("%1, %2 %3   ·   Room %4   ·   Class %5")
                                 .arg(m_ui->txtLname->text(), m_ui->txtFname->text(), m_ui->txtMname->text(),
                                      m_ui->txtRoom->text(), RoomClass));

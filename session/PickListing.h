@@ -48,7 +48,7 @@ struct PickScope {
 
 extern const PickListing townListing;
 extern const PickListing doctorListing;
-extern const PickListing departmentExamListing;
+extern const PickListing dosageListing;
 extern const PickListing examListing;
 extern const PickListing confinedPatientListing;
 extern const PickListing outPatientListing;

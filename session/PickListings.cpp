@@ -38,25 +38,21 @@ const PickListing doctorListing{
               "BUILD_FILE..tbcoDoctor WHERE Status = 'A' AND ((LastName LIKE '##last%' AND FirstName LIKE "
               "'##first%') OR DoctorID LIKE '##text%') ORDER BY LastName, FirstName"};
 
-const PickListing departmentExamListing{
-    .title = "Nuclear Exams",
-    .hint = "Code or exam",
-    .one = "exam",
-    .many = "exams",
-    .empty = "No exam has that code or name.",
-    .columns = {{{"Code", "NucExamID", 1000},
-                 {"Exam", "NucExam", 5000},
-                 {"Rate A", "RateA", 1300, PickFormat::Amount}}},
-    .exact = "SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-             "BUILD_FILE..tbcoNucExam WHERE NucExamID = '##code' AND Status = 'A'",
-    .newest = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
-              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE Status = 'A' ORDER BY NucExam",
+const PickListing dosageListing{
+    .title = "Dosages",
+    .hint = "Code or dosage",
+    .one = "dosage",
+    .many = "dosages",
+    .empty = "No dosage has that code or name.",
+    .columns = {{{"Code", "DosageID", 1200},
+                 {"Dosage", "Dosage", 4000},
+                 {"Times a Day", "Frequency", 1400, PickFormat::Quantity}}},
+    .exact = "SELECT DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage WHERE DosageID = '##code'",
+    .newest = "SELECT TOP 200 DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage ORDER BY DosageID",
     .byCode = {},
-    .byName = "SELECT TOP 200 NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, "
-              "Fixrate FROM BUILD_FILE..tbcoNucExam WHERE Status = 'A' AND (NucExam LIKE '%##text%' OR "
-              "NucExamID LIKE '##text%') ORDER BY NucExam"};
+    .byName = "SELECT TOP 200 DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage WHERE DosageID LIKE "
+              "'##text%' OR Dosage LIKE '%##text%' ORDER BY DosageID"};
 
-// The file of nuclear exams belongs to revenue code NU as a whole; its own sections are parts of that.
 const PickListing examListing{
     .title = "Exams",
     .hint = "Code or exam",

@@ -18,7 +18,7 @@ struct CodeListing {
 
 constexpr CodeListing codeListings[] = {{clsLookupPad::towns, &townListing},
                                         {clsLookupPad::doctors, &doctorListing},
-                                        {clsLookupPad::nuclearDepartmentExams, &departmentExamListing},
+                                        {clsLookupPad::dosages, &dosageListing},
                                         {clsLookupPad::exams, &examListing}};
 constexpr CodeListing patientListings[] = {{clsDeptFind::outPatients, &outPatientListing},
                                            {clsDeptFind::confinedPatients, &confinedPatientListing}};
@@ -47,6 +47,7 @@ void clsLookupPad::forgetRecords() {
     DoctorRecord = {};
     NuclearExamRecord = {};
     AddressRecord = {};
+    DosageRecord = {};
 }
 
 bool clsLookupPad::SearchListing(const QString& searchText, int listingCode) {
@@ -73,6 +74,10 @@ void clsLookupPad::takeRecord(ado::Recordset& row, int listingCode) {
         LastName = DoctorRecord.LastName;
         FirstName = DoctorRecord.FirstName;
         MiddleName = DoctorRecord.MiddleName;
+        break;
+    case dosages:
+        DosageRecord = {textOf(row, "DosageID"), textOf(row, "Frequency")};
+        ResultCode = DosageRecord.ResultCode;
         break;
     default:
         NuclearExamRecord = {textOf(row, "NucExamID"),    textOf(row, "NucExam"),

@@ -96,6 +96,10 @@ struct NuclearExamRecord {
     base::Value RateA, RateB, RateC, RateD, RateE, RateH,
         Outpatient; ///< numbers; Null where the file has none
 };
+struct DosageRecord {
+    QString ResultCode;
+    QString Frequency; ///< times a day
+};
 struct AddressRecord {
     QString ResultCode, Town, Province;
 };
@@ -105,8 +109,7 @@ class clsLookupPad {
   public:
     static constexpr int towns = 0;
     static constexpr int doctors = 1;
-    static constexpr int nuclearDepartmentExams =
-        16;                          ///< the department's active exams, whatever OtherSectionID says
+    static constexpr int dosages = 16;
     static constexpr int exams = 20; ///< exams of OtherSectionID
 
     QString MTS_Server;
@@ -123,6 +126,7 @@ class clsLookupPad {
     session::DoctorRecord DoctorRecord;
     session::NuclearExamRecord NuclearExamRecord;
     session::AddressRecord AddressRecord;
+    session::DosageRecord DosageRecord;
 
   private:
     void forgetRecords();

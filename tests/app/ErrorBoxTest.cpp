@@ -119,12 +119,15 @@ TEST_F(InstalledBoundary, ShowsTheBoxAndStopsTheProgram) {
 }
 
 TEST_F(InstalledBoundary, NoCodeBehindAModalCallRunsOn) {
-    answerBox("cmdEnd");
     bool wentOn = false;
     controls::ErrorBoundary::guard([&] {
         OneField screen;
         QMetaObject::invokeMethod(
-            &screen, [] { controls::ErrorBoundary::guard([] { throw base::RunTimeError(91); }); },
+            &screen,
+            [this] {
+                answerBox("cmdEnd"); // its turn comes in the box's own loop
+                controls::ErrorBoundary::guard([] { throw base::RunTimeError(91); });
+            },
             Qt::QueuedConnection);
         screen.ShowModal();
         wentOn = true;

@@ -9,7 +9,6 @@ namespace {
 
 using menu::Deed;
 using session::MenuScreen;
-using tests::RecordingScreens;
 
 class MenuBarTest : public tests::MenuBench {
   protected:
@@ -91,8 +90,8 @@ class OpeningItem : public MenuBarTest, public testing::WithParamInterface<OpenI
 TEST_P(OpeningItem, AsksNoRight) {
     openMenu();
     trigger(GetParam().item);
-    EXPECT_EQ(recorder->texts, QStringList());
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(GetParam().screen, GetParam().formMode)});
+    EXPECT_EQ(texts(), QStringList());
+    EXPECT_EQ(opened(), QStringList{nameOf(GetParam().screen, GetParam().formMode)});
 }
 
 INSTANTIATE_TEST_SUITE_P(Menu, OpeningItem,
@@ -113,11 +112,9 @@ TEST_F(MenuBarTest, FunctionKeysReachTheScreensWithoutARight) {
     openMenu();
     for (const Qt::Key key : {Qt::Key_F1, Qt::Key_F2, Qt::Key_F3, Qt::Key_F5})
         QTest::keyClick(&menuScreen(), key);
-    EXPECT_EQ(screens.opened, (QStringList{RecordingScreens::nameOf(MenuScreen::ListPatient),
-                                           RecordingScreens::nameOf(MenuScreen::CancelRequest),
-                                           RecordingScreens::nameOf(MenuScreen::PatientLedger),
-                                           RecordingScreens::nameOf(MenuScreen::Verification)}));
-    EXPECT_EQ(recorder->texts, QStringList());
+    EXPECT_EQ(opened(), (QStringList{nameOf(MenuScreen::ListPatient), nameOf(MenuScreen::CancelRequest),
+                                     nameOf(MenuScreen::PatientLedger), nameOf(MenuScreen::Verification)}));
+    EXPECT_EQ(texts(), QStringList());
 }
 
 class PasswordScreens : public MenuBarTest {
@@ -129,44 +126,43 @@ class PasswordScreens : public MenuBarTest {
     void type(const char* password) {
         inModal([password](QWidget& window) {
             EXPECT_EQ(window.objectName(), "frmAccess");
-            QTest::keyClicks(window.focusWidget(), password);
-            QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+            tests::keys(tests::child<QWidget>(window, "txtPassword"), QString(password) + "<Enter>");
         });
     }
 };
 
 TEST_F(PasswordScreens, ReceivableEntryOpensBehindThePassword) {
     type("Gate1");
-    QTest::keyClick(&menuScreen(), Qt::Key_F4);
-    EXPECT_EQ(recorder->texts, QStringList{"SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo"});
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::ReceivableSearch)});
+    withSteps([this] { QTest::keyClick(&menuScreen(), Qt::Key_F4); });
+    EXPECT_EQ(texts(), QStringList{"SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo"});
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::ReceivableSearch)});
 }
 
 TEST_F(PasswordScreens, WrongPasswordOpensNothing) {
     type("gate1");
-    expectBox("invalid Password.", 16, "");
+    boxes.expect({"invalid Password.", 16, ""});
     trigger("mnuReceivableEntry");
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(opened(), QStringList());
 }
 
 TEST_F(PasswordScreens, GivingUpCountsAsWrong) {
-    inModal([](QWidget& window) { QTest::keyClick(window.focusWidget(), Qt::Key_Escape); });
-    expectBox("invalid Password.", 16, "");
+    inModal([](QWidget& window) { window.close(); });
+    boxes.expect({"invalid Password.", 16, ""});
     trigger("mnuReceivableEntry");
-    EXPECT_EQ(recorder->texts, QStringList());
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(texts(), QStringList());
+    EXPECT_EQ(opened(), QStringList());
 }
 
 TEST_F(PasswordScreens, BuildFileIsOutOfReachThoughItWouldWork) {
     auto* item = child<QAction>("mnuBuildFile");
     EXPECT_FALSE(item->isEnabled());
     item->trigger();
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(opened(), QStringList());
 
     item->setEnabled(true);
     type("Gate1");
-    item->trigger();
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::NuclearChargesBuildFile)});
+    trigger("mnuBuildFile");
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::NuclearChargesBuildFile)});
 }
 
 } // namespace

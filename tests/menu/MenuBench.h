@@ -2,40 +2,17 @@
 
 #include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
-#include "platform/ado/Connection.h"
-#include "platform/base/DateTime.h"
-#include "session/Screens.h"
-#include "tests/support/core/ScriptedProvider.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/MessageScript.h"
+#include "tests/support/screens/ScriptedSession.h"
 
 #include <gtest/gtest.h>
 
 #include <QStringList>
 
 #include <functional>
-#include <memory>
-
-class QAbstractButton;
-class QAction;
-class QWidget;
 
 namespace tests {
-
-/// Writes down which screens were asked for.
-class RecordingScreens : public session::Screens {
-  public:
-    QStringList
-        opened; ///< "12" or "12 R": the screen's number and its form mode; "out-patient ..." with the entry
-    std::function<void()> whileOpen;
-
-    void showMainMenu() override;
-    void open(session::MenuScreen screen, const QString& formMode = {}) override;
-    void openRequest(const session::RequestEntry& entry) override;
-    void openOutRequest(const session::OutRequestEntry& entry) override;
-    bool openNuclearPackage(session::PackageHandOver&) override { return false; }
-    bool openNucCharges(session::PackageHandOver&) override { return false; }
-
-    static QString nameOf(session::MenuScreen screen, const QString& formMode = {});
-};
 
 struct RecordedReport {
     QString path, database, title;
@@ -45,7 +22,7 @@ struct RecordedReport {
     bool groupTree = false, directPrint = true;
 };
 
-/// A menu over a scripted server: user 1001, every statement and every launched report written down.
+/// A menu over a scripted server: user 1001, every statement, screen, box and launched report written down.
 class MenuBench : public testing::Test {
   protected:
     MenuBench();
@@ -56,43 +33,41 @@ class MenuBench : public testing::Test {
                 const std::vector<std::vector<base::Value>>& rows, bool once = false);
     void grantRights() { answer("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights", "RightsID", {{"1"}}); }
 
+    /// Shows the menu; what the test gave no answer for is empty from then on.
+    menu::frmMainMenu& showMenu();
+    /// The same, and forgets the statements of the start.
     menu::frmMainMenu& openMenu();
     menu::frmMainMenu& menuScreen();
     template <typename T>
     T* child(const QString& name) {
-        T* found = menuScreen().findChild<T*>(name);
-        if (!found)
-            ADD_FAILURE() << "no " << name.toStdString() << " on the menu";
-        return found;
+        if (T* found = menuScreen().findChild<T*>(name))
+            return found;
+        throw std::runtime_error("no " + name.toStdString() + " on the menu");
     }
-    void click(const QString& buttonName);
-    void clickGroup(int group) { click(QStringLiteral("cmdMainMenu_%1").arg(group)); }
-    void clickSubMenu(int number) { click(QStringLiteral("fltSubMenu_%1").arg(number)); }
+    bool isShown(const QString& name) { return child<QWidget>(name)->isVisible(); }
+    bool isEnabled(const QString& name) { return child<QWidget>(name)->isEnabled(); }
+    void clickOn(const QString& name);
+    void clickGroup(int group) { click(*child<QWidget>(QStringLiteral("cmdMainMenu_%1").arg(group))); }
+    void clickSubMenu(int number) { clickOn(QStringLiteral("fltSubMenu_%1").arg(number)); }
     void trigger(const QString& actionName);
+    /// Runs in the modal window that the next click, key or menu item opens; one after the other.
+    void inModal(Step step) { m_steps.push_back(std::move(step)); }
+    void withSteps(const std::function<void()>& open);
 
-    /// What the next message box says, and its answer. A box that was not expected fails the test.
-    void expectBox(const QString& prompt, int style, const QString& title, int answer = 1);
-    /// Runs in the message loop of the next modal window.
-    static void inModal(std::function<void(QWidget& window)> step);
-    static void pressIn(QWidget& window, const QString& buttonName);
+    /// "12" or "12 R" of every screen asked for: its number and its form mode.
+    QStringList opened() const;
+    static QString nameOf(session::MenuScreen screen, const QString& formMode = {});
+    QStringList& texts() { return server.texts(); }
 
-    base::FixedClock clock;
-    RecordingScreens screens;
-    std::unique_ptr<StatementRecorder> recorder;
+    base::FixedClock clock = fixedClock();
+    ScriptedSession server;
+    MessageScript boxes;
     std::vector<RecordedReport> reports;
     QStringList events; ///< what the menu told its links, in order
-    ScriptedProvider* server = nullptr;
 
   private:
-    struct Box {
-        QString prompt;
-        int style;
-        QString title;
-        int answer;
-    };
-    void logOn();
     void linkMenu();
-    std::vector<Box> m_boxes;
+    std::vector<Step> m_steps;
 };
 
 } // namespace tests

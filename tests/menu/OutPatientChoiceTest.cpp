@@ -1,5 +1,6 @@
 #include "platform/controls/ErrorBoundary.h"
 #include "tests/menu/MenuBench.h"
+#include "tests/support/screens/ErrorRecorder.h"
 
 #include <QAbstractButton>
 #include <QTest>
@@ -7,7 +8,6 @@
 namespace {
 
 using session::MenuScreen;
-using tests::RecordingScreens;
 
 class OutPatientChoice : public tests::MenuBench {
   protected:
@@ -18,16 +18,27 @@ class OutPatientChoice : public tests::MenuBench {
     void choose() {
         clickGroup(0);
         clickSubMenu(1);
-        recorder->texts.clear();
+        texts().clear();
     }
-    bool isShown(const QString& name) { return child<QWidget>(name)->isVisible(); }
-    bool isEnabled(const QString& name) { return child<QWidget>(name)->isEnabled(); }
     void expectSubMenuBack() {
         EXPECT_FALSE(isShown("Frame2"));
         EXPECT_TRUE(isShown("picMainMenu"));
         EXPECT_TRUE(isEnabled("fltSubMenu_1"));
         EXPECT_TRUE(isEnabled("btnChargeEntry"));
         EXPECT_TRUE(isEnabled("btnCashEntry"));
+    }
+    /// What the out-patient requests were given, in the order of their members.
+    QStringList outRequests() const {
+        QStringList texts;
+        for (const session::OutRequestEntry& entry : server.screens.outRequests)
+            texts += QStringLiteral("%1|%2|%3|%4|%5|%6")
+                         .arg(entry.IdNumber)
+                         .arg(entry.CashBasis)
+                         .arg(entry.CashOrNum)
+                         .arg(entry.CashPrice)
+                         .arg(entry.NurseCommnunication)
+                         .arg(entry.chargeEntry);
+        return texts;
     }
     void find(const menu::FoundOutPatient& patient) {
         menu::links().findOutPatient = [this, patient](const QString& text) {
@@ -45,15 +56,15 @@ TEST_F(OutPatientChoice, TakesThePlaceOfTheSubMenu) {
     EXPECT_EQ(child<QAbstractButton>("btnCashEntry")->text(), " Cash Entry");
     EXPECT_EQ(child<QAbstractButton>("btnChargeEntry")->text(), " Charge Entry");
     EXPECT_EQ(child<QAbstractButton>("FlatBttn5")->text(), " Back to Main Menu");
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(opened(), QStringList());
 }
 
 TEST_F(OutPatientChoice, BackToMainMenuOnlyGoesBack) {
     choose();
-    click("FlatBttn5");
+    clickOn("FlatBttn5");
     expectSubMenuBack();
-    EXPECT_EQ(screens.opened, QStringList());
-    EXPECT_EQ(recorder->texts, QStringList());
+    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(texts(), QStringList());
 }
 
 TEST_F(OutPatientChoice, AnotherGroupBringsItsSubMenu) {
@@ -68,25 +79,25 @@ TEST_F(OutPatientChoice, CashEntryOpensTheCashList) {
     choose();
     bool wasEnabled = true;
     bool wasShown = false;
-    screens.whileOpen = [&] {
+    server.screens.whileOpen = [&] {
         wasEnabled = isEnabled("btnCashEntry");
         wasShown = isShown("Frame2");
     };
-    click("btnCashEntry");
+    clickOn("btnCashEntry");
     EXPECT_FALSE(wasEnabled);
     EXPECT_TRUE(wasShown);
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::ListCashComm)});
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::ListCashComm)});
     expectSubMenuBack();
 }
 
 TEST_F(OutPatientChoice, TheMenuBarShowsThePanelToo) {
     clickGroup(0);
     bool wasShown = false;
-    screens.whileOpen = [&] { wasShown = isShown("Frame2"); };
+    server.screens.whileOpen = [&] { wasShown = isShown("Frame2"); };
     trigger("mnuOPDCashEntry");
     EXPECT_TRUE(wasShown);
     expectSubMenuBack();
-    EXPECT_EQ(recorder->texts, QStringList());
+    EXPECT_EQ(texts(), QStringList());
 }
 
 TEST_F(OutPatientChoice, DigitsPressThePanelsButtons) {
@@ -98,78 +109,70 @@ TEST_F(OutPatientChoice, DigitsPressThePanelsButtons) {
 
 TEST_F(OutPatientChoice, ChargeEntryWithoutASearchFindsNobody) {
     choose();
-    click("btnChargeEntry");
-    EXPECT_EQ(screens.opened, QStringList());
+    clickOn("btnChargeEntry");
+    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(outRequests(), QStringList());
     expectSubMenuBack();
 }
 
 TEST_F(OutPatientChoice, ChargeEntryWithoutAPatientDoesNothing) {
     menu::links().findOutPatient = [](const QString&) { return std::optional<menu::FoundOutPatient>(); };
     choose();
-    click("btnChargeEntry");
-    EXPECT_EQ(screens.opened, QStringList());
+    clickOn("btnChargeEntry");
+    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(outRequests(), QStringList());
     expectSubMenuBack();
 }
 
 TEST_F(OutPatientChoice, ChargeEntryOpensTheRequestOfAnOpenBill) {
     find({.IdNumber = "26-000123"});
     choose();
-    click("btnChargeEntry");
+    clickOn("btnChargeEntry");
     EXPECT_EQ(events, QStringList{"find '' 0"});
-    EXPECT_EQ(screens.opened, QStringList{"out-patient 26-000123|0||0|0|1"});
+    EXPECT_EQ(outRequests(), QStringList{"26-000123|0||0|0|1"});
     expectSubMenuBack();
 }
 
 TEST_F(OutPatientChoice, AnInvoicedBillIsLeftAlone) {
     find({.IdNumber = "26-000123", .BillingDate = "11/20/2026", .InvoiceNumber = "77", .LateCharges = true});
     choose();
-    click("btnChargeEntry");
-    EXPECT_EQ(screens.opened, QStringList());
+    clickOn("btnChargeEntry");
+    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(outRequests(), QStringList());
     expectSubMenuBack();
 }
 
 TEST_F(OutPatientChoice, LateChargesGoOnAClosedBill) {
     find({.IdNumber = "26-000123", .BillingDate = "11/20/2026", .LateCharges = true});
     trigger("mnuOPDChargeEntry");
-    EXPECT_EQ(screens.opened, QStringList{"out-patient 26-000123|0||0|0|1"});
+    EXPECT_EQ(outRequests(), QStringList{"26-000123|0||0|0|1"});
 }
 
 TEST_F(OutPatientChoice, AClosedBillIsRefused) {
     find({.IdNumber = "26-000123", .BillingDate = "11/20/2026"});
     choose();
-    expectBox("Cannot post charges because the patient's account has already been closed. \n"
-              "Please contact BILLING DEPARTMENT for further instructions.",
-              48, "Closed Bill");
-    click("btnChargeEntry");
-    EXPECT_EQ(screens.opened, QStringList());
+    boxes.expect({"Cannot post charges because the patient's account has already been closed. \n"
+                  "Please contact BILLING DEPARTMENT for further instructions.",
+                  48, "Closed Bill"});
+    clickOn("btnChargeEntry");
+    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(outRequests(), QStringList());
     expectSubMenuBack();
 }
 
-class StoppedProgram : public OutPatientChoice {
-  protected:
-    ~StoppedProgram() override {
-        controls::ErrorBoundary::setHandler({});
-        controls::ErrorBoundary::reset();
-    }
-};
-
-TEST_F(StoppedProgram, RunsNoCodeBehindTheModalCall) {
-    int errors = 0;
-    controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {
-        ++errors;
-        EXPECT_EQ(error.number(), 3021);
-    });
+TEST_F(OutPatientChoice, AStoppedProgramRunsNoCodeBehindTheModalCall) {
+    tests::ErrorRecorder errors;
     choose();
-    screens.whileOpen = [] {
+    server.screens.whileOpen = [] {
         controls::Screen screen;
-        inModal([](QWidget&) { controls::ErrorBoundary::report(base::RunTimeError(3021)); });
-        screen.ShowModal();
+        tests::runModal([&] { screen.ShowModal(); },
+                        {[](QWidget&) { controls::ErrorBoundary::report(base::RunTimeError(3021)); }});
         ADD_FAILURE() << "went on behind the modal call";
     };
-    click("btnCashEntry");
-    EXPECT_EQ(errors, 1);
+    clickOn("btnCashEntry");
     EXPECT_TRUE(isShown("Frame2"));
     EXPECT_FALSE(isEnabled("fltSubMenu_1"));
+    EXPECT_EQ(errors.take().number(), 3021);
 }
 
 } // namespace

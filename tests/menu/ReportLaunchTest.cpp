@@ -2,6 +2,7 @@
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
 #include "tests/menu/MenuBench.h"
+#include "tests/support/screens/ErrorRecorder.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -47,11 +48,13 @@ class Report : public tests::MenuBench {
             const bool daily = dialog == "frmDailyReport";
             window.findChild<QDateEdit*>(daily ? "dtpReportDate" : "dtStart")->setDate(QDate(2026, 11, 1));
             window.findChild<QDateEdit*>(daily ? "dtpEndDate" : "dtEnd")->setDate(QDate(2026, 11, 20));
-            pressIn(window, daily ? "cmdOptions_3" : dialog == "frmDateEntry" ? "cmdDate_0" : "cmdEnter");
+            tests::click(tests::child<QWidget>(window, daily                      ? "cmdOptions_3"
+                                                       : dialog == "frmDateEntry" ? "cmdDate_0"
+                                                                                  : "cmdEnter"));
         });
     }
-    void cancel(const QString& button) {
-        inModal([button](QWidget& window) { pressIn(window, button); });
+    void cancel(const char* button) {
+        inModal([button](QWidget& window) { tests::click(tests::child<QWidget>(window, button)); });
     }
     void escape() {
         inModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
@@ -171,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Report, AllPatientCensusRunsItsProcedureAndShowsTheTree) {
     run("mnuReportCensusAllPatient");
-    EXPECT_EQ(recorder->texts, QStringList{"Patient_Data..sp_adm_censusallpatient '2026/11/21',''"});
+    EXPECT_EQ(texts(), QStringList{"Patient_Data..sp_adm_censusallpatient '2026/11/21',''"});
     EXPECT_EQ(events, (QStringList{"prepare", "show"}));
     EXPECT_TRUE(reports[0].path.endsWith("\\Reports\\GrandCensus_NVH.RPT"));
     EXPECT_EQ(reports[0].database, "Patient_Data");
@@ -182,7 +185,7 @@ TEST_F(Report, AllPatientCensusRunsItsProcedureAndShowsTheTree) {
 
 TEST_F(Report, CensusByStationPreparesItsSummary) {
     run("mnuReportCensusbyStation");
-    EXPECT_EQ(recorder->texts, QStringList{"PATIENT_DATA..sp_adm_censusbystation '2026/11/21',''"});
+    EXPECT_EQ(texts(), QStringList{"PATIENT_DATA..sp_adm_censusbystation '2026/11/21',''"});
     EXPECT_EQ(events, (QStringList{"prepare", "sub-report", "show"}));
     EXPECT_TRUE(reports[0].path.endsWith("\\Reports\\CensusByStation_Nvh.RPT"));
     EXPECT_EQ(reports[0].database, "PATIENT_DATA");
@@ -196,7 +199,7 @@ TEST_F(Report, CensusByStationPreparesItsSummary) {
 TEST_F(Report, TheMenuBarAsksNoRight) {
     takeDates("frmReportDate");
     run("mnuStatisticalReport");
-    EXPECT_EQ(recorder->texts, QStringList());
+    EXPECT_EQ(texts(), QStringList());
 }
 
 // --- cancelled dialogs
@@ -278,14 +281,14 @@ TEST_F(Report, DailyIncomeAsksForOneDate) {
         EXPECT_TRUE(window.findChild<QWidget*>("dtStart")->isVisible());
         EXPECT_FALSE(window.findChild<QWidget*>("dtEnd")->isVisible());
         EXPECT_FALSE(window.findChild<QWidget*>("lblEnd")->isVisible());
-        pressIn(window, "cmdEnter");
+        tests::click(tests::child<QWidget>(window, "cmdEnter"));
     });
     run("mnuDailyIncomeOPDIPD");
     EXPECT_EQ(reports[0].values, (std::vector<Value>{"A", "11/21/2026"}));
     // The next range has both dates again.
     inModal([](QWidget& window) {
         EXPECT_TRUE(window.findChild<QWidget*>("dtEnd")->isVisible());
-        pressIn(window, "cmdClose");
+        tests::click(tests::child<QWidget>(window, "cmdClose"));
     });
     run("mnuStatisticalReport");
 }
@@ -319,7 +322,7 @@ TEST_P(PopUpMenu, OpensAtTheButtonAndLaunches) {
     EXPECT_EQ(events, QStringList());
     takeDates("frmReportDate");
     QTest::keyClick(popUp, Qt::Key_Down);
-    QTest::keyClick(popUp, Qt::Key_Return);
+    withSteps([popUp] { QTest::keyClick(popUp, Qt::Key_Return); });
     EXPECT_EQ(events, (QStringList{"prepare", "show"}));
     EXPECT_TRUE(reports[0].path.endsWith(GetParam().item)) << reports[0].path.toStdString();
 }
@@ -328,18 +331,15 @@ INSTANTIATE_TEST_SUITE_P(Menu, PopUpMenu,
                          testing::Values(PopUp{1, "mnuMonthlyReport", "NucMonthlyReport.RPT"},
                                          PopUp{3, "mnuDailyIncomeReport", "NucDailyIncomeReport.RPT"}));
 
-TEST_F(Report, AMissingFileIsTheEnginesError) {
+TEST_F(Report, AMissingFileIsTheEnginesErrorAndStopsTheProgram) {
     menu::links().prepareReport = session::PrepareReport;
-    int number = 0;
-    controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) { number = error.number(); });
+    tests::ErrorRecorder errors;
     session::setProgramFolder("/nowhere");
-    run("mnuNucExams");
+    trigger("mnuNucExams");
     session::setProgramFolder({});
-    EXPECT_EQ(number, 20507);
     EXPECT_TRUE(controls::ErrorBoundary::isStopping());
+    EXPECT_EQ(errors.take().number(), 20507);
     EXPECT_EQ(events, QStringList());
-    controls::ErrorBoundary::setHandler({});
-    controls::ErrorBoundary::reset();
 }
 
 } // namespace

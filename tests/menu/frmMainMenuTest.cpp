@@ -11,7 +11,6 @@ namespace {
 
 using menu::Deed;
 using session::MenuScreen;
-using tests::RecordingScreens;
 
 class MenuScreenTest : public tests::MenuBench {
   protected:
@@ -25,7 +24,6 @@ class MenuScreenTest : public tests::MenuBench {
         }
         return captions;
     }
-    bool isShown(const QString& name) { return child<QWidget>(name)->isVisible(); }
 };
 
 // --- loading
@@ -39,8 +37,8 @@ TEST_F(MenuScreenTest, LoadsWithTheUserInTheStatusBar) {
 }
 
 TEST_F(MenuScreenTest, AsksTheBirthdayAndDeletesRevokedDataOnceAtEachStart) {
-    controls::SharedScreen<menu::frmMainMenu>::fresh().Show();
-    EXPECT_EQ(recorder->texts,
+    showMenu();
+    EXPECT_EQ(texts(),
               (QStringList{"SELECT BirthDate FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'",
                            "sp_Nuclear_DeleteRevokedData"}));
 }
@@ -57,11 +55,13 @@ TEST_F(MenuScreenTest, StartsAtTheQuitGroupWithoutASubMenu) {
 }
 
 TEST_F(MenuScreenTest, SendsNothingWithoutAConnection) {
-    recorder.reset();
-    session::gConnection = nullptr;
-    session::gUser = std::make_unique<session::clsCurrentUser>();
+    session::LogOff();
+    texts().clear();
+    auto former = std::exchange(session::gUser, std::make_unique<session::clsCurrentUser>());
     controls::SharedScreen<menu::frmMainMenu>::fresh().Show();
     EXPECT_EQ(text("StatusBar1_Panel1"), "CurrentUser Name:  ()  ");
+    EXPECT_EQ(texts(), QStringList());
+    session::gUser = std::move(former);
 }
 
 base::DateTime day(int year, int month, int dayOfMonth) {
@@ -81,16 +81,17 @@ TEST_F(MenuScreenTest, GreetsOnABirthdayKeptAsText) {
     EXPECT_EQ(text("StatusBar1_Panel2"), "Happy BirthDay!!!");
 }
 
-TEST_F(MenuScreenTest, GreetsNobodyOnAnotherDayOrWithoutADate) {
-    for (const base::Value& birthDate : {base::Value(day(1980, 11, 20)), base::Value(day(1980, 2, 29)),
-                                         base::Value(), base::Value("no date"), base::Value("")}) {
-        answer("SELECT BirthDate", "BirthDate", {{birthDate}}, true);
-        openMenu();
-        EXPECT_FALSE(isShown("StatusBar1_Panel2"));
-        EXPECT_EQ(text("StatusBar1_Panel2"), "");
-        controls::SharedScreen<menu::frmMainMenu>::release();
-    }
+class Ungreeted : public MenuScreenTest, public testing::WithParamInterface<base::Value> {};
+
+TEST_P(Ungreeted, OnAnotherDayOrWithoutADate) {
+    answer("SELECT BirthDate", "BirthDate", {{GetParam()}});
+    openMenu();
+    EXPECT_FALSE(isShown("StatusBar1_Panel2"));
+    EXPECT_EQ(text("StatusBar1_Panel2"), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Menu, Ungreeted,
+                         testing::Values(day(1980, 11, 20), day(1980, 12, 21), base::Value(), "no date", ""));
 
 class Watcher : public menu::Monitors {
   public:
@@ -107,9 +108,9 @@ class Watcher : public menu::Monitors {
 
 TEST_F(MenuScreenTest, StartsTheMonitorsFirstAndChecksLast) {
     menu::links().makeMonitors = [this](menu::frmMainMenu&) {
-        return std::make_unique<Watcher>(events, recorder->texts);
+        return std::make_unique<Watcher>(events, texts());
     };
-    openMenu();
+    showMenu();
     EXPECT_EQ(events, (QStringList{"start after 0", "check after 2"}));
     menuScreen().Unload();
     EXPECT_EQ(events, (QStringList{"start after 0", "check after 2", "gone", "end"}));
@@ -146,7 +147,7 @@ TEST_P(Group, BuildsItsSubMenuFromTheTable) {
     }
     for (int i = 0; i < menu::groupCount; ++i)
         EXPECT_EQ(child<QAbstractButton>(QStringLiteral("cmdMainMenu_%1").arg(i))->isChecked(), i == group);
-    EXPECT_EQ(recorder->texts, QStringList());
+    EXPECT_EQ(texts(), QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(Menu, Group, testing::Range(0, menu::groupCount));
@@ -194,10 +195,10 @@ std::vector<menu::SubMenuRow> guardedRows() {
 TEST_P(GuardedRow, IsDeniedWithoutTheRight) {
     openMenu();
     clickGroup(GetParam().group);
-    expectBox("Access denied", 16, "");
+    boxes.expect({"Access denied", 16, ""});
     clickSubMenu(GetParam().number);
-    EXPECT_EQ(recorder->texts, rightTexts());
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(texts(), rightTexts());
+    EXPECT_EQ(opened(), QStringList());
     EXPECT_TRUE(reports.empty());
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     // The menu is as it was.
@@ -215,8 +216,8 @@ TEST_P(GuardedRow, OpensItsScreenWithTheRight) {
     openMenu();
     clickGroup(GetParam().group);
     clickSubMenu(GetParam().number);
-    EXPECT_EQ(recorder->texts, rightTexts());
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(command.screen, command.formMode)});
+    EXPECT_EQ(texts(), rightTexts());
+    EXPECT_EQ(opened(), QStringList{nameOf(command.screen, command.formMode)});
 }
 
 INSTANTIATE_TEST_SUITE_P(Menu, GuardedRow, testing::ValuesIn(guardedRows()));
@@ -228,7 +229,7 @@ TEST_F(MenuScreenTest, HoldsTheButtonAndTheHourglassWhileAScreenIsOpen) {
     auto* button = child<QAbstractButton>("fltSubMenu_2");
     bool wasEnabled = true;
     Qt::CursorShape cursor = Qt::ArrowCursor;
-    screens.whileOpen = [&] {
+    server.screens.whileOpen = [&] {
         wasEnabled = button->isEnabled();
         cursor = menuScreen().cursor().shape();
     };
@@ -241,25 +242,25 @@ TEST_F(MenuScreenTest, HoldsTheButtonAndTheHourglassWhileAScreenIsOpen) {
 }
 
 TEST_F(MenuScreenTest, BuildFileIsForTheExamMaintenance) {
+    answer("SELECT RightsID FROM PASSWORD..tbPasswordRights", "RightsID", {{"A"}});
     openMenu();
     clickGroup(2);
-    answer("SELECT RightsID FROM PASSWORD..tbPasswordRights", "RightsID", {{"A"}});
-    expectBox("Access Denied!", 48, "Restriction");
+    boxes.expect({"Access Denied!", 48, "Restriction"});
     clickSubMenu(5);
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(opened(), QStringList());
 
     session::gUser->setPasswordDeptCode("00");
     clickSubMenu(5);
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::BuildFile)});
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::BuildFile)});
 }
 
 TEST_F(MenuScreenTest, BuildFileWantsTheRightBesideTheDepartment) {
     openMenu();
     clickGroup(2);
     session::gUser->setPasswordDeptCode("00");
-    expectBox("Access Denied!", 48, "Restriction");
+    boxes.expect({"Access Denied!", 48, "Restriction"});
     clickSubMenu(5);
-    EXPECT_EQ(screens.opened, QStringList());
+    EXPECT_EQ(opened(), QStringList());
 }
 
 class UserSettings : public MenuScreenTest {
@@ -272,28 +273,24 @@ class UserSettings : public MenuScreenTest {
     void type(const char* password) {
         inModal([password](QWidget& window) {
             EXPECT_EQ(window.objectName(), "frmPassword");
-            QTest::keyClicks(window.focusWidget(), password);
-            QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+            tests::keys(tests::child<QWidget>(window, "txtPassword"), QString(password) + "<Enter>");
         });
     }
 };
 
 TEST_F(UserSettings, OpenBehindTheUsersOwnPassword) {
-    type("open sesame");
+    type("secret");
     clickSubMenu(2);
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::UserRights)});
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::UserRights)});
 }
 
 TEST_F(UserSettings, AskOnceMoreAndStayClosedEvenIfTheSecondAnswerIsRight) {
-    inModal([this](QWidget& window) {
-        QTest::keyClicks(window.focusWidget(), "wrong");
-        type("open sesame");
-        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
-    });
-    expectBox("Invalid Password", 16, "");
+    type("wrong");
+    type("secret");
+    boxes.expect({"Invalid Password", 16, ""});
     clickSubMenu(2);
-    EXPECT_EQ(screens.opened, QStringList());
-    EXPECT_EQ(recorder->texts.filter("PasswordHash").size(), 2);
+    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(texts().filter("PasswordHash").size(), 2);
 }
 
 // --- leaving
@@ -302,14 +299,14 @@ TEST_F(MenuScreenTest, QuitApplicationOnTheSubMenuAsks) {
     openMenu();
     clickGroup(0);
     clickGroup(4);
-    expectBox("Are you sure you want to exit the program?", 36, "Message", controls::vbNo);
+    boxes.expect({"Are you sure you want to exit the program?", 36, "Message", controls::vbNo});
     clickSubMenu(0);
     EXPECT_TRUE(menuScreen().isVisible());
-    EXPECT_EQ(events, QStringList{"box"});
-    expectBox("Are you sure you want to exit the program?", 36, "Message", controls::vbYes);
+    EXPECT_EQ(events, QStringList());
+    boxes.expect({"Are you sure you want to exit the program?", 36, "Message", controls::vbYes});
     clickSubMenu(0);
     EXPECT_TRUE(menuScreen().isUnloaded());
-    EXPECT_EQ(events, (QStringList{"box", "box", "end"}));
+    EXPECT_EQ(events, QStringList{"end"});
 }
 
 TEST_F(MenuScreenTest, QuitApplicationOnTheMenuBarNeverAsks) {
@@ -327,9 +324,9 @@ TEST_F(MenuScreenTest, LettersChooseGroupsAndDigitsCommands) {
     QTest::keyClick(&menuScreen(), Qt::Key_R);
     EXPECT_EQ(menuScreen().currentGroup(), 1);
     QTest::keyClick(menuScreen().focusWidget(), Qt::Key_3);
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::ResultMaster, "C")});
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::ResultMaster, "C")});
     QTest::keyClick(menuScreen().focusWidget(), Qt::Key_4); // there is no fourth one
-    EXPECT_EQ(screens.opened.size(), 1);
+    EXPECT_EQ(opened().size(), 1);
     for (const auto& [key, group] :
          {std::pair{Qt::Key_D, 0}, {Qt::Key_F, 2}, {Qt::Key_E, 3}, {Qt::Key_Q, 4}}) {
         QTest::keyClick(menuScreen().focusWidget(), key);
@@ -359,7 +356,7 @@ TEST_F(MenuScreenTest, ArrowsWalkOverTheButtons) {
     press(Qt::Key_Right);
     EXPECT_EQ(focused(), "fltSubMenu_3");
     press(Qt::Key_Return);
-    EXPECT_EQ(screens.opened, QStringList{RecordingScreens::nameOf(MenuScreen::PatientLedger)});
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::PatientLedger)});
     EXPECT_EQ(focused(), "fltSubMenu_3");
     press(Qt::Key_Up);
     press(Qt::Key_Up);
@@ -394,16 +391,15 @@ TEST_F(MenuScreenTest, IndicatorsOpenTheirScreens) {
     for (const char* name : {"btnCommunication", "Label1", "cmdPrepaid", "btnDepositComm"})
         child<QWidget>(name)->show();
     EXPECT_FALSE(isShown("lblNothingWaiting"));
-    click("btnCommunication");
+    clickOn("btnCommunication");
     EXPECT_FALSE(child<QWidget>("btnCommunication")->isEnabled());
     QTest::mouseClick(child<QWidget>("Label1"), Qt::LeftButton);
     QTest::keyClick(child<QWidget>("Label1"), Qt::Key_Return);
-    click("cmdPrepaid");
-    click("btnDepositComm");
-    const QString nurses = RecordingScreens::nameOf(MenuScreen::NurseCommunication);
-    EXPECT_EQ(screens.opened,
-              (QStringList{nurses, nurses, nurses, RecordingScreens::nameOf(MenuScreen::PrepaidRequest),
-                           RecordingScreens::nameOf(MenuScreen::ListDeposits)}));
+    clickOn("cmdPrepaid");
+    clickOn("btnDepositComm");
+    const QString nurses = nameOf(MenuScreen::NurseCommunication);
+    EXPECT_EQ(opened(), (QStringList{nurses, nurses, nurses, nameOf(MenuScreen::PrepaidRequest),
+                                     nameOf(MenuScreen::ListDeposits)}));
     EXPECT_FALSE(child<QWidget>("btnCommunication")->isEnabled());
 }
 

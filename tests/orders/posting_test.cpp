@@ -154,13 +154,13 @@ TEST_F(Posting, AWardsRequestIsStampedInItsFiles) {
                    "UPDATE: UPDATE STATION..tbNurseCommunicationFile SET [ReferenceNum] = '{slip}', "
                    "[RecordStatus] = 'X' WHERE "
                    "[CommunicationID] = " +
-                       communication + " AND [ReferenceNum] = '' AND [RecordStatus] = 'N'",
+                       communication + " AND [ReferenceNum] IS NULL AND [RecordStatus] = 'N'",
                    "sp_checknurselogbook '0','I','" + admission + "','NU','" + item + "','7000003'",
                    "UPDATE: UPDATE STATION..tbNurseLogBook SET [ReferenceNum] = '{slip}', [RecordStatus] = "
                    "'X', [ProcessBy] = "
                    "'1001', [ProcessDate] = '2026-11-21T08:30:00.000' WHERE [LogBookID] = " +
                        logBook +
-                       " AND [ReferenceNum] = '' AND [RecordStatus] = 'N' AND [ProcessBy] = '' AND "
+                       " AND [ReferenceNum] IS NULL AND [RecordStatus] = 'N' AND [ProcessBy] IS NULL AND "
                        "[ProcessDate] IS NULL",
                    "sp_addbill 'I','" + admission + "','11/21/2026 08:30:00 AM','{slip}', '" + item + "','" +
                        amount + "','NU','1001','1','','', '" + hospNum + "'",
@@ -169,6 +169,25 @@ TEST_F(Posting, AWardsRequestIsStampedInItsFiles) {
     EXPECT_EQ(value(nurse.arg("RecordStatus")), "X");
     EXPECT_EQ(value(nurse.arg("ReferenceNum")), slipText(slip));
     EXPECT_EQ(value("SELECT ProcessBy FROM STATION..tbNurseLogBook WHERE RequestNum = '7000003'"), "1001");
+}
+
+TEST_F(Posting, ASupplyOnAWardsRequestIsOneRequest) {
+    const QString ward = "SELECT %1 FROM STATION..tbNurseCommunicationFile WHERE RequestNum = '7000003'";
+    open({.PatIdNum = value(ward.arg("IdNum")),
+          .PatientType = "I",
+          .NurseCommnunication = true,
+          .Classification = value(ward.arg("Classification"))});
+    grid().AddItem("\tUR\t40001\tSYRINGE\t\t12.00\t1\t12.00");
+    const int slip = nextSlip();
+    takeTexts();
+    save(slipText(slip));
+    const QStringList texts = takeTexts().filter("sp_Nuclear_AddRequest");
+    ASSERT_EQ(texts.size(), 3) << "the ward's form, and the stock line's behind it";
+    EXPECT_TRUE(texts[1].endsWith("'','','1', '','UR'")) << texts[1].toStdString();
+    EXPECT_EQ(count("NUCLEAR..tbNucMaster", "RefNum = '" + slipText(slip) + "'"), 2);
+    EXPECT_EQ(
+        count("NUCLEAR..tbNucMaster", "RefNum = '" + slipText(slip) + "' AND NurseRequestNum = RequestNum"),
+        1);
 }
 
 TEST_F(Posting, ACashAssessmentTakesNoSlipNumberAndPostsTheEmptyLine) {

@@ -145,11 +145,9 @@ TEST_F(Silent, ExamsAreConfinedToTheSection) {
         u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND ('NU' = 'NU' OR SectionID = 'NU') AND Status "
         u"= "
         u"'A'");
-    gCodeFind->SearchListing(QStringLiteral("1012"), 16);
-    EXPECT_EQ(
-        session.texts().last(),
-        u"SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-        u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND Status = 'A'");
+    gCodeFind->SearchListing(QStringLiteral("BID"), 16);
+    EXPECT_EQ(session.texts().last(),
+              u"SELECT DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage WHERE DosageID = 'BID'");
 }
 
 TEST(PickStatement, TypedTextsBecomePrefixes) {
@@ -169,7 +167,7 @@ TEST(PickStatement, TypedTextsBecomePrefixes) {
     EXPECT_TRUE(text(townListing, QStringLiteral("%")).contains(QStringLiteral("Town LIKE '_%'")));
     EXPECT_FALSE(text(confinedPatientListing, QStringLiteral("  ")).contains(QStringLiteral("LIKE")));
     for (const PickListing* listing :
-         {&townListing, &doctorListing, &departmentExamListing, &examListing, &confinedPatientListing,
+         {&townListing, &doctorListing, &dosageListing, &examListing, &confinedPatientListing,
           &outPatientListing, &medicineListing, &supplyListing}) {
         for (const char* typed : {"", "A", "2600", "A,B", "'", "[x]", "##text"}) {
             const QString statement = text(*listing, QLatin1String(typed));
@@ -192,7 +190,7 @@ class OnFile : public tests::LoggedOn {
 
 TEST_F(OnFile, EveryListingStatementRuns) {
     for (const PickListing* listing :
-         {&townListing, &doctorListing, &departmentExamListing, &examListing, &confinedPatientListing,
+         {&townListing, &doctorListing, &dosageListing, &examListing, &confinedPatientListing,
           &outPatientListing, &medicineListing, &supplyListing}) {
         for (const char* typed : {"", "S", "1", "S,M", "'%["}) {
             ado::Recordset rows;
@@ -229,7 +227,9 @@ TEST_F(OnFile, CodesOfEveryListingAreTakenAtOnce) {
     EXPECT_TRUE(gCodeFind->NuclearExamRecord.RateA.asDouble());
     gCodeFind->OtherSectionID = QStringLiteral("UR");
     EXPECT_FALSE(gCodeFind->SearchListing(QStringLiteral("1001"), clsLookupPad::exams));
-    EXPECT_TRUE(gCodeFind->SearchListing(QStringLiteral("1001"), clsLookupPad::nuclearDepartmentExams));
+    ASSERT_TRUE(gCodeFind->SearchListing(QStringLiteral("BID"), clsLookupPad::dosages));
+    EXPECT_EQ(gCodeFind->DosageRecord.ResultCode, u"BID");
+    EXPECT_EQ(gCodeFind->DosageRecord.Frequency, u"2");
 
     const QString stay =
         first(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL"));

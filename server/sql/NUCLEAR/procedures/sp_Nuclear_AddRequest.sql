@@ -1,3 +1,5 @@
+-- A supply that a ward asked for comes twice in one save, under one number: the second call completes the first. The
+-- same number of another save is refused by the key.
 USE NUCLEAR
 GO
 
@@ -18,6 +20,9 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_AddRequest
     @RevenueID varchar(4)
 AS
 SET NOCOUNT ON
+UPDATE tbNucMaster SET NurseRequestNum = @NurseRequestNum, Quantity = @Quantity, Amount = @Amount
+WHERE RequestNum = @RequestNum AND RefNum = @RefNum AND ItemID = @ItemID
+IF @@ROWCOUNT = 0
 INSERT INTO tbNucMaster (RequestNum, HospNum, IdNum, ItemID, RevenueID, PatientType, RefNum, NurseRequestNum, Quantity,
     Amount, RequestDocCode, UserID, TransDate, Remarks, Classification)
 VALUES (@RequestNum, @HospNum, @IdNum, @ItemID, @RevenueID, @PatientType, @RefNum, @NurseRequestNum, @Quantity,
