@@ -205,9 +205,8 @@ bool Interpreter::step(sqlite3_stmt* statement) {
     if (code == SQLITE_DONE)
         return false;
     if (m_host.error && (code & 0xFF) == SQLITE_ERROR) {
-        const base::RunTimeError error = *m_host.error;
-        m_host.error.reset();
-        throw error;
+        const std::optional<base::RunTimeError> error = std::exchange(m_host.error, std::nullopt);
+        throw base::RunTimeError(*error);
     }
     throw errorOfSqlite(m_file.handle(), code);
 }
