@@ -101,7 +101,7 @@ Result Connection::send(const Statement& statement, StatementKind kind) {
         const StatementEvent event{text, kind, 0, -1, timer.nsecsElapsed(), &error};
         for (Observer* observer : m_observers)
             observer->afterStatement(event);
-        throw error;
+        throw base::RunTimeError(error);
     }
 }
 

@@ -128,7 +128,7 @@ base::RunTimeError errorOfSqlite(sqlite3* handle, int code) {
                                "aggregated is an outer reference."));
         if (message.startsWith(QLatin1StringView("Expression tree is too large")) ||
             message.startsWith(QLatin1StringView("parser stack overflow")))
-            return nestedTooDeeply({});
+            return nestedTooDeeply({}); // NOLINT(cppcoreguidelines-slicing): there is no place to lose
         return serverError(50000, message);
     }
 }
