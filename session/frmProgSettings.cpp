@@ -87,7 +87,7 @@ void frmProgSettings::cmdAdd_Click() {
 void frmProgSettings::cmdEdit_Click() {
     setEditing(true);
     m_ui->txtDescription->setFocus();
-    SelectAllText(m_ui->txtDescription);
+    controls::SelectAllText(m_ui->txtDescription);
 }
 
 bool frmProgSettings::isEditing() const {

@@ -107,7 +107,7 @@ void frmUserRights::cmdSearch_Click() {
     }
     if (found == 0) {
         m_ui->lblHelp->setText(tr("No user of this department answers to this text."));
-        SelectAllText(m_ui->txtEmployeeID);
+        controls::SelectAllText(m_ui->txtEmployeeID);
         return;
     }
     m_ui->lblHelp->setText(found == 1 ? tr("1 user. Enter takes the row.")

@@ -1,10 +1,10 @@
 #include "session/frmProgSettings.h"
 
+#include "platform/base/Error.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/HeaderBand.h"
 #include "session/Session.h"
 #include "tests/support/screens/Driver.h"
-#include "tests/support/screens/ErrorRecorder.h"
 #include "tests/support/screens/LoggedOn.h"
 #include "tests/support/screens/MessageScript.h"
 #include "tests/support/screens/ScriptedSession.h"
@@ -182,11 +182,14 @@ TEST_F(ProgSettingsOnTheServer, EveryRightOfTheCatalogueCanBeEdited) {
 }
 
 TEST_F(ProgSettingsOnTheServer, TheHundredthRightIsRefused) {
-    Run(ado::sql("INSERT INTO NUCLEAR..tbNuclearUserSettings (ItemID, Description, Status) VALUES "
-                 "('99', 'Last', 'A')"));
-    tests::ErrorRecorder errors;
-    runModal(open, {[](QWidget& screen) { keysToFocus(screen, QStringLiteral("<Alt+D>Census<Alt+S>")); }});
-    EXPECT_EQ(errors.take().number(), 50002);
+    session::Run(ado::sql("INSERT INTO NUCLEAR..tbNuclearUserSettings (ItemID, Description, Status) VALUES "
+                          "('99', 'Last', 'A')"));
+    try {
+        session::Run(ado::sql("NUCLEAR..spNuclear_SaveProgramSettings 'A','0','Census','A'"));
+        FAIL() << "a number of three digits would be cut";
+    } catch (const base::RunTimeError& error) {
+        EXPECT_EQ(error.number(), 50002);
+    }
 }
 
 } // namespace

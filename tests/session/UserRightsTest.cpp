@@ -54,6 +54,7 @@ class UserRights : public testing::Test {
   protected:
     UserRights() {
         session.server().answer(readCatalogue, catalogue());
+        session.server().answer(QStringLiteral("NUCLEAR..spNuclear_SearchProgramAccess"), catalogue());
         session.server().answer(
             QStringLiteral("NUCLEAR..spNuclear_SearchNuclearUsers"),
             ScriptedProvider::rowsOf(
@@ -108,7 +109,8 @@ TEST_F(UserRights, EntriesKeepTheirNumberBehind120Blanks) {
                  ASSERT_EQ(list.count(), 3);
                  EXPECT_EQ(list.item(1)->text(),
                            QStringLiteral("Request Cancellation") + QString(120, u' ') + u'7');
-                 EXPECT_EQ(list.item(2)->text(), QStringLiteral("Exams") + QString(120, u' ') + u"17");
+                 EXPECT_EQ(list.item(2)->text(),
+                           QStringLiteral("Exams") + QString(120, u' ') + QStringLiteral("17"));
                  const auto* drawn = qobject_cast<QStyledItemDelegate*>(list.itemDelegate());
                  ASSERT_NE(drawn, nullptr);
                  EXPECT_EQ(drawn->displayText(list.item(1)->text(), QLocale()), u"Request Cancellation");
@@ -154,6 +156,9 @@ TEST_F(UserRights, TheSearchButtonSearchesToo) {
 
 TEST(UserRightsSearch, WithoutAHitNoGridComesUp) {
     tests::ScriptedSession session;
+    session.server().answer(readCatalogue, catalogue());
+    session.server().answer(QStringLiteral("NUCLEAR..spNuclear_SearchNuclearUsers"),
+                            ScriptedProvider::rowsOf(QStringLiteral("Employee Code,Employee Name,Position")));
     runModal(open, {[](QWidget& screen) {
                  keys(child<QLineEdit>(screen, "txtEmployeeID"), QStringLiteral("ZZ<Enter>"));
                  EXPECT_FALSE(child<QWidget>(screen, "fmeUsers").isVisible());
@@ -265,35 +270,37 @@ TEST_F(UserRights, NothingTickedSendsAnEmptyText) {
 }
 
 TEST_F(UserRights, F12OpensTheCatalogueOnceAndReadsTheListAgain) {
-    runModal(open, {[this](QWidget& screen) {
-                        keys(child<QLineEdit>(screen, "txtEmployeeID"), QStringLiteral("BA<Enter><Enter>"));
-                        keysToFocus(screen, QStringLiteral("<Down><Space>"));
-                        session.texts().clear();
-                        keysToFocus(screen, QStringLiteral("<F12>"));
-                        const QStringList sent{QStringLiteral("NUCLEAR..spNuclear_SearchProgramAccess ''"),
-                                               readCatalogue};
-                        EXPECT_EQ(session.texts(), sent);
-                        EXPECT_EQ(child<QListWidget>(screen, "lstRights").count(), 3) << "not twice";
-                        EXPECT_EQ(ticked(screen), u"7") << "unsaved ticks outlive the look at the catalogue";
-                        keysToFocus(screen, QStringLiteral("<Alt+C>"));
-                    },
-                    [](QWidget& catalogue) {
+    const auto leave = [](QWidget& window) { keysToFocus(window, QStringLiteral("<Alt+C>")); };
+    const auto openCatalogue = [this](QWidget& screen) {
+        keys(child<QLineEdit>(screen, "txtEmployeeID"), QStringLiteral("BA<Enter><Enter>"));
+        keysToFocus(screen, QStringLiteral("<Down><Space>"));
+        session.texts().clear();
+        keysToFocus(screen, QStringLiteral("<F12>"));
+        const QStringList sent{QStringLiteral("NUCLEAR..spNuclear_SearchProgramAccess ''"), readCatalogue};
+        EXPECT_EQ(session.texts(), sent);
+        EXPECT_EQ(child<QListWidget>(screen, "lstRights").count(), 3) << "not twice";
+        EXPECT_EQ(ticked(screen), u"7") << "unsaved ticks outlive the look at the catalogue";
+    };
+    runModal(open, {openCatalogue,
+                    [&](QWidget& catalogue) {
                         EXPECT_EQ(catalogue.windowTitle(), u"RADIOLOGY: Access Settings");
-                        keysToFocus(catalogue, QStringLiteral("<Alt+C>"));
-                    }});
+                        leave(catalogue);
+                    },
+                    leave});
 }
 
-TEST_F(UserRights, F12WorksFromTheCodeAndFromAButton) {
-    for (const char* from : {"txtEmployeeID", "cmdClose"}) {
+TEST_F(UserRights, F12WorksFromTheCodeTheGridAndAButton) {
+    for (const char* from : {"txtEmployeeID", "grdUsers", "cmdClose"}) {
         int catalogues = 0;
         runModal(open, {[&](QWidget& screen) {
+                            keys(child<QLineEdit>(screen, "txtEmployeeID"), QStringLiteral("BA<Enter>"));
                             keys(child<QWidget>(screen, from), QStringLiteral("<F12>"));
-                            keysToFocus(screen, QStringLiteral("<Alt+C>"));
                         },
                         [&](QWidget& catalogue) {
                             catalogues += catalogue.objectName() == u"frmProgSettings";
                             keysToFocus(catalogue, QStringLiteral("<Esc>"));
-                        }});
+                        },
+                        [](QWidget& screen) { keysToFocus(screen, QStringLiteral("<Alt+C>")); }});
         EXPECT_EQ(catalogues, 1) << from;
     }
 }
