@@ -69,6 +69,8 @@ Report::Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn)
         m_tables.push_back({table.location, {}, {}, {}, {}});
     for (const FormulaDefinition& one : m_definition->formulas)
         m_formulaTexts << one.text;
+    for (const SubReportDefinition& one : m_definition->subReports)
+        m_subReports.push_back(std::unique_ptr<Report>(new Report(one.definition, m_logOn)));
 }
 
 Report::~Report() = default;
@@ -116,7 +118,14 @@ void Report::setFormula(const QString& name, const QString& text) {
 }
 
 Report& Report::subReport(const QString& name) {
+    const int index = indexOfName(subReportNames(), name);
+    if (index >= 0)
+        return *m_subReports[std::size_t(index)];
     throw base::RunTimeError(errorDamaged, QStringLiteral("The report has no sub-report \"%1\".").arg(name));
+}
+
+QStringList Report::subReportNames() const {
+    return m_definition->names().subReports;
 }
 
 void Report::discardSavedData() {}
@@ -137,19 +146,27 @@ ado::Statement Report::tableStatement(std::size_t table) const {
     return ado::definedStatement(text, values);
 }
 
+ado::Rows Report::readTable(std::size_t table) const {
+    const TableLogOn& one = m_tables[table];
+    const std::unique_ptr<ado::Connection> connection =
+        m_logOn(one.server, one.database, one.login, one.password);
+    ado::Rows rows = connection->Execute(tableStatement(table)).rows();
+    connection->Close();
+    return rows;
+}
+
 std::vector<ado::Rows> Report::readTables() const {
     std::vector<ado::Rows> tables;
-    for (std::size_t i = 0; i < m_tables.size(); ++i) {
-        const TableLogOn& table = m_tables[i];
-        const std::unique_ptr<ado::Connection> connection =
-            m_logOn(table.server, table.database, table.login, table.password);
-        tables.push_back(connection->Execute(tableStatement(i)).rows());
-        connection->Close();
-    }
+    for (std::size_t i = 0; i < m_tables.size(); ++i)
+        tables.push_back(readTable(i));
     return tables;
 }
 
-std::unique_ptr<PageDocument> Report::run() {
+ado::Rows Report::rows() const {
+    return m_tables.empty() ? ado::Rows() : readTable(0);
+}
+
+std::shared_ptr<ReportData> Report::readData() const {
     auto data = std::make_shared<ReportData>();
     data->definition = m_definition;
     data->tables = readTables();
@@ -159,7 +176,17 @@ std::unique_ptr<PageDocument> Report::run() {
     data->headingName = headingName;
     data->headingAddress = headingAddress;
     data->printedAt = base::now();
-    return layout(std::move(data));
+    for (const std::unique_ptr<Report>& subReport : m_subReports) {
+        std::shared_ptr<ReportData> inner = subReport->readData();
+        inner->headingName = headingName;
+        inner->headingAddress = headingAddress;
+        data->subReports.push_back(std::move(inner));
+    }
+    return data;
+}
+
+std::unique_ptr<PageDocument> Report::run() {
+    return layout(readData());
 }
 
 } // namespace report
