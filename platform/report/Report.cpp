@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
+#include "platform/report/Evaluator.h"
 #include "platform/report/Layout.h"
 #include "platform/report/ReportError.h"
 
@@ -130,6 +131,23 @@ QStringList Report::subReportNames() const {
 
 void Report::discardSavedData() {}
 
+/// A formula in a query knows parameters only: there are no rows yet.
+QString Report::queryFormula(int index) const {
+    auto data = std::make_shared<ReportData>();
+    data->definition = m_definition;
+    data->tables.resize(m_tables.size());
+    for (const auto& [given, value] : m_parameters)
+        data->parameters.push_back(value);
+    data->formulas = m_formulas;
+    data->headingName = headingName;
+    data->headingAddress = headingAddress;
+    data->printedAt = base::now();
+    Expression formula;
+    formula.kind = Expression::Kind::Formula;
+    formula.index = index;
+    return base::textOf(Evaluator(data).value(formula, Scope()));
+}
+
 ado::Statement Report::tableStatement(std::size_t table) const {
     const QString& location = m_tables[table].location;
     if (!isLocation(location))
@@ -142,6 +160,11 @@ ado::Statement Report::tableStatement(std::size_t table) const {
     for (std::size_t i = 0; i < m_parameters.size(); ++i) {
         values.push_back({QStringLiteral("{?%1}").arg(m_definition->parameters[i].name),
                           base::textOf(m_parameters[i].second)});
+    }
+    for (std::size_t i = 0; i < m_formulas.size(); ++i) {
+        const QString placeholder = QStringLiteral("{@%1}").arg(m_definition->formulas[i].name);
+        if (text.contains(placeholder))
+            values.push_back({placeholder, queryFormula(int(i))});
     }
     return ado::definedStatement(text, values);
 }

@@ -81,6 +81,7 @@ class Report {
     std::vector<ado::Rows> readTables() const;
     ado::Rows readTable(std::size_t table) const;
     std::shared_ptr<ReportData> readData() const;
+    QString queryFormula(int index) const;
     ado::Statement tableStatement(std::size_t table) const;
 
     std::shared_ptr<const ReportDefinition> m_definition;

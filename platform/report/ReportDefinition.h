@@ -84,7 +84,7 @@ struct ParameterDefinition {
 struct TableDefinition {
     QString name;
     QString location; ///< "DATABASE..table"
-    /// Text with {table} for the location and {?Name} for parameters.
+    /// Text with {table} for the location, {?Name} for parameters and {@Name} for formulas over them.
     QString query;
 };
 
