@@ -211,3 +211,26 @@ TEST(SubReport, HoldsNothingThatBelongsToPages) {
     EXPECT_EQ(faultOf(band("details", "<insert report=\"None\" x=\"0mm\" y=\"0mm\"/>")),
               report::errorDamaged);
 }
+
+TEST(QueryFormula, GoesIntoTheStatementUnderTheSameCheck) {
+    const QByteArray xml =
+        QByteArray(tests::definitionOf(band("details", field("{A}"))))
+            .replace("<table name=\"Lines\" location=\"NUCLEAR..tbLines\"/>",
+                     "<parameter name=\"A\"/><parameter name=\"B\"/>"
+                     "<formula name=\"Day\">If(IsDate({?A}), {?A}, {?B})</formula>"
+                     "<table name=\"Lines\" location=\"NUCLEAR..tbLines\">{table} '{@Day}'</table>");
+    tests::Folder folder;
+    tests::ReportServer server;
+    server.lines = tests::ScriptedProvider::rowsOf("A", {});
+    const auto report = report::Report::open(folder.write("main.RPT", xml), server.logOn());
+    report->setParameter(0, "VALE HOSPITAL");
+    report->setParameter(1, "11/21/2026");
+    report->run();
+    report->setParameter(0, "01/02/2026");
+    report->run();
+    EXPECT_EQ(server.texts, (QStringList{"NUCLEAR..tbLines '11/21/2026'", "NUCLEAR..tbLines '01/02/2026'"}));
+    report->setParameter(0, "x");
+    report->setParameter(1, "a' OR 'b");
+    EXPECT_THROW(report->run(), std::exception);
+    EXPECT_EQ(server.texts.size(), 2);
+}
