@@ -1,8 +1,12 @@
 #include "platform/report/BandLayout.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
 #include "platform/base/Format.h"
+#include "platform/report/ChartLayout.h"
 #include "platform/report/Formulas.h"
+#include "platform/report/ReportError.h"
+#include "platform/report/StripLayout.h"
 
 #include <algorithm>
 
@@ -86,6 +90,12 @@ LaidBand BandLayout::lay(const Band& band, const Scope& scope) {
 BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope) {
     Placed placed;
     placed.element = &element;
+    if (element.kind == Element::Kind::Chart || element.kind == Element::Kind::SubReport) {
+        placed.inside = element.kind == Element::Kind::Chart ? chart(element) : subReport(element.index);
+        placed.growth = std::max(Length(), placed.inside.height - element.frame.height);
+        return placed;
+    }
+    placed.tint = tintOf(element, scope);
     if (element.kind != Element::Kind::Field)
         return placed;
     const base::Value value = m_evaluator.value(element.value, scope);
@@ -104,6 +114,31 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
         placed.growth = std::max(Length(), needed - element.frame.height);
     }
     return placed;
+}
+
+QColor BandLayout::tintOf(const Element& element, const Scope& scope) {
+    if (!element.tint)
+        return {};
+    const QString name = base::Trim(base::textOf(m_evaluator.value(*element.tint, scope)));
+    if (name.isEmpty())
+        return {};
+    const QColor colour(name);
+    if (!name.startsWith(u'#') || !colour.isValid())
+        throw base::RunTimeError(
+            errorDamaged, QStringLiteral("The report tints with \"%1\", which is no colour.").arg(name));
+    return colour;
+}
+
+LaidBand BandLayout::chart(const Element& element) {
+    const FontStyle& style = m_data->definition->styles.at(std::size_t(element.style));
+    return layChart(element, m_evaluator, m_measures.of(faceOf(element.style)), style.colour);
+}
+
+const LaidBand& BandLayout::subReport(int index) {
+    const auto kept = m_subReports.find(index);
+    if (kept != m_subReports.end())
+        return kept->second;
+    return m_subReports[index] = layStrip(m_data->subReports.at(std::size_t(index)));
 }
 
 /// What stands below something that has grown moves down as far as that reaches.
@@ -165,7 +200,7 @@ void BandLayout::addField(const Placed& placed, std::vector<Item>& items) {
         run.baseline = run.frame.y + measure.ascent();
         run.text = text;
         run.face = measure.face();
-        run.colour = style.colour;
+        run.colour = placed.tint.isValid() ? placed.tint : style.colour;
         items.emplace_back(std::move(run));
     }
 }
@@ -178,12 +213,20 @@ void BandLayout::addShape(const Placed& placed, Length stretch, std::vector<Item
     case Element::Kind::Line:
         if (frame.height > Length())
             frame.height += stretch;
-        items.emplace_back(
-            Stroke{frame.x, frame.y, frame.right(), frame.bottom(), element.thickness, element.colour});
+        items.emplace_back(Stroke{frame.x, frame.y, frame.right(), frame.bottom(), element.thickness,
+                                  placed.tint.isValid() ? placed.tint : element.colour});
         break;
     case Element::Kind::Box:
         frame.height += stretch;
-        items.emplace_back(Rectangle{frame, element.thickness, element.radius, element.colour, element.fill});
+        items.emplace_back(Rectangle{frame, element.thickness, element.radius, element.colour,
+                                     placed.tint.isValid() ? placed.tint : element.fill});
+        break;
+    case Element::Kind::Chart:
+    case Element::Kind::SubReport:
+        for (Item item : placed.inside.items) {
+            moveItem(item, frame.x, frame.y);
+            items.push_back(std::move(item));
+        }
         break;
     default:
         items.emplace_back(Picture{frame, element.picture});

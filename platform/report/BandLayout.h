@@ -4,6 +4,8 @@
 #include "platform/report/FontMeasure.h"
 #include "platform/report/Page.h"
 
+#include <map>
+
 namespace report {
 
 /// A band with its values filled in; items count from the band's top left corner.
@@ -32,18 +34,25 @@ class BandLayout {
         base::Value value;
         Length shift; ///< how far what grows above moved it down
         Length growth;
+        QColor tint;       ///< of a text or line, or a box's fill
+        LaidBand inside{}; ///< what a chart or a sub-report is made of
     };
 
     Placed place(const Element& element, const Scope& scope);
     void spread(std::vector<Placed>& placed) const;
     void addField(const Placed& placed, std::vector<Item>& items);
     void addShape(const Placed& placed, Length stretch, std::vector<Item>& items) const;
+    LaidBand chart(const Element& element);
+    const LaidBand& subReport(int index);
+    /// Invalid when the element keeps its own.
+    QColor tintOf(const Element& element, const Scope& scope);
     Length stretchOf(const Placed& shape, const std::vector<Placed>& all) const;
     Face faceOf(int style) const;
 
     std::shared_ptr<const ReportData> m_data;
     Evaluator& m_evaluator;
     FontMeasures m_measures;
+    std::map<int, LaidBand> m_subReports; ///< laid out once; they know nothing of pages
 };
 
 } // namespace report

@@ -8,6 +8,8 @@ namespace {
 
 constexpr int largestPicture = 4000; // pixels a side
 const QColor defaultRule(0x9A, 0xA6, 0xB0);
+const QColor defaultBar(0x2A, 0x7F, 0x93);
+const Length leastChart = Length::fromMm(20);
 
 } // namespace
 
@@ -19,9 +21,10 @@ Band DefinitionReader::readBand(Attributes& attributes) {
     band.atBottom = attributes.yes("atBottom");
     attributes.finish();
     readChildren([&](const QString& name, Attributes& own) {
-        static const QStringList known{QStringLiteral("text"), QStringLiteral("field"),
-                                       QStringLiteral("line"), QStringLiteral("box"),
-                                       QStringLiteral("picture")};
+        static const QStringList known{QStringLiteral("text"),    QStringLiteral("field"),
+                                       QStringLiteral("line"),    QStringLiteral("box"),
+                                       QStringLiteral("picture"), QStringLiteral("chart"),
+                                       QStringLiteral("insert")};
         if (!known.contains(name))
             return false;
         band.elements.push_back(readElement(name, own));
@@ -35,7 +38,11 @@ Element DefinitionReader::readElement(const QString& name, Attributes& attribute
     element.frame = {attributes.length("x"), attributes.length("y"), attributes.length("width", {}),
                      attributes.length("height", {})};
     element.visible = attributes.expression("visible");
-    if (name == QLatin1StringView("text") || name == QLatin1StringView("field")) {
+    if (name == QLatin1StringView("chart")) {
+        readChart(element, attributes);
+    } else if (name == QLatin1StringView("insert")) {
+        readInsert(element, attributes);
+    } else if (name == QLatin1StringView("text") || name == QLatin1StringView("field")) {
         readField(element, attributes, name == QLatin1StringView("text"));
     } else if (name == QLatin1StringView("picture")) {
         element.kind = Element::Kind::Picture;
@@ -55,6 +62,7 @@ void DefinitionReader::readField(Element& element, Attributes& attributes, bool 
     element.alignment = Alignment(attributes.word(
         "align", {QStringLiteral("left"), QStringLiteral("centre"), QStringLiteral("right")}));
     element.grow = attributes.yes("grow");
+    element.tint = attributes.expression("tint");
     element.wrap = attributes.yes("wrap") || element.grow;
     if (literal) {
         attributes.finish();
@@ -70,12 +78,66 @@ void DefinitionReader::readField(Element& element, Attributes& attributes, bool 
 void DefinitionReader::readShape(Element& element, Attributes& attributes) {
     element.thickness = attributes.length("thickness", Length::fromMm(0.2));
     element.colour = attributes.colour("colour", defaultRule);
+    element.tint = attributes.expression("tint");
     if (element.kind == Element::Kind::Box) {
         element.fill = attributes.colour("fill", {});
         element.radius = attributes.length("radius", {});
     }
     attributes.finish();
     endElement();
+}
+
+void DefinitionReader::readChart(Element& element, Attributes& attributes) {
+    element.kind = Element::Kind::Chart;
+    if (element.frame.width < leastChart || element.frame.height < leastChart)
+        fail(QStringLiteral("a chart needs a width and a height of 20 mm"));
+    element.label = expression(attributes.text("label"));
+    element.value = expression(attributes.text("value"));
+    if (attributes.has("group")) {
+        const QString group = attributes.text("group");
+        element.index = indexOfName(m_names.groups, group);
+        if (element.index < 0)
+            fail(QStringLiteral("there is no group \"%1\"").arg(group));
+    }
+    element.format = attributes.text("format", {});
+    element.style = styleIndex(attributes.text("style", {}));
+    element.colour = attributes.colour("colour", defaultBar);
+    element.most = int(attributes.number("most", 20, 1, 100));
+    attributes.finish();
+    endElement();
+}
+
+void DefinitionReader::readInsert(Element& element, Attributes& attributes) {
+    element.kind = Element::Kind::SubReport;
+    const QString name = attributes.text("report");
+    element.index = indexOfName(m_names.subReports, name);
+    if (element.index < 0)
+        fail(QStringLiteral("there is no sub-report \"%1\"").arg(name));
+    attributes.finish();
+    endElement();
+}
+
+/// The styles told so far hold inside, too.
+void DefinitionReader::readSubReport(Attributes& attributes) {
+    SubReportDefinition sub;
+    sub.name = attributes.text("name");
+    attributes.finish();
+    auto inner = std::make_shared<ReportDefinition>();
+    inner->styles = m_definition->styles;
+    sub.definition = inner;
+    std::vector<Place> places;
+    const std::size_t index = m_definition->subReports.size();
+    const auto change = [&] {
+        m_inSubReport = !m_inSubReport;
+        m_definition.swap(inner);
+        m_formulaPlaces.swap(places);
+        std::swap(m_names, m_subNames[index]);
+    };
+    change();
+    readChildren([this](const QString& name, Attributes& own) { return readSection(name, own); });
+    finishFormulas();
+    change();
+    m_definition->subReports.push_back(std::move(sub));
 }
 
 QImage DefinitionReader::readPicture() {

@@ -46,14 +46,17 @@ void DefinitionReader::fail(const QString& reason) const {
 void DefinitionReader::collectNames() {
     m_xml.addData(m_source);
     int depth = 0;
+    bool inside = false;
     while (!m_xml.atEnd()) {
         const QXmlStreamReader::TokenType token = m_xml.readNext();
         if (token == QXmlStreamReader::DTD)
             fail(QStringLiteral("a document type is not allowed"));
         if (token == QXmlStreamReader::EntityReference)
             fail(QStringLiteral("an entity of its own is not allowed"));
-        if (token == QXmlStreamReader::EndElement)
+        if (token == QXmlStreamReader::EndElement) {
             --depth;
+            inside = inside && depth > 1;
+        }
         if (token != QXmlStreamReader::StartElement)
             continue;
         if (++depth > deepest)
@@ -61,31 +64,50 @@ void DefinitionReader::collectNames() {
         if (++m_elements > mostElements)
             fail(QStringLiteral("there are too many elements"));
         const QStringView element = m_xml.name();
-        const QString name = m_xml.attributes().value(QStringLiteral("name")).toString();
-        if (element == QLatin1StringView("parameter"))
-            m_names.parameters << name;
-        else if (element == QLatin1StringView("table"))
-            m_names.tables << name;
-        else if (element == QLatin1StringView("formula"))
-            m_names.formulas << name;
-        else if (element == QLatin1StringView("group"))
-            m_names.groups << name;
-        else
-            continue;
-        if (name.trimmed().isEmpty())
-            fail(QStringLiteral("attribute name is missing"));
+        collectName(inside ? m_subNames.back() : m_names, element);
+        if (depth == 2 && element == QLatin1StringView("subReport")) {
+            inside = true;
+            m_subNames.emplace_back();
+        }
     }
     if (m_xml.hasError())
         fail(m_xml.errorString());
-    if (m_names.formulas.size() > mostFormulas)
+    checkNames(m_names);
+    for (const Names& names : m_subNames)
+        checkNames(names);
+    m_xml.clear();
+}
+
+void DefinitionReader::collectName(Names& names, QStringView element) {
+    struct Kind {
+        const char* element;
+        QStringList Names::*list;
+    };
+    static constexpr Kind kinds[] = {{"parameter", &Names::parameters},
+                                     {"table", &Names::tables},
+                                     {"formula", &Names::formulas},
+                                     {"group", &Names::groups},
+                                     {"subReport", &Names::subReports}};
+    for (const Kind& kind : kinds) {
+        if (element != QLatin1StringView(kind.element))
+            continue;
+        const QString name = m_xml.attributes().value(QStringLiteral("name")).toString();
+        if (name.trimmed().isEmpty())
+            fail(QStringLiteral("attribute name is missing"));
+        (names.*kind.list) << name;
+    }
+}
+
+void DefinitionReader::checkNames(const Names& names) const {
+    if (names.formulas.size() > mostFormulas)
         fail(QStringLiteral("there are too many formulas"));
-    for (const QStringList& names : {m_names.parameters, m_names.tables, m_names.formulas, m_names.groups}) {
-        for (qsizetype i = 0; i < names.size(); ++i) {
-            if (indexOfName(names, names[i]) != i)
-                fail(QStringLiteral("the name \"%1\" is given twice").arg(names[i]));
+    for (const QStringList& list :
+         {names.parameters, names.tables, names.formulas, names.groups, names.subReports}) {
+        for (qsizetype i = 0; i < list.size(); ++i) {
+            if (indexOfName(list, list[i]) != i)
+                fail(QStringLiteral("the name \"%1\" is given twice").arg(list[i]));
         }
     }
-    m_xml.clear();
 }
 
 void DefinitionReader::readChildren(const Children& child) {
@@ -135,6 +157,11 @@ void DefinitionReader::readRoot() {
 }
 
 bool DefinitionReader::readSection(const QString& name, Attributes& attributes) {
+    static const QStringList ofPages{QStringLiteral("page"), QStringLiteral("watermark"),
+                                     QStringLiteral("pageHeader"), QStringLiteral("pageFooter"),
+                                     QStringLiteral("subReport")};
+    if (m_inSubReport && ofPages.contains(name))
+        return false;
     struct Reader {
         const char* name;
         void (DefinitionReader::*read)(Attributes&);
@@ -143,7 +170,7 @@ bool DefinitionReader::readSection(const QString& name, Attributes& attributes) 
         {"page", &DefinitionReader::readPage},           {"style", &DefinitionReader::readStyle},
         {"parameter", &DefinitionReader::readParameter}, {"table", &DefinitionReader::readTable},
         {"formula", &DefinitionReader::readFormula},     {"group", &DefinitionReader::readGroup},
-        {"watermark", &DefinitionReader::readWatermark},
+        {"watermark", &DefinitionReader::readWatermark}, {"subReport", &DefinitionReader::readSubReport},
     };
     for (const Reader& reader : readers) {
         if (name == QLatin1StringView(reader.name)) {
@@ -179,6 +206,8 @@ void DefinitionReader::readPage(Attributes& attributes) {
     d.top = attributes.length("top");
     d.right = attributes.length("right");
     d.bottom = attributes.length("bottom");
+    d.columns = int(attributes.number("columns", 1, 1, 12));
+    d.gutter = attributes.length("gutter", {});
     attributes.finish();
     endElement();
 }
@@ -237,6 +266,7 @@ void DefinitionReader::readGroup(Attributes& attributes) {
     group.label = attributes.expression("label");
     group.repeat = attributes.yes("repeat");
     group.newPage = attributes.yes("newPage");
+    group.keepTogether = attributes.yes("keepTogether");
     attributes.finish();
     readChildren([&](const QString& name, Attributes& own) {
         if (name != QLatin1StringView("header") && name != QLatin1StringView("footer"))
@@ -276,7 +306,8 @@ void DefinitionReader::finishFormulas() {
 void DefinitionReader::checkPage() const {
     const ReportDefinition& d = *m_definition;
     const Length least = Length::fromMm(10);
-    if (d.paperWidth < d.left + d.right + least || d.paperHeight < d.top + d.bottom + least)
+    if (d.paperWidth < d.left + d.right + least || d.columnWidth() < least ||
+        d.paperHeight < d.top + d.bottom + least)
         fail(QStringLiteral("the page is missing or leaves no room inside its margins"));
 }
 

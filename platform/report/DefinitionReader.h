@@ -35,13 +35,18 @@ class DefinitionReader {
     void readFormula(Attributes& attributes);
     void readGroup(Attributes& attributes);
     void readWatermark(Attributes& attributes);
+    void readSubReport(Attributes& attributes);
     Band readBand(Attributes& attributes);
     Element readElement(const QString& name, Attributes& attributes);
     void readField(Element& element, Attributes& attributes, bool literal);
     void readShape(Element& element, Attributes& attributes);
+    void readChart(Element& element, Attributes& attributes);
+    void readInsert(Element& element, Attributes& attributes);
     QImage readPicture();
 
     void collectNames();
+    void collectName(Names& names, QStringView element);
+    void checkNames(const Names& names) const;
     void finishFormulas();
     void checkPage() const;
     Expression expression(const QString& text) const;
@@ -53,6 +58,8 @@ class DefinitionReader {
     std::shared_ptr<ReportDefinition> m_definition;
     /// Every name, collected ahead, so that an expression may use what is told further down.
     Names m_names;
+    std::vector<Names> m_subNames; ///< of the sub-reports, in the file's order
+    bool m_inSubReport = false;
     struct Place {
         qint64 line, column;
     };

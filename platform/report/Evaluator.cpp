@@ -72,6 +72,19 @@ bool countsAsNumber(const Value& value) {
     return !value.isNull() && !(value.asText() && base::Trim(*value.asText()).isEmpty());
 }
 
+/// Kahan's: a year of amounts must still end in the right centavo.
+struct Total {
+    double sum = 0.0;
+    double lost = 0.0;
+
+    void add(double amount) {
+        const double corrected = amount - lost;
+        const double next = sum + corrected;
+        lost = (next - sum) - corrected;
+        sum = next;
+    }
+};
+
 bool sameValue(const Value& left, const Value& right) {
     if (left.asText() && right.asText())
         return left.asText()->compare(*right.asText(), Qt::CaseInsensitive) == 0;
@@ -221,7 +234,30 @@ Value Evaluator::operationValue(const Expression& expression, const Scope& scope
     }
 }
 
+/// From the group's first row up to the one at hand; outside of rows there is none.
+Value Evaluator::runningValue(const Expression& expression, const Scope& scope) {
+    const int level = expression.index;
+    if (scope.row < 0)
+        return 0.0;
+    std::vector<double>& totals = m_running[{&expression, level}];
+    if (totals.empty()) {
+        totals.reserve(std::size_t(m_rowCount));
+        Total total;
+        for (qsizetype row = 0; row < m_rowCount; ++row) {
+            if (level >= 0 && firstGroupBegun(row) <= level)
+                total = {};
+            const Value one = value(expression.arguments.front(), Scope{row, -1, 0, 0});
+            if (countsAsNumber(one))
+                total.add(base::CDbl(one));
+            totals.push_back(total.sum);
+        }
+    }
+    return totals[std::size_t(scope.row)];
+}
+
 Value Evaluator::aggregateValue(const Expression& expression, const Scope& scope) {
+    if (expression.aggregate == Aggregate::Running)
+        return runningValue(expression, scope);
     const int level = expression.index >= 0 ? expression.index : scope.level;
     const qsizetype begin = level < 0 || scope.row < 0 ? 0 : groupBegin(level, scope.row);
     const SumKey key{&expression, level, begin};
@@ -234,8 +270,7 @@ Value Evaluator::aggregateValue(const Expression& expression, const Scope& scope
 Value Evaluator::aggregateOver(const Expression& expression, qsizetype begin, qsizetype end) {
     const Expression& counted = expression.arguments.front();
     qint64 count = 0;
-    double sum = 0.0;
-    double lost = 0.0; // Kahan: a year of amounts must still end in the right centavo
+    Total total;
     Value least;
     Value most;
     for (qsizetype row = begin; row < end; ++row) {
@@ -244,10 +279,7 @@ Value Evaluator::aggregateOver(const Expression& expression, qsizetype begin, qs
             continue;
         ++count;
         if (expression.aggregate == Aggregate::Sum || expression.aggregate == Aggregate::Average) {
-            const double corrected = base::CDbl(one) - lost;
-            const double next = sum + corrected;
-            lost = (next - sum) - corrected;
-            sum = next;
+            total.add(base::CDbl(one));
         } else if (expression.aggregate != Aggregate::Count) {
             if (least.isNull() || compare(one, least) < 0)
                 least = one;
@@ -257,15 +289,17 @@ Value Evaluator::aggregateOver(const Expression& expression, qsizetype begin, qs
     }
     switch (expression.aggregate) {
     case Aggregate::Sum:
-        return sum;
+        return total.sum;
     case Aggregate::Count:
         return count;
     case Aggregate::Average:
-        return count == 0 ? Value() : Value(sum / double(count));
+        return count == 0 ? Value() : Value(total.sum / double(count));
     case Aggregate::Minimum:
         return least;
     case Aggregate::Maximum:
         return most;
+    case Aggregate::Running: // has a way of its own
+        break;
     }
     return {};
 }

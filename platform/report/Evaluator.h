@@ -40,6 +40,7 @@ class Evaluator {
     base::Value specialValue(Special special, const Scope& scope) const;
     base::Value operationValue(const Expression& expression, const Scope& scope);
     base::Value aggregateValue(const Expression& expression, const Scope& scope);
+    base::Value runningValue(const Expression& expression, const Scope& scope);
     base::Value aggregateOver(const Expression& expression, qsizetype begin, qsizetype end);
     void findGroups();
 
@@ -49,6 +50,8 @@ class Evaluator {
     QHash<const Expression*, qsizetype> m_columns;
     using SumKey = std::tuple<const Expression*, int, qsizetype>;
     std::map<SumKey, base::Value> m_sums;
+    /// Of a running total, the sum up to each row, by expression and group.
+    std::map<std::pair<const Expression*, int>, std::vector<double>> m_running;
 };
 
 } // namespace report

@@ -29,7 +29,7 @@ constexpr std::array specials{
 constexpr std::array aggregates{
     Word<Aggregate>{"Sum", Aggregate::Sum},         Word<Aggregate>{"Count", Aggregate::Count},
     Word<Aggregate>{"Average", Aggregate::Average}, Word<Aggregate>{"Minimum", Aggregate::Minimum},
-    Word<Aggregate>{"Maximum", Aggregate::Maximum},
+    Word<Aggregate>{"Maximum", Aggregate::Maximum}, Word<Aggregate>{"Running", Aggregate::Running},
 };
 
 // One level of precedence a row, weakest first; longer signs stand before their beginnings.

@@ -30,7 +30,7 @@ enum class Operator {
     Negate
 };
 
-enum class Aggregate { Sum, Count, Average, Minimum, Maximum };
+enum class Aggregate { Sum, Count, Average, Minimum, Maximum, Running };
 
 /// One parsed expression. Columns are resolved when rows are there; everything else is by index.
 struct Expression {
@@ -54,6 +54,7 @@ struct Names {
     QStringList tables;
     QStringList formulas;
     QStringList groups;
+    QStringList subReports;
 };
 
 /// Index of the name in either case; -1 when it is not there.
@@ -67,8 +68,8 @@ struct ExpressionError {
 
 /// Reads `"(" & {?Nurse} & ") " & Upper({Lines.Name})`: texts in double quotes (a doubled one stands for
 /// itself), numbers, {?parameter}, {column} of the first table, {table.column}, {@formula}, the specials by
-/// name, functions, Sum/Count/Average/Minimum/Maximum(expression[, group]), not - * / + & = <> < <= > >= and
-/// or, parentheses. Raises ExpressionError.
+/// name, functions, Sum/Count/Average/Minimum/Maximum/Running(expression[, group]), not - * / + & = <> < <= >
+/// >= and or, parentheses. Raises ExpressionError.
 Expression parseExpression(const QString& text, const Names& names);
 
 } // namespace report

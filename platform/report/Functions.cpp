@@ -51,6 +51,9 @@ Value runLength(const Arguments& a) {
 Value runFormat(const Arguments& a) {
     return base::Format(a[0], base::textOf(a[1]));
 }
+Value runIsDate(const Arguments& a) {
+    return base::IsDate(a[0]);
+}
 Value runVal(const Arguments& a) {
     return base::Val(base::textOf(a[0]));
 }
@@ -74,6 +77,7 @@ constexpr std::array functions{
     Function{"Mid", 2, 3, runMid},         Function{"Length", 1, 1, runLength},
     Function{"Format", 2, 2, runFormat},   Function{"Val", 1, 1, runVal},
     Function{"Abs", 1, 1, runAbs},         Function{"Round", 1, 2, runRound},
+    Function{"IsDate", 1, 1, runIsDate},
 };
 
 } // namespace

@@ -57,7 +57,12 @@ PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int
     m_pageNumber = pageNumber;
     m_pageCount = pageCount;
     m_hasBody = false;
+    m_pageEnds = false;
+    m_column = 0;
+    m_columns = start.stage == Stage::ReportFooter ? 1 : m_definition.columns;
+    m_x = m_definition.left;
     m_y = m_definition.top;
+    m_deepest = {};
     m_built.page.number = pageNumber;
     if (auto mark = m_bands.watermark(scopeAt(start)))
         m_built.page.items.emplace_back(std::move(*mark));
@@ -66,9 +71,12 @@ PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int
         placeReportHeaders();
     if (start != Position() || m_at.stage != Stage::ReportHeader) {
         placePageHeaders(start);
+        m_bodyTop = m_y;
         repeatGroupHeaders(start);
-        while (m_at.stage != Stage::End && placeBody()) {
-        }
+        do {
+            while (m_at.stage != Stage::End && placeBody()) {
+            }
+        } while (m_at.stage != Stage::End && nextColumn());
     }
     m_built.next = m_at;
     return std::move(m_built);
@@ -88,7 +96,7 @@ Length PageBuilder::placeAll(const std::vector<Band>& bands, Length y, const Sco
             continue;
         LaidBand laid = m_bands.lay(band, scope);
         for (Item& item : laid.items) {
-            moveItem(item, m_definition.left, y);
+            moveItem(item, m_x, y);
             m_built.page.items.push_back(std::move(item));
         }
         y += laid.height;
@@ -155,12 +163,13 @@ void PageBuilder::repeatGroupHeaders(const Position& start) {
 
 /// Places the band at hand, or what of it fits; false when the page is full.
 bool PageBuilder::placeBody() {
+    if (m_at.stage == Stage::ReportFooter && m_columns > 1)
+        leaveColumns();
     const std::vector<Band>& bands = m_flow.bandsAt(m_at);
     const Group* begun = nullptr;
     if (m_at.stage == Stage::GroupHeader && m_at.band == 0 && m_at.offset == Length()) {
         begun = &m_definition.groups[std::size_t(m_at.level)];
-        const bool outermost = m_evaluator.firstGroupBegun(m_at.row) == m_at.level;
-        if (begun->newPage && outermost && m_at.row > 0 && m_hasBody)
+        if (beginsPage(*begun) || (begun->keepTogether && m_hasBody && !fitsWhole()))
             return false;
     }
     if (!bands.empty()) {
@@ -175,12 +184,61 @@ bool PageBuilder::placeBody() {
 }
 
 bool PageBuilder::wantsNewPage(const Band& band) const {
-    return band.newPageBefore && m_at.offset == Length() && m_hasBody;
+    return band.newPageBefore && m_at.offset == Length() && (m_hasBody || m_column > 0);
+}
+
+bool PageBuilder::beginsPage(const Group& group) {
+    const bool outermost = m_evaluator.firstGroupBegun(m_at.row) == m_at.level;
+    m_pageEnds = group.newPage && outermost && m_at.row > 0 && (m_hasBody || m_column > 0);
+    return m_pageEnds;
+}
+
+/// Whether the group at hand has room up to its end; true, too, when a fresh page would not help.
+bool PageBuilder::fitsWhole() {
+    const int level = m_at.level;
+    const qsizetype end = m_evaluator.groupEnd(level, m_at.row);
+    const Length fresh = m_bottom - m_bodyTop;
+    Length height;
+    for (Position at = m_at; at.row < end && at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
+        if (at.stage == Stage::GroupFooter && at.level < level)
+            break;
+        const std::vector<Band>& bands = m_flow.bandsAt(at);
+        if (bands.empty() || !m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
+            continue;
+        height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
+        if (height > fresh)
+            return true;
+    }
+    return m_y + height <= m_bottom;
+}
+
+/// The body goes on in the next column, where there is one.
+bool PageBuilder::nextColumn() {
+    if (m_pageEnds || m_column + 1 >= m_columns)
+        return false;
+    ++m_column;
+    m_deepest = std::max(m_deepest, m_y);
+    m_x += m_definition.columnWidth() + m_definition.gutter;
+    m_y = m_bodyTop;
+    m_hasBody = false;
+    repeatGroupHeaders(m_at);
+    return true;
+}
+
+/// What ends the report stands under all columns, from the left margin on.
+void PageBuilder::leaveColumns() {
+    m_columns = 1;
+    m_x = m_definition.left;
+    m_y = std::max(m_deepest, m_y);
+    m_hasBody = m_hasBody || m_column > 0;
+    m_column = 0;
 }
 
 bool PageBuilder::placeBand(const Band& band) {
-    if (wantsNewPage(band))
+    if (wantsNewPage(band)) {
+        m_pageEnds = true;
         return false;
+    }
     const LaidBand laid = m_bands.lay(band, scopeAt(m_at));
     const Length height = laid.height - m_at.offset;
     const bool isHeader = m_at.stage == Stage::GroupHeader;
@@ -233,7 +291,7 @@ void PageBuilder::addSlice(const LaidBand& laid, Length from, Length to) {
         Item copy = item;
         if (!whole && !clip(copy, from, to))
             continue;
-        moveItem(copy, m_definition.left, m_y - from);
+        moveItem(copy, m_x, m_y - from);
         m_built.page.items.push_back(std::move(copy));
     }
 }

@@ -33,6 +33,10 @@ class PageBuilder {
     bool placeBody();
     bool placeBand(const Band& band);
     bool wantsNewPage(const Band& band) const;
+    bool beginsPage(const Group& group);
+    bool fitsWhole();
+    bool nextColumn();
+    void leaveColumns();
     Length keptWith(const Position& header);
     Length bottomBands(const Position& footer);
     void addSlice(const LaidBand& laid, Length from, Length to);
@@ -51,7 +55,13 @@ class PageBuilder {
     Length m_bottom; ///< where the body ends
     int m_pageNumber = 0;
     int m_pageCount = 0;
-    bool m_hasBody = false;
+    bool m_hasBody = false;  ///< of the column in work
+    bool m_pageEnds = false; ///< what comes next belongs on a page of its own
+    int m_column = 0;
+    int m_columns = 1;
+    Length m_bodyTop;
+    Length m_x;       ///< where the column begins
+    Length m_deepest; ///< how far the columns before reach
 };
 
 } // namespace report

@@ -113,13 +113,18 @@ void ParameterDialog::accept() {
 }
 
 bool promptForParameters(Report& report, QWidget* parent) {
-    if (report.missingParameters().empty())
-        return true;
-    ParameterDialog dialog(report, parent);
-    const controls::ModalLevel level;
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    controls::ErrorBoundary::throwIfStopping();
-    return accepted;
+    if (!report.missingParameters().empty()) {
+        ParameterDialog dialog(report, parent);
+        const controls::ModalLevel level;
+        const bool accepted = dialog.exec() == QDialog::Accepted;
+        controls::ErrorBoundary::throwIfStopping();
+        if (!accepted)
+            return false;
+    }
+    const QStringList names = report.subReportNames();
+    return std::all_of(names.begin(), names.end(), [&](const QString& name) {
+        return promptForParameters(report.subReport(name), parent);
+    });
 }
 
 } // namespace report

@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
+#include "platform/report/Evaluator.h"
 #include "platform/report/Layout.h"
 #include "platform/report/ReportError.h"
 
@@ -69,6 +70,8 @@ Report::Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn)
         m_tables.push_back({table.location, {}, {}, {}, {}});
     for (const FormulaDefinition& one : m_definition->formulas)
         m_formulaTexts << one.text;
+    for (const SubReportDefinition& one : m_definition->subReports)
+        m_subReports.push_back(std::unique_ptr<Report>(new Report(one.definition, m_logOn)));
 }
 
 Report::~Report() = default;
@@ -116,10 +119,34 @@ void Report::setFormula(const QString& name, const QString& text) {
 }
 
 Report& Report::subReport(const QString& name) {
+    const int index = indexOfName(subReportNames(), name);
+    if (index >= 0)
+        return *m_subReports[std::size_t(index)];
     throw base::RunTimeError(errorDamaged, QStringLiteral("The report has no sub-report \"%1\".").arg(name));
 }
 
+QStringList Report::subReportNames() const {
+    return m_definition->names().subReports;
+}
+
 void Report::discardSavedData() {}
+
+/// A formula in a query knows parameters only: there are no rows yet.
+QString Report::queryFormula(int index) const {
+    auto data = std::make_shared<ReportData>();
+    data->definition = m_definition;
+    data->tables.resize(m_tables.size());
+    for (const auto& [given, value] : m_parameters)
+        data->parameters.push_back(value);
+    data->formulas = m_formulas;
+    data->headingName = headingName;
+    data->headingAddress = headingAddress;
+    data->printedAt = base::now();
+    Expression formula;
+    formula.kind = Expression::Kind::Formula;
+    formula.index = index;
+    return base::textOf(Evaluator(data).value(formula, Scope()));
+}
 
 ado::Statement Report::tableStatement(std::size_t table) const {
     const QString& location = m_tables[table].location;
@@ -134,22 +161,35 @@ ado::Statement Report::tableStatement(std::size_t table) const {
         values.push_back({QStringLiteral("{?%1}").arg(m_definition->parameters[i].name),
                           base::textOf(m_parameters[i].second)});
     }
+    for (std::size_t i = 0; i < m_formulas.size(); ++i) {
+        const QString placeholder = QStringLiteral("{@%1}").arg(m_definition->formulas[i].name);
+        if (text.contains(placeholder))
+            values.push_back({placeholder, queryFormula(int(i))});
+    }
     return ado::definedStatement(text, values);
+}
+
+ado::Rows Report::readTable(std::size_t table) const {
+    const TableLogOn& one = m_tables[table];
+    const std::unique_ptr<ado::Connection> connection =
+        m_logOn(one.server, one.database, one.login, one.password);
+    ado::Rows rows = connection->Execute(tableStatement(table)).rows();
+    connection->Close();
+    return rows;
 }
 
 std::vector<ado::Rows> Report::readTables() const {
     std::vector<ado::Rows> tables;
-    for (std::size_t i = 0; i < m_tables.size(); ++i) {
-        const TableLogOn& table = m_tables[i];
-        const std::unique_ptr<ado::Connection> connection =
-            m_logOn(table.server, table.database, table.login, table.password);
-        tables.push_back(connection->Execute(tableStatement(i)).rows());
-        connection->Close();
-    }
+    for (std::size_t i = 0; i < m_tables.size(); ++i)
+        tables.push_back(readTable(i));
     return tables;
 }
 
-std::unique_ptr<PageDocument> Report::run() {
+ado::Rows Report::rows() const {
+    return m_tables.empty() ? ado::Rows() : readTable(0);
+}
+
+std::shared_ptr<ReportData> Report::readData() const {
     auto data = std::make_shared<ReportData>();
     data->definition = m_definition;
     data->tables = readTables();
@@ -159,7 +199,17 @@ std::unique_ptr<PageDocument> Report::run() {
     data->headingName = headingName;
     data->headingAddress = headingAddress;
     data->printedAt = base::now();
-    return layout(std::move(data));
+    for (const std::unique_ptr<Report>& subReport : m_subReports) {
+        std::shared_ptr<ReportData> inner = subReport->readData();
+        inner->headingName = headingName;
+        inner->headingAddress = headingAddress;
+        data->subReports.push_back(std::move(inner));
+    }
+    return data;
+}
+
+std::unique_ptr<PageDocument> Report::run() {
+    return layout(readData());
 }
 
 } // namespace report

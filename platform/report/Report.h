@@ -63,6 +63,10 @@ class Report {
 
     /// A report inside this one, opened by name. Raises 20515 when there is none. Owned by this report.
     Report& subReport(const QString& name);
+    QStringList subReportNames() const;
+
+    /// Reads the rows that make the details. Raises what the server says.
+    ado::Rows rows() const;
 
     /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
     void discardSavedData();
@@ -75,6 +79,9 @@ class Report {
     Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn);
     int formulaIndex(const QString& name) const;
     std::vector<ado::Rows> readTables() const;
+    ado::Rows readTable(std::size_t table) const;
+    std::shared_ptr<ReportData> readData() const;
+    QString queryFormula(int index) const;
     ado::Statement tableStatement(std::size_t table) const;
 
     std::shared_ptr<const ReportDefinition> m_definition;
@@ -83,6 +90,7 @@ class Report {
     std::vector<std::pair<bool, base::Value>> m_parameters; ///< given, value
     QStringList m_formulaTexts;
     std::vector<Expression> m_formulas;
+    std::vector<std::unique_ptr<Report>> m_subReports;
 };
 
 } // namespace report

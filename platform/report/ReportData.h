@@ -15,6 +15,7 @@ struct ReportData {
     std::vector<ado::Rows> tables; ///< in the definition's order
     std::vector<base::Value> parameters;
     std::vector<Expression> formulas;
+    std::vector<std::shared_ptr<const ReportData>> subReports; ///< in the definition's order
     QString headingName;
     QString headingAddress;
     base::DateTime printedAt;

@@ -19,6 +19,11 @@ std::shared_ptr<const ReportDefinition> ReportDefinition::read(const QByteArray&
     return DefinitionReader(xml, file).read();
 }
 
+Length ReportDefinition::columnWidth() const {
+    const int room = (paperWidth - left - right).hundredths - gutter.hundredths * (columns - 1);
+    return {room / columns};
+}
+
 Names ReportDefinition::names() const {
     Names result;
     for (const ParameterDefinition& parameter : parameters)
@@ -29,6 +34,8 @@ Names ReportDefinition::names() const {
         result.formulas << formula.name;
     for (const Group& group : groups)
         result.groups << group.name;
+    for (const SubReportDefinition& subReport : subReports)
+        result.subReports << subReport.name;
     return result;
 }
 

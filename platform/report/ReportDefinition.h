@@ -29,12 +29,14 @@ struct FontStyle {
 
 /// Something in a band. Its frame counts from the band's top left corner.
 struct Element {
-    enum class Kind { Field, Line, Box, Picture };
+    enum class Kind { Field, Line, Box, Picture, Chart, SubReport };
 
     Kind kind = Kind::Field;
     Frame frame;
     std::optional<Expression> visible;
-    // Field
+    /// "#RRGGBB" in place of a text's or line's colour, or of a box's fill; "" and Null leave it.
+    std::optional<Expression> tint;
+    // Field, Chart
     Expression value;
     QString format; ///< for base::Format; empty: the value as text
     int style = 0;
@@ -48,6 +50,10 @@ struct Element {
     QColor fill; ///< invalid: none
     // Picture
     QImage picture;
+    // Chart: a bar a row, or a bar a group of the level `index`. SubReport: its `index`.
+    Expression label;
+    int index = -1;
+    int most = 0; ///< bars; what is left over makes one more
 };
 
 struct Band {
@@ -64,6 +70,7 @@ struct Group {
     std::optional<Expression> label; ///< in the group tree; else the value of `by`
     bool repeat = false;             ///< the header comes again on each page that goes on with the group
     bool newPage = false;            ///< every group but the first begins a page
+    bool keepTogether = false;       ///< begins a page rather than being torn, where one page holds it
     std::vector<Band> headers;
     std::vector<Band> footers;
 };
@@ -77,7 +84,7 @@ struct ParameterDefinition {
 struct TableDefinition {
     QString name;
     QString location; ///< "DATABASE..table"
-    /// Text with {table} for the location and {?Name} for parameters.
+    /// Text with {table} for the location, {?Name} for parameters and {@Name} for formulas over them.
     QString query;
 };
 
@@ -92,6 +99,13 @@ struct Watermark {
     double degrees = -35;
 };
 
+class ReportDefinition;
+
+struct SubReportDefinition {
+    QString name;
+    std::shared_ptr<const ReportDefinition> definition;
+};
+
 /// A report as its file tells it. Never changed once it is read. The first table gives the details, one band
 /// a row; of the others the first row can be used.
 class ReportDefinition {
@@ -102,6 +116,8 @@ class ReportDefinition {
     QString title; ///< the printed document's title
     Length paperWidth, paperHeight;
     Length left, top, right, bottom; ///< margins
+    int columns = 1;                 ///< the body runs in as many, from left to right
+    Length gutter;                   ///< between two columns
     std::vector<FontStyle> styles;   ///< the first one is the default
     std::vector<ParameterDefinition> parameters;
     std::vector<TableDefinition> tables;
@@ -110,7 +126,10 @@ class ReportDefinition {
     std::vector<Group> groups; ///< outermost first
     std::vector<Band> reportHeaders, pageHeaders, details, pageFooters, reportFooters;
     std::optional<Watermark> watermark;
+    /// Without a page of their own; placed in bands by Element::Kind::SubReport.
+    std::vector<SubReportDefinition> subReports;
 
+    Length columnWidth() const;
     Names names() const;
 };
 

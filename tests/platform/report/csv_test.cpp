@@ -1,0 +1,38 @@
+#include "platform/base/Error.h"
+#include "platform/report/Csv.h"
+#include "tests/platform/report/Bench.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray csv(const QString& columns, const tests::Cells& cells) {
+    return report::csvOf(tests::ScriptedProvider::rowsOf(columns, cells).rows);
+}
+
+} // namespace
+
+TEST(Csv, HasAMarkALineOfNamesAndALineARow) {
+    EXPECT_EQ(csv("Exam,Amount", {{QString::fromUtf8("GFR, \"PLASMA\" Ñ"), 1200.5}, {base::Value(), -3}}),
+              QByteArray("\xEF\xBB\xBF"
+                         "Exam,Amount\r\n\"GFR, \"\"PLASMA\"\" Ñ\",1200.5\r\n,-3\r\n"));
+}
+
+TEST(Csv, MomentsAreReadTheSameEverywhere) {
+    EXPECT_TRUE(csv("At", {{*base::makeDateTime({2026, 11, 21}, {8, 5, 9, 0})}})
+                    .endsWith("At\r\n2026-11-21 08:05:09\r\n"));
+}
+
+TEST(Csv, NoTextBecomesAFormula) {
+    EXPECT_TRUE(csv("A,B,C", {{"=1+1", "-5.5", "@SUM(A1)"}}).endsWith("'=1+1,-5.5,'@SUM(A1)\r\n"));
+}
+
+TEST(Csv, AFileThatCannotBeWrittenRaises75) {
+    const tests::Folder folder;
+    try {
+        report::exportCsv({}, folder.path("none/out.csv"));
+        FAIL();
+    } catch (const base::RunTimeError& error) {
+        EXPECT_EQ(error.number(), 75);
+    }
+}

@@ -1,0 +1,142 @@
+// A stored report run on a hospital file, without a window: rows into PDF or CSV.
+#include "platform/base/Error.h"
+#include "platform/report/Csv.h"
+#include "platform/report/Print.h"
+#include "platform/report/Report.h"
+#include "server/demo/Hospital.h"
+#include "server/engine/EmbeddedProvider.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int exitUsage = 2;
+constexpr int exitFailed = 3;
+
+struct Wish {
+    QString definition;
+    QString hospital = demo::defaultHospitalFile();
+    QString to;
+    QString name, address;
+    std::vector<std::pair<QString, QString>> values; ///< "name" or "sub-report.name", value
+};
+
+constexpr const char* usage =
+    "Usage: scintra-report FILE.RPT [name=value ...] --to OUT.pdf|OUT.csv\n\n"
+    "  name=value            a parameter of the report; SubReport.name=value: of a report inside it\n"
+    "  --hospital FILE       the hospital file to read; without it, that of the program itself\n"
+    "  --heading NAME        the hospital's name on paper; without it, that of the hospital file\n"
+    "  --address TEXT        its address, likewise\n\n"
+    "A CSV file holds the rows of the details; a PDF file holds the pages.\n"
+    "Exit codes: 0 done, 2 wrong words, 3 failed.\n";
+
+int refuse(const QString& reason) {
+    std::fprintf(stderr, "scintra-report: %s\nTry scintra-report --help.\n", qPrintable(reason));
+    return exitUsage;
+}
+
+/// "" when the words make sense, else what is wrong with them.
+QString read(const QStringList& words, Wish& wish) {
+    const std::pair<QString, QString*> options[] = {{QStringLiteral("--hospital"), &wish.hospital},
+                                                    {QStringLiteral("--to"), &wish.to},
+                                                    {QStringLiteral("--heading"), &wish.name},
+                                                    {QStringLiteral("--address"), &wish.address}};
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const QString& word = words[i];
+        if (word.startsWith(QLatin1String("--"))) {
+            const auto option = std::find_if(std::begin(options), std::end(options),
+                                             [&](const auto& one) { return one.first == word; });
+            if (option == std::end(options))
+                return QStringLiteral("There is no option %1.").arg(word);
+            if (++i == words.size())
+                return word + QStringLiteral(" needs a value.");
+            *option->second = words[i];
+        } else if (wish.definition.isEmpty()) {
+            wish.definition = word;
+        } else if (const qsizetype equals = word.indexOf(u'='); equals > 0) {
+            wish.values.emplace_back(word.left(equals), word.mid(equals + 1));
+        } else {
+            return QStringLiteral("%1 is no name=value.").arg(word);
+        }
+    }
+    if (wish.definition.isEmpty())
+        return QStringLiteral("Which report?");
+    const bool known = wish.to.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) ||
+                       wish.to.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive);
+    return known ? QString() : QStringLiteral("--to must name a .pdf or a .csv file.");
+}
+
+report::LogOn logOnTo(const QString& file) {
+    return [file](const QString&, const QString& database, const QString& login, const QString&) {
+        engine::Options options;
+        options.programName = QStringLiteral("scintra-report");
+        options.loginName = login;
+        auto provider = engine::EmbeddedProvider::open(file, options);
+        provider->useDatabase(database.isEmpty() ? QStringLiteral("NUCLEAR") : database);
+        auto connection = std::make_unique<ado::Connection>();
+        connection->Open(std::move(provider), file);
+        return connection;
+    };
+}
+
+void setHeading(report::Report& report, const Wish& wish, const report::LogOn& logOn) {
+    report.headingName = wish.name;
+    report.headingAddress = wish.address;
+    if (!wish.name.isEmpty() || !wish.address.isEmpty())
+        return;
+    const auto connection = logOn({}, QStringLiteral("PATIENT_DATA"), QStringLiteral("sa"), {});
+    const auto heading =
+        connection->Execute(ado::sql("SELECT TOP 1 Company, Address1 FROM PATIENT_DATA..tbHospitalInfo"));
+    if (heading.rows().count() == 0)
+        return;
+    report.headingName = base::textOf(heading.rows().at(0, 0));
+    report.headingAddress = base::textOf(heading.rows().at(0, 1));
+}
+
+int run(const Wish& wish) {
+    const report::LogOn logOn = logOnTo(wish.hospital);
+    const auto report = report::Report::open(wish.definition, logOn);
+    setHeading(*report, wish, logOn);
+    for (const auto& [name, value] : wish.values) {
+        const qsizetype point = name.indexOf(u'.');
+        report::Report& target = point < 0 ? *report : report->subReport(name.left(point));
+        const QString own = name.mid(point + 1);
+        if (!target.parameterNames().contains(own, Qt::CaseInsensitive))
+            return refuse(QStringLiteral("The report has no parameter %1; it has: %2.")
+                              .arg(name, target.parameterNames().join(QStringLiteral(", "))));
+        target.setParameter(own, value);
+    }
+    if (wish.to.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
+        report::exportCsv(report->rows(), wish.to);
+    else
+        report::exportPdf(*report->run(), wish.to);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // Paper needs fonts, not a screen: the tool runs where there is none.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QStringList words = QApplication::arguments().mid(1);
+    if (words.isEmpty() || words.contains(QLatin1String("--help"))) {
+        std::fputs(usage, words.isEmpty() ? stderr : stdout);
+        return words.isEmpty() ? exitUsage : 0;
+    }
+    Wish wish;
+    if (const QString fault = read(words, wish); !fault.isEmpty())
+        return refuse(fault);
+    try {
+        return run(wish);
+    } catch (const base::RunTimeError& error) {
+        std::fprintf(stderr, "scintra-report: %s (error %d)\n", qPrintable(error.description()),
+                     error.number());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "scintra-report: %s\n", error.what());
+    }
+    return exitFailed;
+}
