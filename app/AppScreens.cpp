@@ -4,6 +4,7 @@
 #include "menu/frmMainMenu.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/Screen.h"
+#include "session/frmUserRights.h"
 
 namespace app {
 
@@ -18,7 +19,9 @@ void showModal(const QString&) {
 
 } // namespace
 
-AppScreens::AppScreens() : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>}} {}
+AppScreens::AppScreens()
+    : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
+              {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {
     SharedScreen<menu::frmMainMenu>::fresh().Show();

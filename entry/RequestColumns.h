@@ -29,6 +29,9 @@ inline bool isFeeRevenue(const QString& revenue) {
     return revenue == u"MD" || revenue == u"FN";
 }
 
+/// How prices and amounts stand in the grid.
+inline const QString amountFormat = QStringLiteral("0.00");
+
 /// What a stat procedure costs: this many times its routine price.
 inline constexpr double statFactor = 1.25;
 

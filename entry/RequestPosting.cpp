@@ -11,7 +11,6 @@
 namespace entry {
 
 using ado::sql;
-using base::CStr;
 using base::Trim;
 using session::gSectionCode;
 using session::gUser;

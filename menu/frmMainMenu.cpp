@@ -1,11 +1,12 @@
 #include "menu/frmMainMenu.h"
 
+#include "menu/BirthdayGreeting.h"
+#include "menu/MenuBar.h"
 #include "menu/MenuKeys.h"
 #include "menu/MenuLinks.h"
 #include "menu/Monitors.h"
 #include "menu/ReportLauncher.h"
 #include "menu/ui_frmMainMenu.h"
-#include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/Look.h"
 #include "session/CheckAccess.h"
@@ -16,9 +17,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMenuBar>
 
-#include <algorithm>
+#include <tuple>
 
 namespace menu {
 
@@ -36,6 +36,18 @@ void startNextSession() {
         if (Screen::openScreens().empty() && links().endProgram)
             links().endProgram();
     });
+}
+
+/// The digit that presses a command, at the right of its button.
+QLabel* labelWithKey(FlatButton* button, int digit) {
+    auto* label = new QLabel(QString::number(digit), button);
+    label->setProperty("kind", "help");
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* row = new QHBoxLayout(button);
+    row->setContentsMargins(0, 0, look::scaled(18), 0);
+    row->addStretch();
+    row->addWidget(label);
+    return label;
 }
 
 } // namespace
@@ -110,31 +122,12 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
 frmMainMenu::~frmMainMenu() = default;
 
 void frmMainMenu::buildMenuBar() {
-    auto* bar = new QMenuBar(this);
-    bar->setNativeMenuBar(false);
-    layout()->setMenuBar(bar);
-    for (const MenuItem& item : menuTree()) {
-        const auto parent = m_menus.find(item.parent);
-        if (item.command.deed == Deed::SubMenu) {
-            QMenu* menu =
-                parent == m_menus.end() ? bar->addMenu(item.caption) : parent->second->addMenu(item.caption);
-            menu->setObjectName(item.name);
-            m_menus[item.name] = menu;
-            continue;
-        }
-        QAction* action = parent->second->addAction(item.caption);
-        action->setObjectName(item.name);
-        action->setEnabled(item.available);
-        if (item.shortcut != Qt::Key_unknown)
-            action->setShortcut(QKeySequence(item.shortcut));
-        on(action, &QAction::triggered, this, [this, &item] { run(item.command, nullptr); });
-    }
+    m_menuBar = new MenuBar([this](const Command& command) { run(command, nullptr); }, this);
+    layout()->setMenuBar(m_menuBar);
     // Alt+D and Alt+R belong to the menu bar, as on every desk; the plain letter still presses the button.
-    for (const FlatButton* button : m_cmdMainMenu) {
-        for (const QAction* title : bar->actions()) {
-            if (QKeySequence::mnemonic(title->text()) == button->shortcut())
-                const_cast<FlatButton*>(button)->setShortcut({});
-        }
+    for (FlatButton* button : m_cmdMainMenu) {
+        if (m_menuBar->takesLetterOf(button->text()))
+            button->setShortcut({});
     }
 }
 
@@ -148,7 +141,11 @@ void frmMainMenu::Form_Load() {
     m_ui->hdrMain->setTitle(windowTitle());
     m_ui->hdrMain->setSubtitle(session::gHospitalName + QStringLiteral("  \u00B7  Nuclear Medicine"));
     showDate();
+    const int side = look::scaled(56);
+    m_ui->lblGreetingIcon->setPixmap(look::icon("app").pixmap(QSize(side, side), devicePixelRatioF()));
+    m_ui->layLeft->setStretchFactor(m_ui->picMainMenu, 1);
     layMainButtons();
+    m_cmdMainMenu.front()->setFocus();
     session::clsCurrentUser& user = *session::gUser;
     m_panel1->setText(QStringLiteral("CurrentUser Name: ") + QStringLiteral(" (") + user.employeecode() +
                       QStringLiteral(")  ") + user.employeename());
@@ -163,20 +160,9 @@ void frmMainMenu::Form_Load() {
 }
 
 void frmMainMenu::greet() {
-    QString greeting;
-    ado::Recordset rows =
-        session::Read(ado::sql("SELECT BirthDate FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '{}'",
-                               base::Trim(session::gUser->employeecode())));
-    if (!rows.Eof()) {
-        const base::Value birthDate = rows.Fields("BirthDate").Value();
-        constexpr const char* form = "mm/dd/yy";
-        if (base::IsDate(birthDate) &&
-            base::Format(base::CDate(birthDate), form).left(5) == base::Format(base::today(), form).left(5)) {
-            greeting = QStringLiteral("Happy BirthDay!!!");
-            m_panel2->show();
-        }
-    }
-    rows.Close();
+    const QString greeting = birthdayGreeting(session::gUser->employeecode());
+    if (!greeting.isEmpty())
+        m_panel2->show();
     m_panel2->setText(greeting);
 }
 
@@ -203,21 +189,24 @@ void frmMainMenu::layMainButtons() {
 void frmMainMenu::loadSubMenuButtons() {
     for (int i = 0; i < subMenuCount; ++i) {
         FlatButton* button = m_fltSubMenu[std::size_t(i)];
-        auto* label = new QLabel(QString::number(i + 1), button);
-        label->setObjectName(QStringLiteral("lblSubMenus_%1").arg(i));
-        label->setProperty("kind", "help");
-        label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        auto* row = new QHBoxLayout(button);
-        row->addStretch();
-        row->addWidget(label);
+        labelWithKey(button, i + 1)->setObjectName(QStringLiteral("lblSubMenus_%1").arg(i));
         button->hide();
     }
+    labelWithKey(m_ui->btnCashEntry, 1);
+    labelWithKey(m_ui->btnChargeEntry, 2);
+    labelWithKey(m_ui->FlatBttn5, 3);
     m_ui->btnCashEntry->setIcon(look::icon("assessment"));
     m_ui->btnChargeEntry->setIcon(look::icon("charge"));
     m_ui->FlatBttn5->setIcon(look::icon("previous"));
-    m_ui->btnCommunication->setIcon(look::icon("request", look::warn));
+    m_ui->btnCommunication->setIcon(look::icon("bell", look::warn));
     m_ui->cmdPrepaid->setIcon(look::icon("charge", look::warn));
-    m_ui->btnDepositComm->setIcon(look::icon("income", look::warn));
+    m_ui->btnDepositComm->setIcon(look::icon("deposit", look::warn));
+    const int iconSide = look::scaled(20);
+    for (QToolButton* button : {m_ui->btnCommunication, m_ui->cmdPrepaid, m_ui->btnDepositComm})
+        button->setIconSize(QSize(iconSide, iconSide));
+    // The texts are typed letter by letter: the panel keeps its width meanwhile.
+    m_ui->fraWaiting->setMinimumWidth(fontMetrics().horizontalAdvance(m_ui->Label1->text()) +
+                                      look::scaled(110));
 }
 
 void frmMainMenu::buildSubMenu() {
@@ -243,10 +232,17 @@ void frmMainMenu::buildSubMenu() {
 }
 
 void frmMainMenu::showWaiting() {
-    const QWidget* indicators[] = {m_ui->btnCommunication, m_ui->Label1,         m_ui->cmdPrepaid,
-                                   m_ui->txtPrepaid,       m_ui->btnDepositComm, m_ui->Label2};
-    m_ui->lblNothingWaiting->setVisible(
-        std::ranges::all_of(indicators, [](const QWidget* indicator) { return indicator->isHidden(); }));
+    const std::tuple<QWidget*, QWidget*, QWidget*> lines[] = {
+        {m_ui->fraCommunication, m_ui->btnCommunication, m_ui->Label1},
+        {m_ui->fraPrepaid, m_ui->cmdPrepaid, m_ui->txtPrepaid},
+        {m_ui->fraDeposit, m_ui->btnDepositComm, m_ui->Label2}};
+    bool nothing = true;
+    for (const auto& [frame, button, label] : lines) {
+        const bool shown = !button->isHidden() || !label->isHidden();
+        frame->setVisible(shown);
+        nothing = nothing && !shown;
+    }
+    m_ui->lblNothingWaiting->setVisible(nothing);
 }
 
 bool frmMainMenu::eventFilter(QObject* watched, QEvent* event) {
@@ -273,6 +269,7 @@ void frmMainMenu::cmdMainMenu_Click(int index) {
         m_subMenuBase = menuGroup(index).subMenuBase;
         m_subMenuBuilt = true;
         m_ui->fraGreeting->hide();
+        m_ui->layLeft->setStretchFactor(m_ui->picMainMenu, 0);
         m_ui->Frame2->hide();
         m_ui->picMainMenu->show();
         buildSubMenu();
@@ -308,7 +305,7 @@ void frmMainMenu::run(const Command& command, QAbstractButton* button) {
         return runReport(command.report);
     }
     case Deed::PopUp:
-        return m_menus.at(command.popUp)->popup(button->mapToGlobal(button->rect().bottomLeft()));
+        return m_menuBar->menuNamed(command.popUp).popup(button->mapToGlobal(button->rect().bottomLeft()));
     case Deed::ChooseOutPatient:
         return chooseOutPatient();
     case Deed::OutPatientCash:

@@ -4,12 +4,10 @@
 #include "platform/controls/Screen.h"
 
 #include <array>
-#include <map>
 #include <memory>
 
 class QAbstractButton;
 class QLabel;
-class QMenu;
 
 namespace controls {
 class FlatButton;
@@ -21,6 +19,7 @@ namespace Ui {
 class frmMainMenu;
 }
 
+class MenuBar;
 class MenuKeys;
 class Monitors;
 
@@ -81,7 +80,7 @@ class frmMainMenu : public controls::Screen {
     MenuKeys* m_keys;
     std::array<controls::FlatButton*, groupCount> m_cmdMainMenu{};
     std::array<controls::FlatButton*, subMenuCount> m_fltSubMenu{};
-    std::map<QString, QMenu*> m_menus;
+    MenuBar* m_menuBar = nullptr;
     QLabel* m_panel1;
     QLabel* m_panel2;
     int m_group = groupAtLoad;

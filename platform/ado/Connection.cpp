@@ -75,9 +75,10 @@ void Connection::removeObserver(Observer* observer) {
 
 Connection* Connection::byConnectionString(const QString& connectionString) {
     const auto& connections = openConnections();
-    const auto found = std::find_if(connections.begin(), connections.end(), [&](const Connection* connection) {
-        return connection->ConnectionString() == connectionString;
-    });
+    const auto found =
+        std::find_if(connections.begin(), connections.end(), [&](const Connection* connection) {
+            return connection->ConnectionString() == connectionString;
+        });
     return found == connections.end() ? nullptr : *found;
 }
 
@@ -90,8 +91,8 @@ Result Connection::send(const Statement& statement, StatementKind kind) {
         for (Observer* observer : m_observers)
             observer->beforeStatement(text, kind);
         Result result = server.execute(text);
-        const StatementEvent event{text,           kind, qint64(result.rows.count()), result.affected,
-                                   timer.nsecsElapsed(), nullptr};
+        const StatementEvent event{
+            text, kind, qint64(result.rows.count()), result.affected, timer.nsecsElapsed(), nullptr};
         for (Observer* observer : m_observers)
             observer->afterStatement(event);
         return result;
@@ -100,7 +101,7 @@ Result Connection::send(const Statement& statement, StatementKind kind) {
         const StatementEvent event{text, kind, 0, -1, timer.nsecsElapsed(), &error};
         for (Observer* observer : m_observers)
             observer->afterStatement(event);
-        throw error;
+        throw base::RunTimeError(error);
     }
 }
 

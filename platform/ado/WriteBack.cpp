@@ -33,14 +33,15 @@ QString bracketed(const QString& name) {
 
 void WriteBack::send() {
     const QString target = table();
-    const QStringList key = target.isEmpty() ? QStringList() : m_recordset.m_connection->provider().primaryKey(target);
+    const QStringList key =
+        target.isEmpty() ? QStringList() : m_recordset.m_connection->provider().primaryKey(target);
     if (key.isEmpty())
         throw base::RunTimeError(base::errors::rowNotUpdatable);
     const Result result = m_recordset.m_connection->send(statement(target, key), StatementKind::WriteBack);
     if (result.affected == 0)
-        throw base::RunTimeError(rowNotLocated,
-                                 QStringLiteral("Row cannot be located for updating. Some values may have been "
-                                                "changed since it was last read."));
+        throw base::RunTimeError(
+            rowNotLocated, QStringLiteral("Row cannot be located for updating. Some values may have been "
+                                          "changed since it was last read."));
 }
 
 QString WriteBack::table() const {
@@ -50,9 +51,9 @@ QString WriteBack::table() const {
         if (!column.baseTable.isEmpty())
             return column.baseTable;
     }
-    static const QRegularExpression from(QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
-                                         QRegularExpression::CaseInsensitiveOption |
-                                             QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression from(
+        QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     return from.match(m_recordset.m_source).captured(1);
 }
 
@@ -72,8 +73,9 @@ Statement WriteBack::statement(const QString& target, const QStringList& key) co
     }
     for (const QString& name : key)
         m_recordset.Fields(name); // a key that was not selected finds no row for certain
-    return Statement(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
-                         .arg(target, changes.join(QStringLiteral(", ")), conditions.join(QStringLiteral(" AND "))));
+    return Statement(
+        QStringLiteral("UPDATE %1 SET %2 WHERE %3")
+            .arg(target, changes.join(QStringLiteral(", ")), conditions.join(QStringLiteral(" AND "))));
 }
 
 QString WriteBack::condition(qsizetype column) const {

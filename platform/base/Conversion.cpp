@@ -24,8 +24,8 @@ QString dateText(DateTime moment) {
     const ClockTime time = clockTime(moment);
     const QString day = QString::asprintf("%d/%d/%04d", date.month, date.day, date.year);
     const int hour12 = time.hour % 12 == 0 ? 12 : time.hour % 12;
-    const QString clock = QString::asprintf("%d:%02d:%02d %s", hour12, time.minute, time.second,
-                                            time.hour < 12 ? "AM" : "PM");
+    const QString clock =
+        QString::asprintf("%d:%02d:%02d %s", hour12, time.minute, time.second, time.hour < 12 ? "AM" : "PM");
     const bool isEpochDay = date.year == 1899 && date.month == 12 && date.day == 30;
     if (isEpochDay)
         return clock;
@@ -65,7 +65,8 @@ std::optional<ClockTime> parseClock(const QString& text) {
 }
 
 std::optional<CalendarDate> parseDay(const QString& text) {
-    static const QRegularExpression monthFirst(QStringLiteral(R"(^(\d{1,2})[/-](\d{1,2})[/-](\d{4}|\d{2})$)"));
+    static const QRegularExpression monthFirst(
+        QStringLiteral(R"(^(\d{1,2})[/-](\d{1,2})[/-](\d{4}|\d{2})$)"));
     static const QRegularExpression yearFirst(QStringLiteral(R"(^(\d{4})[/-](\d{1,2})[/-](\d{1,2})$)"));
     if (const auto match = yearFirst.match(text); match.hasMatch())
         return CalendarDate{match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt()};
@@ -119,7 +120,9 @@ double Val(const QString& text) {
         return value > 0x7fff && value <= 0xffff ? double(qint16(value)) : double(value);
     }
     qsizetype end = 0;
-    const auto isDigit = [&](qsizetype i) { return i < number.size() && number[i] >= '0' && number[i] <= '9'; };
+    const auto isDigit = [&](qsizetype i) {
+        return i < number.size() && number[i] >= '0' && number[i] <= '9';
+    };
     if (end < number.size() && (number[end] == '+' || number[end] == '-'))
         ++end;
     while (isDigit(end))

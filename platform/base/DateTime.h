@@ -13,7 +13,8 @@ struct DateTime {
     /// Milliseconds since 1970-01-01 00:00 of the same wall clock; may be negative.
     qint64 ms = 0;
 
-    auto operator<=>(const DateTime&) const = default;
+    auto operator<=>(const DateTime&) const =
+        default; // NOLINT(modernize-use-nullptr): not understood by clang-tidy 14
 };
 
 struct CalendarDate {

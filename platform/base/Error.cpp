@@ -19,19 +19,22 @@ constexpr std::array errorTexts{
     ErrorText{errors::objectNotSet, "Object variable or With block variable not set"},
     ErrorText{errors::invalidUseOfNull, "Invalid use of Null"},
     ErrorText{errors::formAlreadyDisplayed, "Form already displayed; can't show modally"},
-    ErrorText{errors::noCurrentRecord,
-              "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires "
-              "a current record."},
-    ErrorText{errors::rowNotUpdatable,
-              "Current Recordset does not support updating. This may be a limitation of the provider, or of the "
-              "selected locktype."},
+    ErrorText{
+        errors::noCurrentRecord,
+        "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires "
+        "a current record."},
+    ErrorText{
+        errors::rowNotUpdatable,
+        "Current Recordset does not support updating. This may be a limitation of the provider, or of the "
+        "selected locktype."},
     ErrorText{errors::itemNotFound,
               "Item cannot be found in the collection corresponding to the requested name or ordinal."},
     ErrorText{errors::objectClosed, "Operation is not allowed when the object is closed."},
     ErrorText{errors::objectOpen, "Operation is not allowed when the object is open."},
-    ErrorText{errors::connectionInvalid,
-              "The connection cannot be used to perform this operation. It is either closed or invalid in this "
-              "context."},
+    ErrorText{
+        errors::connectionInvalid,
+        "The connection cannot be used to perform this operation. It is either closed or invalid in this "
+        "context."},
 };
 
 } // namespace
@@ -44,7 +47,8 @@ QString errorText(int number) {
     return QStringLiteral("Application-defined or object-defined error");
 }
 
-RunTimeError::RunTimeError(int number, QString description) : RunTimeError(number, std::move(description), {}, {}) {}
+RunTimeError::RunTimeError(int number, QString description)
+    : RunTimeError(number, std::move(description), {}, {}) {}
 
 RunTimeError::RunTimeError(int number, QString description, QString sqlState, QString statement)
     : m_number(number)

@@ -239,9 +239,9 @@ void FlexGrid::Clear() {
 }
 
 void FlexGrid::setDataSource(const ado::Recordset& recordset) {
-    auto rows = std::make_shared<const ado::Rows>(recordset.rows());
+    const ado::Rows& rows = recordset.rows();
     const int first = m_model->fixedColumns();
-    const int fields = int(rows->columns.size());
+    const int fields = int(rows.columns.size());
     const bool formatted = !m_formatHeaders.isEmpty();
     const int columns = qMax(first + fields, formatted ? m_model->columns() : 0);
     m_placing = true;
@@ -256,7 +256,7 @@ void FlexGrid::setDataSource(const ado::Recordset& recordset) {
             m_model->setText(0, column, m_formatHeaders[column]);
     } else if (headless) {
         for (int field = 0; field < fields; ++field)
-            m_model->setText(0, first + field, rows->columns[std::size_t(field)].name);
+            m_model->setText(0, first + field, rows.columns[std::size_t(field)].name);
     }
     for (int column = int(m_formatHeaders.size()); formatted && column < columns; ++column)
         if (!m_columns.isGiven(column))
@@ -265,29 +265,6 @@ void FlexGrid::setDataSource(const ado::Recordset& recordset) {
     placeCurrent(m_model->fixedRows(), first, true);
     scrollToTop();
     viewport()->update();
-}
-
-void FlexGrid::changeFormat(int row, int column, const std::function<void(CellFormat&)>& change) {
-    requireCell(row, column);
-    CellFormat format = m_model->format(row, column);
-    change(format);
-    m_model->setFormat(row, column, format);
-}
-
-void FlexGrid::setCellForeColor(int row, int column, const QColor& color) {
-    changeFormat(row, column, [&](CellFormat& format) { format.foreColor = color; });
-}
-
-void FlexGrid::setCellBackColor(int row, int column, const QColor& color) {
-    changeFormat(row, column, [&](CellFormat& format) { format.backColor = color; });
-}
-
-void FlexGrid::setCellBold(int row, int column, bool bold) {
-    changeFormat(row, column, [&](CellFormat& format) { format.bold = bold; });
-}
-
-void FlexGrid::setCellIcon(int row, int column, const QIcon& icon) {
-    changeFormat(row, column, [&](CellFormat& format) { format.icon = icon; });
 }
 
 void SetGridHeaders(FlexGrid& grid, int columns, const QString& headers) {

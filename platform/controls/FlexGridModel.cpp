@@ -67,9 +67,9 @@ QString FlexGridModel::text(int row, int column) const {
     if (column < int(cells.texts.size()) && !cells.texts[std::size_t(column)].isNull())
         return cells.texts[std::size_t(column)];
     const int field = column - m_fixedColumns;
-    if (cells.source < 0 || field < 0 || field >= int(m_source->columns.size()))
+    if (cells.source < 0 || field < 0 || field >= int(m_source.columns.size()))
         return {};
-    return base::textOf(m_source->at(cells.source, field));
+    return base::textOf(m_source.at(cells.source, field));
 }
 
 void FlexGridModel::setText(int row, int column, const QString& text) {
@@ -102,7 +102,7 @@ void FlexGridModel::clear() {
     const std::size_t count = m_rows.size();
     m_rows.clear();
     m_rows.resize(count);
-    m_source.reset();
+    m_source = {};
     if (rowCount() > 0 && columnCount() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     if (columnCount() > 0)
@@ -111,11 +111,11 @@ void FlexGridModel::clear() {
         Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
 }
 
-void FlexGridModel::bind(std::shared_ptr<const ado::Rows> source, int columns) {
+void FlexGridModel::bind(const ado::Rows& source, int columns) {
     beginResetModel();
-    m_source = std::move(source);
+    m_source = source;
     m_columns = columns;
-    const int records = int(m_source->count());
+    const int records = int(m_source.count());
     m_rows.resize(std::size_t(m_fixedRows));
     m_rows.resize(std::size_t(m_fixedRows + qMax(1, records)));
     for (int record = 0; record < records; ++record)

@@ -47,7 +47,7 @@ class FlexGridModel : public QAbstractTableModel {
     void clear();
     /// One row for each row of the result, at least one, behind the fixed ones; its fields from the first
     /// column that is not fixed on.
-    void bind(std::shared_ptr<const ado::Rows> source, int columns);
+    void bind(const ado::Rows& source, int columns);
     bool rowIsEmpty(int row) const;
 
     CellFormat format(int row, int column) const;
@@ -71,8 +71,8 @@ class FlexGridModel : public QAbstractTableModel {
     struct Row {
         int source = -1;
         /// Texts written by code; a null one shows the source's.
-        std::vector<QString> texts;
-        std::unique_ptr<std::map<int, CellFormat>> formats;
+        std::vector<QString> texts = {};
+        std::unique_ptr<std::map<int, CellFormat>> formats = {};
     };
 
     QString headerText(int column) const;
@@ -80,7 +80,8 @@ class FlexGridModel : public QAbstractTableModel {
     void changed(int row, int column);
 
     std::vector<Row> m_rows;
-    std::shared_ptr<const ado::Rows> m_source;
+    /// A copy: assigning the next result reuses its memory.
+    ado::Rows m_source;
     std::vector<Qt::Alignment> m_alignments;
     int m_columns = 2;
     int m_fixedRows = 1;

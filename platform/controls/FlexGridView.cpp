@@ -81,7 +81,9 @@ void FlexGrid::layOutColumns() {
     if (first > 0) {
         int width = FlexGridColumns::toPixels(m_columns.twips(0));
         if (m_model->showsRowNumbers())
-            width = qMax(width, fontMetrics().horizontalAdvance(QStringLiteral("0000")));
+            width =
+                qMax(width, fontMetrics().horizontalAdvance(QString(
+                                qMax(4, int(QString::number(m_model->rows()).size())), QLatin1Char('0'))));
         verticalHeader()->setFixedWidth(qMax(width, 1));
     }
     // The view takes its margins from the headers only when it next lays itself out.

@@ -85,6 +85,9 @@ void Screen::load() {
         return;
     m_loaded = true;
     calmButtons();
+    // Lists that are filled and scrolled before they are seen keep the row heights of that moment.
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->ensurePolished();
     Form_Load();
     calmButtons();
 }

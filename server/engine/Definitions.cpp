@@ -70,6 +70,41 @@ std::string literalText(const Cell& cell) {
     }
 }
 
+/// From 1; 0 when the name is not in the list.
+int placeIn(const std::vector<std::string>& names, std::string_view name) {
+    const auto found = std::find_if(names.begin(), names.end(),
+                                    [&](const std::string& known) { return sameWord(known, name); });
+    return found == names.end() ? 0 : int(found - names.begin()) + 1;
+}
+
+ScriptError columnTwice(const ColumnDefinition& column, std::string_view table) {
+    return ScriptError(
+        2705,
+        QStringLiteral("Column names in each table must be unique. Column name '%1' in table '%2' is "
+                       "specified more than once.")
+            .arg(toQString(column.name), toQString(table)),
+        "42S21", column.position);
+}
+
+void checkColumns(const TableDefinition& table) {
+    std::vector<std::string> names;
+    bool identitySeen = false;
+    for (const ColumnDefinition& column : table.columns) {
+        if (placeIn(names, column.name) > 0)
+            throw columnTwice(column, table.name.name);
+        if (column.identity && (identitySeen || classOf(column.type) != TypeClass::Integer))
+            throw notSupported("IDENTITY", column.position);
+        identitySeen = identitySeen || column.identity;
+        names.push_back(column.name);
+    }
+    for (const KeyDefinition& key : table.keys) {
+        for (const std::string& column : key.columns) {
+            if (placeIn(names, column) == 0)
+                throw missingKeyColumn(column, table.name);
+        }
+    }
+}
+
 } // namespace
 
 void Definitions::run(const Stmt& statement, const std::string& database, const std::string& source) {
@@ -149,44 +184,24 @@ void Definitions::createTable(const TableDefinition& table, const std::string& d
     const std::string database = databaseOf(table.name, defaultDatabase);
     if (m_catalogue.table(database, table.name.name) || m_catalogue.module(database, table.name.name))
         throw existsAlready(table.name);
+    checkColumns(table);
     const KeyDefinition key = primaryKeyOf(table);
     std::string sql = "CREATE TABLE " + quotedName(database + "." + table.name.name) + " (";
-    std::vector<std::string> names;
-    bool identitySeen = false;
     std::string identity;
     std::vector<int> keyOrdinals;
     for (const ColumnDefinition& column : table.columns) {
-        const auto same = [&](const std::string& name) { return sameWord(name, column.name); };
-        if (std::any_of(names.begin(), names.end(), same))
-            throw ScriptError(
-                2705,
-                QStringLiteral("Column names in each table must be unique. Column name '%1' in table '%2' "
-                               "is specified more than once.")
-                    .arg(toQString(column.name), toQString(table.name.name)),
-                "42S21", column.position);
-        if (column.identity && (identitySeen || classOf(column.type) != TypeClass::Integer))
-            throw notSupported("IDENTITY", column.position);
-        if (column.identity) {
-            identitySeen = true;
-            identity = column.name;
-        }
-        names.push_back(column.name);
-        const auto inKey = std::find_if(key.columns.begin(), key.columns.end(), same);
-        keyOrdinals.push_back(inKey == key.columns.end() ? 0 : int(inKey - key.columns.begin()) + 1);
-        sql += (names.size() > 1 ? ", " : "") + columnText(column);
-        if (keyOrdinals.back() > 0 && !column.notNull && !column.identity)
+        const int ordinal = placeIn(key.columns, column.name);
+        sql += (keyOrdinals.empty() ? "" : ", ") + columnText(column);
+        if (ordinal > 0 && !column.notNull && !column.identity)
             sql += " NOT NULL";
+        if (column.identity)
+            identity = column.name;
+        keyOrdinals.push_back(ordinal);
     }
-    const bool identityIsKey =
-        identitySeen && key.columns.size() == 1 && sameWord(key.columns.front(), identity);
+    const bool identityIsKey = key.columns.size() == 1 && sameWord(key.columns.front(), identity);
     if (!key.columns.empty() && !identityIsKey)
-        sql += (identitySeen ? ", UNIQUE (" : ", PRIMARY KEY (") + nameList(key.columns) + ")";
+        sql += (identity.empty() ? ", PRIMARY KEY (" : ", UNIQUE (") + nameList(key.columns) + ")";
     for (const KeyDefinition& constraint : table.keys) {
-        for (const std::string& column : constraint.columns) {
-            const auto same = [&](const std::string& name) { return sameWord(name, column); };
-            if (std::none_of(names.begin(), names.end(), same))
-                throw missingKeyColumn(column, table.name);
-        }
         if (!constraint.primary)
             sql += ", UNIQUE (" + nameList(constraint.columns) + ")";
     }
@@ -197,17 +212,21 @@ void Definitions::createTable(const TableDefinition& table, const std::string& d
 
 void Definitions::addColumns(const TableDefinition& table, const std::string& database) {
     const Table& present = requireTable(table.name, database);
+    checkColumns(table);
     int ordinal = int(present.columns.size());
     for (const ColumnDefinition& column : table.columns) {
         if (present.find(column.name) >= 0)
-            throw ScriptError(
-                2705,
-                QStringLiteral("Column names in each table must be unique. Column name '%1' in table '%2' "
-                               "is specified more than once.")
-                    .arg(toQString(column.name), toQString(present.name)),
-                "42S21", column.position);
+            throw columnTwice(column, present.name);
         if (column.identity || column.primaryKey || column.unique)
             throw notSupported("ALTER TABLE", column.position);
+        if (column.notNull && (!column.defaultValue || !isLiteral(*column.defaultValue)))
+            throw ScriptError(
+                4901,
+                QStringLiteral("ALTER TABLE only allows columns to be added that can contain nulls, or have "
+                               "a DEFAULT definition specified. Column '%1' cannot be added to non-empty "
+                               "table '%2' because it does not satisfy these conditions.")
+                    .arg(toQString(column.name), toQString(present.name)),
+                "42000", column.position);
         m_file.execute(
             ("ALTER TABLE " + quotedName(present.fileName()) + " ADD COLUMN " + columnText(column)).c_str());
         saveColumn(present.database, present.name, ordinal++, column, 0, {});

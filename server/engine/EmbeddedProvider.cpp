@@ -1,10 +1,10 @@
 #include "server/engine/EmbeddedProvider.h"
 
 #include "server/engine/Ascii.h"
+#include "server/engine/BatchCache.h"
 #include "server/engine/Interpreter.h"
 #include "server/engine/ObjectText.h"
-#include "server/engine/Parser.h"
-#include "server/engine/StatementKey.h"
+#include "server/engine/Planner.h"
 #include "server/engine/Trace.h"
 
 #include <QCoreApplication>
@@ -74,8 +74,6 @@ class EmbeddedProvider::Private {
 
     ado::Result execute(const QString& text);
     void run(Module& module, ado::Result& result);
-    std::shared_ptr<Module> batchOf(std::string_view text);
-    std::shared_ptr<Module> parsed(const std::string& text, bool withParameters);
     void lookForChanges();
     void readSettings();
     void forget();
@@ -91,11 +89,7 @@ class EmbeddedProvider::Private {
     Interpreter interpreter;
     Trace trace;
     SqliteStatement dataVersion;
-    StatementKey key;
-    std::string cacheKey;
-    std::vector<const Cell*> values;
-    // a null batch stands for "its values cannot be taken out"
-    std::unordered_map<std::string, std::shared_ptr<Module>> batches;
+    BatchCache batches{session};
     bool tracing = false;
     long long seenChanges = 0;
     std::int64_t seenVersion = 0;
@@ -117,7 +111,7 @@ void EmbeddedProvider::Private::readSettings() {
 }
 
 void EmbeddedProvider::Private::forget() {
-    batches.clear();
+    batches.forget();
     catalogue.forget();
 }
 
@@ -134,65 +128,17 @@ void EmbeddedProvider::Private::lookForChanges() {
     readSettings();
 }
 
-std::shared_ptr<Module> EmbeddedProvider::Private::parsed(const std::string& text, bool withParameters) {
-    auto module = std::make_shared<Module>();
-    module->database = session.database;
-    module->batch = Parser::batch(text, withParameters);
-    module->source = text;
-    module->queries.resize(std::size_t(module->batch.statementCount));
-    return module;
-}
-
-std::shared_ptr<Module> EmbeddedProvider::Private::batchOf(std::string_view text) {
-    constexpr std::size_t mostBatches = 600;
-    constexpr std::size_t longestKept = 16'000;
-    key.read(text);
-    cacheKey.assign(session.database);
-    cacheKey += '\0';
-    cacheKey += key.key();
-    const auto found = batches.find(cacheKey);
-    if (found != batches.end() && found->second)
-        return found->second;
-    if (batches.size() > mostBatches)
-        batches.clear();
-    std::shared_ptr<Module> module;
-    if (found == batches.end() && !key.isWhole()) {
-        try {
-            module = parsed(key.key(), true);
-        } catch (const ScriptError&) {
-            // a value stands where only a literal may: the text is read again as it is, which also finds the
-            // place of an error in the client's own text
-        }
-    }
-    const bool keep = text.size() <= longestKept;
-    if (!module) {
-        if (!key.isWhole() && keep)
-            batches[cacheKey] = nullptr;
-        key.read({});
-        const std::string whole(text);
-        const std::string wholeKey = session.database + '\0' + whole;
-        const auto kept = batches.find(wholeKey);
-        if (kept != batches.end() && kept->second)
-            return kept->second;
-        module = parsed(whole, false);
-        cacheKey = wholeKey;
-    }
-    if (keep)
-        batches[cacheKey] = module;
-    return module;
-}
-
 ado::Result EmbeddedProvider::Private::execute(const QString& text) {
     lookForChanges();
     const QByteArray utf8 = text.toUtf8();
-    const std::shared_ptr<Module> module = batchOf({utf8.constData(), std::size_t(utf8.size())});
-    values.clear();
-    for (int i = 0; i < key.count(); ++i)
-        values.push_back(&key.value(i));
+    const std::shared_ptr<Module> module = batches.batch({utf8.constData(), std::size_t(utf8.size())});
     ado::Result result;
     try {
         run(*module, result);
     } catch (...) {
+        // a full disk takes the whole transaction back, not the statement alone
+        if (sqlite3_get_autocommit(file.handle()))
+            session.inTransaction = false;
         if (interpreter.takeDefinitionRan())
             forget();
         throw;
@@ -203,13 +149,13 @@ ado::Result EmbeddedProvider::Private::execute(const QString& text) {
 }
 
 void EmbeddedProvider::Private::run(Module& module, ado::Result& result) {
-    const Interpreter::Plan plan = interpreter.plan(module);
-    if (session.inTransaction || plan == Interpreter::Plan::Single) {
-        interpreter.runBatch(module, values, result);
+    const Plan plan = Planner(catalogue).plan(module);
+    if (session.inTransaction || plan == Plan::Single) {
+        interpreter.runBatch(module, batches.values(), result);
         return;
     }
-    BatchTransaction transaction(file, plan == Interpreter::Plan::Writes ? "BEGIN IMMEDIATE" : "BEGIN");
-    interpreter.runBatch(module, values, result);
+    BatchTransaction transaction(file, plan == Plan::Writes ? "BEGIN IMMEDIATE" : "BEGIN");
+    interpreter.runBatch(module, batches.values(), result);
     transaction.commit();
 }
 
@@ -283,7 +229,8 @@ ado::Result EmbeddedProvider::execute(const QString& text) {
         line.nanoseconds = timer.nsecsElapsed();
         try {
             const QByteArray utf8 = text.toUtf8();
-            const std::shared_ptr<Module> batch = d->batchOf({utf8.constData(), std::size_t(utf8.size())});
+            const std::shared_ptr<Module> batch =
+                d->batches.batch({utf8.constData(), std::size_t(utf8.size())});
             line.masked = d->holdsSecret(batch->batch.statements, batch->database);
         } catch (const base::RunTimeError&) {
             line.masked = true; // a text that cannot be read may hold anything

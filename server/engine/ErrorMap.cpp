@@ -126,6 +126,9 @@ base::RunTimeError errorOfSqlite(sqlite3* handle, int code) {
                 QStringLiteral("An aggregate may not appear in the WHERE clause unless it is in a subquery "
                                "contained in a HAVING clause or a select list, and the column being "
                                "aggregated is an outer reference."));
+        if (message.startsWith(QLatin1StringView("Expression tree is too large")) ||
+            message.startsWith(QLatin1StringView("parser stack overflow")))
+            return nestedTooDeeply({}); // NOLINT(cppcoreguidelines-slicing): there is no place to lose
         return serverError(50000, message);
     }
 }

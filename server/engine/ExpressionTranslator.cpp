@@ -9,50 +9,6 @@ namespace {
 
 constexpr SqlType intType{TypeKind::Int};
 
-std::string integerText(int value) {
-    return std::to_string(value);
-}
-
-Term literalTerm(const Expr& expr) {
-    Term term;
-    switch (expr.kind) {
-    case ExprKind::TextLiteral:
-        term.sql = quotedText(expr.text);
-        term.type = {expr.flag ? TypeKind::NVarchar : TypeKind::Varchar, int(charactersOf(expr.text))};
-        break;
-    case ExprKind::IntegerLiteral:
-        if (expr.text.size() > 18) {
-            term.sql = expr.text + ".0";
-            term.type = {TypeKind::Decimal};
-        } else {
-            term.sql = expr.text;
-            term.type = {expr.text.size() > 9 && std::strtoll(expr.text.c_str(), nullptr, 10) > 2147483647
-                             ? TypeKind::BigInt
-                             : TypeKind::Int};
-        }
-        break;
-    case ExprKind::DecimalLiteral: {
-        const std::size_t point = expr.text.find('.');
-        term.sql = expr.text.front() == '.' ? "0" + expr.text : expr.text;
-        term.type = {TypeKind::Decimal, -1, int(expr.text.size() - point - 1)};
-        break;
-    }
-    case ExprKind::FloatLiteral:
-        term.sql = expr.text.front() == '.' ? "0" + expr.text : expr.text;
-        term.type = {TypeKind::Float};
-        break;
-    default:
-        term.sql = "NULL";
-    }
-    term.exact = true;
-    return term;
-}
-
-/// A literal that every kind of whole number can hold.
-bool isSmall(const Term& term) {
-    return term.sql.size() <= 2 && std::all_of(term.sql.begin(), term.sql.end(), isDigit);
-}
-
 std::string firstToken(const Expr& expr) {
     switch (expr.kind) {
     case ExprKind::Comparison:
@@ -84,20 +40,8 @@ ExpressionTranslator::ExpressionTranslator(Catalogue& catalogue, std::string dat
                                            const std::vector<Variable>& variables)
     : m_catalogue(catalogue), m_database(std::move(database)), m_variables(variables) {}
 
-std::string ExpressionTranslator::placeholder(int slot) {
-    auto& slots = m_translation.slots;
-    auto found = std::find(slots.begin(), slots.end(), slot);
-    if (found == slots.end())
-        found = slots.insert(slots.end(), slot);
-    return "?" + std::to_string(found - slots.begin() + 1);
-}
-
 const std::string& ExpressionTranslator::databaseOf(const ObjectName& name) {
     return name.database.empty() ? m_database : m_catalogue.database(name.database);
-}
-
-Term ExpressionTranslator::sessionValue(SessionValue which, SqlType type) {
-    return {placeholder(int(which)), type, false, true, true};
 }
 
 Term ExpressionTranslator::value(const Expr& expr) {
@@ -128,6 +72,7 @@ Term ExpressionTranslator::translatedValue(const Expr& expr) {
             term = {converted(term, intType), intType, false, term.constant};
         term.sql = "(-" + term.sql + ")";
         term.collated = false;
+        term.chain = '\0';
         return term;
     }
     case ExprKind::Arithmetic:
@@ -151,11 +96,8 @@ std::string ExpressionTranslator::condition(const Expr& expr) {
     case ExprKind::Comparison:
         return compared(value(*expr.children[0]), expr.text, value(*expr.children[1]));
     case ExprKind::And:
-    case ExprKind::Or: {
-        const char* word = expr.kind == ExprKind::And ? " AND " : " OR ";
-        std::string left = condition(*expr.children[0]);
-        return "(" + left + word + condition(*expr.children[1]) + ")";
-    }
+    case ExprKind::Or:
+        return "(" + chain(expr, expr.kind) + ")";
     case ExprKind::Not:
         return "(NOT " + condition(*expr.children.front()) + ")";
     case ExprKind::IsNull:
@@ -176,6 +118,21 @@ std::string ExpressionTranslator::condition(const Expr& expr) {
                 .arg(toQString(expr.text)),
             "42000", expr.position);
     }
+}
+
+/// a AND b AND c without a parenthesis for each: SQLite's parser has room for a hundred of them only.
+std::string ExpressionTranslator::chain(const Expr& expr, ExprKind kind) {
+    if (expr.kind != kind)
+        return condition(expr);
+    const char* word = kind == ExprKind::And ? " AND " : " OR ";
+    std::string left = chain(*expr.children[0], kind);
+    return left + word + chain(*expr.children[1], kind);
+}
+
+/// A parenthesis less around a term that goes on with signs of the same strength.
+std::string ExpressionTranslator::opened(const Term& term, char strength) {
+    const bool isOpen = term.chain == strength && term.sql.front() == '(';
+    return isOpen ? term.sql.substr(1, term.sql.size() - 2) : term.sql;
 }
 
 Term ExpressionTranslator::column(const Expr& expr) {
@@ -230,7 +187,9 @@ Term ExpressionTranslator::arithmetic(const Expr& expr) {
         SqlType type = commonType(left.type, right.type);
         type.length =
             left.type.length < 0 || right.type.length < 0 ? -1 : left.type.length + right.type.length;
-        return {"(" + left.sql + " || " + right.sql + ")", type, false, constant};
+        Term joined{"(" + opened(left, '|') + " || " + right.sql + ")", type, false, constant};
+        joined.chain = '|';
+        return joined;
     }
     if (bothText)
         throw ScriptError(
@@ -259,8 +218,13 @@ Term ExpressionTranslator::sum(const Term& left, const Term& right, const std::s
     }
     if (type.kind == TypeKind::Bit)
         type = intType;
-    const std::string first = converted(left, type);
+    const char strength = sign == "+" || sign == "-"                  ? '+'
+                          : sign == "*" || sign == "/" || sign == "%" ? '*'
+                                                                      : '&';
+    std::string first = converted(left, type);
     std::string second = converted(right, type);
+    if (first == left.sql)
+        first = opened(left, strength);
     if (type.kind == TypeKind::Decimal) {
         const int scale = left.type.scale + right.type.scale;
         type.scale = sign == "*"   ? scale
@@ -271,8 +235,10 @@ Term ExpressionTranslator::sum(const Term& left, const Term& right, const std::s
         m_translation.mayFailHalfway = true;
         second = "ts_divisor(" + second + ")";
     }
-    return {"(" + first + " " + sign + " " + second + ")", type, false, constant,
-            classOf(type) == TypeClass::Integer};
+    Term result{"(" + first + " " + sign + " " + second + ")", type, false, constant,
+                classOf(type) == TypeClass::Integer};
+    result.chain = strength;
+    return result;
 }
 
 Term ExpressionTranslator::caseValue(const Expr& expr) {
@@ -416,108 +382,11 @@ std::string ExpressionTranslator::like(const Expr& expr) {
     return match;
 }
 
-std::string ExpressionTranslator::compared(const Term& left, const std::string& sign, const Term& right) {
-    const SqlType type = commonType(left.type, right.type);
-    std::string first = left.sql;
-    std::string second = right.sql;
-    if (classOf(left.type) != classOf(type) && !(isNumber(left.type) && isNumber(type)))
-        first = converted(left, type);
-    if (classOf(right.type) != classOf(type) && !(isNumber(right.type) && isNumber(type)))
-        second = converted(right, type);
-    if (isText(type) && !left.collated && !right.collated)
-        first += " COLLATE NOCASE";
-    return "(" + first + " " + sign + " " + second + ")";
-}
-
-std::string ExpressionTranslator::keyed(const Term& term) const {
-    return isText(term.type) && !term.collated ? term.sql + " COLLATE NOCASE" : term.sql;
-}
-
 Term ExpressionTranslator::textTerm(const Expr& expr) {
     const Term term = value(expr);
     if (isText(term.type))
         return term;
     return {converted(term, {TypeKind::Varchar}), {TypeKind::Varchar}, false, term.constant, true};
-}
-
-std::string ExpressionTranslator::textToOther(const Term& term, const SqlType& type) {
-    m_translation.mayFailHalfway = true;
-    const std::string kind = integerText(int(type.kind));
-    return "ts_convert(" + term.sql + ", " + kind + ", " + integerText(type.scale) + ", 0)";
-}
-
-std::string ExpressionTranslator::otherToText(const Term& term, const SqlType& type,
-                                              const std::string& style) {
-    if (classOf(term.type) == TypeClass::Integer && type.length < 0)
-        return "CAST(" + term.sql + " AS TEXT)";
-    m_translation.mayFailHalfway = true;
-    return "ts_totext(" + term.sql + ", " + integerText(int(term.type.kind)) + ", " +
-           integerText(term.type.scale) + ", " + integerText(type.length) + ", " + style + ")";
-}
-
-std::string ExpressionTranslator::converted(const Term& term, const SqlType& type) {
-    const TypeClass from = classOf(term.type);
-    const TypeClass to = classOf(type);
-    if (from == TypeClass::Null || to == TypeClass::Null)
-        return term.sql;
-    if (to == TypeClass::Text)
-        return from == TypeClass::Text ? term.sql : otherToText(term, {type.kind}, "0");
-    if (from == TypeClass::Text)
-        return textToOther(term, type);
-    if (type.kind == TypeKind::Bit)
-        return term.type.kind == TypeKind::Bit ? term.sql : "(" + term.sql + " <> 0)";
-    if (from == TypeClass::Integer && to == TypeClass::Real)
-        return std::all_of(term.sql.begin(), term.sql.end(), isDigit) ? term.sql + ".0"
-                                                                      : "CAST(" + term.sql + " AS REAL)";
-    if (from == TypeClass::Real && to == TypeClass::Integer)
-        return term.type.kind == TypeKind::Money ? "CAST(round(" + term.sql + ") AS INTEGER)"
-                                                 : "CAST(" + term.sql + " AS INTEGER)";
-    if (from == to && type.kind != TypeKind::Date)
-        return term.sql;
-    if (from == to && term.type.kind == TypeKind::Date)
-        return term.sql;
-    return "ts_moment(" + term.sql + ", " + integerText(int(term.type.kind)) + ", " +
-           integerText(int(type.kind)) + ")";
-}
-
-std::string ExpressionTranslator::assigned(const Term& term, const SqlType& type) {
-    const std::string sql = converted(term, type);
-    const TypeClass from = classOf(term.type);
-    if (from == TypeClass::Integer && classOf(type) == TypeClass::Integer && type.kind != TypeKind::Bit &&
-        term.type.kind > type.kind && !isSmall(term)) {
-        m_translation.mayFailHalfway = true;
-        return "ts_whole(" + sql + ", " + integerText(int(type.kind)) + ")";
-    }
-    const bool fits = term.exact && term.type.kind == type.kind && term.type.scale <= type.scale;
-    if (from == TypeClass::Real && type.kind == TypeKind::Money && !fits)
-        return "ts_round(" + sql + ", 4, 0)";
-    if (from == TypeClass::Real && type.kind == TypeKind::Decimal && !fits)
-        return "ts_round(" + sql + ", " + integerText(type.scale) + ", 0)";
-    return sql;
-}
-
-Term ExpressionTranslator::cast(const Term& term, const SqlType& type, const std::string& style) {
-    const TypeClass from = classOf(term.type);
-    Term result{term.sql, type, false, term.constant, true};
-    if (from == TypeClass::Null)
-        return result;
-    if (isText(type)) {
-        if (from != TypeClass::Text)
-            result.sql = otherToText(term, type, style);
-        else if (type.length >= 0 && (term.type.length < 0 || term.type.length > type.length))
-            result.sql = "substr(" + term.sql + ", 1, " + integerText(type.length) + ")";
-        else
-            result.collated = term.collated;
-        return result;
-    }
-    if (from == TypeClass::Text) {
-        m_translation.mayFailHalfway = true;
-        result.sql = "ts_convert(" + term.sql + ", " + integerText(int(type.kind)) + ", " +
-                     integerText(type.scale) + ", " + style + ")";
-    } else {
-        result.sql = assigned(term, type);
-    }
-    return result;
 }
 
 } // namespace engine

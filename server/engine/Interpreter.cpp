@@ -1,6 +1,7 @@
 #include "server/engine/Interpreter.h"
 
 #include "server/engine/Ascii.h"
+#include "server/engine/CallArguments.h"
 #include "server/engine/Convert.h"
 #include "server/engine/DateText.h"
 #include "server/engine/Definitions.h"
@@ -333,67 +334,9 @@ void Interpreter::runExecute(const Stmt& statement, Run& run) {
     const CallLevel level(m_depth);
     const std::shared_ptr<Module> called = procedure(statement.call->name, run.module);
     Slots slots(*called);
-    passArguments(*statement.call, *called, run, slots.cells());
+    CallArguments(run.module, run.slots, m_session).pass(*statement.call, *called, slots.cells());
     Run inner{*called, slots.cells(), run.result, run.noCount, nullptr};
     this->run(called->script().statements, inner);
-}
-
-void Interpreter::passArguments(const Call& call, Module& procedure, const Run& run,
-                                std::vector<Cell>& slots) {
-    const auto& parameters = procedure.definition->parameters;
-    const auto& variables = procedure.script().variables;
-    constexpr std::size_t most = 64;
-    if (call.arguments.size() > parameters.size())
-        throw tooManyArguments(procedure.name);
-    std::uint64_t given = 0;
-    for (std::size_t i = 0; i < call.arguments.size() && i < most; ++i) {
-        const CallArgument& argument = call.arguments[i];
-        std::size_t place = i;
-        if (!argument.name.empty()) {
-            for (place = 0; place < parameters.size(); ++place) {
-                if (sameWord(variables[std::size_t(parameters[place].slot)].name, argument.name))
-                    break;
-            }
-            if (place == parameters.size())
-                throw unknownArgument(procedure.name, argument.name);
-        }
-        if (!argument.value)
-            continue; // DEFAULT
-        const auto slot = std::size_t(parameters[place].slot);
-        given |= std::uint64_t(1) << place;
-        passArgument(argument, variables[slot].type, run, slots[slot]);
-    }
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-        if (i < most && (given >> i) & 1)
-            continue;
-        const auto slot = std::size_t(parameters[i].slot);
-        if (!parameters[i].hasDefault)
-            throw missingArgument(procedure.name, variables[slot].name);
-        if (parameters[i].defaultValue)
-            readLiteralAs(*parameters[i].defaultValue, variables[slot].type, true, slots[slot]);
-    }
-}
-
-void Interpreter::passArgument(const CallArgument& argument, const SqlType& type, const Run& run,
-                               Cell& cell) {
-    const Expr& value = *argument.value;
-    if (value.kind == ExprKind::Variable) {
-        const auto slot = std::size_t(value.slot);
-        cell = run.slots[slot];
-        convert(cell, run.module.script().variables[slot].type, type, ConversionPlace::Argument);
-    } else if (value.kind == ExprKind::Global) {
-        if (value.text == "@@SPID")
-            cell.setInteger(m_session.processId);
-        else if (value.text == "@@ROWCOUNT")
-            cell.setInteger(m_session.rowCount);
-        else if (value.text == "@@IDENTITY")
-            cell.setInteger(m_session.identity);
-        else
-            throw notSupported(value.text, value.position);
-        convert(cell, {TypeKind::Int}, type, ConversionPlace::Argument);
-    } else {
-        readLiteralAs(value, type, true, cell);
-    }
 }
 
 void Interpreter::runThrow(const Stmt& statement, Run& run) {

@@ -14,9 +14,6 @@ class Interpreter {
   public:
     Interpreter(HospitalFile& file, Catalogue& catalogue, Session& session, FunctionHost& host);
 
-    enum class Plan { Single, Reads, Writes };
-    /// Whether a run writes, or reads with more than one statement.
-    Plan plan(Module& module);
     /// Runs a batch; `values` stand in its first variables. Raises base::RunTimeError.
     void runBatch(Module& module, const std::vector<const Cell*>& values, ado::Result& result);
     /// Translates and prepares every statement. Raises at the first that fails.
@@ -44,8 +41,6 @@ class Interpreter {
     void runWrite(const Stmt& statement, Run& run);
     void stepWrite(const Query& query, Run& run);
     void runExecute(const Stmt& statement, Run& run);
-    void passArguments(const Call& call, Module& procedure, const Run& run, std::vector<Cell>& slots);
-    void passArgument(const CallArgument& argument, const SqlType& type, const Run& run, Cell& cell);
     void runThrow(const Stmt& statement, Run& run);
     void runReturn(const Stmt& statement, Run& run);
     bool test(const Stmt& statement, Run& run);
@@ -62,8 +57,6 @@ class Interpreter {
     void fetch(const Query& query, ado::Rows& rows);
     void registerFunction(const Module& function);
     std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
-    int planOf(Module& module, int depth);
-    int planOf(const std::vector<StmtPtr>& statements, const Module& module, int depth, int& queries);
     void prepareAll(const std::vector<StmtPtr>& statements, Module& module);
 
     HospitalFile& m_file;

@@ -90,7 +90,12 @@ bool matchesLike(std::string_view text, std::string_view pattern) {
 }
 
 std::string likePrefix(std::string_view pattern) {
-    return std::string(pattern.substr(0, pattern.find_first_of("%_[")));
+    std::size_t length = 0;
+    // an index knows no case beyond A to Z: behind the first other letter it can bound nothing
+    while (length < pattern.size() && static_cast<unsigned char>(pattern[length]) < 128 &&
+           std::string_view("%_[").find(pattern[length]) == std::string_view::npos)
+        ++length;
+    return std::string(pattern.substr(0, length));
 }
 
 } // namespace engine

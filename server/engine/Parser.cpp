@@ -58,15 +58,6 @@ void Parser::moduleBody(ModuleDefinition& module) {
     m_variables.clear();
 }
 
-StmtPtr Parser::make(StmtKind kind, Position at) {
-    return numbered(std::make_unique<Stmt>(kind, at));
-}
-
-StmtPtr Parser::numbered(StmtPtr statement) {
-    statement->id = m_statementCount++;
-    return statement;
-}
-
 void Parser::statementInto(std::vector<StmtPtr>& statements) {
     const Level level(*this);
     if (isWord("DECLARE"))
@@ -78,66 +69,84 @@ void Parser::statementInto(std::vector<StmtPtr>& statements) {
 }
 
 StmtPtr Parser::statement() {
-    const Position at = position();
+    static constexpr struct {
+        std::string_view word;
+        StmtPtr (Parser::*read)();
+    } statements[] = {
+        {"SELECT", &Parser::selectStatement},
+        {"INSERT", &Parser::insertStatement},
+        {"UPDATE", &Parser::updateStatement},
+        {"DELETE", &Parser::deleteStatement},
+        {"IF", &Parser::ifStatement},
+        {"BEGIN", &Parser::blockStatement},
+        {"WHILE", &Parser::whileStatement},
+        {"SET", &Parser::setStatement},
+        {"RETURN", &Parser::returnStatement},
+        {"EXEC", &Parser::wordCall},
+        {"EXECUTE", &Parser::wordCall},
+        {"THROW", &Parser::throwStatement},
+        {"RAISERROR", &Parser::raiseErrorStatement},
+        {"CREATE", &Parser::numberedDefinition},
+        {"ALTER", &Parser::numberedDefinition},
+        {"DROP", &Parser::numberedDrop},
+        {"BREAK", &Parser::loopJump},
+        {"CONTINUE", &Parser::loopJump},
+        {"PRINT", &Parser::printStatement},
+        {"USE", &Parser::useStatement},
+        {"TRUNCATE", &Parser::truncateStatement},
+    };
     if (isSymbol("(") && startsQuery())
         return selectStatement();
     if (!isKind(TokenKind::Word))
         failHere();
-    if (isWord("SELECT"))
-        return selectStatement();
-    if (isWord("INSERT"))
-        return insertStatement();
-    if (isWord("UPDATE"))
-        return updateStatement();
-    if (isWord("DELETE"))
-        return deleteStatement();
-    if (isWord("IF"))
-        return ifStatement();
-    if (isWord("BEGIN"))
-        return blockStatement();
-    if (isWord("WHILE"))
-        return whileStatement();
-    if (isWord("SET"))
-        return setStatement();
-    if (isWord("RETURN"))
-        return returnStatement();
-    if (isWord("EXEC") || isWord("EXECUTE"))
-        return executeStatement(false);
-    if (isWord("THROW"))
-        return throwStatement();
-    if (isWord("RAISERROR"))
-        return raiseErrorStatement();
-    if (isWord("CREATE") || isWord("ALTER"))
-        return numbered(definition());
-    if (isWord("DROP"))
-        return numbered(drop());
-    if (isWord("BREAK") || isWord("CONTINUE")) {
-        if (m_loops == 0)
-            throw ScriptError(
-                135, QStringLiteral("Cannot use a BREAK statement outside the scope of a WHILE statement."),
-                "42000", at);
-        return make(isWord("BREAK") ? (next(), StmtKind::Break) : (next(), StmtKind::Continue), at);
-    }
-    if (acceptWord("PRINT")) {
-        StmtPtr print = make(StmtKind::Print, at);
-        print->expr = expression();
-        return print;
-    }
-    if (acceptWord("USE")) {
-        StmtPtr use = make(StmtKind::Use, at);
-        use->text = name();
-        return use;
-    }
-    if (acceptWord("TRUNCATE")) {
-        expectWord("TABLE");
-        StmtPtr truncate = make(StmtKind::Delete, at);
-        truncate->write = std::make_unique<Write>();
-        truncate->write->target = objectName();
-        return truncate;
+    for (const auto& known : statements) {
+        if (isWord(known.word))
+            return (this->*known.read)();
     }
     if (beginsStatement(peek().text))
         notSupportedHere();
     failHere();
+}
+
+StmtPtr Parser::wordCall() {
+    return executeStatement(false);
+}
+
+StmtPtr Parser::numberedDefinition() {
+    return numbered(definition());
+}
+
+StmtPtr Parser::numberedDrop() {
+    return numbered(drop());
+}
+
+StmtPtr Parser::loopJump() {
+    if (m_loops == 0)
+        throw ScriptError(
+            135, QStringLiteral("Cannot use a BREAK statement outside the scope of a WHILE statement."),
+            "42000", position());
+    const StmtKind kind = isWord("BREAK") ? StmtKind::Break : StmtKind::Continue;
+    return make(kind, next().position);
+}
+
+StmtPtr Parser::printStatement() {
+    StmtPtr print = make(StmtKind::Print, next().position);
+    print->expr = expression();
+    return print;
+}
+
+StmtPtr Parser::useStatement() {
+    StmtPtr use = make(StmtKind::Use, next().position);
+    use->text = name();
+    return use;
+}
+
+StmtPtr Parser::truncateStatement() {
+    StmtPtr truncate = make(StmtKind::Delete, next().position);
+    expectWord("TABLE");
+    truncate->write = std::make_unique<Write>();
+    truncate->write->target = objectName();
+    return truncate;
 }
 
 StmtPtr Parser::blockStatement() {
@@ -273,159 +282,6 @@ StmtPtr Parser::selectStatement() {
     StmtPtr statement = make(StmtKind::Select, position());
     statement->query = query();
     return statement;
-}
-
-StmtPtr Parser::insertStatement() {
-    StmtPtr statement = make(StmtKind::Insert, next().position);
-    acceptWord("INTO");
-    statement->write = std::make_unique<Write>();
-    Write& write = *statement->write;
-    if (isKind(TokenKind::Variable))
-        notSupportedHere();
-    write.target = objectName();
-    if (isSymbol("(") && !startsQuery()) {
-        next();
-        do {
-            write.columnPositions.push_back(position());
-            write.columns.push_back(name());
-        } while (acceptSymbol(","));
-        expectSymbol(")");
-    }
-    if (isWord("OUTPUT") || isWord("EXEC") || isWord("EXECUTE"))
-        notSupportedHere();
-    if (acceptWord("DEFAULT")) {
-        expectWord("VALUES");
-        write.defaultValues = true;
-    } else if (acceptWord("VALUES")) {
-        insertValues(write);
-    } else if (startsQuery()) {
-        write.source = query();
-    } else {
-        failHere();
-    }
-    return statement;
-}
-
-void Parser::insertValues(Write& write) {
-    do {
-        expectSymbol("(");
-        std::vector<ExprPtr> row;
-        do {
-            row.push_back(acceptWord("DEFAULT") ? nullptr : expression());
-        } while (acceptSymbol(","));
-        expectSymbol(")");
-        write.rows.push_back(std::move(row));
-    } while (acceptSymbol(","));
-}
-
-StmtPtr Parser::updateStatement() {
-    StmtPtr statement = make(StmtKind::Update, next().position);
-    statement->write = std::make_unique<Write>();
-    Write& write = *statement->write;
-    if (isWord("TOP"))
-        notSupportedHere();
-    write.target = objectName();
-    expectWord("SET");
-    do {
-        write.assignments.push_back(assignment());
-    } while (acceptSymbol(","));
-    if (isWord("OUTPUT"))
-        notSupportedHere();
-    fromClause(write.from);
-    if (acceptWord("WHERE"))
-        write.where = expression();
-    return statement;
-}
-
-Assignment Parser::assignment() {
-    if (isKind(TokenKind::Variable))
-        notSupportedHere();
-    Assignment assignment;
-    assignment.position = position();
-    assignment.column = name();
-    while (acceptSymbol("."))
-        assignment.column = name();
-    static constexpr std::string_view compound[] = {"+=", "-=", "*=", "/="};
-    for (const std::string_view sign : compound) {
-        if (!acceptSymbol(sign))
-            continue;
-        auto sum = std::make_unique<Expr>(ExprKind::Arithmetic, assignment.position);
-        auto present = std::make_unique<Expr>(ExprKind::Column, assignment.position);
-        present->text = assignment.column;
-        sum->text = sign.substr(0, 1);
-        sum->children.push_back(std::move(present));
-        sum->children.push_back(expression());
-        assignment.value = std::move(sum);
-        return assignment;
-    }
-    expectSymbol("=");
-    if (!acceptWord("DEFAULT"))
-        assignment.value = expression();
-    return assignment;
-}
-
-StmtPtr Parser::deleteStatement() {
-    StmtPtr statement = make(StmtKind::Delete, next().position);
-    statement->write = std::make_unique<Write>();
-    Write& write = *statement->write;
-    if (isWord("TOP"))
-        notSupportedHere();
-    acceptWord("FROM");
-    write.target = objectName();
-    if (isWord("OUTPUT"))
-        notSupportedHere();
-    fromClause(write.from);
-    if (acceptWord("WHERE"))
-        write.where = expression();
-    return statement;
-}
-
-StmtPtr Parser::executeStatement(bool wordRead) {
-    StmtPtr statement = make(StmtKind::Execute, position());
-    if (!wordRead)
-        next();
-    if (isKind(TokenKind::Variable) || isSymbol("("))
-        notSupportedHere();
-    statement->call = std::make_unique<Call>();
-    statement->call->name = objectName();
-    const bool none =
-        isKind(TokenKind::End) || isSymbol(";") ||
-        (isKind(TokenKind::Word) && (beginsStatement(peek().text) || isWord("ELSE") || isWord("END")));
-    if (none)
-        return statement;
-    do {
-        statement->call->arguments.push_back(callArgument());
-    } while (acceptSymbol(","));
-    return statement;
-}
-
-CallArgument Parser::callArgument() {
-    CallArgument argument;
-    if (isKind(TokenKind::Variable) && isSymbol("=", 1)) {
-        argument.name = next().text;
-        next();
-    }
-    const Position at = position();
-    if (acceptWord("DEFAULT"))
-        return argument;
-    argument.value = literal();
-    if (argument.value)
-        return argument;
-    if (isKind(TokenKind::Variable)) {
-        argument.value = std::make_unique<Expr>(ExprKind::Variable, at);
-        argument.value->slot = slotOf(peek().text, at);
-        argument.value->text = next().text;
-        if (isWord("OUTPUT") || isWord("OUT"))
-            notSupportedHere();
-    } else if (isKind(TokenKind::Global)) {
-        argument.value = std::make_unique<Expr>(ExprKind::Global, at);
-        argument.value->text = upperText(next().text);
-    } else {
-        // a bare word is a text, as on the server
-        argument.value = std::make_unique<Expr>(ExprKind::TextLiteral, at);
-        argument.value->text = name();
-    }
-    return argument;
 }
 
 StmtPtr Parser::throwStatement() {

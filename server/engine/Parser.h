@@ -1,13 +1,13 @@
 #pragma once
 
-#include "server/engine/DefinitionParser.h"
+#include "server/engine/WriteParser.h"
 
 namespace engine {
 
 /// Reads a whole text: a batch, or the source of a procedure, function or view.
-class Parser : public DefinitionParser {
+class Parser : public WriteParser {
   public:
-    using DefinitionParser::DefinitionParser;
+    using WriteParser::WriteParser;
 
     /// A text that a client sent. A word that begins no statement is, at the start, the name of a procedure.
     /// Raises ScriptError.
@@ -24,6 +24,13 @@ class Parser : public DefinitionParser {
     Script script();
     void statementInto(std::vector<StmtPtr>& statements);
     StmtPtr statement();
+    StmtPtr wordCall();
+    StmtPtr numberedDefinition();
+    StmtPtr numberedDrop();
+    StmtPtr loopJump();
+    StmtPtr printStatement();
+    StmtPtr useStatement();
+    StmtPtr truncateStatement();
     StmtPtr blockStatement();
     std::vector<StmtPtr> branch();
     StmtPtr ifStatement();
@@ -33,19 +40,9 @@ class Parser : public DefinitionParser {
     StmtPtr setStatement();
     StmtPtr setOption();
     StmtPtr selectStatement();
-    StmtPtr insertStatement();
-    void insertValues(Write& write);
-    StmtPtr updateStatement();
-    Assignment assignment();
-    StmtPtr deleteStatement();
-    StmtPtr executeStatement(bool wordRead);
-    CallArgument callArgument();
     StmtPtr throwStatement();
     StmtPtr raiseErrorStatement();
-    StmtPtr make(StmtKind kind, Position at);
-    StmtPtr numbered(StmtPtr statement);
 
-    int m_statementCount = 0;
     int m_loops = 0;
     bool m_inFunction = false;
 };

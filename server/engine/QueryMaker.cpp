@@ -205,9 +205,8 @@ bool Interpreter::step(sqlite3_stmt* statement) {
     if (code == SQLITE_DONE)
         return false;
     if (m_host.error && (code & 0xFF) == SQLITE_ERROR) {
-        const base::RunTimeError error = *m_host.error;
-        m_host.error.reset();
-        throw error;
+        const std::optional<base::RunTimeError> error = std::exchange(m_host.error, std::nullopt);
+        throw base::RunTimeError(*error);
     }
     throw errorOfSqlite(m_file.handle(), code);
 }
@@ -216,66 +215,6 @@ void Interpreter::fetch(const Query& query, ado::Rows& rows) {
     sqlite3_stmt* statement = query.statement.get();
     while (step(statement))
         appendRow(statement, rows);
-}
-
-Interpreter::Plan Interpreter::plan(Module& module) {
-    return Plan(planOf(module, 0));
-}
-
-int Interpreter::planOf(Module& module, int depth) {
-    constexpr int deepest = 40;
-    if (module.writes >= 0)
-        return module.writes;
-    if (depth > deepest)
-        return int(Plan::Single);
-    int queries = 0;
-    int plan = planOf(module.script().statements, module, depth, queries);
-    if (plan == int(Plan::Single) && queries > 1)
-        plan = int(Plan::Reads);
-    if (depth == 0 || plan == int(Plan::Writes))
-        module.writes = plan;
-    return plan;
-}
-
-int Interpreter::planOf(const std::vector<StmtPtr>& statements, const Module& module, int depth,
-                        int& queries) {
-    int plan = int(Plan::Single);
-    for (const StmtPtr& statement : statements) {
-        switch (statement->kind) {
-        case StmtKind::Block:
-        case StmtKind::If:
-        case StmtKind::While:
-            queries += statement->kind == StmtKind::Block ? 0 : 1;
-            plan = std::max(plan, planOf(statement->body, module, depth, queries));
-            plan = std::max(plan, planOf(statement->otherwise, module, depth, queries));
-            break;
-        case StmtKind::Select:
-        case StmtKind::Set:
-        case StmtKind::Return:
-            ++queries;
-            break;
-        case StmtKind::Execute: {
-            const ObjectName& name = statement->call->name;
-            const std::string& database =
-                name.database.empty() ? module.database : m_catalogue.database(name.database);
-            if (const std::shared_ptr<Module> called = m_catalogue.module(database, name.name))
-                plan = std::max(plan, planOf(*called, depth + 1));
-            break;
-        }
-        case StmtKind::Insert:
-        case StmtKind::Update:
-        case StmtKind::Delete:
-        case StmtKind::CreateTable:
-        case StmtKind::AddColumns:
-        case StmtKind::CreateIndex:
-        case StmtKind::CreateModule:
-        case StmtKind::Drop:
-            return int(Plan::Writes);
-        default:
-            break;
-        }
-    }
-    return plan;
 }
 
 void Interpreter::prepareAll(Module& module) {

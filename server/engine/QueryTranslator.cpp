@@ -1,14 +1,12 @@
 #include "server/engine/QueryTranslator.h"
 
 #include "server/engine/Ascii.h"
+#include "server/engine/GroupCheck.h"
 
 #include <algorithm>
 
 namespace engine {
 namespace {
-
-constexpr int deepestView = 32;
-constexpr int mostWork = 4000;
 
 /// Lets the inner tables hide the outer ones while it lives.
 class InnerScope {
@@ -27,11 +25,6 @@ class InnerScope {
 };
 
 } // namespace
-
-void QueryTranslator::countWork(Position at) {
-    if (++m_work > mostWork)
-        throw nestedTooDeeply(at);
-}
 
 Translation QueryTranslator::select(const Select& query) {
     const Subquery whole = wholeQuery(query, true);
@@ -164,23 +157,60 @@ QueryTranslator::Core QueryTranslator::core(const SelectCore& core, const std::v
     result.sql += outputList(result.outputs, types, core.distinct || combined) + tables;
     if (core.where)
         result.sql += " WHERE " + condition(*core.where);
-    for (std::size_t i = 0; i < core.groupBy.size(); ++i) {
-        const Term term = value(*core.groupBy[i]);
+    GroupCheck groups(*this, scope);
+    result.sql += groupText(core, groups);
+    if (core.having)
+        result.sql += " HAVING " + condition(*core.having);
+    if (order && !order->empty())
+        result.sql += orderText(*order, result.outputs, false);
+    checkGroups(core, order, result.outputs, groups);
+    if (core.top)
+        result.limit = " LIMIT CAST(" + converted(value(*core.top), {TypeKind::BigInt}) + " AS INTEGER)";
+    return result;
+}
+
+std::string QueryTranslator::groupText(const SelectCore& core, GroupCheck& groups) {
+    std::string sql;
+    for (const ExprPtr& key : core.groupBy) {
+        const Term term = value(*key);
         if (term.constant)
             throw ScriptError(
                 164,
                 QStringLiteral("Each GROUP BY expression must contain at least one column that is not an "
                                "outer reference."),
-                "42000", core.groupBy[i]->position);
-        result.sql += (i > 0 ? ", " : " GROUP BY ") + keyed(term);
+                "42000", key->position);
+        sql += (sql.empty() ? " GROUP BY " : ", ") + keyed(term);
+        groups.addKey(term.sql);
+    }
+    return sql;
+}
+
+void QueryTranslator::checkGroups(const SelectCore& core, const std::vector<OrderItem>* order,
+                                  const std::vector<Output>& outputs, GroupCheck& groups) {
+    for (const SelectItem& item : core.items) {
+        if (!item.star)
+            groups.lookAt(*item.expr);
     }
     if (core.having)
-        result.sql += " HAVING " + condition(*core.having);
-    if (order && !order->empty())
-        result.sql += orderText(*order, result.outputs, false);
-    if (core.top)
-        result.limit = " LIMIT CAST(" + converted(value(*core.top), {TypeKind::BigInt}) + " AS INTEGER)";
-    return result;
+        groups.lookAt(*core.having);
+    for (const SelectItem& item : core.items) {
+        if (item.star)
+            groups.checkStar(item);
+        else
+            groups.check(*item.expr, GroupCheck::Clause::SelectList);
+    }
+    if (core.having)
+        groups.check(*core.having, GroupCheck::Clause::Having);
+    if (!order)
+        return;
+    for (const OrderItem& item : *order) {
+        const bool byAlias = item.expr->kind == ExprKind::Column && item.expr->qualifier.empty() &&
+                             std::any_of(outputs.begin(), outputs.end(), [&](const Output& output) {
+                                 return sameWord(output.name, item.expr->text);
+                             });
+        if (!byAlias)
+            groups.check(*item.expr, GroupCheck::Clause::OrderBy);
+    }
 }
 
 void QueryTranslator::outputs(const SelectCore& core, const Scope& scope, std::vector<Output>& outputs) {
@@ -282,112 +312,6 @@ std::string QueryTranslator::orderText(const std::vector<OrderItem>& order,
             sql += " DESC";
     }
     return sql;
-}
-
-std::string QueryTranslator::from(const std::vector<std::unique_ptr<TableRef>>& tables, Scope& scope) {
-    std::string sql;
-    for (const auto& table : tables)
-        sql += (sql.empty() ? " FROM " : ", ") + tableText(*table, scope);
-    return sql;
-}
-
-std::string QueryTranslator::tableText(const TableRef& table, Scope& scope) {
-    countWork(table.position);
-    if (table.left)
-        return joinText(table, scope);
-    if (table.derived) {
-        // a derived table sees what stands around the query, not its neighbours
-        Scope* const present = m_scope;
-        m_scope = present ? present->outer : nullptr;
-        Subquery inner = subquery(*table.derived);
-        m_scope = present;
-        for (std::size_t i = 0; i < inner.columns.size(); ++i) {
-            if (i < table.derivedColumns.size())
-                throw notSupported("(" + table.derivedColumns[i] + ")", table.position);
-            if (inner.columns[i].name.empty())
-                throw ScriptError(8155,
-                                  QStringLiteral("No column name was specified for column %1 of '%2'.")
-                                      .arg(i + 1)
-                                      .arg(toQString(table.alias)),
-                                  "42000", table.position);
-        }
-        addTable(scope, table.alias, inner.columns, table.position);
-        return "(" + inner.sql + ") AS " + quotedName(table.alias);
-    }
-    const std::string& database = databaseOf(table.name);
-    const std::string& alias = table.alias.empty() ? table.name.name : table.alias;
-    if (const Table* found = m_catalogue.table(database, table.name.name)) {
-        std::vector<ScopeColumn> columns;
-        columns.reserve(found->columns.size());
-        for (const TableColumn& column : found->columns)
-            columns.push_back({column.name, column.type, isText(column.type)});
-        addTable(scope, alias, std::move(columns), table.position);
-        return quotedName(found->fileName()) + " AS " + quotedName(alias);
-    }
-    const std::shared_ptr<Module> view = m_catalogue.module(database, table.name.name);
-    if (!view || view->definition->kind != ModuleKind::View)
-        throw invalidObject(table.name.text(), table.name.position);
-    Subquery inner = viewQuery(*view, table.position);
-    addTable(scope, alias, std::move(inner.columns), table.position);
-    return "(" + inner.sql + ") AS " + quotedName(alias);
-}
-
-ExpressionTranslator::Subquery QueryTranslator::viewQuery(const Module& view, Position at) {
-    if (m_viewDepth >= deepestView)
-        throw nestedTooDeeply(at);
-    ++m_viewDepth;
-    Scope* const scope = m_scope;
-    const std::string database = m_database;
-    m_scope = nullptr;
-    m_database = view.database;
-    Subquery inner = subquery(*view.definition->view);
-    m_database = database;
-    m_scope = scope;
-    --m_viewDepth;
-    const std::vector<std::string>& names = view.definition->viewColumns;
-    if (!names.empty() && names.size() != inner.columns.size())
-        throw ScriptError(8158,
-                          QStringLiteral("'%1' has more columns than were specified in the column list.")
-                              .arg(toQString(view.name)),
-                          "42000", at);
-    for (std::size_t i = 0; i < inner.columns.size(); ++i) {
-        if (!names.empty())
-            throw notSupported("(" + names[i] + ")", at);
-        if (inner.columns[i].name.empty())
-            throw ScriptError(
-                4511,
-                QStringLiteral("Create View or Function failed because no column name was specified for "
-                               "column %1.")
-                    .arg(i + 1),
-                "42000", at);
-    }
-    return inner;
-}
-
-std::string QueryTranslator::joinText(const TableRef& table, Scope& scope) {
-    static constexpr const char* words[] = {" JOIN ", " LEFT JOIN ", " RIGHT JOIN ", " FULL JOIN ",
-                                            " CROSS JOIN "};
-    std::string sql = tableText(*table.left, scope);
-    std::string right = tableText(*table.right, scope);
-    if (table.right->left)
-        right = "(" + right + ")";
-    sql += words[int(table.join)] + right;
-    if (table.on)
-        sql += " ON " + condition(*table.on);
-    return sql;
-}
-
-void QueryTranslator::addTable(Scope& scope, std::string alias, std::vector<ScopeColumn> columns,
-                               Position at) {
-    for (const ScopeTable& table : scope.tables) {
-        if (sameWord(table.alias, alias))
-            throw ScriptError(
-                1011,
-                QStringLiteral("The correlation name '%1' is specified multiple times in a FROM clause.")
-                    .arg(toQString(alias)),
-                "42000", at);
-    }
-    scope.tables.push_back({std::move(alias), std::move(columns)});
 }
 
 } // namespace engine

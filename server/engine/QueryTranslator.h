@@ -1,13 +1,15 @@
 #pragma once
 
-#include "server/engine/ExpressionTranslator.h"
+#include "server/engine/FromTranslator.h"
 
 namespace engine {
 
+class GroupCheck;
+
 /// SELECT in SQLite's words.
-class QueryTranslator : public ExpressionTranslator {
+class QueryTranslator : public FromTranslator {
   public:
-    using ExpressionTranslator::ExpressionTranslator;
+    using FromTranslator::FromTranslator;
 
     /// A SELECT whose rows go to the client or, when it assigns, to variables.
     Translation select(const Select& query);
@@ -33,15 +35,13 @@ class QueryTranslator : public ExpressionTranslator {
 
     Subquery subquery(const Select& select) override;
     Subquery wholeQuery(const Select& select, bool outermost);
-    /// FROM ... ; "" without tables. Fills the scope.
-    std::string from(const std::vector<std::unique_ptr<TableRef>>& tables, Scope& scope);
-    /// The text of a table in FROM, its columns in the scope. The table itself when it is none of a view.
-    std::string tableText(const TableRef& table, Scope& scope);
-    Subquery viewQuery(const Module& view, Position at);
 
   private:
     Core core(const SelectCore& core, const std::vector<OrderItem>* order, const std::vector<SqlType>* types,
               bool combined);
+    std::string groupText(const SelectCore& core, GroupCheck& groups);
+    void checkGroups(const SelectCore& core, const std::vector<OrderItem>* order,
+                     const std::vector<Output>& outputs, GroupCheck& groups);
     void outputs(const SelectCore& core, const Scope& scope, std::vector<Output>& outputs);
     void star(const SelectItem& item, const Scope& scope, std::vector<Output>& outputs);
     Output itemOutput(const SelectItem& item);
@@ -49,13 +49,8 @@ class QueryTranslator : public ExpressionTranslator {
     std::string orderText(const std::vector<OrderItem>& order, const std::vector<Output>& outputs,
                           bool namesOnly);
     Subquery combinedQuery(const Select& select, bool outermost);
-    std::string joinText(const TableRef& table, Scope& scope);
     void checkAssignments(const Select& query, const std::vector<Output>& outputs);
-    void addTable(Scope& scope, std::string alias, std::vector<ScopeColumn> columns, Position at);
-    void countWork(Position at);
 
-    int m_viewDepth = 0;
-    int m_work = 0;
     std::vector<Output> m_lastOutputs;
 };
 

@@ -1,6 +1,10 @@
 #include "app/ErrorBox.h"
 #include "platform/controls/ErrorBoundary.h"
 #include "platform/controls/Screen.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/LoggedOn.h"
 
 #include <gtest/gtest.h>
 
@@ -89,48 +93,64 @@ TEST_F(ErrorBoxTest, CopiesTheErrorAndWhatTheScreensHold) {
     screen.Unload();
 }
 
-class InstalledBoundary : public testing::Test {
+class InstalledBoundary : public tests::LoggedOn {
   protected:
     InstalledBoundary() { app::installBoundary(); }
-    ~InstalledBoundary() override {
-        controls::ErrorBoundary::setHandler({});
-        controls::ErrorBoundary::reset();
+    ~InstalledBoundary() override { controls::ErrorBoundary::reset(); }
+
+    static void end(QWidget& window) {
+        EXPECT_EQ(window.objectName(), "ErrorBox");
+        tests::keysToFocus(window, "<Enter>");
     }
-    /// Presses a button of the error box once it is up; says what the box was.
-    void answerBox(const char* button) {
-        QMetaObject::invokeMethod(
-            qApp,
-            [this, button] {
-                QWidget* window = QApplication::activeModalWidget();
-                ASSERT_NE(window, nullptr);
-                shown = window->objectName();
-                QTest::keyClick(window->findChild<QPushButton*>(button), Qt::Key_Space);
-            },
-            Qt::QueuedConnection);
-    }
-    QString shown;
 };
 
 TEST_F(InstalledBoundary, ShowsTheBoxAndStopsTheProgram) {
-    answerBox("cmdEnd");
-    controls::ErrorBoundary::report(serverError);
-    EXPECT_EQ(shown, "ErrorBox");
+    tests::runModal([] { controls::ErrorBoundary::report(serverError); }, {end});
     EXPECT_TRUE(controls::ErrorBoundary::isStopping());
+    EXPECT_EQ(session::gUser->sqlconnection().State(), ado::Connection::adStateClosed);
 }
 
 TEST_F(InstalledBoundary, NoCodeBehindAModalCallRunsOn) {
-    answerBox("cmdEnd");
     bool wentOn = false;
-    controls::ErrorBoundary::guard([&] {
-        OneField screen;
-        QMetaObject::invokeMethod(
-            &screen, [] { controls::ErrorBoundary::guard([] { throw base::RunTimeError(91); }); },
-            Qt::QueuedConnection);
-        screen.ShowModal();
-        wentOn = true;
-    });
+    const auto open = [&] {
+        controls::ErrorBoundary::guard([&] {
+            OneField screen;
+            screen.ShowModal();
+            wentOn = true;
+        });
+    };
+    tests::runModal(
+        open, {[](QWidget&) { controls::ErrorBoundary::guard([] { throw base::RunTimeError(91); }); }, end});
     EXPECT_FALSE(wentOn);
     EXPECT_TRUE(controls::ErrorBoundary::isStopping());
+}
+
+TEST_F(InstalledBoundary, AnOpenTransactionIsGoneBeforeTheBoxIsAnswered) {
+    const auto locationOf = [](ado::Connection& connection) {
+        ado::Recordset rows =
+            connection.Execute(ado::sql("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo"));
+        return rows.Fields("OPDPassword").text();
+    };
+    const QString before = locationOf(session::gUser->sqlconnection());
+    const auto fail = [] {
+        controls::ErrorBoundary::guard([] {
+            session::gUser->sqlconnection().BeginTrans();
+            session::Run(ado::sql("UPDATE PATIENT_DATA..tbHospitalInfo SET OPDPassword = 'lost'"));
+            session::Run(ado::sql("SELECT * FROM NUCLEAR..tbNothing"));
+            ADD_FAILURE() << "the statement did not fail";
+        });
+    };
+    tests::runModal(fail, {[&](QWidget& window) {
+                        session::clsCurrentUser neighbour;
+                        EXPECT_TRUE(neighbour.logOn(file, "1002", "scintra"));
+                        EXPECT_EQ(locationOf(neighbour.sqlconnection()), before);
+                        neighbour.sqlconnection().BeginTrans(); // nobody holds the file
+                        neighbour.sqlconnection().RollbackTrans();
+                        const QString details =
+                            tests::child<QPlainTextEdit>(window, "txtDetails").toPlainText();
+                        EXPECT_TRUE(details.endsWith("SELECT * FROM NUCLEAR..tbNothing"));
+                        end(window);
+                    }});
 }
 
 } // namespace

@@ -47,7 +47,7 @@ class MenuBench : public testing::Test {
     bool isShown(const QString& name) { return child<QWidget>(name)->isVisible(); }
     bool isEnabled(const QString& name) { return child<QWidget>(name)->isEnabled(); }
     void clickOn(const QString& name);
-    void clickGroup(int group) { clickOn(QStringLiteral("cmdMainMenu_%1").arg(group)); }
+    void clickGroup(int group) { click(*child<QWidget>(QStringLiteral("cmdMainMenu_%1").arg(group))); }
     void clickSubMenu(int number) { clickOn(QStringLiteral("fltSubMenu_%1").arg(number)); }
     void trigger(const QString& actionName);
     /// Runs in the modal window that the next click, key or menu item opens; one after the other.

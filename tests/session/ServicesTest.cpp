@@ -145,11 +145,9 @@ TEST_F(Silent, ExamsAreConfinedToTheSection) {
         u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND ('NU' = 'NU' OR SectionID = 'NU') AND Status "
         u"= "
         u"'A'");
-    gCodeFind->SearchListing(QStringLiteral("1012"), 16);
-    EXPECT_EQ(
-        session.texts().last(),
-        u"SELECT NucExamID, NucExam, RateA, RateB, RateC, RateD, RateE, RateH, Outpatient, Fixrate FROM "
-        u"BUILD_FILE..tbcoNucExam WHERE NucExamID = '1012' AND Status = 'A'");
+    gCodeFind->SearchListing(QStringLiteral("BID"), 16);
+    EXPECT_EQ(session.texts().last(),
+              u"SELECT DosageID, Dosage, Frequency FROM BUILD_FILE..tbCoDosage WHERE DosageID = 'BID'");
 }
 
 TEST(PickStatement, TypedTextsBecomePrefixes) {

@@ -18,7 +18,7 @@ IF NOT EXISTS (SELECT 1 FROM tbNuclearUserSettings)
         ('7', 'Request Cancellation', 'A'),
         ('8', 'Re-Print Chargeslip', 'A'),
         ('9', 'Assessment Status', 'A'),
-        ('10', 'Patient''s Ledger', 'A'),
+        ('10', 'Patient`s Ledger', 'A'),
         ('11', 'Walk-In Master File', 'A'),
         ('12', 'Transaction Report', 'A'),
         ('13', 'Monthly Report', 'A'),

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -257,6 +258,21 @@ TEST(Screen, ItsContentsAsTextLeaveOutPasswordsAndEmptyFields) {
     EXPECT_EQ(screen.contentsAsText(),
               QStringLiteral("txtName: SANTOS\ntxtRemarks: first\nsecond\ncboType: STAT\nchkCurrent: 1\n"
                              "grdPackage: 1012"));
+}
+
+TEST(Screen, AListThatIsFilledWhileLoadingHasTheHousesRows) {
+    Patient screen;
+    auto* list = new QListWidget(&screen);
+    screen.whenLoaded = [&] {
+        list->addItems({QStringLiteral("SANTOS"), QStringLiteral("CRUZ")});
+        list->setCurrentRow(1);
+    };
+    screen.load();
+    const int height = list->visualItemRect(list->item(0)).height();
+    screen.Show();
+    EXPECT_GE(height, screen.fontMetrics().height() + 8);
+    EXPECT_EQ(list->visualItemRect(list->item(0)).height(), height);
+    screen.Unload();
 }
 
 TEST(Screen, SelectAllTextStartsAtTheFirstCharacter) {

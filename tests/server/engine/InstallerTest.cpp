@@ -100,6 +100,8 @@ TEST(Definitions, comeAndGo) {
     EXPECT_EQ(hospital.rows("SELECT * FROM tbOne"), "1|x|NULL");
     EXPECT_EQ(hospital.error("INSERT INTO tbOne VALUES (2, '12345678901', 1)").left(5), "2628:");
     EXPECT_EQ(hospital.error("ALTER TABLE tbOne ADD Name int").left(5), "2705:");
+    EXPECT_EQ(hospital.error("ALTER TABLE tbOne ADD More int NOT NULL").left(5), "4901:");
+    EXPECT_EQ(hospital.error("ALTER TABLE tbOne ADD a int NULL, A int NULL").left(5), "2705:");
     hospital.run("DROP INDEX IX_One ON tbOne");
     hospital.run("DROP TABLE tbOne");
     EXPECT_EQ(hospital.error("SELECT * FROM tbOne"), "208: Invalid object name 'tbOne'.");

@@ -266,6 +266,60 @@ QString planOf(sqlite3* handle, const char* part) {
     return {};
 }
 
+TEST_F(Query, longRowsOfSignsAreRead) {
+    constexpr int pieces = 150;
+    QString sum = "0";
+    QString text = "''";
+    QString both = "1 = 1";
+    QString either = "1 = 2";
+    for (int i = 1; i <= pieces; ++i) {
+        sum += i % 2 ? QStringLiteral(" - 1") : QStringLiteral(" + 3");
+        text += QStringLiteral(" + 'x'");
+        both += QStringLiteral(" AND %1 = %1").arg(i);
+        either += QStringLiteral(" OR LastName = 'REYES'");
+    }
+    EXPECT_EQ(m_hospital.expression(sum), QString::number(pieces));
+    EXPECT_EQ(m_hospital.expression(QStringLiteral("LEN(") + text + u')'), QString::number(pieces));
+    EXPECT_EQ(m_hospital.rows(QStringLiteral("SELECT HospNum FROM tbMaster WHERE ") + both +
+                              QStringLiteral(" AND (") + either + u')'),
+              "1");
+    EXPECT_EQ(m_hospital.expression("2 - (3 - 4) - 5 * (6 / (4 - 2)) + -(1 + 1)"), "-14");
+    EXPECT_EQ(m_hospital.expression("'a' + ('b' + 'c') + CAST(1 + 2 AS varchar) + 'd'"), "abc3d");
+}
+
+TEST_F(Query, lettersBeyondZHaveCaseInAPattern) {
+    m_hospital.run("INSERT INTO tbMaster VALUES ('5', N'PEÑAFLOR', 'M', NULL)");
+    EXPECT_EQ(rows("SELECT HospNum FROM tbMaster WHERE LastName LIKE 'peñaf%'"), "5");
+}
+
+TEST_F(Query, groupedRowsHaveNoSingleValues) {
+    EXPECT_EQ(error("SELECT HospNum, Days FROM tbPatient GROUP BY HospNum"),
+              "8120: Column 'tbPatient.Days' is invalid in the select list because it is not contained in "
+              "either an aggregate "
+              "function or the GROUP BY clause.");
+    EXPECT_EQ(error("SELECT COUNT(*), p.Days + 1 FROM tbPatient p"),
+              "8120: Column 'p.Days' is invalid in the select list because it is not contained in either an "
+              "aggregate function or "
+              "the GROUP BY clause.");
+    EXPECT_EQ(error("SELECT HospNum FROM tbPatient GROUP BY HospNum HAVING Days > 1"),
+              "8121: Column 'tbPatient.Days' is invalid in the HAVING clause because it is not contained in "
+              "either an aggregate "
+              "function or the GROUP BY clause.");
+    EXPECT_EQ(error("SELECT HospNum FROM tbPatient GROUP BY HospNum ORDER BY Days"),
+              "8127: Column 'tbPatient.Days' is invalid in the ORDER BY clause because it is not contained "
+              "in either an aggregate "
+              "function or the GROUP BY clause.");
+    EXPECT_EQ(rows("SELECT LEFT(HospNum, 1) + 'x', MAX(Days) FROM tbPatient GROUP BY LEFT(HospNum, 1) ORDER "
+                   "BY MAX(Days)"),
+              "2x|NULL;1x|5");
+    EXPECT_EQ(rows("SELECT p.HospNum, (SELECT LastName FROM tbMaster m WHERE m.HospNum = p.HospNum) FROM "
+                   "tbPatient p GROUP BY "
+                   "p.HospNum HAVING SUM(ISNULL(Days, 0)) > 0"),
+              "1|REYES");
+    EXPECT_EQ(rows("SELECT 'x', GETDATE() - GETDATE(), COUNT(*) FROM tbPatient"),
+              "x|1900-01-01 00:00:00.000|3");
+}
+
 TEST_F(Query, anIndexServesAPrefixSearch) {
     m_hospital.install(
         QStringLiteral("USE PATIENT_DATA\nGO\nCREATE PROCEDURE sp_find @n varchar(50) AS SELECT HospNum FROM "

@@ -93,6 +93,7 @@ TEST(Like, matchesAsTheServerDoes) {
     EXPECT_EQ(engine::likePrefix("abc%d"), "abc");
     EXPECT_EQ(engine::likePrefix("a[b]"), "a");
     EXPECT_EQ(engine::likePrefix("abc"), "abc");
+    EXPECT_EQ(engine::likePrefix("PEÑA%"), "PE");
 }
 
 TEST(NumberText, readsAndWritesAmounts) {

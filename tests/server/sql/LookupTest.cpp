@@ -19,6 +19,14 @@ TEST_F(Lookup, AccentsAndOldApostrophesAreFound) {
               QStringLiteral("O'BRIEN, SEAN D'ARCY"));
 }
 
+TEST_F(Lookup, ATypedBackQuoteFindsEitherQuote) {
+    EXPECT_EQ(cell(rows(QStringLiteral("sp_Nuclear_getpatientbylastname 'I','O`BR'")), 0, "Patient Name"),
+              QStringLiteral("O'BRIEN, SEAN D'ARCY"));
+    EXPECT_EQ(
+        cell(rows(QStringLiteral("sp_Nuclear_getpatientbyfirstname 'I','O`BRIEN','SE'")), 0, "Patient Name"),
+        QStringLiteral("O'BRIEN, SEAN D'ARCY"));
+}
+
 TEST_F(Lookup, FirstNamesMayStandBehindABlank) {
     const ado::Rows found = rows(QStringLiteral("sp_Nuclear_getpatientbyfirstname 'I','O''BRIEN',' SE'"));
     ASSERT_EQ(found.count(), 1);

@@ -50,10 +50,14 @@ TEST_F(Posting, ARequestIsFiledAsItWasSent) {
 
 TEST_F(Posting, ANumberThatTwoDrewIsRefusedTheSecondTime) {
     const QString text = QStringLiteral("sp_Nuclear_AddRequest '104001','26004001','90001', "
-                                        "'1001','1','204','I', 'C77J','1001','','','1', '','NU'");
-    run(text);
+                                        "'1001','1','204','I', '%1','1001','%2','','1', '','NU'");
+    run(text.arg("C77J", "7000009"));
+    run(text.arg("C77J", "90001")); // the same line again, in the same save
+    EXPECT_EQ(count(QStringLiteral("NUCLEAR..tbNucMaster"),
+                    QStringLiteral("RequestNum = '90001' AND NurseRequestNum = '90001'")),
+              1);
     try {
-        run(text);
+        run(text.arg("C78J", "90001"));
         FAIL() << "the second request of a number was taken";
     } catch (const base::RunTimeError& error) {
         EXPECT_EQ(error.number(), 2627);

@@ -13,6 +13,8 @@ IF @Mode = 'A'
 BEGIN
     DECLARE @Next int
     SELECT @Next = ISNULL(MAX(CAST(ItemID AS int)), 0) + 1 FROM tbNuclearUserSettings
+    IF @Next > 99
+        THROW 50002, 'There is no number of two digits left for another right.', 1;
     INSERT INTO tbNuclearUserSettings (ItemID, Description, Status)
     VALUES (CAST(@Next AS varchar(2)), @Description, @Status)
 END

@@ -10,8 +10,8 @@ AS
 SET NOCOUNT ON
 DECLARE @LastPattern varchar(51)
 DECLARE @FirstPattern varchar(51)
-SET @LastPattern = LTRIM(RTRIM(@LastName)) + '%'
-SET @FirstPattern = LTRIM(RTRIM(@FirstName)) + '%'
+SET @LastPattern = REPLACE(LTRIM(RTRIM(@LastName)), '`', '_') + '%'
+SET @FirstPattern = REPLACE(LTRIM(RTRIM(@FirstName)), '`', '_') + '%'
 IF @PatientType = 'O'
     SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
         M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],

@@ -1,4 +1,5 @@
--- Stays whose patient's last name begins with the text. @PatientType 'I' admitted, 'O' out-patient.
+-- Stays whose patient's last name begins with the text; a back-quote, which screens type for a quote, is any sign.
+-- @PatientType 'I' admitted, 'O' out-patient.
 USE NUCLEAR
 GO
 
@@ -8,7 +9,7 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_getpatientbylastname
 AS
 SET NOCOUNT ON
 DECLARE @Pattern varchar(51)
-SET @Pattern = LTRIM(RTRIM(@LastName)) + '%'
+SET @Pattern = REPLACE(LTRIM(RTRIM(@LastName)), '`', '_') + '%'
 IF @PatientType = 'O'
     SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
         M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
