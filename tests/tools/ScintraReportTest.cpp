@@ -59,6 +59,10 @@ TEST_F(ScintraReport, RefusesWrongWordsAndWritesNothing) {
     EXPECT_EQ(run("scintra-report", {definition("NucExams.RPT"), "--to", "out.doc"}), 2);
     EXPECT_EQ(run("scintra-report", QStringList{definition("NoSuch.RPT")} + rest, &err), 3);
     EXPECT_TRUE(err.contains("20507")) << err.toStdString();
+    EXPECT_EQ(run("scintra-report",
+                  QStringList{definition("CensusByStation_Nvh.RPT"), "Day=11/21/2026"} + rest, &err),
+              2);
+    EXPECT_TRUE(err.contains("Summary.Database, Summary.Day")) << err.toStdString();
     EXPECT_FALSE(QFile::exists(pdf));
 }
 
