@@ -95,6 +95,16 @@ void setHeading(report::Report& report, const Wish& wish, const report::LogOn& l
     report.headingAddress = base::textOf(heading.rows().at(0, 1));
 }
 
+/// There is nobody to ask for what was not given.
+QStringList missingIn(report::Report& report, const QString& prefix = {}) {
+    QStringList names;
+    for (const int index : report.missingParameters())
+        names << prefix + report.parameterNames()[index];
+    for (const QString& name : report.subReportNames())
+        names << missingIn(report.subReport(name), name + u'.');
+    return names;
+}
+
 int run(const Wish& wish) {
     const report::LogOn logOn = logOnTo(wish.hospital);
     const auto report = report::Report::open(wish.definition, logOn);
@@ -108,6 +118,10 @@ int run(const Wish& wish) {
                               .arg(name, target.parameterNames().join(QStringLiteral(", "))));
         target.setParameter(own, value);
     }
+    const QStringList missing = missingIn(*report);
+    if (!missing.isEmpty())
+        return refuse(
+            QStringLiteral("The report wants a value for: %1.").arg(missing.join(QStringLiteral(", "))));
     if (wish.to.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
         report::exportCsv(report->rows(), wish.to);
     else

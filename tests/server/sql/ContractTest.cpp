@@ -35,6 +35,10 @@ constexpr const char* masterColumns = "HospNum;LastName;FirstName;MiddleName;Req
 constexpr const char* requestColumns = "RequestNum;ExamDate;ItemID;NucExam;ResultDate;FileNumber;RefNum";
 constexpr const char* inquiryColumns = "Receipt #;Payment From;transaction Date;Amount;Transaction Type";
 constexpr const char* packageItemColumns = "Hidden;Mark;Code;Revenue;Description;Qty;Amt;Location;ItemStatus";
+constexpr const char* monthlyColumns =
+    "TransDate;RefNum;IdNum;HospNum;PatientKind;PatientName;ItemID;Description;Quantity;Amount;DoctorName";
+constexpr const char* incomeColumns =
+    "TransDate;RefNum;PatientKind;PatientName;ItemID;Description;Quantity;Amount;RevenueID";
 
 constexpr Contract contracts[] = {
     {"STATION..Nurse_CheckExamStatus '<adm>','30001','PH'",
@@ -217,6 +221,32 @@ constexpr Contract contracts[] = {
     {"Nuclear..spCharge_InquiryList '<slip>'", inquiryColumns},
     {"spNuclear_GetPatientDeposit",
      "PatientName;HospNum;IdNum;TransDate;RoomID;ORNumber;Amount;Balance;UserID;RoomClassID;StationID"},
+    {"NUCLEAR..sp_Nuclear_ReportTransactions '10/01/2026','11/21/2026'",
+     "TransDate;RefNum;RequestNum;IdNum;HospNum;PatientKind;PatientName;RevenueID;ItemID;Description;"
+     "Quantity;Amount;UserID"},
+    {"NUCLEAR..sp_Nuclear_ReportMonthly '10/01/2026','11/21/2026'", monthlyColumns},
+    {"NUCLEAR..sp_Nuclear_ReportMonthlyPerExam '10/01/2026','11/21/2026'", monthlyColumns},
+    {"NUCLEAR..sp_Nuclear_ReportStatistics '10/01/2026','11/21/2026'",
+     "ItemID;Description;Section;InPatients;OutPatients;CashPatients;Requests;Amount"},
+    {"NUCLEAR..sp_Nuclear_ReportCancelled '10/01/2026','11/21/2026'",
+     "RevokeDate;TransDate;RefNum;RequestNum;IdNum;HospNum;PatientKind;PatientName;ItemID;Description;"
+     "Quantity;Amount;UserID"},
+    {"NUCLEAR..sp_Nuclear_ReportRequestingDoctor '10/01/2026','11/21/2026'",
+     "DoctorID;DoctorName;TransDate;RefNum;PatientKind;PatientName;ItemID;Description;Quantity;Amount"},
+    {"NUCLEAR..sp_Nuclear_ReportDailyIncome 'A','11/19/2026'", incomeColumns},
+    {"NUCLEAR..sp_Nuclear_ReportDailyIncome 'B','11/19/2026'", incomeColumns},
+    {"NUCLEAR..sp_Nuclear_ReportAudit '10/01/2026','11/21/2026','3'",
+     "PatientKind;TransDate;RefNum;RequestNum;IdNum;HospNum;PatientName;ItemID;Description;Quantity;Amount;"
+     "UserID;UserName;LineStatus"},
+    {"NUCLEAR..sp_Nuclear_ReportReaders '10/01/2026','11/21/2026'",
+     "DoctorID;Reader;CaseNumber;ResultDate;PatientName;PatientKind;ItemID;Description;Amount;Percentage;"
+     "Fee"},
+    {"NUCLEAR..sp_Nuclear_CensusSummary 'PATIENT_DATA','2026/11/21'",
+     "StationID;Station;ClassA;ClassB;ClassC;ClassD;ClassE;Patients"},
+    {"CARDIO..sp_Cardio_ReportCommission 'NU','10/01/2026','11/21/2026'",
+     "DoctorID;DoctorName;TransDate;RefNum;RevenueID;PatientKind;PatientName;Amount;Percentage;Commission"},
+    {"CARDIO..sp_Cardio_ReportCommissionPaid 'NU','10/01/2026','11/21/2026'",
+     "DoctorID;DoctorName;PaidDate;RefNum;RevenueID;ItemID;Description;Amount;UserID"},
 };
 
 class Contracts : public tests::Hospital {

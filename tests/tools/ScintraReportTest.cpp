@@ -1,0 +1,70 @@
+#ifdef SCINTRA_WIDGETS
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ScintraReport : testing::Test {
+    static int run(const QString& program, const QStringList& words, QString* err = nullptr) {
+        QProcess process;
+        process.start(QStringLiteral(SCINTRA_BINARY_DIR "/bin/") + program, words);
+        EXPECT_TRUE(process.waitForFinished(60'000)) << process.errorString().toStdString();
+        if (err)
+            *err = QString::fromUtf8(process.readAllStandardError());
+        return process.exitCode();
+    }
+
+    static QString definition(const char* file) {
+        return QStringLiteral(SCINTRA_SOURCE_DIR "/Reports/") + QLatin1String(file);
+    }
+
+    static QByteArray contentOf(const QString& path) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        return file.readAll();
+    }
+
+    QTemporaryDir folder;
+    QString hospital = folder.filePath("hospital.scintra");
+    QString pdf = folder.filePath("out.pdf");
+    QString csv = folder.filePath("out.csv");
+};
+
+TEST_F(ScintraReport, WritesPagesOrRows) {
+    ASSERT_EQ(run("scintra-server", {"demo", hospital}), 0);
+    ASSERT_EQ(run("scintra-report",
+                  {definition("CensusByStation_Nvh.RPT"), "Day=11/21/2026", "Summary.Database=PATIENT_DATA",
+                   "Summary.Day=2026/11/21", "--hospital", hospital, "--to", pdf}),
+              0);
+    EXPECT_TRUE(contentOf(pdf).startsWith("%PDF-"));
+    ASSERT_EQ(run("scintra-report", {definition("NucExams.RPT"), "--hospital", hospital, "--to", csv}), 0);
+    const QByteArray rows = contentOf(csv);
+    EXPECT_TRUE(rows.startsWith("\xEF\xBB\xBFNucExamID,NucExam,"));
+    EXPECT_EQ(rows.count("\r\n"), 46);
+    EXPECT_TRUE(rows.contains("1001,\"BONE SCAN, WHOLE BODY\",IMG,IMAGING,5200,"));
+}
+
+TEST_F(ScintraReport, RefusesWrongWordsAndWritesNothing) {
+    ASSERT_EQ(run("scintra-server", {"init", hospital}), 0);
+    const QStringList rest{"--hospital", hospital, "--to", pdf};
+    QString err;
+    EXPECT_EQ(run("scintra-report", {}), 2);
+    EXPECT_EQ(run("scintra-report", QStringList{definition("NucExams.RPT"), "Form=1"} + rest, &err), 2);
+    EXPECT_TRUE(err.contains("Form")) << err.toStdString();
+    EXPECT_EQ(run("scintra-report", QStringList{definition("NucExams.RPT"), "word"} + rest), 2);
+    EXPECT_EQ(run("scintra-report", QStringList{definition("NucExams.RPT"), "--form", "x"} + rest), 2);
+    EXPECT_EQ(run("scintra-report", {definition("NucExams.RPT"), "--to", "out.doc"}), 2);
+    EXPECT_EQ(run("scintra-report", QStringList{definition("NoSuch.RPT")} + rest, &err), 3);
+    EXPECT_TRUE(err.contains("20507")) << err.toStdString();
+    EXPECT_EQ(run("scintra-report",
+                  QStringList{definition("CensusByStation_Nvh.RPT"), "Day=11/21/2026"} + rest, &err),
+              2);
+    EXPECT_TRUE(err.contains("Summary.Database, Summary.Day")) << err.toStdString();
+    EXPECT_FALSE(QFile::exists(pdf));
+}
+
+} // namespace
+#endif
