@@ -1,5 +1,6 @@
 #include "server/engine/EmbeddedProvider.h"
 
+#include "platform/ado/TransactionErrors.h"
 #include "server/engine/Ascii.h"
 #include "server/engine/BatchCache.h"
 #include "server/engine/Interpreter.h"
@@ -77,7 +78,7 @@ class EmbeddedProvider::Private {
     void lookForChanges();
     void readSettings();
     void forget();
-    void transactionStep(const char* sql, bool opens, int errorNumber, const char* errorWords);
+    void transactionStep(const char* sql, bool opens, const base::RunTimeError& outOfTurn);
     void traceStep(const char* words, std::int64_t nanoseconds, const base::RunTimeError* error);
     bool holdsSecret(const std::vector<StmtPtr>& statements, const std::string& defaultDatabase);
 
@@ -177,14 +178,14 @@ bool EmbeddedProvider::Private::holdsSecret(const std::vector<StmtPtr>& statemen
     return false;
 }
 
-void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens, int errorNumber,
-                                                const char* errorWords) {
+void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens,
+                                                const base::RunTimeError& outOfTurn) {
     QElapsedTimer timer;
     timer.start();
     lookForChanges();
     try {
         if (session.inTransaction == opens)
-            throw serverError(errorNumber, QString::fromLatin1(errorWords), "25000");
+            throw base::RunTimeError(outOfTurn);
         file.execute(sql);
         session.inTransaction = opens;
     } catch (const base::RunTimeError& error) {
@@ -259,18 +260,15 @@ ado::Result EmbeddedProvider::execute(const QString& text) {
 }
 
 void EmbeddedProvider::begin() {
-    d->transactionStep("BEGIN IMMEDIATE", true, -2147168237,
-                       "Only one transaction can be active on this session.");
+    d->transactionStep("BEGIN IMMEDIATE", true, ado::transactionIsOpen());
 }
 
 void EmbeddedProvider::commit() {
-    d->transactionStep("COMMIT", false, 3902,
-                       "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.");
+    d->transactionStep("COMMIT", false, ado::nothingToCommit());
 }
 
 void EmbeddedProvider::rollback() {
-    d->transactionStep("ROLLBACK", false, 3903,
-                       "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION.");
+    d->transactionStep("ROLLBACK", false, ado::nothingToRollBack());
     d->forget();
 }
 

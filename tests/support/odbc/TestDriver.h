@@ -1,0 +1,58 @@
+#pragma once
+
+#include "tests/support/odbc/driver/FakeDriver.h"
+
+#include "server/engine/EmbeddedProvider.h"
+
+#include <map>
+#include <memory>
+
+namespace tests {
+
+/// Points the driver manager at the test build's own drivers ("Scintra Test", "SQLite3") and at no data
+/// source but those of `dataSources` (an odbc.ini text). To be called before the first connection.
+void useTestDrivers(const QString& dataSources = {});
+
+/// The script of the test driver, as the driver sees it.
+FakeDriver& fakeDriver();
+
+/// What a loopback server does at one step of its work, for once.
+enum class Fault {
+    Error,    ///< the statement fails, the transaction stays
+    Deadlock, ///< the statement fails and the server has rolled back
+    TimeOut,  ///< no answer in time; the line and the transaction stay
+    Cut       ///< the line goes, before the statement is done
+};
+
+/// Stands behind the test driver while it lives: each connection is a session of its own on one hospital file
+/// of the server that comes along. So T-SQL can go over ODBC where no SQL Server is.
+class LoopbackServer {
+  public:
+    explicit LoopbackServer(QString file);
+    ~LoopbackServer();
+    LoopbackServer(const LoopbackServer&) = delete;
+    LoopbackServer& operator=(const LoopbackServer&) = delete;
+
+    static QString connectionText() { return QStringLiteral("Driver={Scintra Test};"); }
+
+    /// Strikes at the `step`-th begin, text or commit from now on, counted from 1 over all connections.
+    void strike(int step, Fault fault);
+    /// Begins, texts and commits since strike().
+    int steps() const { return m_seen; }
+    /// Texts and "BEGIN", "COMMIT", "ROLLBACK" as they came over the wire.
+    QStringList wire;
+
+  private:
+    FakeAnswer answer(int connection, const QString& text);
+    std::optional<FakeError> step(int connection, FakeStep what);
+    std::optional<FakeError> struck(int connection);
+    FakeAnswer run(engine::EmbeddedProvider& provider, const QString& text);
+
+    QString m_file;
+    std::map<int, std::unique_ptr<engine::EmbeddedProvider>> m_sessions;
+    int m_strikeAt = 0;
+    int m_seen = 0;
+    Fault m_fault = Fault::Error;
+};
+
+} // namespace tests
