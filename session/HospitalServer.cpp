@@ -2,6 +2,7 @@
 
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "session/OdbcServer.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -46,21 +47,48 @@ QString& otherHospitalFile() {
     return path;
 }
 
-HospitalServers& serverList() {
-    static HospitalServers servers{std::make_shared<FileServer>(QString())};
+/// Servers that were set; empty for those of this computer.
+HospitalServers& serversSet() {
+    static HospitalServers servers;
     return servers;
+}
+
+QString& lastServerName() {
+    static QString name;
+    return name;
 }
 
 } // namespace
 
-const HospitalServers& hospitalServers() {
-    return serverList();
+void HospitalServer::setLogin(const QString&, const QString&) {}
+
+bool HospitalServer::refusedLogin(const base::RunTimeError&) const {
+    return false;
+}
+
+QString HospitalServer::sentence(const base::RunTimeError& error) const {
+    return error.description();
+}
+
+HospitalServers hospitalServers() {
+    if (!serversSet().empty())
+        return serversSet();
+    HospitalServers servers{std::make_shared<FileServer>(QString())};
+    for (auto& server : odbcServers())
+        servers.push_back(std::move(server));
+    return servers;
 }
 
 void setHospitalServers(HospitalServers servers) {
-    if (servers.empty())
-        servers.push_back(std::make_shared<FileServer>(QString()));
-    serverList() = std::move(servers);
+    serversSet() = std::move(servers);
+}
+
+QString lastServer() {
+    return lastServerName();
+}
+
+void setLastServer(const QString& name) {
+    lastServerName() = name;
 }
 
 QString hospitalFile() {

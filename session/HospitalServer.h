@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ado/Provider.h"
+#include "platform/base/Error.h"
 
 #include <QString>
 
@@ -26,14 +27,25 @@ class HospitalServer {
     virtual void prepare(const std::function<void(int)>& progress) = 0;
     /// A session of its own. Raises what the server says.
     virtual std::unique_ptr<ado::Provider> open(const QString& login) = 0;
+    /// The database login of the sessions to come, for a server that wants one.
+    virtual void setLogin(const QString& user, const QString& password);
+    /// The server wants another database login: it can be asked for.
+    virtual bool refusedLogin(const base::RunTimeError& error) const;
+    /// An error of open(), or of the first look into the hospital, in words for the one who logs on.
+    virtual QString sentence(const base::RunTimeError& error) const;
 };
 
 using HospitalServers = std::vector<std::shared_ptr<HospitalServer>>;
 
-/// This computer's own server, unless others were set.
-const HospitalServers& hospitalServers();
-/// An empty list brings back this computer's own server.
+/// This computer's own server, then its ODBC data sources as they are now, unless others were set.
+HospitalServers hospitalServers();
+/// An empty list brings back those of this computer.
 void setHospitalServers(HospitalServers servers);
+
+/// Where somebody logged on last since the program was started; the log-on offers it first. "" is nowhere
+/// yet.
+QString lastServer();
+void setLastServer(const QString& name);
 
 /// The hospital file of this computer's own server. "" is the default place.
 QString hospitalFile();

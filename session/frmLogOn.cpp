@@ -3,9 +3,9 @@
 #include "platform/base/Error.h"
 #include "platform/controls/KeyFilter.h"
 #include "platform/controls/Look.h"
-#include "session/HospitalServer.h"
 #include "session/PasswordCheck.h"
 #include "session/clsCurrentUser.h"
+#include "session/frmDatabaseLogin.h"
 #include "ui_frmLogOn.h"
 
 #include <QBoxLayout>
@@ -13,6 +13,8 @@
 #include <QKeyEvent>
 #include <QStyle>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace session {
 
@@ -40,8 +42,7 @@ void frmLogOn::Form_Load() {
     setMinimumWidth(controls::look::scaled(440));
     controls::look::setPrimary(m_ui->cmdLogOn);
     showLogo();
-    for (const auto& server : hospitalServers())
-        m_ui->cmbServer->addItem(server->name());
+    listServers();
     for (QLabel* label : {m_ui->lblEmployeeCode, m_ui->lblPassword, m_ui->lblServer, m_ui->lblHelp})
         label->setProperty("kind", QStringLiteral("help"));
     m_ui->lblCapsLock->setProperty("kind", QStringLiteral("warn"));
@@ -49,6 +50,16 @@ void frmLogOn::Form_Load() {
     m_ui->lblCapsLock->clear();
     say({});
     m_ui->txtEmployeeCode->setFocus();
+}
+
+/// Chosen is the server of the last log-on; before that, a data source called as the hospital's system.
+void frmLogOn::listServers() {
+    m_servers = hospitalServers();
+    for (const auto& server : m_servers)
+        m_ui->cmbServer->addItem(server->name());
+    const int last = m_ui->cmbServer->findText(lastServer(), Qt::MatchFixedString);
+    const int named = m_ui->cmbServer->findText(QStringLiteral("Kerova"), Qt::MatchFixedString);
+    m_ui->cmbServer->setCurrentIndex(std::max(0, last >= 0 ? last : named));
 }
 
 bool frmLogOn::eventFilter(QObject* watched, QEvent* event) {
@@ -92,29 +103,46 @@ void frmLogOn::cmdLogOn_Click() {
         return;
     }
     m_ui->cmdLogOn->setEnabled(false);
+    const auto server = m_servers.at(std::size_t(m_ui->cmbServer->currentIndex()));
     try {
-        logOn();
+        logOn(server);
     } catch (const base::RunTimeError& error) {
         m_ui->prgSetUp->hide();
-        refuse(error.description());
+        refuse(server->sentence(error));
     }
     m_ui->cmdLogOn->setEnabled(true);
 }
 
-void frmLogOn::logOn() {
-    const auto server = hospitalServers().at(std::size_t(m_ui->cmbServer->currentIndex()));
-    const QString code = m_ui->txtEmployeeCode->text().trimmed();
-    LogOnResult result;
-    {
-        const Hourglass busy;
-        if (!server->isThere())
-            prepareServer(*server);
-        result = m_user.logOnTo(server, code, m_ui->txtPassword->text());
+LogOnResult frmLogOn::tryLogOn(const std::shared_ptr<HospitalServer>& server, const QString& code) {
+    const Hourglass busy;
+    if (!server->isThere())
+        prepareServer(*server);
+    return m_user.logOnTo(server, code, m_ui->txtPassword->text());
+}
+
+/// A server that wants a database login is told the one that the user is asked for, once a try.
+LogOnResult frmLogOn::tryWithAskedLogin(const std::shared_ptr<HospitalServer>& server, const QString& code) {
+    try {
+        return tryLogOn(server, code);
+    } catch (const base::RunTimeError& error) {
+        if (!server->refusedLogin(error))
+            throw;
+        frmDatabaseLogin dialog(*server, this);
+        dialog.ShowModal();
+        if (!dialog.Valid)
+            throw;
     }
+    return tryLogOn(server, code);
+}
+
+void frmLogOn::logOn(const std::shared_ptr<HospitalServer>& server) {
+    const QString code = m_ui->txtEmployeeCode->text().trimmed();
+    LogOnResult result = tryWithAskedLogin(server, code);
     if (PasswordTries::secondsToWait(code) > 0)
         result = LogOnResult::Wait;
     switch (result) {
     case LogOnResult::Good:
+        setLastServer(server->name());
         Unload();
         break;
     case LogOnResult::Wrong:

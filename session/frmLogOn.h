@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/Screen.h"
+#include "session/HospitalServer.h"
 
 #include <memory>
 
@@ -9,7 +10,7 @@ class QTimer;
 namespace session {
 
 class clsCurrentUser;
-class HospitalServer;
+enum class LogOnResult;
 
 namespace Ui {
 class frmLogOn;
@@ -31,8 +32,11 @@ class frmLogOn : public controls::Screen {
     enum class Tone { Plain, Wrong };
 
     void showLogo();
+    void listServers();
     void cmdLogOn_Click();
-    void logOn();
+    void logOn(const std::shared_ptr<HospitalServer>& server);
+    LogOnResult tryLogOn(const std::shared_ptr<HospitalServer>& server, const QString& code);
+    LogOnResult tryWithAskedLogin(const std::shared_ptr<HospitalServer>& server, const QString& code);
     void prepareServer(HospitalServer& server);
     void refuse(const QString& message);
     void say(const QString& message, Tone tone = Tone::Plain);
@@ -41,6 +45,7 @@ class frmLogOn : public controls::Screen {
 
     std::unique_ptr<Ui::frmLogOn> m_ui;
     clsCurrentUser& m_user;
+    HospitalServers m_servers; ///< as they stand in cmbServer
     QTimer* m_waitTimer;
     QString m_waitingCode;
 };

@@ -45,7 +45,6 @@ ado::Result rowCount(qint64 affected) {
 class OdbcProviderTest : public testing::Test {
   protected:
     OdbcProviderTest() {
-        tests::useTestDrivers();
         fakeDriver() = {};
         fakeDriver().answer = [this](int, const QString& text) -> FakeAnswer {
             if (text == QLatin1StringView("SELECT @@TRANCOUNT"))
@@ -366,13 +365,13 @@ TEST_F(OdbcProviderTest, AsksForAKeyOnce) {
 }
 
 TEST(DataSources, AreThoseOfTheDriverManagerByName) {
-    tests::useTestDrivers(QStringLiteral("[hospital]\nDriver=Scintra Test\n[Alpha]\nDriver=SQLite3\n"));
+    tests::setDataSources(QStringLiteral("[hospital]\nDriver=Server\n[Alpha]\nDriver=SQLite3\n"));
     const auto found = odbc::dataSources();
     ASSERT_EQ(found.size(), 2u);
     EXPECT_EQ(found[0].name, QStringLiteral("Alpha"));
     EXPECT_EQ(found[0].driver, QStringLiteral("SQLite3"));
     EXPECT_EQ(found[1].name, QStringLiteral("hospital"));
-    tests::useTestDrivers();
+    tests::setDataSources({});
     EXPECT_TRUE(odbc::dataSources().empty());
 }
 

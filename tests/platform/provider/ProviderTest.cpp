@@ -47,7 +47,8 @@ std::vector<Side> sides() {
          [](const QString&) { return odbc::OdbcProvider::open(tests::LoopbackServer::connectionText()); },
          true},
         {"OdbcSqlite", {false, false, "text"}, [](const QString& file) {
-             return odbc::OdbcProvider::open(QStringLiteral("Driver=SQLite3;Database=") + file);
+             return odbc::OdbcProvider::open(
+                 QStringLiteral("Driver=%1;Database=%2;").arg(tests::sqliteDriver(), file));
          }}};
     const QString dsn = qEnvironmentVariable("SCINTRA_TEST_DSN");
     if (!dsn.isEmpty())
@@ -67,8 +68,6 @@ class ProviderTest : public testing::TestWithParam<Side> {
   protected:
     ProviderTest() {
         const QString file = m_folder.filePath(QStringLiteral("probe.scintra"));
-        if (!qEnvironmentVariableIsSet("SCINTRA_TEST_DSN"))
-            tests::useTestDrivers();
         if (GetParam().loopback)
             m_loopback = std::make_unique<tests::LoopbackServer>(file);
         m_provider = GetParam().open(file);

@@ -28,22 +28,38 @@ std::vector<ado::Result> resultsOf(ado::Result whole) {
     return results;
 }
 
+/// The driver manager asks for its folder once: before main() is early enough for every test.
+const bool early = [] {
+    if (!qEnvironmentVariableIsSet("SCINTRA_TEST_DSN")) {
+        qputenv("ODBCSYSINI", SCINTRA_TEST_DRIVERS);
+        qputenv("ODBCINI", SCINTRA_TEST_DRIVERS "/odbc.ini");
+    }
+    return true;
+}();
+
 } // namespace
 
-void useTestDrivers(const QString& dataSources) {
+QString testDriver() {
+    return QStringLiteral(SCINTRA_TEST_DRIVER);
+}
+
+QString sqliteDriver() {
+    return QStringLiteral(SCINTRA_SQLITE_DRIVER);
+}
+
+void setDataSources(const QString& text) {
     static const QTemporaryDir folder;
     const QString ini = folder.filePath(QStringLiteral("odbc.ini"));
     QFile file(ini);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         throw std::runtime_error("no place for an odbc.ini");
-    file.write(dataSources.toUtf8());
-    qputenv("ODBCSYSINI", SCINTRA_TEST_DRIVERS);
+    file.write(text.toUtf8());
     qputenv("ODBCINI", ini.toLocal8Bit());
 }
 
 FakeDriver& fakeDriver() {
     static FakeDriver* const driver = [] {
-        QLibrary library(QStringLiteral(SCINTRA_TEST_DRIVER));
+        QLibrary library(testDriver());
         using Script = FakeDriver* (*)();
         const auto script = reinterpret_cast<Script>(library.resolve("scintraFakeDriver"));
         if (!script)
@@ -54,7 +70,6 @@ FakeDriver& fakeDriver() {
 }
 
 LoopbackServer::LoopbackServer(QString file) : m_file(std::move(file)) {
-    useTestDrivers();
     fakeDriver() = {};
     fakeDriver().answer = [this](int connection, const QString& text) { return answer(connection, text); };
     fakeDriver().step = [this](int connection, FakeStep what) { return step(connection, what); };

@@ -9,9 +9,13 @@
 
 namespace tests {
 
-/// Points the driver manager at the test build's own drivers ("Scintra Test", "SQLite3") and at no data
-/// source but those of `dataSources` (an odbc.ini text). To be called before the first connection.
-void useTestDrivers(const QString& dataSources = {});
+// A program that links this sees no data source of the machine, unless SCINTRA_TEST_DSN names one.
+
+/// The driver's file, for "Driver=" in an odbc.ini or a connection string.
+QString testDriver();
+QString sqliteDriver();
+/// The data sources of this process from now on: an odbc.ini text.
+void setDataSources(const QString& text);
 
 /// The script of the test driver, as the driver sees it.
 FakeDriver& fakeDriver();
@@ -33,7 +37,7 @@ class LoopbackServer {
     LoopbackServer(const LoopbackServer&) = delete;
     LoopbackServer& operator=(const LoopbackServer&) = delete;
 
-    static QString connectionText() { return QStringLiteral("Driver={Scintra Test};"); }
+    static QString connectionText() { return QStringLiteral("Driver=%1;").arg(testDriver()); }
 
     /// Strikes at the `step`-th begin, text or commit from now on, counted from 1 over all connections.
     void strike(int step, Fault fault);

@@ -1,0 +1,195 @@
+#include "platform/base/Error.h"
+#include "session/OdbcServer.h"
+#include "session/PasswordCheck.h"
+#include "session/clsCurrentUser.h"
+#include "tests/session/Drive.h"
+#include "tests/support/odbc/TestDriver.h"
+#include "tests/support/screens/LoggedOn.h"
+
+#include <QComboBox>
+#include <QLabel>
+
+using namespace session;
+using tests::childOf;
+using tests::fakeDriver;
+using tests::FakeError;
+using tests::FakeStep;
+
+namespace {
+
+/// The log-on dialog on this computer's data sources; behind each stands the demo hospital.
+class OdbcLogOn : public testing::Test {
+  protected:
+    OdbcLogOn() {
+        PasswordTries::forgetAll();
+        setHospitalServers({});
+        setLastServer({});
+        tests::setDataSources(QStringLiteral("[Ward]\nDriver=%1\n[Archive]\nDriver=%1\n"
+                                             "[Broken]\nDriver=/no/such/driver.so\n")
+                                  .arg(tests::testDriver()));
+        user.setPasswordDeptCode(QStringLiteral("5"));
+    }
+    ~OdbcLogOn() override {
+        PasswordTries::forgetAll();
+        setLastServer({});
+        tests::setDataSources({});
+    }
+
+    void show(const std::function<void(controls::Screen&)>& driver) {
+        tests::whileModal([this] { user.ShowMain(); }, driver);
+    }
+    static void choose(controls::Screen& logOn, const char* server) {
+        auto& servers = childOf<QComboBox>(logOn, "cmbServer");
+        servers.setFocus();
+        for (int i = 0; i < servers.count() && servers.currentText() != QLatin1String(server); ++i)
+            QTest::keyClick(&servers, i == 0 ? Qt::Key_Home : Qt::Key_Down);
+        ASSERT_EQ(servers.currentText(), QLatin1String(server));
+    }
+    static void type(controls::Screen& logOn) {
+        auto& code = childOf<QLineEdit>(logOn, "txtEmployeeCode");
+        code.clear();
+        QTest::keyClicks(&code, QStringLiteral("1001"));
+        auto& password = childOf<QLineEdit>(logOn, "txtPassword");
+        password.clear();
+        QTest::keyClicks(&password, QStringLiteral("kerova"));
+        QTest::keyClick(&password, Qt::Key_Return);
+    }
+    static QString message(controls::Screen& logOn) { return childOf<QLabel>(logOn, "lblMessage").text(); }
+    static void typeLogin(controls::Screen& dialog, const char* name, const char* password) {
+        QTest::keyClicks(&childOf(dialog, "txtUser"), QLatin1String(name));
+        QTest::keyClick(&childOf(dialog, "txtUser"), Qt::Key_Return);
+        EXPECT_TRUE(childOf(dialog, "txtPassword").hasFocus());
+        QTest::keyClicks(&childOf(dialog, "txtPassword"), QLatin1String(password));
+        QTest::keyClick(&childOf(dialog, "txtPassword"), Qt::Key_Return);
+    }
+    /// From now on a connection without that login is refused.
+    void wantLogin(const QString& text) {
+        fakeDriver().step = [text, inner = fakeDriver().step](int connection, FakeStep what) {
+            if (what == FakeStep::Connect && !fakeDriver().connectionTexts.last().contains(text))
+                return std::optional(FakeError{18456, QStringLiteral("28000"),
+                                               QStringLiteral("[Test][SQL Server]Login failed for user."),
+                                               false});
+            return inner(connection, what);
+        };
+    }
+    /// Every step of that kind fails so.
+    static void fail(FakeStep step, const FakeError& error) {
+        fakeDriver().step = [step, error, inner = fakeDriver().step](int connection, FakeStep what) {
+            return what == step ? std::optional(error) : inner(connection, what);
+        };
+    }
+
+    base::FixedClock clock{tests::demoMoment()};
+    tests::LoopbackServer server{tests::demoHospital()};
+    clsCurrentUser user;
+};
+
+TEST_F(OdbcLogOn, OffersThisComputerAndEveryDataSource) {
+    show([](controls::Screen& logOn) {
+        const auto& servers = childOf<QComboBox>(logOn, "cmbServer");
+        QStringList names;
+        for (int i = 0; i < servers.count(); ++i)
+            names += servers.itemText(i);
+        EXPECT_EQ(names, (QStringList{"This computer", "Archive", "Broken", "Ward"}));
+        EXPECT_EQ(servers.currentText(), u"This computer");
+        QTest::keyClick(&logOn, Qt::Key_Escape);
+    });
+    tests::setDataSources(QStringLiteral("[KEROVA]\nDriver=Any\n[Archive]\nDriver=Any\n"));
+    show([](controls::Screen& logOn) {
+        EXPECT_EQ(childOf<QComboBox>(logOn, "cmbServer").currentText(), u"KEROVA");
+        QTest::keyClick(&logOn, Qt::Key_Escape);
+    });
+}
+
+TEST_F(OdbcLogOn, LogsOnToADataSourceAndOffersItFirstNextTime) {
+    show([](controls::Screen& logOn) {
+        choose(logOn, "Ward");
+        type(logOn);
+    });
+    ASSERT_TRUE(user.Connected());
+    EXPECT_EQ(user.employeename(), u"REYES, JOAN P.");
+    EXPECT_EQ(user.ServerName(), u"Ward");
+    EXPECT_EQ(user.sqlconnection().ConnectionString(), u"Provider=ODBC;DSN=Ward");
+    ASSERT_EQ(fakeDriver().connectionTexts.size(), 1);
+    EXPECT_TRUE(
+        fakeDriver().connectionTexts[0].startsWith(QStringLiteral("DSN=Ward;APP=Visual Scintra;WSID=")));
+    EXPECT_EQ(server.wire.value(0), u"USE [NUCLEAR]");
+    const auto report = user.openReportConnection(QStringLiteral("Ward"), QStringLiteral("NUCLEAR"),
+                                                  QStringLiteral("sa"), user.serverpassword());
+    EXPECT_EQ(fakeDriver().connectionTexts.size(), 2);
+    for (const QString& text : server.wire)
+        EXPECT_FALSE(text.contains(QStringLiteral("kerova"))) << text.toStdString();
+    show([](controls::Screen& logOn) {
+        EXPECT_EQ(childOf<QComboBox>(logOn, "cmbServer").currentText(), u"Ward");
+        choose(logOn, "This computer");
+        QTest::keyClick(&logOn, Qt::Key_Escape);
+    });
+}
+
+TEST_F(OdbcLogOn, AsksForTheDatabaseLoginOnce) {
+    wantLogin(QStringLiteral("UID=scintra;PWD={se;cret};"));
+    show([](controls::Screen& logOn) {
+        choose(logOn, "Ward");
+        tests::whileModal([&] { type(logOn); },
+                          [](controls::Screen& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        EXPECT_EQ(message(logOn), u"Ward wants a database login.");
+        tests::whileModal([&] { type(logOn); },
+                          [](controls::Screen& dialog) { typeLogin(dialog, "scintra", "guess"); });
+        EXPECT_EQ(message(logOn), u"Ward refused the database login of scintra.");
+        tests::whileModal([&] { type(logOn); },
+                          [](controls::Screen& dialog) { typeLogin(dialog, "scintra", "se;cret"); });
+    });
+    EXPECT_TRUE(user.Connected());
+    clsCurrentUser next;
+    EXPECT_EQ(
+        next.logOnTo(odbcServer(QStringLiteral("Ward")), QStringLiteral("1001"), QStringLiteral("kerova")),
+        LogOnResult::Good)
+        << "kept for the next user of the same desk";
+}
+
+TEST_F(OdbcLogOn, SaysWhatIsWrongWithTheServerAndStays) {
+    const auto said = [this](const char* source) {
+        QString words;
+        show([&](controls::Screen& logOn) {
+            choose(logOn, source);
+            type(logOn);
+            words = message(logOn);
+            EXPECT_TRUE(childOf(logOn, "cmdLogOn").isEnabled());
+            QTest::keyClick(&logOn, Qt::Key_Escape);
+        });
+        EXPECT_FALSE(user.Connected());
+        return words;
+    };
+    const auto inner = fakeDriver().step;
+    fail(FakeStep::Connect, {0, QStringLiteral("08001"), QStringLiteral("[Test]No route to host"), false});
+    EXPECT_EQ(said("Archive"), u"Archive cannot be reached. Is the server running, and this computer on the "
+                               u"network? (No route to host)");
+    fakeDriver().step = inner;
+    fail(FakeStep::Connect, {4060, QStringLiteral("42000"), QStringLiteral("[Test]Cannot open."), false});
+    EXPECT_EQ(said("Archive"),
+              u"Archive has no hospital databases, or not all of them. They are made with \"scintra-server "
+              u"install --dsn\". (Cannot open.)");
+    fakeDriver().step = inner;
+    EXPECT_TRUE(said("Broken").startsWith(
+        QStringLiteral("The data source Broken does not work on this computer. (")));
+    server.strike(1, tests::Fault::TimeOut);
+    EXPECT_TRUE(said("Archive").startsWith(QStringLiteral("Archive cannot be reached.")));
+    server.strike(2, tests::Fault::Cut);
+    EXPECT_TRUE(said("Archive").startsWith(QStringLiteral("Archive cannot be reached.")));
+}
+
+TEST_F(OdbcLogOn, SaysWhenTheHospitalIsNotComplete) {
+    const auto ward = odbcServer(QStringLiteral("Ward"));
+    const auto sentence = [&](int number) {
+        return ward->sentence(
+            base::RunTimeError(number, QStringLiteral("Words."), QStringLiteral("42000"), {}));
+    };
+    EXPECT_TRUE(sentence(208).startsWith(QStringLiteral("The hospital databases of Ward are not complete.")));
+    EXPECT_TRUE(sentence(229).startsWith(QStringLiteral("The database login has no right")));
+    EXPECT_TRUE(sentence(911).startsWith(QStringLiteral("Ward has no hospital databases")));
+    EXPECT_EQ(sentence(50000), u"Words.");
+    EXPECT_TRUE(ward->refusedLogin(base::RunTimeError(18470, {}, QStringLiteral("42000"), {})));
+    EXPECT_FALSE(ward->refusedLogin(base::RunTimeError(4060, {}, QStringLiteral("28000"), {})));
+}
+
+} // namespace
