@@ -3,11 +3,14 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
+#include "platform/odbc/DataSources.h"
+#include "platform/odbc/OdbcProvider.h"
 #include "server/demo/Backup.h"
 #include "server/demo/Hospital.h"
 #include "server/demo/Passwords.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Trace.h"
+#include "server/site/Install.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -33,6 +36,33 @@ std::unique_ptr<engine::EmbeddedProvider> openHospital(const QString& file) {
     options.hostName = QSysInfo::machineHostName();
     options.programName = QStringLiteral("scintra-server");
     auto provider = engine::EmbeddedProvider::open(file, options);
+    provider->useDatabase(QStringLiteral("NUCLEAR"));
+    return provider;
+}
+
+QString readLine() {
+    static QTextStream in(stdin); // it reads ahead
+    return in.readLine();
+}
+
+std::unique_ptr<ado::Provider> openDataSource(const Arguments& arguments) {
+    odbc::ConnectionText text;
+    text.add("DSN", arguments.dsn);
+    if (!arguments.login.isEmpty()) {
+        std::fputs("Database password: ", stderr);
+        text.add("UID", arguments.login).add("PWD", readLine());
+    }
+    text.add("APP", QStringLiteral("scintra-server")).add("WSID", QSysInfo::machineHostName());
+    odbc::Options options;
+    options.statementSeconds = 600; // a database takes its time to be made
+    return odbc::OdbcProvider::open(text.text(), options);
+}
+
+/// The file or the data source that the command line names.
+std::unique_ptr<ado::Provider> openHospital(const Arguments& arguments) {
+    if (arguments.dsn.isEmpty())
+        return openHospital(fileOf(arguments));
+    auto provider = openDataSource(arguments);
     provider->useDatabase(QStringLiteral("NUCLEAR"));
     return provider;
 }
@@ -86,15 +116,10 @@ int runUpdate(const Arguments& arguments) {
     return exitDone;
 }
 
-QString readLine() {
-    QTextStream in(stdin);
-    return in.readLine();
-}
-
 int runPassword(const Arguments& arguments) {
-    const auto provider = openHospital(fileOf(arguments));
+    const auto provider = openHospital(arguments);
     // Everything goes between quotes, so none may stand in it.
-    const QString id = arguments.words[1];
+    const QString id = arguments.words.constLast();
     if (id.contains(u'\'') || id.isEmpty() || arguments.name.contains(u'\''))
         throw base::RunTimeError(base::errors::invalidProcedureCall,
                                  QStringLiteral("A code or name cannot hold a quote."));
@@ -188,8 +213,8 @@ QString shown(const base::Value& value) {
 }
 
 int runSql(const Arguments& arguments) {
-    const auto provider = openHospital(fileOf(arguments));
-    const ado::Result result = provider->execute(arguments.words[1]);
+    const auto provider = openHospital(arguments);
+    const ado::Result result = provider->execute(arguments.words.constLast());
     if (!result.rows.columns.empty()) {
         QStringList line;
         for (const ado::Column& column : result.rows.columns)
@@ -208,18 +233,45 @@ int runSql(const Arguments& arguments) {
     return exitDone;
 }
 
+int runInstall(const Arguments& arguments) {
+    const auto provider = openDataSource(arguments);
+    site::install(*provider, showProgress);
+    if (arguments.demo)
+        site::installDemo(*provider, showProgress);
+    print(arguments.demo ? QStringLiteral("Installed on %1. User 1001, password kerova.").arg(arguments.dsn)
+                         : QStringLiteral("Installed on %1. Add a first user with: scintra-server password "
+                                          "--dsn %1 ID --name \"LAST, FIRST\"")
+                               .arg(arguments.dsn));
+    return exitDone;
+}
+
+int runVerify(const Arguments& arguments) {
+    const QStringList differences = site::verify(*openDataSource(arguments));
+    for (const QString& difference : differences)
+        print(difference);
+    if (!differences.isEmpty())
+        return exitFaulty;
+    print(QStringLiteral("All is well."));
+    return exitDone;
+}
+
 constexpr Command commandList[] = {
     {"demo", "[FILE]", "make the made-up hospital", 0, 1, runDemo},
     {"init", "[FILE]", "make an empty hospital", 0, 1, runInit},
     {"password", "FILE ID [--name \"LAST, FIRST\"]", "set a user's password; with a name, add the user", 2, 2,
-     runPassword},
+     runPassword, Target::Either},
     {"generate", "[FILE] --patients N", "add made-up patients with stays", 0, 1, runGenerate},
     {"update", "[FILE]", "bring tables and procedures up to this program's", 0, 1, runUpdate},
     {"trace", "on|off|show [FILE]", "write down every statement, without results", 1, 2, runTrace},
     {"check", "[FILE]", "read the file and try every procedure on it", 0, 1, runCheck},
     {"backup", "FILE TO", "copy while people work", 2, 2, runBackup},
     {"restore", "FROM [FILE]", "put a copy in the place of a file", 1, 2, runRestore},
-    {"sql", "FILE \"text\"", "run a text and print its rows", 2, 2, runSql},
+    {"sql", "FILE \"text\"", "run a text and print its rows", 2, 2, runSql, Target::Either},
+    {"install", "--dsn NAME [--demo]",
+     "make the hospital's databases on a SQL Server, or add what is missing", 0, 0, runInstall,
+     Target::DataSource},
+    {"verify", "--dsn NAME", "tell what differs there from this program's", 0, 0, runVerify,
+     Target::DataSource},
 };
 
 } // namespace

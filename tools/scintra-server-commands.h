@@ -12,7 +12,15 @@ struct Arguments {
     QStringList words;
     int patients = 0;
     QString name;
+    /// The ODBC data source of a SQL Server, in the place of a file.
+    QString dsn;
+    /// The database login; empty for the data source's own.
+    QString login;
+    bool demo = false;
 };
+
+/// What a command works on.
+enum class Target { File, DataSource, Either };
 
 struct Command {
     const char* name;
@@ -23,6 +31,8 @@ struct Command {
     int mostWords;
     /// The program's exit code. Raises base::RunTimeError.
     int (*run)(const Arguments& arguments);
+    /// Either: with a data source there is one word less.
+    Target target = Target::File;
 };
 
 std::span<const Command> serverCommands();

@@ -14,10 +14,13 @@ void printUsage(std::FILE* out) {
     std::fputs("Usage: scintra-server COMMAND ...\n\n", out);
     for (const tools::Command& command : tools::serverCommands())
         std::fprintf(out, "  %-9s %-42s %s\n", command.name, command.usage, command.does);
-    std::fprintf(out,
-                 "\nFILE may be left out or be \"-\": then it is the file of the program itself,\n%s\n"
-                 "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
-                 qPrintable(demo::defaultHospitalFile()));
+    std::fprintf(
+        out,
+        "\nFILE may be left out or be \"-\": then it is the file of the program itself,\n%s\n"
+        "With password and sql, --dsn NAME may stand in the place of FILE. Where the data source has no\n"
+        "database login, --login NAME gives it; its password is read first from standard input.\n"
+        "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
+        qPrintable(demo::defaultHospitalFile()));
 }
 
 int refuse(const QString& reason) {
@@ -41,6 +44,10 @@ bool readArguments(const QStringList& words, tools::Arguments& arguments, QStrin
             arguments.words << word;
             continue;
         }
+        if (word == QLatin1String("--demo")) {
+            arguments.demo = true;
+            continue;
+        }
         if (i + 1 == words.size()) {
             fault = word + QStringLiteral(" needs a value.");
             return false;
@@ -51,6 +58,10 @@ bool readArguments(const QStringList& words, tools::Arguments& arguments, QStrin
             arguments.patients = value.toInt(&good);
         else if (word == QLatin1String("--name"))
             arguments.name = value;
+        else if (word == QLatin1String("--dsn"))
+            arguments.dsn = value;
+        else if (word == QLatin1String("--login"))
+            arguments.login = value;
         else {
             fault = QStringLiteral("There is no option ") + word + u'.';
             return false;
@@ -84,7 +95,13 @@ int main(int argc, char** argv) {
     QString fault;
     if (!readArguments(words, arguments, fault))
         return refuse(fault);
-    if (arguments.words.size() < command->fewestWords || arguments.words.size() > command->mostWords)
+    const bool onServer = !arguments.dsn.isEmpty();
+    if (onServer ? command->target == tools::Target::File : command->target == tools::Target::DataSource)
+        return refuse(onServer ? QStringLiteral("%1 works on a file, not on a data source.").arg(name)
+                               : QStringLiteral("Which data source? --dsn NAME"));
+    const int inPlaceOfFile = onServer && command->target == tools::Target::Either ? 1 : 0;
+    if (arguments.words.size() < command->fewestWords - inPlaceOfFile ||
+        arguments.words.size() > command->mostWords - inPlaceOfFile)
         return refuse(QStringLiteral("Usage: scintra-server %1 %2").arg(name, QLatin1String(command->usage)));
     try {
         return command->run(arguments);

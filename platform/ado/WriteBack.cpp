@@ -1,6 +1,7 @@
 #include "platform/ado/WriteBack.h"
 
 #include "platform/ado/Connection.h"
+#include "platform/ado/Literal.h"
 #include "platform/ado/Recordset.h"
 #include "platform/base/Format.h"
 
@@ -10,24 +11,6 @@ namespace ado {
 namespace {
 
 constexpr int rowNotLocated = -2147217864;
-
-QString literal(const base::Value& value) {
-    if (value.isNull())
-        return QStringLiteral("NULL");
-    if (const base::DateTime* moment = value.asDateTime())
-        return u'\'' + base::toIso(*moment).replace(u' ', u'T') + u'\'';
-    if (const bool* flag = value.asBool())
-        return *flag ? QStringLiteral("1") : QStringLiteral("0");
-    QString text = base::textOf(value);
-    if (!value.asText())
-        return text;
-    return u'\'' + text.replace(u'\'', QLatin1StringView("''")) + u'\'';
-}
-
-QString bracketed(const QString& name) {
-    QString text = name;
-    return u'[' + text.replace(u']', QLatin1StringView("]]")) + u']';
-}
 
 } // namespace
 

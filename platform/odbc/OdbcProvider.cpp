@@ -1,5 +1,6 @@
 #include "platform/odbc/OdbcProvider.h"
 
+#include "platform/ado/Literal.h"
 #include "platform/ado/TransactionErrors.h"
 #include "platform/base/Conversion.h"
 #include "platform/odbc/Diagnostics.h"
@@ -16,16 +17,6 @@ namespace {
 
 SQLPOINTER attribute(int value) {
     return reinterpret_cast<SQLPOINTER>(std::uintptr_t(value));
-}
-
-QString bracketed(const QString& name) {
-    QString text = name;
-    return u'[' + text.replace(u']', QLatin1StringView("]]")) + u']';
-}
-
-QString literal(const QString& value) {
-    QString text = value;
-    return u'\'' + text.replace(u'\'', QLatin1StringView("''")) + u'\'';
 }
 
 /// A name without its brackets.
@@ -45,7 +36,7 @@ QString keyStatement(const QString& database, const QString& table) {
                "(T.TABLE_NAME = %2 OR T.TABLE_NAME = (SELECT MIN(V.TABLE_NAME) FROM "
                "%1INFORMATION_SCHEMA.VIEW_TABLE_USAGE V WHERE V.VIEW_NAME = %2 HAVING COUNT(*) = 1)) "
                "ORDER BY K.ORDINAL_POSITION")
-        .arg(database, literal(table));
+        .arg(database, ado::literal(base::Value(table)));
 }
 
 base::RunTimeError rolledBack() {
@@ -288,7 +279,7 @@ bool OdbcProvider::inTransaction() const {
 }
 
 void OdbcProvider::useDatabase(const QString& name) {
-    execute(QStringLiteral("USE ") + bracketed(name));
+    execute(QStringLiteral("USE ") + ado::bracketed(name));
 }
 
 QStringList OdbcProvider::primaryKey(const QString& table) {
@@ -296,7 +287,8 @@ QStringList OdbcProvider::primaryKey(const QString& table) {
     if (known != d->keys.constEnd())
         return *known;
     const QStringList parts = table.split(u'.');
-    const QString database = parts.size() > 2 ? bracketed(bare(parts[parts.size() - 3])) + u'.' : QString();
+    const QString database =
+        parts.size() > 2 ? ado::bracketed(bare(parts[parts.size() - 3])) + u'.' : QString();
     const ado::Result found = execute(keyStatement(database, bare(parts.constLast())));
     QStringList columns;
     for (qsizetype row = 0; row < found.rows.count(); ++row)

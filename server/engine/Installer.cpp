@@ -33,44 +33,55 @@ base::RunTimeError located(const base::RunTimeError& error, const QString& place
                               error.sqlState(), error.statement());
 }
 
-void runBatch(EmbeddedProvider& provider, const QString& batch, const QString& fileName, int firstLine) {
-    if (batch.trimmed().isEmpty())
-        return;
+void runBatch(EmbeddedProvider& provider, const ScriptBatch& batch, const QString& fileName) {
     try {
-        provider.execute(batch);
+        provider.execute(batch.text);
     } catch (const ScriptError& error) {
         const Position at = error.position();
         throw located(error, QStringLiteral("%1 (line %2, column %3)")
                                  .arg(fileName)
-                                 .arg(firstLine + at.line - 1)
+                                 .arg(batch.firstLine + at.line - 1)
                                  .arg(at.column));
     } catch (const base::RunTimeError& error) {
-        throw located(error, QStringLiteral("%1 (batch at line %2)").arg(fileName).arg(firstLine));
+        throw located(error, batch, fileName);
     }
 }
 
 } // namespace
 
-void installScript(EmbeddedProvider& provider, const QString& source, const QString& fileName) {
-    const DatabaseKeeper keeper(provider);
+base::RunTimeError located(const base::RunTimeError& error, const ScriptBatch& batch,
+                           const QString& fileName) {
+    return located(error, QStringLiteral("%1 (batch at line %2)").arg(fileName).arg(batch.firstLine));
+}
+
+std::vector<ScriptBatch> scriptBatches(const QString& source) {
     QString text = source;
     text.remove(u'\r');
     if (text.startsWith(QChar(0xFEFF)))
         text.remove(0, 1);
-    QString batch;
-    int firstLine = 1;
+    std::vector<ScriptBatch> batches;
+    ScriptBatch batch{{}, 1};
     int line = 0;
+    const auto finish = [&] {
+        if (!batch.text.trimmed().isEmpty())
+            batches.push_back(batch);
+        batch = {{}, line + 1};
+    };
     for (const QString& content : text.split(u'\n')) {
         ++line;
-        if (content.trimmed().compare(QLatin1StringView("GO"), Qt::CaseInsensitive) != 0) {
-            batch += content + u'\n';
-            continue;
-        }
-        runBatch(provider, batch, fileName, firstLine);
-        batch.clear();
-        firstLine = line + 1;
+        if (content.trimmed().compare(QLatin1StringView("GO"), Qt::CaseInsensitive) == 0)
+            finish();
+        else
+            batch.text += content + u'\n';
     }
-    runBatch(provider, batch, fileName, firstLine);
+    finish();
+    return batches;
+}
+
+void installScript(EmbeddedProvider& provider, const QString& source, const QString& fileName) {
+    const DatabaseKeeper keeper(provider);
+    for (const ScriptBatch& batch : scriptBatches(source))
+        runBatch(provider, batch, fileName);
 }
 
 } // namespace engine

@@ -22,6 +22,7 @@ const std::map<QString, QStringList>& stairs() {
         {"platform/report", {"platform/base", "platform/ado", "platform/controls"}},
         {"server/engine", {"platform/base", "platform/ado"}},
         {"server/demo", {"platform/base", "platform/ado", "server/engine"}},
+        {"server/site", {"platform/base", "platform/ado", "server/engine", "server/demo"}},
         {"session", platform + hospital + QStringList{"platform/odbc"}},
         {"menu", platform + QStringList{"session"}},
         {"lookup", platform + QStringList{"session"}},

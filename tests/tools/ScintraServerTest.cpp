@@ -33,7 +33,8 @@ class ScintraServer : public testing::Test {
 TEST_F(ScintraServer, HelpsAndRefusesWrongWords) {
     const Outcome help = run({QStringLiteral("--help")});
     EXPECT_EQ(help.code, 0);
-    for (const char* command : {"demo", "init", "generate", "trace", "check", "backup", "restore", "sql"})
+    for (const char* command :
+         {"demo", "init", "generate", "trace", "check", "backup", "restore", "sql", "install", "verify"})
         EXPECT_TRUE(help.out.contains(QLatin1String(command))) << command;
     EXPECT_EQ(run({}).code, 2);
     EXPECT_EQ(run({QStringLiteral("dmeo")}).code, 2);
@@ -45,6 +46,20 @@ TEST_F(ScintraServer, HelpsAndRefusesWrongWords) {
     EXPECT_EQ(run({QStringLiteral("check"), m_file, QStringLiteral("--colour"), QStringLiteral("red")}).code,
               2);
     EXPECT_TRUE(run({QStringLiteral("dmeo")}).err.contains(QLatin1String("dmeo")));
+}
+
+TEST_F(ScintraServer, TellsFilesFromDataSources) {
+    EXPECT_EQ(run({QStringLiteral("install")}).code, 2);
+    EXPECT_TRUE(run({QStringLiteral("verify")}).err.contains(QLatin1String("--dsn NAME")));
+    EXPECT_EQ(run({QStringLiteral("check"), QStringLiteral("--dsn"), QStringLiteral("Nowhere")}).code, 2);
+    EXPECT_EQ(run({QStringLiteral("sql"), QStringLiteral("--dsn"), QStringLiteral("Nowhere")}).code, 2);
+    for (const char* command : {"install", "verify"}) {
+        const Outcome nowhere =
+            run({QLatin1String(command), QStringLiteral("--dsn"), QStringLiteral("Nowhere")});
+        EXPECT_EQ(nowhere.code, 3);
+        EXPECT_TRUE(nowhere.err.contains(QLatin1String("Data source name not found")))
+            << nowhere.err.toStdString();
+    }
 }
 
 TEST_F(ScintraServer, SaysWhatFailed) {

@@ -1,0 +1,60 @@
+#include "server/site/Install.h"
+
+#include "platform/ado/Literal.h"
+#include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
+#include "server/demo/Kit.h"
+#include "server/engine/Installer.h"
+#include "server/site/Blueprint.h"
+
+namespace site {
+namespace {
+
+bool isThere(ado::Provider& server, const QString& expression) {
+    const ado::Result result = server.execute(QStringLiteral("SELECT ") + expression);
+    return result.rows.count() == 1 && !result.rows.at(0, 0).isNull();
+}
+
+/// CREATE OR ALTER came with a service pack of SQL Server 2016; CREATE and ALTER are older than the kit.
+/// ALTER keeps the rights that were granted.
+QString forServer(ado::Provider& server, const QString& batch) {
+    const ModuleHead head = moduleHead(batch);
+    if (head.name.isEmpty())
+        return batch;
+    const bool there =
+        isThere(server, QStringLiteral("OBJECT_ID(%1)").arg(ado::literal(base::Value(head.name))));
+    QString text = batch;
+    return text.replace(head.at, head.length, there ? QStringLiteral("ALTER") : QStringLiteral("CREATE"));
+}
+
+} // namespace
+
+void install(ado::Provider& server, const demo::Progress& progress) {
+    const auto tell = [&](int percent, const QString& stage) {
+        if (progress)
+            progress(percent, stage);
+    };
+    for (const QString& database : kitDatabases()) {
+        tell(0, QStringLiteral("Database ") + database);
+        // names of objects are written in more than one case, which a server may be told to tell apart
+        if (!isThere(server, QStringLiteral("DB_ID(%1)").arg(ado::literal(base::Value(database)))))
+            server.execute(QStringLiteral("CREATE DATABASE %1 COLLATE SQL_Latin1_General_CP1_CI_AS")
+                               .arg(ado::bracketed(database)));
+    }
+    const auto& files = demo::kitFiles();
+    int done = 0;
+    for (const demo::KitFile& file : files) {
+        tell(done * 100 / int(files.size()), QStringLiteral("Installing ") + file.name);
+        for (const engine::ScriptBatch& batch : engine::scriptBatches(file.text)) {
+            try {
+                server.execute(forServer(server, batch.text));
+            } catch (const base::RunTimeError& error) {
+                throw engine::located(error, batch, file.name);
+            }
+        }
+        ++done;
+    }
+    tell(100, QStringLiteral("Done"));
+}
+
+} // namespace site

@@ -1,0 +1,156 @@
+#include "server/site/Install.h"
+
+#include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
+#include "platform/odbc/OdbcProvider.h"
+#include "server/demo/Hospital.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "server/site/Blueprint.h"
+#include "tests/support/core/ScriptedProvider.h"
+#include "tests/support/odbc/TestDriver.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+/// Lets a failed comparison show the text.
+static void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+base::RunTimeError raised(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const base::RunTimeError& error) {
+        return error;
+    }
+    ADD_FAILURE() << "nothing was raised";
+    return base::RunTimeError(0);
+}
+
+/// A server over ODBC; an empty file stands behind it.
+class Install : public testing::Test {
+  protected:
+    std::unique_ptr<ado::Provider> open() {
+        return odbc::OdbcProvider::open(tests::LoopbackServer::connectionText());
+    }
+    QString value(ado::Provider& provider, const QString& text) {
+        return base::textOf(provider.execute(text).rows.at(0, 0));
+    }
+    QStringList wireWith(const QString& start) {
+        QStringList found;
+        for (const QString& text : server.wire) {
+            if (text.trimmed().startsWith(start))
+                found += text;
+        }
+        return found;
+    }
+
+    QTemporaryDir folder;
+    QString file = folder.filePath(QStringLiteral("site.scintra"));
+    tests::LoopbackServer server{file};
+};
+
+TEST_F(Install, MakesTheWholeKitAndCanBeRunAgain) {
+    const auto provider = open();
+    int last = -1;
+    site::install(*provider, [&](int percent, const QString&) {
+        EXPECT_GE(percent, last);
+        last = percent;
+    });
+    EXPECT_EQ(last, 100);
+    EXPECT_EQ(site::verify(*provider), QStringList());
+    EXPECT_EQ(engine::EmbeddedProvider::open(file, {})->check(), QStringList());
+    EXPECT_EQ(value(*provider, QStringLiteral("SELECT COUNT(*) FROM NUCLEAR..tbNuclearUserSettings")), u"18");
+    EXPECT_FALSE(wireWith(QStringLiteral("CREATE PROCEDURE sp_Nuclear_AddRequest")).isEmpty());
+    EXPECT_TRUE(wireWith(QStringLiteral("CREATE OR ALTER")).isEmpty()) << "needs a service pack";
+
+    provider->execute(QStringLiteral("UPDATE NUCLEAR..tbNucSlip SET ChargeSlip = 4711"));
+    provider->execute(QStringLiteral("USE NUCLEAR"));
+    provider->execute(QStringLiteral("DROP PROCEDURE sp_Nuclear_IncRefNum"));
+    server.wire.clear();
+    site::install(*provider, {});
+    EXPECT_EQ(site::verify(*provider), QStringList());
+    EXPECT_EQ(value(*provider, QStringLiteral("SELECT ChargeSlip FROM NUCLEAR..tbNucSlip")), u"4711");
+    EXPECT_EQ(wireWith(QStringLiteral("CREATE PROCEDURE")).size(), 1) << "the one that was missing";
+    EXPECT_FALSE(wireWith(QStringLiteral("ALTER PROCEDURE sp_Nuclear_AddRequest")).isEmpty());
+}
+
+TEST_F(Install, PutsTheMadeUpHospitalInWholeAndOnce) {
+    const auto provider = open();
+    site::install(*provider, {});
+    server.strike(40, tests::Fault::Error);
+    EXPECT_EQ(raised([&] { site::installDemo(*provider, {}); }).number(), 50000);
+    server.strike(0, tests::Fault::Error);
+    EXPECT_EQ(value(*provider, QStringLiteral("SELECT COUNT(*) FROM BUILD_FILE..tbcoRoom")), u"0")
+        << "nothing half done";
+    site::installDemo(*provider, {});
+    const QString embedded = folder.filePath(QStringLiteral("embedded.scintra"));
+    demo::createHospital(embedded);
+    const auto other = engine::EmbeddedProvider::open(embedded, {});
+    for (const engine::Table& table : site::tablesOf(embedded)) {
+        const QString count = QStringLiteral("SELECT COUNT(*) FROM ") +
+                              QString::fromStdString(table.database + ".." + table.name);
+        EXPECT_EQ(value(*provider, count), value(*other, count)) << table.fileName();
+    }
+    const QString names = QStringLiteral("SELECT LastName, FirstName, BirthDate FROM PATIENT_DATA..tbMaster "
+                                         "ORDER BY HospNum");
+    EXPECT_EQ(provider->execute(names).rows.values, other->execute(names).rows.values);
+    EXPECT_EQ(raised([&] { site::installDemo(*provider, {}); }).number(), 58);
+}
+
+TEST_F(Install, TellsWhatDiffers) {
+    const auto provider = open();
+    site::install(*provider, {});
+    for (const char* text :
+         {"USE NUCLEAR", "DROP PROCEDURE sp_Nuclear_IncRefNum",
+          "ALTER PROCEDURE sp_Nuclear_IncRequestNum AS SET NOCOUNT ON", "USE CARDIO", "USE BILLING",
+          "DROP TABLE tbDeposit", "CREATE TABLE tbDeposit (DepositID varchar(9) NOT NULL)"})
+        provider->execute(QString::fromLatin1(text));
+    const QStringList differences = site::verify(*provider);
+    EXPECT_TRUE(differences.contains(QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum: is missing")));
+    EXPECT_TRUE(differences.contains(QStringLiteral("NUCLEAR..sp_Nuclear_IncRequestNum: is not the kit's")));
+    const QStringList deposit = differences.filter(QStringLiteral("BILLING..tbDeposit"));
+    EXPECT_FALSE(deposit.filter(QStringLiteral("is missing")).isEmpty());
+    EXPECT_FALSE(deposit.filter(QStringLiteral("the primary key is (), not (")).isEmpty());
+    EXPECT_EQ(differences.size(), 2 + deposit.size()) << differences.join(u'\n').toStdString();
+}
+
+TEST_F(Install, NamesTheFileAndTheLineOfAnError) {
+    const auto provider = open();
+    server.strike(30, tests::Fault::Error);
+    const base::RunTimeError error = raised([&] { site::install(*provider, {}); });
+    EXPECT_TRUE(error.description().contains(QStringLiteral("/tables.sql (batch at line ")))
+        << error.description().toStdString();
+    EXPECT_TRUE(error.description().endsWith(QStringLiteral("Injected failure.")));
+}
+
+TEST(InstallDatabases, AreMadeWhereTheyAreMissing) {
+    /// Knows NUCLEAR only, and stops at the kit's first file.
+    class Server : public tests::ScriptedProvider {
+      public:
+        QStringList made;
+        ado::Result execute(const QString& text) override {
+            if (text.startsWith(QStringLiteral("SELECT DB_ID(")))
+                return rowsOf(
+                    QStringLiteral("n"),
+                    {{text.contains(QStringLiteral("'NUCLEAR'")) ? base::Value(5) : base::Value()}});
+            if (!text.startsWith(QStringLiteral("CREATE DATABASE")))
+                throw base::RunTimeError(50000, QStringLiteral("enough"));
+            made += text;
+            return {};
+        }
+    } server;
+    EXPECT_THROW(site::install(server, {}), base::RunTimeError);
+    EXPECT_EQ(server.made.size(), 9);
+    EXPECT_EQ(server.made.value(0),
+              QStringLiteral("CREATE DATABASE [BILLING] COLLATE SQL_Latin1_General_CP1_CI_AS"));
+    EXPECT_TRUE(server.made.filter(QStringLiteral("NUCLEAR")).isEmpty());
+    EXPECT_EQ(site::kitDatabases().size(), 10);
+}
+
+} // namespace
