@@ -21,10 +21,9 @@ frmAddWalkIn::frmAddWalkIn(QWidget* parent) : Screen(parent), m_ui(std::make_uni
     m_ui->setupUi(this);
     setEscapeCloses(true);
     controls::look::setPrimary(m_ui->btnSave);
-    for (QLineEdit* name :
-         {m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName, m_ui->txtBarangay, m_ui->txtZipCode})
+    for (QLineEdit* name : {m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName, m_ui->txtHouse,
+                            m_ui->txtBarangay, m_ui->txtZipCode})
         controls::setKeyRules(name, KeyRule::UpperCase | KeyRule::BackQuote);
-    controls::setKeyRules(m_ui->txtHouse, KeyRule::BackQuote);
     refuseLetters(m_ui->txtAge);
     connectControls();
 }
