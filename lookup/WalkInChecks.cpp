@@ -3,6 +3,8 @@
 #include "lookup/frmAddWalkIn.h"
 #include "platform/base/Conversion.h"
 #include "platform/controls/Connect.h"
+#include "platform/controls/EnterKey.h"
+#include "platform/controls/MaskedDate.h"
 #include "platform/controls/MessageBox.h"
 #include "platform/controls/Screen.h"
 
@@ -45,7 +47,10 @@ bool isLikelyAge(QLineEdit* age) {
     return false;
 }
 
-bool isLikelyBirthDate(std::optional<base::DateTime> birthDate, QWidget* field) {
+bool isLikelyBirthDate(controls::MaskedDate* field) {
+    if (field->isEmpty())
+        return true;
+    const std::optional<base::DateTime> birthDate = field->date();
     if (!birthDate)
         refuseField(field, QStringLiteral("The birth date is no day of the calendar (mm/dd/yyyy)."));
     else if (*birthDate > base::today())
@@ -55,6 +60,13 @@ bool isLikelyBirthDate(std::optional<base::DateTime> birthDate, QWidget* field) 
     else
         return true;
     return false;
+}
+
+void likelyDateMovesOn(controls::MaskedDate* birthDate) {
+    controls::onEnter(birthDate, [birthDate] {
+        if (isLikelyBirthDate(birthDate))
+            controls::sendTab(birthDate);
+    });
 }
 
 void refuseLetters(QLineEdit* age) {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/base/DateTime.h"
-
 #include <QString>
 
 #include <initializer_list>
-#include <optional>
 
+namespace controls {
+class MaskedDate;
+}
 class QLineEdit;
 class QWidget;
 
@@ -30,8 +30,11 @@ void refuseField(QWidget* field, const QString& prompt);
 bool areWithin(std::initializer_list<TextLimit> limits);
 /// False, with its box, for an age beyond mostYears. No age is none of its business.
 bool isLikelyAge(QLineEdit* age);
-/// False, with its box, for no day of the calendar, a day to come, and one more than mostYears ago.
-bool isLikelyBirthDate(std::optional<base::DateTime> birthDate, QWidget* field);
+/// False, with its box, for no day of the calendar, a day to come, and one more than mostYears ago. An empty
+/// one is not known, and taken.
+bool isLikelyBirthDate(controls::MaskedDate* birthDate);
+/// Enter in the field is a Tab, unless its date is not taken.
+void likelyDateMovesOn(controls::MaskedDate* birthDate);
 /// Digits only get in; anything else is answered with a box. Texts set by code stay as they are.
 void refuseLetters(QLineEdit* age);
 

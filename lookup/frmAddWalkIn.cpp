@@ -35,7 +35,7 @@ void frmAddWalkIn::connectControls() {
                             m_ui->optSex_0, m_ui->optSex_1, m_ui->optCivil_0, m_ui->optCivil_1,
                             m_ui->optCivil_2, m_ui->optCivil_3, m_ui->optCivil_4, m_ui->optCivil_5,
                             m_ui->txtHouse, m_ui->txtBarangay});
-    controls::onEnter(m_ui->mskBdate, [this] { mskBdate_Return(); });
+    likelyDateMovesOn(m_ui->mskBdate);
     on(m_ui->mskBdate, &QLineEdit::editingFinished, this, [this] { mskBdate_LostFocus(); });
     controls::onEnter(m_ui->txtZipCode, [this] { cmdTown_Click(); });
     // A code that is being changed has no town any more.
@@ -54,12 +54,6 @@ void frmAddWalkIn::Form_Load() {
 
 int frmAddWalkIn::CalcAge(base::DateTime birthDate) {
     return base::calendarDate(base::today()).year - base::calendarDate(birthDate).year;
-}
-
-void frmAddWalkIn::mskBdate_Return() {
-    // Leaving by the Tab takes the age along.
-    if (m_ui->mskBdate->isEmpty() || isLikelyBirthDate(m_ui->mskBdate->date(), m_ui->mskBdate))
-        controls::sendTab(m_ui->mskBdate);
 }
 
 void frmAddWalkIn::mskBdate_LostFocus() {
@@ -123,9 +117,7 @@ bool frmAddWalkIn::isLikely() {
                     {m_ui->txtBarangay, "Barangay", mostOfAddress},
                     {m_ui->txtZipCode, "Zip code", mostOfZipCode}}))
         return false;
-    if (!m_ui->mskBdate->isEmpty() && !isLikelyBirthDate(m_ui->mskBdate->date(), m_ui->mskBdate))
-        return false;
-    return isLikelyAge(m_ui->txtAge);
+    return isLikelyBirthDate(m_ui->mskBdate) && isLikelyAge(m_ui->txtAge);
 }
 
 /// The next number of the series, which is advanced by it.

@@ -33,7 +33,6 @@ class frmAddWalkIn : public controls::Screen {
 
   private:
     void connectControls();
-    void mskBdate_Return();
     void mskBdate_LostFocus();
     void cmdTown_Click();
     void btnSave_Click();

@@ -68,9 +68,9 @@ void frmWalkInMaster::setRules() {
                             m_ui->txtAddress1, m_ui->txtAddress2, m_ui->txtZipCode})
         controls::setKeyRules(name, KeyRule::UpperCase | KeyRule::BackQuote);
     refuseLetters(m_ui->txtAge);
-    controls::enterMovesOn({m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName, m_ui->chkBirthDate,
-                            m_ui->dtpBirthDate, m_ui->txtAge, m_ui->cmbSex, m_ui->cmbCivil, m_ui->txtAddress1,
-                            m_ui->txtAddress2});
+    likelyDateMovesOn(m_ui->dtpBirthDate);
+    controls::enterMovesOn({m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName, m_ui->txtAge,
+                            m_ui->cmbSex, m_ui->cmbCivil, m_ui->txtAddress1, m_ui->txtAddress2});
 }
 
 void frmWalkInMaster::connectControls() {
@@ -79,8 +79,6 @@ void frmWalkInMaster::connectControls() {
     on(m_keys.get(), &PickerKeys::rowEntered, this, [this] { cmdEdit_Click(); });
     on(m_ui->cmdAdd, &QPushButton::clicked, this, [this] { cmdAdd_Click(); });
     on(m_ui->cmdEdit, &QPushButton::clicked, this, [this] { cmdEdit_Click(); });
-    on(m_ui->chkBirthDate, &QCheckBox::toggled, m_ui->dtpBirthDate,
-       [this](bool known) { m_ui->dtpBirthDate->setEnabled(known); });
     controls::onEnter(m_ui->txtZipCode, [this] { cmdZipCode_Click(); });
     // A code that is being changed has no town any more.
     on(m_ui->txtZipCode, &QLineEdit::textEdited, this, [this] { m_ui->lblTown->clear(); });
@@ -176,16 +174,15 @@ void frmWalkInMaster::showPatient(int row) {
     m_ui->txtAge->setText(cell(age));
     m_ui->txtZipCode->setText(cell(zipCode));
     m_ui->lblTown->setText(townText(cell(town), cell(province)));
-    m_ui->cmbSex->setCurrentIndex(m_ui->cmbSex->findText(cell(sex).left(1), Qt::MatchStartsWith));
+    const QString letter = cell(sex).left(1);
+    m_ui->cmbSex->setCurrentIndex(letter.isEmpty() ? -1
+                                                   : m_ui->cmbSex->findText(letter, Qt::MatchStartsWith));
     bool isStatus = false;
     const int status = cell(civilStatusID).toInt(&isStatus);
     m_ui->cmbCivil->setCurrentIndex(isStatus && status < m_ui->cmbCivil->count() ? status : -1);
-    const base::Value born(cell(birthDateColumn));
-    const bool known = base::IsDate(born);
-    const base::CalendarDate date = base::calendarDate(known ? base::CDate(born) : base::today());
-    m_ui->chkBirthDate->setChecked(known);
-    m_ui->dtpBirthDate->setEnabled(known);
-    m_ui->dtpBirthDate->setDate(QDate(date.year, date.month, date.day));
+    m_ui->dtpBirthDate->clear();
+    if (const base::Value born(cell(birthDateColumn)); base::IsDate(born))
+        m_ui->dtpBirthDate->setDate(base::CDate(born));
     m_ui->bandHeader->setChips({QStringLiteral("Hosp. ") + m_ui->txtHospNum->text()});
 }
 
@@ -246,9 +243,7 @@ bool frmWalkInMaster::isLikely() {
                     {m_ui->txtAddress2, "Barangay", mostOfAddress},
                     {m_ui->txtZipCode, "Zip code", mostOfZipCode}}))
         return false;
-    if (m_ui->chkBirthDate->isChecked() && !isLikelyBirthDate(birthDate(), m_ui->dtpBirthDate))
-        return false;
-    return isLikelyAge(m_ui->txtAge);
+    return isLikelyBirthDate(m_ui->dtpBirthDate) && isLikelyAge(m_ui->txtAge);
 }
 
 bool frmWalkInMaster::writePatient() {
@@ -263,7 +258,7 @@ bool frmWalkInMaster::writePatient() {
         set("LastName", m_ui->txtLastName->text());
         set("FirstName", m_ui->txtFirstName->text());
         set("MiddleName", m_ui->txtMiddleName->text());
-        const std::optional<base::DateTime> born = birthDate();
+        const std::optional<base::DateTime> born = m_ui->dtpBirthDate->date();
         set("BirthDate", born ? base::Value(*born) : base::Value());
         set("Age", m_ui->txtAge->text());
         set("Sex", m_ui->cmbSex->currentText().left(1));
@@ -276,13 +271,6 @@ bool frmWalkInMaster::writePatient() {
     }
     patient.Close();
     return found;
-}
-
-std::optional<base::DateTime> frmWalkInMaster::birthDate() const {
-    const QDate date = m_ui->dtpBirthDate->date();
-    if (!m_ui->chkBirthDate->isChecked())
-        return std::nullopt;
-    return base::makeDateTime({date.year(), date.month(), date.day()});
 }
 
 } // namespace lookup

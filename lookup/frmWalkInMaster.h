@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/base/DateTime.h"
 #include "platform/controls/Screen.h"
 
 #include <memory>
-#include <optional>
 
 namespace Ui {
 class frmWalkInMaster;
@@ -45,8 +43,6 @@ class frmWalkInMaster : public controls::Screen {
     bool isLikely();
     /// False when the patient is not on file any more.
     bool writePatient();
-    /// The date of the picker; nothing while it is not known.
-    std::optional<base::DateTime> birthDate() const;
 
     std::unique_ptr<Ui::frmWalkInMaster> m_ui;
     std::unique_ptr<PickerKeys> m_keys;
