@@ -32,9 +32,9 @@ RawOrder::RawOrder(sqlite3* handle, const std::string& chargeSlip) : m_handle(ha
     const auto prepare = [&](const char* text) { return std::make_unique<RawStatement>(handle, text); };
     m_begin = prepare("BEGIN IMMEDIATE");
     m_commit = prepare("COMMIT");
-    m_numbers = prepare("SELECT ChargeSlip, RequestNum FROM \"NUCLEAR.tbNucSlip\"");
+    m_numbers = prepare("SELECT ChargeSlip, RequestNum FROM \"NUCLEAR.tbNucSlipRow\"");
     m_advance =
-        prepare("UPDATE \"NUCLEAR.tbNucSlip\" SET ChargeSlip = ChargeSlip + 1, RequestNum = RequestNum + ?1");
+        prepare("UPDATE \"NUCLEAR.tbNucSlipRow\" SET ChargeSlip = ChargeSlip + 1, RequestNum = RequestNum + ?1");
     m_lowerStock = prepare("UPDATE \"INVENTORY.tbInvStock\" SET OnHand = OnHand - ?1 WHERE ItemID = ?2 "
                            "AND LocationID = '224'");
 }

@@ -30,14 +30,17 @@ void WriteBack::send() {
 QString WriteBack::table() const {
     if (!m_recordset.m_uniqueTable.isEmpty())
         return m_recordset.m_uniqueTable;
+    static const QRegularExpression from(
+        QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = from.match(m_recordset.m_source);
+    if (match.hasMatch())
+        return match.captured(1); // the same on every server
     for (const Column& column : m_recordset.m_rows.columns) {
         if (!column.baseTable.isEmpty())
             return column.baseTable;
     }
-    static const QRegularExpression from(
-        QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    return from.match(m_recordset.m_source).captured(1);
+    return {};
 }
 
 Statement WriteBack::statement(const QString& target, const QStringList& key) const {

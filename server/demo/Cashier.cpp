@@ -101,7 +101,7 @@ void writeCashier(World& world) {
                          "3001");
     }
     runOnFile(world.file,
-              QStringLiteral("UPDATE \"BILLING.tbAssessmentNum\" SET assessmentnum = %1, RequestNum = %2")
+              QStringLiteral("UPDATE \"BILLING.tbAssessmentNumRow\" SET assessmentnum = %1, RequestNum = %2")
                   .arg(firstAssessment + assessmentCount - 1)
                   .arg(lineNumber - 1));
     writeDeposits(world);

@@ -219,7 +219,7 @@ void writeWalkIns(World& world) {
     }
     const int last = firstWalkInNum + walkInCount - 1;
     runOnFile(world.file,
-              QStringLiteral("UPDATE \"PATIENT_DATA.tbLastWalkInNum\" SET lastopd = 'W%1', transnum = %1")
+              QStringLiteral("UPDATE \"PATIENT_DATA.tbLastWalkInNumRow\" SET lastopd = 'W%1', transnum = %1")
                   .arg(last));
 }
 

@@ -225,7 +225,7 @@ void RequestWriter::writeResult(const Line& line, const Exam& exam, base::DateTi
 
 void RequestWriter::closeNumbers() {
     runOnFile(m_world.file,
-              QStringLiteral("UPDATE \"NUCLEAR.tbNucSlip\" SET ChargeSlip = %1, RequestNum = %2")
+              QStringLiteral("UPDATE \"NUCLEAR.tbNucSlipRow\" SET ChargeSlip = %1, RequestNum = %2")
                   .arg(m_slip)
                   .arg(m_request));
 }

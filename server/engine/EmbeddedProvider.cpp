@@ -79,6 +79,7 @@ class EmbeddedProvider::Private {
     void readSettings();
     void forget();
     void transactionStep(const char* sql, bool opens, const base::RunTimeError& outOfTurn);
+    const Table* tableBelow(const ObjectText& object);
     void traceStep(const char* words, std::int64_t nanoseconds, const base::RunTimeError* error);
     bool holdsSecret(const std::vector<StmtPtr>& statements, const std::string& defaultDatabase);
 
@@ -176,6 +177,21 @@ bool EmbeddedProvider::Private::holdsSecret(const std::vector<StmtPtr>& statemen
             return true;
     }
     return false;
+}
+
+/// The table of that name, or the one table that the view of that name reads; null when it is neither.
+const Table* EmbeddedProvider::Private::tableBelow(const ObjectText& object) {
+    if (const Table* table = catalogue.table(object.database, object.name))
+        return table;
+    const std::shared_ptr<Module> view = catalogue.module(object.database, object.name);
+    if (!view || view->definition->kind != ModuleKind::View)
+        return nullptr;
+    const Select& select = *view->definition->view;
+    const auto& from = select.cores.front().from;
+    if (select.cores.size() != 1 || from.size() != 1 || from.front()->left || from.front()->derived)
+        return nullptr;
+    const ObjectName& name = from.front()->name;
+    return catalogue.table(name.database.empty() ? view->database : name.database, name.name);
 }
 
 void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens,
@@ -282,9 +298,7 @@ void EmbeddedProvider::useDatabase(const QString& name) {
 
 QStringList EmbeddedProvider::primaryKey(const QString& table) {
     const ObjectText object = readObjectText(toStd(table), d->session.database);
-    const Table* found = d->catalogue.hasDatabase(object.database)
-                             ? d->catalogue.table(object.database, object.name)
-                             : nullptr;
+    const Table* found = d->catalogue.hasDatabase(object.database) ? d->tableBelow(object) : nullptr;
     QStringList columns;
     if (!found)
         return columns;

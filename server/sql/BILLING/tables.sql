@@ -56,15 +56,23 @@ BEGIN
 END
 GO
 
--- The last numbers of an assessment and of its lines. One row.
-IF OBJECT_ID('tbAssessmentNum') IS NULL
+-- The last numbers of an assessment and of its lines. One row. The programs know it as tbAssessmentNum, a view
+-- that locks it for the rest of the transaction; once the table itself was called so.
+IF OBJECT_ID('tbAssessmentNumRow') IS NULL
 BEGIN
-    CREATE TABLE tbAssessmentNum (
+    CREATE TABLE tbAssessmentNumRow (
         AssessmentNumID int NOT NULL,
         assessmentnum int NOT NULL,
         RequestNum int NOT NULL,
-        CONSTRAINT PK_AssessmentNum PRIMARY KEY (AssessmentNumID)
+        CONSTRAINT PK_AssessmentNumRow PRIMARY KEY (AssessmentNumID)
     )
+    IF OBJECT_ID('tbAssessmentNum', 'U') IS NOT NULL
+    BEGIN
+        INSERT INTO tbAssessmentNumRow (AssessmentNumID, assessmentnum, RequestNum)
+        SELECT AssessmentNumID, assessmentnum, RequestNum
+        FROM tbAssessmentNum
+        DROP TABLE tbAssessmentNum
+    END
 END
 GO
 

@@ -2,15 +2,23 @@
 USE NUCLEAR
 GO
 
--- The last numbers drawn. One row, SlipID 1.
-IF OBJECT_ID('tbNucSlip') IS NULL
+-- The last numbers drawn. One row, SlipID 1. The programs know it as tbNucSlip, a view
+-- that locks it for the rest of the transaction; once the table itself was called so.
+IF OBJECT_ID('tbNucSlipRow') IS NULL
 BEGIN
-    CREATE TABLE tbNucSlip (
+    CREATE TABLE tbNucSlipRow (
         SlipID int NOT NULL,
         ChargeSlip int NOT NULL,
         RequestNum int NOT NULL,
-        CONSTRAINT PK_NucSlip PRIMARY KEY (SlipID)
+        CONSTRAINT PK_NucSlipRow PRIMARY KEY (SlipID)
     )
+    IF OBJECT_ID('tbNucSlip', 'U') IS NOT NULL
+    BEGIN
+        INSERT INTO tbNucSlipRow (SlipID, ChargeSlip, RequestNum)
+        SELECT SlipID, ChargeSlip, RequestNum
+        FROM tbNucSlip
+        DROP TABLE tbNucSlip
+    END
 END
 GO
 

@@ -142,14 +142,22 @@ BEGIN
 END
 GO
 
--- The last number of a walk-in patient. One row.
-IF OBJECT_ID('tbLastWalkInNum') IS NULL
+-- The last number of a walk-in patient. One row. The programs know it as tbLastWalkInNum, a view
+-- that locks it for the rest of the transaction; once the table itself was called so.
+IF OBJECT_ID('tbLastWalkInNumRow') IS NULL
 BEGIN
-    CREATE TABLE tbLastWalkInNum (
+    CREATE TABLE tbLastWalkInNumRow (
         WalkInNumID int NOT NULL,
         lastopd varchar(20) NOT NULL DEFAULT '',
         transnum int NOT NULL DEFAULT 0,
-        CONSTRAINT PK_LastWalkInNum PRIMARY KEY (WalkInNumID)
+        CONSTRAINT PK_LastWalkInNumRow PRIMARY KEY (WalkInNumID)
     )
+    IF OBJECT_ID('tbLastWalkInNum', 'U') IS NOT NULL
+    BEGIN
+        INSERT INTO tbLastWalkInNumRow (WalkInNumID, lastopd, transnum)
+        SELECT WalkInNumID, lastopd, transnum
+        FROM tbLastWalkInNum
+        DROP TABLE tbLastWalkInNum
+    END
 END
 GO

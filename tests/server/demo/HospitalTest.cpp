@@ -202,6 +202,28 @@ TEST_F(DemoHospital, AnOlderKitIsBroughtUpToDate) {
     EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 778);
 }
 
+TEST_F(DemoHospital, NumbersOfAKitWithoutTheLockingViewsAreKept) {
+    demo::createEmptyHospital(m_file);
+    const auto provider = open();
+    for (const char* text :
+         {"USE NUCLEAR", "DROP VIEW tbNucSlip", "DROP TABLE tbNucSlipRow",
+          "CREATE TABLE tbNucSlip (SlipID int NOT NULL, ChargeSlip int NOT NULL, RequestNum int NOT NULL, "
+          "CONSTRAINT PK_NucSlip PRIMARY KEY (SlipID))",
+          "INSERT INTO tbNucSlip VALUES (1, 5001, 6002)", "USE PATIENT_DATA", "DROP VIEW tbLastWalkInNum",
+          "DROP TABLE tbLastWalkInNumRow",
+          "CREATE TABLE tbLastWalkInNum (WalkInNumID int NOT NULL, lastopd varchar(20) NOT NULL, transnum "
+          "int NOT "
+          "NULL, CONSTRAINT PK_LastWalkInNum PRIMARY KEY (WalkInNumID))",
+          "INSERT INTO tbLastWalkInNum VALUES (1, 'W1234', 1234)"})
+        provider->execute(QString::fromLatin1(text));
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
+    EXPECT_TRUE(demo::ensureKit(*provider));
+    provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_IncRequestNum"));
+    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 5001);
+    EXPECT_EQ(number(*provider, "SELECT RequestNum FROM NUCLEAR..tbNucSlip"), 6003);
+    EXPECT_EQ(number(*provider, "SELECT transnum FROM PATIENT_DATA..tbLastWalkInNum"), 1234);
+}
+
 TEST_F(DemoHospital, PatientsAreGeneratedWithStaysAndFound) {
     demo::createHospital(m_file);
     QElapsedTimer timer;

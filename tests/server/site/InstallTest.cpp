@@ -50,6 +50,7 @@ class Install : public testing::Test {
         return found;
     }
 
+    base::FixedClock clock{*base::makeDateTime({2026, 11, 21}, {8, 30})};
     QTemporaryDir folder;
     QString file = folder.filePath(QStringLiteral("site.scintra"));
     tests::LoopbackServer server{file};

@@ -163,4 +163,61 @@ TEST(KitRules, NamesAreUniqueInTheirDatabaseWhateverTheirCase) {
     }
 }
 
+TEST(KitRules, NothingThatTheOldestServerDoesNotTake) {
+    // SQL Server 2016 as it first came; CREATE OR ALTER is made CREATE or ALTER as the kit goes there
+    const QString newer = QStringLiteral(
+        "\\b(string_agg|concat_ws|translate|greatest|least|datetrunc|date_bucket|generate_series|"
+        "approx_count_distinct)\\s*\\(|(?<![lr])\\btrim\\s*\\(|is\\s+(not\\s+)?distinct\\s+from");
+    const QString exotic =
+        QStringLiteral("\\b(merge|cursor|sp_executesql|openquery|openrowset|xp_\\w+|pivot)\\b");
+    const QString oldStyle = QStringLiteral("\\braiserror\\s+[^(\\s]|\\*=|=\\*|\\bset\\s+rowcount\\b");
+    for (const KitText& file : kit()) {
+        for (const QString& rule : {newer, exotic, oldStyle})
+            EXPECT_EQ(find(file.bare, rule), QString()) << file.path.toStdString();
+    }
+    EXPECT_NE(find(QStringLiteral("RAISERROR 50001 ''"), oldStyle), QString());
+    EXPECT_NE(find(QStringLiteral("SELECT TRIM(Name)"), newer), QString());
+    EXPECT_EQ(find(QStringLiteral("SELECT LTRIM(RTRIM(Name)) RAISERROR ('', 16, 1)"), newer), QString());
+}
+
+TEST(KitRules, OtherDatabasesAreNamedWithTwoDots) {
+    QStringList databases;
+    for (const KitText& file : kit()) {
+        if (!databases.contains(file.path.section(u'/', 0, 0)))
+            databases << file.path.section(u'/', 0, 0);
+    }
+    ASSERT_EQ(databases.size(), 10);
+    // a function of one value is the exception: a server wants its owner named
+    const QString other =
+        QStringLiteral("\\b(%1)\\.(?!\\.|dbo\\.fn)\\w*").arg(databases.join(QStringLiteral("|")));
+    const QString ownerless = QStringLiteral("(?<!dbo\\.)\\bfn_?(Lab|Nuclear)\\w+\\s*\\(");
+    for (const KitText& file : kit()) {
+        EXPECT_EQ(find(file.bare, other), QString()) << file.path.toStdString();
+        if (!file.path.contains(QLatin1String("/functions/"))) {
+            EXPECT_EQ(find(file.bare, ownerless), QString()) << file.path.toStdString();
+        }
+    }
+}
+
+/// What the programs read and then advance must be locked by the reading.
+TEST(KitRules, NumbersAreReadThroughALockAlone) {
+    const QStringList numbers{"tbNucSlip", "tbAssessmentNum", "tbLastWalkInNum"};
+    QStringList views;
+    for (const KitText& file : kit()) {
+        for (const QString& name : numbers) {
+            if (file.path.endsWith(QStringLiteral("/tables.sql")) ||
+                find(file.bare, QStringLiteral("\\b%1Row\\b").arg(name)).isEmpty())
+                continue;
+            EXPECT_TRUE(file.path.endsWith(QStringLiteral("/views/%1.sql").arg(name)))
+                << file.path.toStdString();
+            EXPECT_NE(
+                find(file.bare, QStringLiteral("\\b%1Row WITH \\(UPDLOCK, HOLDLOCK\\)\\nGO\\n").arg(name)),
+                QString())
+                << file.path.toStdString();
+            views << file.path;
+        }
+    }
+    EXPECT_EQ(views.size(), 4) << "tbAssessmentNum goes by two databases";
+}
+
 } // namespace

@@ -4,5 +4,5 @@ GO
 CREATE OR ALTER VIEW tbAssessmentNum
 AS
 SELECT AssessmentNumID, assessmentnum, RequestNum
-FROM BILLING..tbAssessmentNum
+FROM BILLING..tbAssessmentNumRow WITH (UPDLOCK, HOLDLOCK)
 GO
