@@ -243,15 +243,18 @@ void OdbcProvider::commit() {
     if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, d->connection.get(), SQL_COMMIT))) {
         const base::RunTimeError error = errorOf(SQL_HANDLE_DBC, d->connection.get());
         d->afterError(error);
-        if (d->dead)
+        const bool unknown = d->dead || error.number() == errors::timeOut;
+        if (!d->dead) {
+            SQLEndTran(SQL_HANDLE_DBC, d->connection.get(), SQL_ROLLBACK);
+            d->setAutocommit(true);
+        }
+        if (unknown)
             throw base::RunTimeError(
                 error.number(),
                 error.description() +
                     QStringLiteral(" It is not known whether the server kept what was being saved: please "
                                    "look it up before saving it again."),
                 error.sqlState(), error.statement());
-        SQLEndTran(SQL_HANDLE_DBC, d->connection.get(), SQL_ROLLBACK);
-        d->setAutocommit(true);
         throw base::RunTimeError(error);
     }
     d->setAutocommit(true);

@@ -7,7 +7,7 @@
 
 namespace tests {
 
-RequestFixture::RequestFixture() = default;
+RequestFixture::RequestFixture(Way way) : LoggedOn(way) {}
 
 RequestFixture::~RequestFixture() {
     controls::SharedScreen<orders::frmRequest>::release();

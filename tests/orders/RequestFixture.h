@@ -19,7 +19,7 @@ class RequestFixture : public LoggedOn {
   public:
     static constexpr const char* admitted = "26004078";
 
-    RequestFixture();
+    explicit RequestFixture(Way way = usualWay());
     ~RequestFixture() override;
 
     /// The screen, shown and ready for keys.

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QLibrary>
 #include <QRegularExpression>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <sqlite3.h>
@@ -183,7 +184,7 @@ std::optional<FakeError> LoopbackServer::step(int connection, FakeStep what) {
     try {
         if (what == FakeStep::Connect) {
             engine::Options options;
-            options.hostName = QStringLiteral("DESK%1").arg(connection);
+            options.hostName = QSysInfo::machineHostName();
             options.programName = QStringLiteral("Visual Scintra");
             options.createIfMissing = true;
             m_sessions[connection] = engine::EmbeddedProvider::open(m_file, options);

@@ -2,7 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "server/demo/Hospital.h"
-#include "session/HospitalServer.h"
+#include "session/OdbcServer.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
 
@@ -50,11 +50,26 @@ QString demoHospital() {
     return copy;
 }
 
-LoggedOn::LoggedOn() {
+Way usualWay() {
+    return qEnvironmentVariableIsSet("SCINTRA_TEST_OVER_ODBC") ? Way::Odbc : Way::File;
+}
+
+std::shared_ptr<session::HospitalServer> LoggedOn::hospital(Way way) {
     session::setHospitalFile(file);
+    if (way == Way::File)
+        return session::fileServer(file);
+    if (way == Way::Site)
+        return session::odbcServer(qEnvironmentVariable("SCINTRA_TEST_DSN"));
+    loopback = std::make_unique<LoopbackServer>(file);
+    setDataSources(QStringLiteral("[Test]\nDriver=%1\n").arg(testDriver()));
+    return session::odbcServer(QStringLiteral("Test"));
+}
+
+LoggedOn::LoggedOn(Way way) {
+    const auto server = hospital(way);
     auto user = std::make_unique<session::clsCurrentUser>();
     user->setPasswordDeptCode(QStringLiteral("5"));
-    if (!user->logOn(file, QStringLiteral("1001"), QStringLiteral("kerova")))
+    if (user->logOnTo(server, QStringLiteral("1001"), QStringLiteral("kerova")) != session::LogOnResult::Good)
         throw std::runtime_error("1001 cannot log on");
     if (!session::wireSession(std::move(user)))
         throw std::runtime_error("a service failed");
