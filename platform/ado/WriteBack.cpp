@@ -12,6 +12,14 @@ namespace {
 
 constexpr int rowNotLocated = -2147217864;
 
+/// The name as it was read, so that the text is the same where a provider does not know the table's own; that
+/// one for a column that goes by another name.
+const QString& writtenName(const Column& column) {
+    const bool same =
+        column.baseColumn.isEmpty() || column.baseColumn.compare(column.name, Qt::CaseInsensitive) == 0;
+    return same ? column.name : column.baseColumn;
+}
+
 } // namespace
 
 void WriteBack::send() {
@@ -48,7 +56,7 @@ Statement WriteBack::statement(const QString& target, const QStringList& key) co
     QStringList conditions;
     for (qsizetype i = 0; i < qsizetype(m_recordset.m_edits.size()); ++i) {
         const Column& column = m_recordset.m_rows.columns[std::size_t(i)];
-        const QString& name = column.baseColumn.isEmpty() ? column.name : column.baseColumn;
+        const QString& name = writtenName(column);
         const bool isKey = key.contains(name, Qt::CaseInsensitive);
         if (const auto& edit = m_recordset.m_edits[std::size_t(i)]) {
             changes += bracketed(name) + QStringLiteral(" = ") + literal(*edit);
@@ -66,7 +74,7 @@ Statement WriteBack::statement(const QString& target, const QStringList& key) co
 
 QString WriteBack::condition(qsizetype column) const {
     const Column& described = m_recordset.m_rows.columns[std::size_t(column)];
-    const QString name = bracketed(described.baseColumn.isEmpty() ? described.name : described.baseColumn);
+    const QString name = bracketed(writtenName(described));
     const base::Value& last = m_recordset.m_rows.at(m_recordset.m_position, column);
     return last.isNull() ? name + QStringLiteral(" IS NULL") : name + QStringLiteral(" = ") + literal(last);
 }

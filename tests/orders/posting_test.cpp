@@ -151,17 +151,17 @@ TEST_F(Posting, AWardsRequestIsStampedInItsFiles) {
                    "sp_Nuclear_AddRequest '" + hospNum + "','" + admission + "','{r1}', '" + item + "','" +
                        amount + "','" + doctor + "','I', '{slip}','1001','7000003','','1', '','NU'",
                    "sp_checknursecommunicationfile '0','I','NU','" + item + "','" + admission + "','7000003'",
-                   "UPDATE: UPDATE STATION..tbNurseCommunicationFile SET [ReferenceNum] = '{slip}', "
+                   "UPDATE: UPDATE STATION..tbNurseCommunicationFile SET [referencenum] = '{slip}', "
                    "[RecordStatus] = 'X' WHERE "
                    "[CommunicationID] = " +
-                       communication + " AND [ReferenceNum] IS NULL AND [RecordStatus] = 'N'",
+                       communication + " AND [referencenum] IS NULL AND [RecordStatus] = 'N'",
                    "sp_checknurselogbook '0','I','" + admission + "','NU','" + item + "','7000003'",
-                   "UPDATE: UPDATE STATION..tbNurseLogBook SET [ReferenceNum] = '{slip}', [RecordStatus] = "
-                   "'X', [ProcessBy] = "
-                   "'1001', [ProcessDate] = '2026-11-21T08:30:00.000' WHERE [LogBookID] = " +
+                   "UPDATE: UPDATE STATION..tbNurseLogBook SET [referencenum] = '{slip}', [RecordStatus] = "
+                   "'X', [processby] = "
+                   "'1001', [processdate] = '2026-11-21T08:30:00.000' WHERE [LogBookID] = " +
                        logBook +
-                       " AND [ReferenceNum] IS NULL AND [RecordStatus] = 'N' AND [ProcessBy] IS NULL AND "
-                       "[ProcessDate] IS NULL",
+                       " AND [referencenum] IS NULL AND [RecordStatus] = 'N' AND [processby] IS NULL AND "
+                       "[processdate] IS NULL",
                    "sp_addbill 'I','" + admission + "','11/21/2026 08:30:00 AM','{slip}', '" + item + "','" +
                        amount + "','NU','1001','1','','', '" + hospNum + "'",
                    "COMMIT"},
