@@ -9,6 +9,7 @@ bool saveOrder(const QString& folder);
 bool findPatients(const QString& folder);
 bool statementText(const QString& folder);
 bool bindGrid(const QString& folder);
+bool odbcStatement(const QString& folder);
 bool startUp(const QString& folder);
 
 } // namespace bench

@@ -33,8 +33,8 @@ RawOrder::RawOrder(sqlite3* handle, const std::string& chargeSlip) : m_handle(ha
     m_begin = prepare("BEGIN IMMEDIATE");
     m_commit = prepare("COMMIT");
     m_numbers = prepare("SELECT ChargeSlip, RequestNum FROM \"NUCLEAR.tbNucSlipRow\"");
-    m_advance =
-        prepare("UPDATE \"NUCLEAR.tbNucSlipRow\" SET ChargeSlip = ChargeSlip + 1, RequestNum = RequestNum + ?1");
+    m_advance = prepare(
+        "UPDATE \"NUCLEAR.tbNucSlipRow\" SET ChargeSlip = ChargeSlip + 1, RequestNum = RequestNum + ?1");
     m_lowerStock = prepare("UPDATE \"INVENTORY.tbInvStock\" SET OnHand = OnHand - ?1 WHERE ItemID = ?2 "
                            "AND LocationID = '224'");
 }
