@@ -2,15 +2,20 @@
 
 #include "platform/controls/Connect.h"
 #include "platform/controls/FlexGrid.h"
+#include "platform/controls/Look.h"
 #include "platform/controls/Screen.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace lookup {
 
 namespace {
+
+/// The TOP of the patient searches.
+constexpr int mostPatients = 200;
 
 bool isEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -40,6 +45,14 @@ QString PickerKeys::hitsText(int hits, const QString& one, const QString& many) 
     if (hits == 0)
         return QStringLiteral("No %1 found.").arg(one);
     return QStringLiteral("%1 %2").arg(hits).arg(hits == 1 ? one : many);
+}
+
+void PickerKeys::showPatientHits(QLabel& line, int hits) {
+    const bool more = hits >= mostPatients;
+    line.setText(more
+                     ? QStringLiteral("Only the first %1 are shown: type more of the name.").arg(mostPatients)
+                     : hitsText(hits, QStringLiteral("patient"), QStringLiteral("patients")));
+    controls::look::setKind(&line, more ? QStringLiteral("warn") : QStringLiteral("help"));
 }
 
 void PickerKeys::backToSearch() {

@@ -3,6 +3,7 @@
 #include <QObject>
 
 class QKeyEvent;
+class QLabel;
 class QLineEdit;
 
 namespace controls {
@@ -26,6 +27,8 @@ class PickerKeys : public QObject {
     int hits() const { return m_hits; }
     /// "No patient found.", "1 patient", "57 patients".
     static QString hitsText(int hits, const QString& one, const QString& many);
+    /// Says how many patients were found, or that the list ends before they do.
+    static void showPatientHits(QLabel& line, int hits);
     /// The focus to the search box, with all of its text selected.
     void backToSearch();
 

@@ -1,6 +1,8 @@
 #include "tests/lookup/LookupFixture.h"
 
 #include "lookup/frmListPatient.h"
+#include "lookup/frmPatientList.h"
+#include "lookup/frmRegisteredOPD.h"
 #include "lookup/frmSearch.h"
 #include "session/Session.h"
 
@@ -19,6 +21,8 @@ LookupFixture::LookupFixture() {
 LookupFixture::~LookupFixture() {
     controls::SharedScreen<lookup::frmSearch>::release();
     controls::SharedScreen<lookup::frmListPatient>::release();
+    controls::SharedScreen<lookup::frmPatientList>::release();
+    controls::SharedScreen<lookup::frmRegisteredOPD>::release();
     session::gConnection = nullptr;
     session::gHospitalName.clear();
 }

@@ -1,0 +1,31 @@
+#include "lookup/frmPatientList.h"
+
+namespace lookup {
+
+namespace {
+
+constexpr PatientPickerVariant variant = {.screen = "frmPatientList",
+                                          .title = "Patient List",
+                                          .subtitle = "Choose one patient of the list",
+                                          .canAddPatient = true,
+                                          .emptyText = "No patient answers to this text."};
+
+} // namespace
+
+AddWalkIn& addWalkIn() {
+    static AddWalkIn opener;
+    return opener;
+}
+
+frmPatientList::frmPatientList(QWidget* parent) : PatientPicker(variant, parent) {}
+
+ado::Statement frmPatientList::patientQuery(const QString& current, const QString& searchBy,
+                                            const QString& text) const {
+    return PatientQuery.with({{"#1", current}, {"#2", searchBy}, {"#3", text}});
+}
+
+bool frmPatientList::addPatient() {
+    return addWalkIn() && addWalkIn()();
+}
+
+} // namespace lookup
