@@ -56,7 +56,6 @@ void PatientPicker::Form_Load() {
     m_ui->chkCurrent->setChecked(CurrentCaption.size() < 1);
     if (m_ui->cmdAddWalkIn)
         m_ui->cmdAddWalkIn->setVisible(EnableAddPatient);
-    m_ui->grdTable->setRowSelect(true);
     m_ui->grdTable->setFormatString(gridFormat);
     setWidths();
     runQuery();

@@ -30,6 +30,7 @@ bool isTyping(const QKeyEvent& event) {
 } // namespace
 
 PickerKeys::PickerKeys(QLineEdit& search, controls::FlexGrid& grid) : m_search(search), m_grid(grid) {
+    m_grid.setRowSelect(true);
     m_search.installEventFilter(this);
     controls::on(&m_search, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchEntered(); });
     controls::on(&m_grid, &controls::FlexGrid::KeyDown, this, [this](QKeyEvent* event) { gridKey(*event); });

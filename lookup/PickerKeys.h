@@ -14,7 +14,7 @@ namespace lookup {
 
 /// The keys that all pickers share. Down in the search box goes to the first row, Up on the first row goes
 /// back, and what is typed in the grid lands in the search box in place of its text. An Enter key that
-/// repeats itself while it is held down counts once.
+/// repeats itself while it is held down counts once. The grid shows its current row, not a cell.
 class PickerKeys : public QObject {
     Q_OBJECT
 
