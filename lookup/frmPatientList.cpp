@@ -1,5 +1,7 @@
 #include "lookup/frmPatientList.h"
 
+#include "lookup/frmAddWalkIn.h"
+
 namespace lookup {
 
 namespace {
@@ -12,11 +14,6 @@ constexpr PatientPickerVariant variant = {.screen = "frmPatientList",
 
 } // namespace
 
-AddWalkIn& addWalkIn() {
-    static AddWalkIn opener;
-    return opener;
-}
-
 frmPatientList::frmPatientList(QWidget* parent) : PatientPicker(variant, parent) {}
 
 ado::Statement frmPatientList::patientQuery(const QString& current, const QString& searchBy,
@@ -25,7 +22,9 @@ ado::Statement frmPatientList::patientQuery(const QString& current, const QStrin
 }
 
 bool frmPatientList::addPatient() {
-    return addWalkIn() && addWalkIn()();
+    frmAddWalkIn& entry = controls::SharedScreen<frmAddWalkIn>::fresh();
+    entry.ShowModal();
+    return entry.NewEntry;
 }
 
 } // namespace lookup

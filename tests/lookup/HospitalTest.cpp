@@ -167,6 +167,28 @@ TEST_F(Hospital, AWalkInIsPickedFromTheList) {
     EXPECT_FALSE(search.ValidatePatient(QStringLiteral("NOBODY"), true));
 }
 
+TEST_F(Hospital, AWalkInIsAddedFromTheListAndPicked) {
+    lookup::clsCashPatientSearch search;
+    bool found = false;
+    recorder->texts.clear();
+    tests::runModal([&] { found = search.ValidatePatient(QString(), true); },
+                    {[](QWidget& list) {
+                         tests::keys(child<QLineEdit>(list, "txtSearch"), QStringLiteral("zzyzx<Alt+A>"));
+                         tests::keysToFocus(list, QStringLiteral("<Down><Enter>"));
+                     },
+                     [](QWidget& entry) {
+                         tests::keys(child<QLineEdit>(entry, "txtLastName"),
+                                     QStringLiteral("zzyzx<Enter>ana<Enter>r<Enter>01012000<Enter><Alt+S>"));
+                     }});
+    EXPECT_TRUE(found);
+    EXPECT_EQ(search.LastName(), QStringLiteral("ZZYZX"));
+    EXPECT_EQ(search.Age(), QStringLiteral("26"));
+    const QStringList texts = takeTexts();
+    EXPECT_EQ(texts.first(), QStringLiteral("spGlobal_CashPatient '0', ''"));
+    EXPECT_EQ(texts.count(QStringLiteral("spGlobal_CashPatient '0','ZZYZX'")), 1) << "only once it is added";
+    EXPECT_EQ(texts.last(), QStringLiteral("spGlobal_CashPatient '1', '%1'").arg(search.HospitalNumber()));
+}
+
 TEST_F(Hospital, AnOutPatientIsFoundByNumber) {
     const QString idNumber =
         one(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS "

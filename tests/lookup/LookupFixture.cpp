@@ -1,5 +1,6 @@
 #include "tests/lookup/LookupFixture.h"
 
+#include "lookup/frmAddWalkIn.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmPatientList.h"
 #include "lookup/frmRegisteredOPD.h"
@@ -20,6 +21,7 @@ LookupFixture::LookupFixture() {
 
 LookupFixture::~LookupFixture() {
     controls::SharedScreen<lookup::frmSearch>::release();
+    controls::SharedScreen<lookup::frmAddWalkIn>::release();
     controls::SharedScreen<lookup::frmListPatient>::release();
     controls::SharedScreen<lookup::frmPatientList>::release();
     controls::SharedScreen<lookup::frmRegisteredOPD>::release();
