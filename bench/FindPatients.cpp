@@ -37,8 +37,7 @@ QString fileWithWalkIns(const QString& folder) {
                      "INSERT INTO \"PATIENT_DATA.tbCashPatient\" (hospnum, LastName, FirstName, MiddleName, "
                      "BirthDate, Age, Sex, Civilstatusid, HouseStreet, Barangay, ZipCode) SELECT 'W9' || "
                      "HospNum, LastName, FirstName, MiddleName, BirthDate, '30', Sex, CivilStatus, "
-                     "HouseStreet, Barangay, ZipCode FROM \"PATIENT_DATA.tbMaster\" ORDER BY LastName, "
-                     "FirstName")
+                     "HouseStreet, Barangay, ZipCode FROM \"PATIENT_DATA.tbMaster\"")
             .run();
     }
     if (!QFile::rename(part, ready))

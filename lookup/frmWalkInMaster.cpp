@@ -92,8 +92,9 @@ void frmWalkInMaster::Form_Load() {
     m_ui->bandHeader->setSubtitle(session::gHospitalName);
     m_ui->grdWalkIn->setFormatString(gridFormat);
     m_ui->grdWalkIn->setColWidths(
-        {200, 1000, 1600, 1700, 1500, 1350, 1200, 600, 1150, 600, 2200, 1500, 1600, 1500});
+        {100, 1150, 1550, 1650, 1450, 1450, 1250, 600, 1150, 600, 2200, 1450, 1600, 1750});
     m_ui->grdWalkIn->setRowSelect(true);
+    m_ui->grdWalkIn->setEmptyText(QStringLiteral("Enter lists the patients whose last name begins so."));
     m_ui->lblHits->clear();
     m_ui->cmdEdit->setEnabled(false);
     cmdCancel_Click();
@@ -144,8 +145,10 @@ void frmWalkInMaster::LoadPatients() {
 void frmWalkInMaster::cmdAdd_Click() {
     auto& screen = controls::SharedScreen<frmAddWalkIn>::fresh();
     screen.ShowModal();
-    if (screen.NewEntry)
+    if (screen.NewEntry) {
+        controls::look::setKind(m_ui->lblHits, QStringLiteral("ok"));
         m_ui->lblHits->setText(QStringLiteral("The patient was added as %1.").arg(screen.IdNum));
+    }
     m_keys->backToSearch();
 }
 

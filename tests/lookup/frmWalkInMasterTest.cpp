@@ -234,6 +234,45 @@ TEST_F(WalkInMaster, APatientWhoHasGoneMeanwhileIsToldAndNothingIsLost) {
     EXPECT_EQ(text(screen, "txtLastName"), "REAL");
 }
 
+TEST_F(WalkInMaster, AFailedSaveChangesNothing) {
+    const std::string before = patient("W8001");
+    edit("AQUINO");
+    type("REAL");
+    for (int failing = 1; failing <= 2; ++failing) {
+        const tests::FaultInjector fault(*session::gConnection, failing);
+        type("<Alt+S>");
+        EXPECT_EQ(errors.take().number(), 50000);
+        EXPECT_EQ(patient("W8001"), before);
+        EXPECT_EQ(text(screen, "txtLastName"), "REAL");
+    }
+}
+
+/// Another workstation that changes the patient between the read and the write of a save.
+class Meddler : public ado::Observer {
+  public:
+    explicit Meddler(QString file) : m_file(std::move(file)) { session::gConnection->addObserver(this); }
+    ~Meddler() override { session::gConnection->removeObserver(this); }
+    void beforeStatement(const QString&, ado::StatementKind kind) override {
+        if (kind == ado::StatementKind::WriteBack)
+            session::fileServer(m_file)
+                ->open(QStringLiteral("other"))
+                ->execute(QStringLiteral(
+                    "UPDATE PATIENT_DATA..tbCashPatient SET Age = '99' WHERE hospnum = 'W8001'"));
+    }
+
+  private:
+    QString m_file;
+};
+
+TEST_F(WalkInMaster, AChangeByAnotherWorkstationIsNotOverwrittenUnseen) {
+    edit("AQUINO");
+    type("REAL");
+    const Meddler meddler(file);
+    type("<Alt+S>");
+    EXPECT_EQ(errors.take().number(), -2147217864);
+    EXPECT_EQ(patient("W8001"), "AQUINO|BEA|SORIANO|2/29/1996|99|F|2|2 LUNA ST|CENTRO|1100");
+}
+
 TEST_F(WalkInMaster, CancelAndEscapeLeaveTheEditAndWriteNothing) {
     for (const char* leave : {"<Alt+N>", "<Esc>"}) {
         edit("AQUINO");
