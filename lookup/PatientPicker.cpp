@@ -78,11 +78,8 @@ void PatientPicker::txtSearch_Return() {
 void PatientPicker::cmdSelect_Click() {
     if (m_keys->hits() == 0)
         return;
-    const controls::FlexGrid& grid = *m_ui->grdTable;
-    ResultCode = grid.TextMatrix(grid.Row(), code);
-    PatientRecord.clear();
-    for (int column = 0; column < grid.Cols(); ++column)
-        PatientRecord += grid.TextMatrix(grid.Row(), column);
+    PatientRecord = m_keys->currentCells();
+    ResultCode = PatientRecord.at(code);
     Valid = true;
     Unload();
 }

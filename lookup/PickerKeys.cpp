@@ -56,6 +56,13 @@ void PickerKeys::showPatientHits(QLabel& line, int hits) {
     controls::look::setKind(&line, more ? QStringLiteral("warn") : QStringLiteral("help"));
 }
 
+QStringList PickerKeys::currentCells() const {
+    QStringList cells;
+    for (int column = 0; column < m_grid.Cols(); ++column)
+        cells += m_grid.TextMatrix(m_grid.Row(), column);
+    return cells;
+}
+
 void PickerKeys::backToSearch() {
     m_search.setFocus();
     controls::SelectAllText(&m_search);

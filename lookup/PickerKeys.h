@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 
 class QKeyEvent;
 class QLabel;
@@ -29,6 +30,8 @@ class PickerKeys : public QObject {
     static QString hitsText(int hits, const QString& one, const QString& many);
     /// Says how many patients were found, or that the list ends before they do.
     static void showPatientHits(QLabel& line, int hits);
+    /// The cells of the grid's current row, the empty leading one included.
+    QStringList currentCells() const;
     /// The focus to the search box, with all of its text selected.
     void backToSearch();
 

@@ -131,9 +131,7 @@ void frmListPatient::openRequest(int row) {
     }
     ResultCode = idNumber;
     Valid = true;
-    PatientRecord.clear();
-    for (int column = 0; column < m_ui->grdTable->Cols(); ++column)
-        PatientRecord += m_ui->grdTable->TextMatrix(row, column);
+    PatientRecord = m_keys->currentCells();
 
     session::RequestEntry entry;
     entry.PatIdNum = idNumber;
