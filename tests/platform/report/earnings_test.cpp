@@ -41,10 +41,17 @@ TEST_F(Totals, ARevokedResultIsNobodysUntilItIsReadAgain) {
 
 TEST_F(Totals, TheCommisionIsTheDoctorsShareOfTheFeesCharged) {
     const auto share = shares();
+    const QString inPeriod =
+        "TransDate >= '2026-11-09' AND TransDate < '2026-11-21' AND RevenueID IN ('MD', 'FN')";
+    auto fees = table(
+        "SELECT ItemID, RevenueID, Amount FROM BILLING..tbDailyBill WHERE RefNum LIKE 'C%J' AND " + inPeriod);
+    const auto cash = table(
+        "SELECT ItemID, RevenueID, Amount FROM BILLING..tbCashAssessment WHERE RecordStatus = '1' AND " +
+        inPeriod);
+    EXPECT_EQ(cash.size(), 1U);
+    fees.insert(fees.end(), cash.begin(), cash.end());
     Sum charged, owed;
-    for (const QStringList& c : table(
-             "SELECT ItemID, RevenueID, Amount FROM BILLING..tbDailyBill WHERE RevenueID IN ('MD', 'FN') AND "
-             "RefNum LIKE 'C%J' AND TransDate >= '2026-11-09' AND TransDate < '2026-11-21'")) {
+    for (const QStringList& c : fees) {
         const auto percentage = share.find(c[0] + '/' + c[1]);
         charged.add(centsOf(c[2]));
         owed.add(percentage == share.end() ? 0 : qRound64(double(centsOf(c[2])) * percentage->second / 100));
