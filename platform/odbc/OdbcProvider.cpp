@@ -59,7 +59,7 @@ class OdbcProvider::Private {
     Private(const QString& text, const Options& options);
     ~Private();
 
-    void run(const QString& text, const std::function<void(ResultReader&, std::vector<ado::Column>&&)>& rows,
+    void run(const QString& text, const std::function<bool(ResultReader&, std::vector<ado::Column>&&)>& rows,
              qint64& affected);
     ado::Result fetch(const QString& text);
     void requireLine() const {
@@ -111,9 +111,10 @@ OdbcProvider::Private::~Private() {
     SQLDisconnect(connection.get());
 }
 
-/// Runs the text and gives each result that has columns to `rows`, to the last result of the batch.
+/// Runs the text and gives each result that has columns to `rows`, to the last result of the batch, or until
+/// `rows` says false.
 void OdbcProvider::Private::run(const QString& text,
-                                const std::function<void(ResultReader&, std::vector<ado::Column>&&)>& rows,
+                                const std::function<bool(ResultReader&, std::vector<ado::Column>&&)>& rows,
                                 qint64& affected) {
     struct Finish {
         ResultReader& reader;
@@ -131,7 +132,8 @@ void OdbcProvider::Private::run(const QString& text,
             throw errorOf(SQL_HANDLE_STMT, statement.get(), text);
         std::vector<ado::Column> columns = reader->columns();
         if (!columns.empty()) {
-            rows(*reader, std::move(columns));
+            if (!rows(*reader, std::move(columns)))
+                return;
             reader->unbind();
             continue;
         }
@@ -150,6 +152,7 @@ ado::Result OdbcProvider::Private::fetch(const QString& text) {
             result.rows.values.clear();
             while (rows.next(result.rows.values)) {
             }
+            return true;
         },
         result.affected);
     return result;
