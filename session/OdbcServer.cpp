@@ -87,6 +87,7 @@ std::unique_ptr<ado::Provider> OdbcServer::open(const QString&) {
     if (!login.user.isEmpty())
         text.add("UID", login.user).add("PWD", login.password);
     text.add("APP", QStringLiteral("Visual Scintra")).add("WSID", QSysInfo::machineHostName());
+    text.add("Language", QStringLiteral("us_english")); // dates go as mm/dd/yyyy
     m_refusedUser.clear();
     try {
         auto provider = odbc::OdbcProvider::open(text.text());

@@ -53,6 +53,7 @@ std::unique_ptr<ado::Provider> openDataSource(const Arguments& arguments) {
         text.add("UID", arguments.login).add("PWD", readLine());
     }
     text.add("APP", QStringLiteral("scintra-server")).add("WSID", QSysInfo::machineHostName());
+    text.add("Language", QStringLiteral("us_english"));
     odbc::Options options;
     options.statementSeconds = 600; // a database takes its time to be made
     return odbc::OdbcProvider::open(text.text(), options);

@@ -4,20 +4,12 @@
 #include "platform/ado/TransactionErrors.h"
 #include "platform/base/Conversion.h"
 #include "platform/odbc/Diagnostics.h"
-#include "platform/odbc/Handle.h"
-#include "platform/odbc/ResultReader.h"
+#include "platform/odbc/Session.h"
 
 #include <QHash>
 
-#include <cstdint>
-#include <functional>
-
 namespace odbc {
 namespace {
-
-SQLPOINTER attribute(int value) {
-    return reinterpret_cast<SQLPOINTER>(std::uintptr_t(value));
-}
 
 /// A name without its brackets.
 QString bare(QString name) {
@@ -52,155 +44,99 @@ base::RunTimeError lineLost() {
                               QStringLiteral("08003"), {});
 }
 
+base::RunTimeError outcomeUnknown(const base::RunTimeError& error) {
+    return base::RunTimeError(
+        error.number(),
+        error.description() + QStringLiteral(" It is not known whether the server kept what was being saved: "
+                                             "please look it up before saving it again."),
+        error.sqlState(), error.statement());
+}
+
 } // namespace
 
 class OdbcProvider::Private {
   public:
-    Private(const QString& text, const Options& options);
-    ~Private();
+    Private(const QString& connection, const Options& options) : session(connection, options) {}
 
-    void run(const QString& text, const std::function<bool(ResultReader&, std::vector<ado::Column>&&)>& rows,
-             qint64& affected);
-    ado::Result fetch(const QString& text);
-    void requireLine() const {
+    /// Runs `call`; an error in it tells what became of the line and of the transaction.
+    template <typename Call>
+    auto watched(Call call) {
         if (dead)
             throw lineLost();
+        try {
+            return call();
+        } catch (const base::RunTimeError& error) {
+            afterError(error);
+            throw;
+        }
     }
-    void afterError(const base::RunTimeError& error);
-    bool lineIsDead();
-    bool transactionIsGone();
-    void setAutocommit(bool on);
-    QString info(SQLUSMALLINT what) const;
+    template <typename Call>
+    auto watchedText(const QString& text, Call call) {
+        try {
+            if (rolledBackByServer)
+                throw rolledBack();
+            return watched(call);
+        } catch (const base::RunTimeError& error) {
+            throw error.withStatement(text);
+        }
+    }
 
-    Handle environment = makeEnvironment();
-    Handle connection;
-    Handle statement;
-    std::unique_ptr<ResultReader> reader;
-    WideText wide;
+    /// Leaves no transaction behind; a line on which that fails is of no use any more.
+    void endByRollback() {
+        try {
+            if (!dead) { // else the server rolls back as the line goes
+                rollBackWhatIsThere();
+                session.setAutocommit(true);
+            }
+        } catch (const base::RunTimeError&) {
+            dead = true;
+        }
+        rolledBackByServer = false;
+    }
+
+    Session session;
     QHash<QString, QStringList> keys;
-    bool isSqlServer = false;
-    bool connected = false;
     bool inTransaction = false;
     bool rolledBackByServer = false;
     bool dead = false;
+
+  private:
+    void rollBackWhatIsThere();
+    void afterError(const base::RunTimeError& error);
+    bool transactionIsGone();
 };
 
-OdbcProvider::Private::Private(const QString& text, const Options& options)
-    : connection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, environment.get()) {
-    // a driver without such a time-out says so with an error, which changes nothing
-    SQLSetConnectAttrW(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(options.connectSeconds), 0);
-    wide.assign(text);
-    SQLSMALLINT length = 0;
-    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection.get(), nullptr, wide.data(), SQLSMALLINT(wide.size()),
-                                         nullptr, 0, &length, SQL_DRIVER_NOPROMPT)))
-        throw errorOf(SQL_HANDLE_DBC, connection.get());
-    connected = true;
-    isSqlServer = info(SQL_DBMS_NAME).contains(QLatin1StringView("SQL Server"), Qt::CaseInsensitive);
-    statement = Handle(SQL_HANDLE_STMT, SQL_HANDLE_DBC, connection.get());
-    SQLSetStmtAttrW(statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(options.statementSeconds), 0);
-    reader = std::make_unique<ResultReader>(statement.get());
-}
-
-OdbcProvider::Private::~Private() {
-    reader.reset();
-    statement.reset();
-    if (!connected)
-        return;
-    if (inTransaction)
-        SQLEndTran(SQL_HANDLE_DBC, connection.get(), SQL_ROLLBACK);
-    SQLDisconnect(connection.get());
-}
-
-/// Runs the text and gives each result that has columns to `rows`, to the last result of the batch, or until
-/// `rows` says false.
-void OdbcProvider::Private::run(const QString& text,
-                                const std::function<bool(ResultReader&, std::vector<ado::Column>&&)>& rows,
-                                qint64& affected) {
-    struct Finish {
-        ResultReader& reader;
-        ~Finish() { reader.finish(); }
-    };
-    wide.assign(text);
-    const Finish finish{*reader};
-    SQLRETURN code = SQLExecDirectW(statement.get(), wide.data(), wide.size());
-    if (code == SQL_NO_DATA) { // an UPDATE or DELETE that found no row
-        affected = 0;
-        code = SQLMoreResults(statement.get());
+/// Some drivers insist on a transaction to roll back, where the server has done so already.
+void OdbcProvider::Private::rollBackWhatIsThere() {
+    try {
+        session.endTransaction(SQL_ROLLBACK);
+    } catch (const base::RunTimeError&) {
+        if (!rolledBackByServer || !session.isSqlServer())
+            throw;
+        session.fetch(QStringLiteral("IF @@TRANCOUNT = 0 BEGIN TRANSACTION"));
+        session.endTransaction(SQL_ROLLBACK);
     }
-    for (; code != SQL_NO_DATA; code = SQLMoreResults(statement.get())) {
-        if (!SQL_SUCCEEDED(code))
-            throw errorOf(SQL_HANDLE_STMT, statement.get(), text);
-        std::vector<ado::Column> columns = reader->columns();
-        if (!columns.empty()) {
-            if (!rows(*reader, std::move(columns)))
-                return;
-            reader->unbind();
-            continue;
-        }
-        SQLLEN count = -1;
-        if (SQL_SUCCEEDED(SQLRowCount(statement.get(), &count)) && count >= 0)
-            affected = count;
-    }
-}
-
-ado::Result OdbcProvider::Private::fetch(const QString& text) {
-    ado::Result result;
-    run(
-        text,
-        [&result](ResultReader& rows, std::vector<ado::Column>&& columns) {
-            result.rows.columns = std::move(columns);
-            result.rows.values.clear();
-            while (rows.next(result.rows.values)) {
-            }
-            return true;
-        },
-        result.affected);
-    return result;
 }
 
 /// Whether the transaction outlived the error. A server that has rolled it back would run the texts that
 /// follow each for itself, and a save would be kept by half.
 void OdbcProvider::Private::afterError(const base::RunTimeError& error) {
-    dead = dead || isConnectionError(error) || lineIsDead();
+    dead = dead || isConnectionError(error) || session.lineIsDead();
     if (inTransaction && !rolledBackByServer)
         rolledBackByServer = dead || transactionIsGone();
 }
 
-bool OdbcProvider::Private::lineIsDead() {
-    SQLUINTEGER state = SQL_CD_FALSE;
-    return SQL_SUCCEEDED(SQLGetConnectAttrW(connection.get(), SQL_ATTR_CONNECTION_DEAD, &state,
-                                            SQL_IS_UINTEGER, nullptr)) &&
-           state == SQL_CD_TRUE;
-}
-
 bool OdbcProvider::Private::transactionIsGone() {
-    if (!isSqlServer)
+    if (!session.isSqlServer())
         return false;
     try {
-        const ado::Result open = fetch(QStringLiteral("SELECT @@TRANCOUNT"));
+        const ado::Result open = session.fetch(QStringLiteral("SELECT @@TRANCOUNT"));
         const qint64* count = open.rows.count() == 1 ? open.rows.at(0, 0).asInteger() : nullptr;
         return count && *count == 0;
     } catch (const base::RunTimeError&) {
         dead = true;
         return true;
     }
-}
-
-void OdbcProvider::Private::setAutocommit(bool on) {
-    if (!SQL_SUCCEEDED(SQLSetConnectAttrW(connection.get(), SQL_ATTR_AUTOCOMMIT,
-                                          attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
-                                          SQL_IS_UINTEGER)))
-        throw errorOf(SQL_HANDLE_DBC, connection.get());
-}
-
-QString OdbcProvider::Private::info(SQLUSMALLINT what) const {
-    std::vector<SQLWCHAR> text(256);
-    SQLSMALLINT bytes = 0;
-    if (!SQL_SUCCEEDED(SQLGetInfoW(connection.get(), what, text.data(),
-                                   SQLSMALLINT(text.size() * sizeof(SQLWCHAR)), &bytes)))
-        return {};
-    const auto units = std::size_t(bytes) / sizeof(SQLWCHAR);
-    return fromWide(text.data(), qsizetype(std::min(units, text.size() - 1)));
 }
 
 std::unique_ptr<OdbcProvider> OdbcProvider::open(const QString& connection, const Options& options) {
@@ -211,27 +147,13 @@ OdbcProvider::OdbcProvider(std::unique_ptr<Private> self) : d(std::move(self)) {
 OdbcProvider::~OdbcProvider() = default;
 
 ado::Result OdbcProvider::execute(const QString& text) {
-    if (d->rolledBackByServer)
-        throw rolledBack().withStatement(text);
-    d->requireLine();
-    try {
-        return d->fetch(text);
-    } catch (const base::RunTimeError& error) {
-        d->afterError(error);
-        throw error.withStatement(text);
-    }
+    return d->watchedText(text, [&] { return d->session.fetch(text); });
 }
 
 void OdbcProvider::begin() {
-    d->requireLine();
     if (d->inTransaction)
         throw ado::transactionIsOpen();
-    try {
-        d->setAutocommit(false);
-    } catch (const base::RunTimeError& error) {
-        d->afterError(error);
-        throw;
-    }
+    d->watched([&] { d->session.setAutocommit(false); });
     d->inTransaction = true;
 }
 
@@ -243,41 +165,21 @@ void OdbcProvider::commit() {
         throw rolledBack();
     }
     d->inTransaction = false;
-    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, d->connection.get(), SQL_COMMIT))) {
-        const base::RunTimeError error = errorOf(SQL_HANDLE_DBC, d->connection.get());
-        d->afterError(error);
+    try {
+        d->watched([&] { d->session.endTransaction(SQL_COMMIT); });
+    } catch (const base::RunTimeError& error) {
         const bool unknown = d->dead || error.number() == errors::timeOut;
-        if (!d->dead) {
-            SQLEndTran(SQL_HANDLE_DBC, d->connection.get(), SQL_ROLLBACK);
-            d->setAutocommit(true);
-        }
-        if (unknown)
-            throw base::RunTimeError(
-                error.number(),
-                error.description() +
-                    QStringLiteral(" It is not known whether the server kept what was being saved: please "
-                                   "look it up before saving it again."),
-                error.sqlState(), error.statement());
-        throw base::RunTimeError(error);
+        d->endByRollback();
+        throw unknown ? outcomeUnknown(error) : error;
     }
-    d->setAutocommit(true);
+    d->watched([&] { d->session.setAutocommit(true); });
 }
 
 void OdbcProvider::rollback() {
     if (!d->inTransaction)
         throw ado::nothingToRollBack();
-    const bool gone = d->rolledBackByServer;
     d->inTransaction = false;
-    d->rolledBackByServer = false;
-    if (d->dead)
-        return; // the server rolls back as the line goes
-    const bool done = SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, d->connection.get(), SQL_ROLLBACK));
-    if (!done && !gone) {
-        const base::RunTimeError error = errorOf(SQL_HANDLE_DBC, d->connection.get());
-        d->afterError(error);
-        throw base::RunTimeError(error);
-    }
-    d->setAutocommit(true);
+    d->endByRollback();
 }
 
 bool OdbcProvider::inTransaction() const {
@@ -305,15 +207,15 @@ QStringList OdbcProvider::primaryKey(const QString& table) {
 }
 
 QString OdbcProvider::product() const {
-    return d->info(SQL_DBMS_NAME);
+    return d->session.info(SQL_DBMS_NAME);
 }
 
 QString OdbcProvider::serverName() const {
-    return d->info(SQL_SERVER_NAME);
+    return d->session.info(SQL_SERVER_NAME);
 }
 
 QString OdbcProvider::version() const {
-    return d->info(SQL_DBMS_VER);
+    return d->session.info(SQL_DBMS_VER);
 }
 
 } // namespace odbc

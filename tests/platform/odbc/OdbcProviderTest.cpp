@@ -268,6 +268,24 @@ TEST_F(OdbcProviderTest, ATransactionThatTheServerRolledBackIsToldByEveryCallUnt
     EXPECT_EQ(fakeDriver().steps, (QStringList{"1 connect", "1 begin", "1 rollback", "1 begin", "1 commit"}));
 }
 
+TEST_F(OdbcProviderTest, ADriverThatWantsATransactionToRollBackGetsOne) {
+    answers = {failing(1205, "40001", "[x]deadlocked"), {}};
+    int refused = 0;
+    fakeDriver().step = [&](int, FakeStep what) -> std::optional<FakeError> {
+        if (what != FakeStep::Rollback || refused++ > 0)
+            return std::nullopt;
+        return FakeError{3903, QStringLiteral("25000"), QStringLiteral("[x]no corresponding BEGIN"), false};
+    };
+    open();
+    provider->begin();
+    trancount = 0;
+    EXPECT_EQ(raised([&] { execute("first"); }).number(), 1205);
+    EXPECT_NO_THROW(provider->rollback());
+    EXPECT_EQ(fakeDriver().texts.last(), QStringLiteral("IF @@TRANCOUNT = 0 BEGIN TRANSACTION"));
+    EXPECT_EQ(fakeDriver().steps, (QStringList{"1 connect", "1 begin", "1 rollback", "1 rollback"}));
+    EXPECT_NO_THROW(execute("next"));
+}
+
 TEST_F(OdbcProviderTest, AnErrorThatLeavesTheTransactionOpenLeavesItOpen) {
     answers = {failing(2627, "23000", "[x]duplicate"), {}};
     open();

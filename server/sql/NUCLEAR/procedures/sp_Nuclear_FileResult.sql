@@ -15,7 +15,7 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_FileResult
     @ResultDate datetime
 AS
 SET NOCOUNT ON
-IF EXISTS (SELECT 1 FROM tbNucLogBook
+IF EXISTS (SELECT 1 FROM tbNucLogBook WITH (UPDLOCK, HOLDLOCK)
         WHERE CaseNumber = @CaseNumber AND Status <> 'R' AND RequestNum <> @RequestNum)
     THROW 50001, 'The Case Number you entered is already used.', 1;
 UPDATE tbNucLogBook

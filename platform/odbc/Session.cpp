@@ -1,0 +1,116 @@
+#include "platform/odbc/Session.h"
+
+#include "platform/odbc/Diagnostics.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace odbc {
+namespace {
+
+SQLPOINTER attribute(int value) {
+    return reinterpret_cast<SQLPOINTER>(std::uintptr_t(value));
+}
+
+} // namespace
+
+Session::Session(const QString& text, const Options& options)
+    : m_connection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, m_environment.get()) {
+    // a driver without such a time-out says so with an error, which changes nothing
+    SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(options.connectSeconds), 0);
+    m_text.assign(text);
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(SQLDriverConnectW(m_connection.get(), nullptr, m_text.data(),
+                                         SQLSMALLINT(m_text.size()), nullptr, 0, &length,
+                                         SQL_DRIVER_NOPROMPT)))
+        throw errorOf(SQL_HANDLE_DBC, m_connection.get());
+    m_connected = true;
+    m_isSqlServer = info(SQL_DBMS_NAME).contains(QLatin1StringView("SQL Server"), Qt::CaseInsensitive);
+    m_statement = Handle(SQL_HANDLE_STMT, SQL_HANDLE_DBC, m_connection.get());
+    SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(options.statementSeconds), 0);
+    m_reader = std::make_unique<ResultReader>(m_statement.get());
+}
+
+Session::~Session() {
+    m_reader.reset();
+    m_statement.reset();
+    if (!m_connected)
+        return;
+    if (!m_autocommit)
+        SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), SQL_ROLLBACK);
+    SQLDisconnect(m_connection.get());
+}
+
+qint64 Session::run(const QString& text, const TakeResult& take) {
+    struct Finish {
+        ResultReader& reader;
+        ~Finish() { reader.finish(); }
+    };
+    m_text.assign(text);
+    const Finish finish{*m_reader};
+    qint64 affected = -1;
+    SQLRETURN code = SQLExecDirectW(m_statement.get(), m_text.data(), m_text.size());
+    if (code == SQL_NO_DATA) { // an UPDATE or DELETE that found no row
+        affected = 0;
+        code = SQLMoreResults(m_statement.get());
+    }
+    for (; code != SQL_NO_DATA; code = SQLMoreResults(m_statement.get())) {
+        if (!SQL_SUCCEEDED(code))
+            throw errorOf(SQL_HANDLE_STMT, m_statement.get(), text);
+        std::vector<ado::Column> columns = m_reader->columns();
+        if (!columns.empty()) {
+            if (!take(*m_reader, std::move(columns)))
+                return affected;
+            m_reader->unbind();
+            continue;
+        }
+        SQLLEN count = -1;
+        if (SQL_SUCCEEDED(SQLRowCount(m_statement.get(), &count)) && count >= 0)
+            affected = count;
+    }
+    return affected;
+}
+
+ado::Result Session::fetch(const QString& text) {
+    ado::Result result;
+    result.affected = run(text, [&result](ResultReader& rows, std::vector<ado::Column>&& columns) {
+        result.rows.columns = std::move(columns);
+        result.rows.values.clear();
+        while (rows.next(result.rows.values)) {
+        }
+        return true;
+    });
+    return result;
+}
+
+void Session::setAutocommit(bool on) {
+    if (!SQL_SUCCEEDED(SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_AUTOCOMMIT,
+                                          attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
+                                          SQL_IS_UINTEGER)))
+        throw errorOf(SQL_HANDLE_DBC, m_connection.get());
+    m_autocommit = on;
+}
+
+void Session::endTransaction(SQLSMALLINT how) {
+    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), how)))
+        throw errorOf(SQL_HANDLE_DBC, m_connection.get());
+}
+
+bool Session::lineIsDead() const {
+    SQLUINTEGER state = SQL_CD_FALSE;
+    return SQL_SUCCEEDED(SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &state,
+                                            SQL_IS_UINTEGER, nullptr)) &&
+           state == SQL_CD_TRUE;
+}
+
+QString Session::info(SQLUSMALLINT what) const {
+    std::vector<SQLWCHAR> text(256);
+    SQLSMALLINT bytes = 0;
+    if (!SQL_SUCCEEDED(SQLGetInfoW(m_connection.get(), what, text.data(),
+                                   SQLSMALLINT(text.size() * sizeof(SQLWCHAR)), &bytes)))
+        return {};
+    const auto units = std::size_t(bytes) / sizeof(SQLWCHAR);
+    return fromWide(text.data(), qsizetype(std::min(units, text.size() - 1)));
+}
+
+} // namespace odbc
