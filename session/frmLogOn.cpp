@@ -197,6 +197,11 @@ void frmLogOn::say(const QString& message, Tone tone) {
                                   tone == Tone::Wrong ? QStringLiteral("danger") : QStringLiteral("help"));
     m_ui->lblMessage->style()->polish(m_ui->lblMessage);
     m_ui->lblMessage->setText(message);
+    // what a server says may take more lines than the dialog has
+    if (isVisible()) {
+        layout()->activate();
+        resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+    }
 }
 
 } // namespace session
