@@ -3,6 +3,7 @@
 #include "platform/base/Error.h"
 #include "platform/report/PageBuilder.h"
 #include "platform/report/ReportError.h"
+#include "platform/report/RowSource.h"
 
 namespace report {
 namespace {
@@ -44,14 +45,29 @@ class LaidPages : public PageSource {
     std::vector<Position> m_starts;
 };
 
+/// The rows of the details, kept as long as somebody wants to export them.
+class DataRows : public HeldRows {
+  public:
+    explicit DataRows(std::shared_ptr<const ReportData> data)
+        : HeldRows(data->tables.front()), m_data(std::move(data)) {}
+
+  private:
+    std::shared_ptr<const ReportData> m_data;
+};
+
 } // namespace
 
 std::unique_ptr<PageDocument> layout(std::shared_ptr<const ReportData> data) {
     auto pages = std::make_unique<LaidPages>(data);
     std::vector<TreeEntry> tree = pages->findPages();
     const ReportDefinition& definition = *data->definition;
-    return std::make_unique<PageDocument>(std::move(pages), definition.title, definition.paperWidth,
-                                          definition.paperHeight, std::move(tree));
+    auto document = std::make_unique<PageDocument>(std::move(pages), definition.title, definition.paperWidth,
+                                                   definition.paperHeight, std::move(tree));
+    if (!data->tables.empty()) {
+        document->setRows(std::make_shared<DataRows>(data),
+                          headingOf(definition, data->headingName, data->headingAddress, data->parameters));
+    }
+    return document;
 }
 
 } // namespace report

@@ -23,6 +23,11 @@ PageDocument::PageDocument(std::unique_ptr<PageSource> source, QString title, Le
 
 PageDocument::~PageDocument() = default;
 
+void PageDocument::setRows(std::shared_ptr<const RowSource> rows, SheetHeading heading) {
+    m_rows = std::move(rows);
+    m_rowsHeading = std::move(heading);
+}
+
 std::shared_ptr<const Page> PageDocument::page(int index) const {
     if (index < 0 || index >= pageCount())
         throw base::RunTimeError(base::errors::subscriptOutOfRange);

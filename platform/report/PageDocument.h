@@ -1,12 +1,15 @@
 #pragma once
 
 #include "platform/report/Page.h"
+#include "platform/report/SheetHeading.h"
 
 #include <list>
 #include <memory>
 #include <vector>
 
 namespace report {
+
+class RowSource;
 
 /// One place of the group tree.
 struct TreeEntry {
@@ -41,6 +44,11 @@ class PageDocument {
     std::shared_ptr<const Page> page(int index) const;
     const std::vector<TreeEntry>& groupTree() const { return m_tree; }
 
+    /// The rows of the details, for exports; null when the report reads none.
+    const RowSource* rows() const { return m_rows.get(); }
+    const SheetHeading& rowsHeading() const { return m_rowsHeading; }
+    void setRows(std::shared_ptr<const RowSource> rows, SheetHeading heading);
+
   private:
     struct Kept {
         int index;
@@ -50,6 +58,8 @@ class PageDocument {
     QString m_title;
     Length m_width, m_height;
     std::vector<TreeEntry> m_tree;
+    std::shared_ptr<const RowSource> m_rows;
+    SheetHeading m_rowsHeading;
     mutable std::list<Kept> m_kept; ///< last used first
 };
 

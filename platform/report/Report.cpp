@@ -189,6 +189,13 @@ ado::Rows Report::rows() const {
     return m_tables.empty() ? ado::Rows() : readTable(0);
 }
 
+SheetHeading Report::rowsHeading() const {
+    std::vector<base::Value> values;
+    for (const auto& [given, value] : m_parameters)
+        values.push_back(value);
+    return headingOf(*m_definition, headingName, headingAddress, values);
+}
+
 std::shared_ptr<ReportData> Report::readData() const {
     auto data = std::make_shared<ReportData>();
     data->definition = m_definition;

@@ -2,6 +2,7 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/base/Value.h"
+#include "platform/report/SheetHeading.h"
 
 #include <QString>
 #include <QStringList>
@@ -67,6 +68,9 @@ class Report {
 
     /// Reads the rows that make the details. Raises what the server says.
     ado::Rows rows() const;
+
+    /// What a sheet of them is headed with.
+    SheetHeading rowsHeading() const;
 
     /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
     void discardSavedData();
