@@ -5,6 +5,7 @@
 #include "platform/base/Format.h"
 #include "platform/report/ChartLayout.h"
 #include "platform/report/Formulas.h"
+#include "platform/report/LinkedStrips.h"
 #include "platform/report/ReportError.h"
 #include "platform/report/StripLayout.h"
 
@@ -54,7 +55,9 @@ void moveItem(Item& item, Length dx, Length dy) {
 }
 
 BandLayout::BandLayout(std::shared_ptr<const ReportData> data, Evaluator& evaluator)
-    : m_data(std::move(data)), m_evaluator(evaluator) {}
+    : m_data(std::move(data)), m_evaluator(evaluator), m_linked(std::make_unique<LinkedStrips>(m_data)) {}
+
+BandLayout::~BandLayout() = default;
 
 Face BandLayout::faceOf(int style) const {
     const FontStyle& font = m_data->definition->styles.at(std::size_t(style));
@@ -91,7 +94,7 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
     Placed placed;
     placed.element = &element;
     if (element.kind == Element::Kind::Chart || element.kind == Element::Kind::SubReport) {
-        placed.inside = element.kind == Element::Kind::Chart ? chart(element) : subReport(element.index);
+        placed.inside = element.kind == Element::Kind::Chart ? chart(element) : subReport(element, scope);
         placed.growth = std::max(Length(), placed.inside.height - element.frame.height);
         return placed;
     }
@@ -101,6 +104,7 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
     const base::Value value = m_evaluator.value(element.value, scope);
     const QString text = shownText(element, value);
     placed.value = value;
+    placed.rightToLeft = runsBothWays(text) && text.isRightToLeft();
     if (!element.wrap) {
         QString line = text;
         line.replace(u'\n', u' ').replace(u'\r', u' ').replace(u'\t', u' ');
@@ -134,7 +138,16 @@ LaidBand BandLayout::chart(const Element& element) {
     return layChart(element, m_evaluator, m_measures.of(faceOf(element.style)), style.colour);
 }
 
-const LaidBand& BandLayout::subReport(int index) {
+const LaidBand& BandLayout::subReport(const Element& insert, const Scope& scope) {
+    const int index = insert.index;
+    if (!insert.links.empty()) {
+        Scope anyPage = scope; // the rows must be the same whichever page asks for them
+        anyPage.pageNumber = anyPage.pageCount = 0;
+        LinkedValues values;
+        for (const Link& link : insert.links)
+            values.emplace_back(link.parameter, m_evaluator.value(link.value, anyPage));
+        return m_linked->strip(index, values);
+    }
     const auto kept = m_subReports.find(index);
     if (kept != m_subReports.end())
         return kept->second;
@@ -199,6 +212,7 @@ void BandLayout::addField(const Placed& placed, std::vector<Item>& items) {
             run.frame.x.hundredths += spare.hundredths / 2;
         run.baseline = run.frame.y + measure.ascent();
         run.text = text;
+        run.rightToLeft = placed.rightToLeft;
         run.face = measure.face();
         run.colour = placed.tint.isValid() ? placed.tint : style.colour;
         items.emplace_back(std::move(run));
@@ -250,6 +264,7 @@ std::optional<TextRun> BandLayout::watermark(const Scope& scope) {
     run.frame.y.hundredths = (definition.paperHeight - run.frame.height).hundredths / 2;
     run.baseline = run.frame.y + measure.ascent();
     run.text = text;
+    run.rightToLeft = runsBothWays(text) && text.isRightToLeft();
     run.face = measure.face();
     run.colour = definition.styles[std::size_t(mark.style)].colour;
     run.degrees = mark.degrees;
