@@ -123,7 +123,7 @@ int run(const Wish& wish) {
         return refuse(
             QStringLiteral("The report wants a value for: %1.").arg(missing.join(QStringLiteral(", "))));
     if (wish.to.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
-        report::exportCsv(report->rows(), wish.to);
+        report::exportCsv(*report->rows(), wish.to);
     else
         report::exportPdf(*report->run(), wish.to);
     return 0;

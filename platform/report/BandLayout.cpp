@@ -98,7 +98,7 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
     placed.tint = tintOf(element, scope);
     if (element.kind != Element::Kind::Field)
         return placed;
-    const base::Value value = m_evaluator.value(element.value, scope);
+    const base::Value value = m_evaluator.shownValue(element.value, scope);
     const QString text = shownText(element, value);
     placed.value = value;
     if (!element.wrap) {

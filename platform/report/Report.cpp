@@ -5,6 +5,7 @@
 #include "platform/report/Evaluator.h"
 #include "platform/report/Layout.h"
 #include "platform/report/ReportError.h"
+#include "platform/report/Run.h"
 
 #include <QDir>
 #include <QFile>
@@ -169,30 +170,38 @@ ado::Statement Report::tableStatement(std::size_t table) const {
     return ado::definedStatement(text, values);
 }
 
-ado::Rows Report::readTable(std::size_t table) const {
+std::unique_ptr<ado::Connection> Report::connect(std::size_t table) const {
     const TableLogOn& one = m_tables[table];
-    const std::unique_ptr<ado::Connection> connection =
-        m_logOn(one.server, one.database, one.login, one.password);
+    return m_logOn(one.server, one.database, one.login, one.password);
+}
+
+ado::Rows Report::readTable(std::size_t table) const {
+    const std::unique_ptr<ado::Connection> connection = connect(table);
     ado::Rows rows = connection->Execute(tableStatement(table)).rows();
     connection->Close();
     return rows;
 }
 
-std::vector<ado::Rows> Report::readTables() const {
-    std::vector<ado::Rows> tables;
-    for (std::size_t i = 0; i < m_tables.size(); ++i)
-        tables.push_back(readTable(i));
-    return tables;
+std::shared_ptr<const RowSource> Report::rows(const ProgressCall& progress) const {
+    if (m_tables.empty())
+        return nullptr;
+    const std::unique_ptr<ado::Connection> connection = connect(0);
+    StoreSink sink(progress);
+    const bool stopped = connection->stream(tableStatement(0), sink).stopped;
+    connection->Close();
+    if (stopped)
+        return nullptr;
+    sink.finish();
+    return sink.rows();
 }
 
-ado::Rows Report::rows() const {
-    return m_tables.empty() ? ado::Rows() : readTable(0);
-}
-
-std::shared_ptr<ReportData> Report::readData() const {
+/// Everything but the rows of the details.
+std::shared_ptr<ReportData> Report::readBesides() const {
     auto data = std::make_shared<ReportData>();
     data->definition = m_definition;
-    data->tables = readTables();
+    data->tables.resize(m_tables.size());
+    for (std::size_t i = 1; i < m_tables.size(); ++i)
+        data->tables[i] = readTable(i);
     for (const auto& [given, value] : m_parameters)
         data->parameters.push_back(value);
     data->formulas = m_formulas;
@@ -208,8 +217,29 @@ std::shared_ptr<ReportData> Report::readData() const {
     return data;
 }
 
-std::unique_ptr<PageDocument> Report::run() {
-    return layout(readData());
+std::shared_ptr<ReportData> Report::readData() const {
+    std::shared_ptr<ReportData> data = readBesides();
+    if (!m_tables.empty())
+        data->tables[0] = readTable(0);
+    return data;
+}
+
+std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
+    std::shared_ptr<ReportData> data = readBesides();
+    data->details = rows(progress);
+    if (!m_tables.empty() && !data->details)
+        return nullptr;
+    return layout(std::move(data), progress);
+}
+
+std::unique_ptr<Run> Report::start() {
+    std::shared_ptr<ReportData> data = readBesides();
+    std::unique_ptr<RowReader> reader;
+    if (!m_tables.empty()) {
+        const ado::Statement statement = tableStatement(0);
+        reader = std::make_unique<RowReader>(connect(0), statement);
+    }
+    return std::make_unique<Run>(std::move(data), std::move(reader));
 }
 
 } // namespace report

@@ -2,6 +2,7 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/base/Value.h"
+#include "platform/report/Progress.h"
 
 #include <QString>
 #include <QStringList>
@@ -14,6 +15,8 @@ namespace report {
 
 class ReportDefinition;
 class PageDocument;
+class RowSource;
+class Run;
 struct Expression;
 struct ReportData;
 
@@ -65,21 +68,26 @@ class Report {
     Report& subReport(const QString& name);
     QStringList subReportNames() const;
 
-    /// Reads the rows that make the details. Raises what the server says.
-    ado::Rows rows() const;
+    /// Reads the rows that make the details, without holding them all in memory. Null when the report has no
+    /// table, or when `progress` gave it up. Raises what the server says.
+    std::shared_ptr<const RowSource> rows(const ProgressCall& progress = {}) const;
 
     /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
     void discardSavedData();
 
     /// Reads the rows and lays out all pages. Parameters without a value are Null. Raises what the server
-    /// says and what layout() raises. The document stands on its own: the report may go.
-    std::unique_ptr<PageDocument> run();
+    /// says and what layout() raises. The document stands on its own: the report may go. Null
+    /// when `progress`, called on this thread, gave it up.
+    std::unique_ptr<PageDocument> run(const ProgressCall& progress = {});
+    /// The same, but comes back at once: whoever wants the pages lets the run work. Raises at once what a
+    /// log-on and the smaller tables raise. The run stands on its own.
+    std::unique_ptr<Run> start();
 
   private:
     Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn);
-    int formulaIndex(const QString& name) const;
-    std::vector<ado::Rows> readTables() const;
+    std::unique_ptr<ado::Connection> connect(std::size_t table) const;
     ado::Rows readTable(std::size_t table) const;
+    std::shared_ptr<ReportData> readBesides() const;
     std::shared_ptr<ReportData> readData() const;
     QString queryFormula(int index) const;
     ado::Statement tableStatement(std::size_t table) const;
