@@ -195,6 +195,13 @@ std::shared_ptr<const RowSource> Report::rows(const ProgressCall& progress) cons
     return sink.rows();
 }
 
+SheetHeading Report::rowsHeading() const {
+    std::vector<base::Value> values;
+    for (const auto& [given, value] : m_parameters)
+        values.push_back(value);
+    return headingOf(*m_definition, headingName, headingAddress, values);
+}
+
 /// Everything but the rows of the details.
 std::shared_ptr<ReportData> Report::readBesides() const {
     auto data = std::make_shared<ReportData>();
