@@ -125,8 +125,10 @@ int run(const Wish& wish) {
     if (report::fileKindOf(wish.to) == report::FileKind::Pdf) {
         report::exportPdf(*report->run(), wish.to);
     } else {
-        const ado::Rows rows = report->rows();
-        report::exportRows(report::HeldRows(rows), report->rowsHeading(), wish.to);
+        const auto rows = report->rows();
+        const ado::Rows none;
+        const report::HeldRows noRows(none);
+        report::exportRows(rows ? *rows : noRows, report->rowsHeading(), wish.to);
     }
     return 0;
 }

@@ -14,6 +14,10 @@
 namespace report {
 namespace {
 
+// Of a watermark that the definition knows nothing of: large, and light enough to read through.
+const Length markSize = Length::fromPoints(54);
+const QColor markColour(0xE2, 0xE7, 0xEB);
+
 // A field holds a paragraph, not a book: beyond this a damaged row would lay out for minutes.
 constexpr qsizetype longestText = 200000;
 
@@ -101,10 +105,10 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
     placed.tint = tintOf(element, scope);
     if (element.kind != Element::Kind::Field)
         return placed;
-    const base::Value value = m_evaluator.value(element.value, scope);
+    const base::Value value = m_evaluator.shownValue(element.value, scope);
     const QString text = shownText(element, value);
     placed.value = value;
-    placed.rightToLeft = runsBothWays(text) && text.isRightToLeft();
+    placed.rightToLeft = needsShaping(text) && text.isRightToLeft();
     if (!element.wrap) {
         QString line = text;
         line.replace(u'\n', u' ').replace(u'\r', u' ').replace(u'\t', u' ');
@@ -250,13 +254,15 @@ void BandLayout::addShape(const Placed& placed, Length stretch, std::vector<Item
 
 std::optional<TextRun> BandLayout::watermark(const Scope& scope) {
     const ReportDefinition& definition = *m_data->definition;
-    if (!definition.watermark)
-        return std::nullopt;
-    const Watermark& mark = *definition.watermark;
-    const QString text = base::Trim(base::textOf(m_evaluator.value(mark.value, scope))).left(200);
+    QString text = m_data->watermark;
+    if (text.isEmpty() && definition.watermark)
+        text = base::textOf(m_evaluator.value(definition.watermark->value, scope));
+    text = base::Trim(text).left(200);
     if (text.isEmpty())
         return std::nullopt;
-    const FontMeasure& measure = m_measures.of(faceOf(mark.style));
+    const bool own = definition.watermark.has_value();
+    const FontMeasure& measure =
+        m_measures.of(own ? faceOf(definition.watermark->style) : Face{{}, markSize, true, false});
     TextRun run;
     run.frame.width = measure.width(text);
     run.frame.height = measure.lineHeight();
@@ -264,10 +270,10 @@ std::optional<TextRun> BandLayout::watermark(const Scope& scope) {
     run.frame.y.hundredths = (definition.paperHeight - run.frame.height).hundredths / 2;
     run.baseline = run.frame.y + measure.ascent();
     run.text = text;
-    run.rightToLeft = runsBothWays(text) && text.isRightToLeft();
+    run.rightToLeft = needsShaping(text) && text.isRightToLeft();
     run.face = measure.face();
-    run.colour = definition.styles[std::size_t(mark.style)].colour;
-    run.degrees = mark.degrees;
+    run.colour = own ? definition.styles[std::size_t(definition.watermark->style)].colour : markColour;
+    run.degrees = own ? definition.watermark->degrees : Watermark().degrees;
     return run;
 }
 

@@ -30,7 +30,7 @@ double FontMeasure::exactWidth(QStringView text) const {
     double width = 0.0;
     for (const QChar c : text) {
         if (c.unicode() > 255) {
-            return runsBothWays(text) ? BidiLine(text.toString(), fontOf(m_face), false).width()
+            return needsShaping(text) ? ShapedLine(text.toString(), fontOf(m_face), false).width()
                                       : m_metrics.horizontalAdvance(text.toString());
         }
         width += m_latin1[c.unicode()];
@@ -102,8 +102,8 @@ QString FontMeasure::elided(const QString& text, Length width) const {
 }
 
 Extent FontMeasure::extentIn(const TextRun& run, qsizetype from, qsizetype count) const {
-    if (run.rightToLeft || runsBothWays(run.text))
-        return BidiLine(run.text, fontOf(m_face), run.rightToLeft).extentOf(from, count);
+    if (run.rightToLeft || needsShaping(run.text))
+        return ShapedLine(run.text, fontOf(m_face), run.rightToLeft).extentOf(from, count);
     const QStringView text(run.text);
     return {exactWidth(text.left(from)), exactWidth(text.mid(from, count))};
 }

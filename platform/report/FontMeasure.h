@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/report/BidiLine.h"
 #include "platform/report/Page.h"
+#include "platform/report/ShapedLine.h"
 
 #include <QFont>
 #include <QFontMetricsF>

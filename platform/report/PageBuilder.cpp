@@ -205,11 +205,12 @@ bool PageBuilder::beginsPage(const Group& group) {
 /// Whether the group at hand has room up to its end; true, too, when a fresh page would not help.
 bool PageBuilder::fitsWhole() {
     const int level = m_at.level;
-    const qsizetype end = m_evaluator.groupEnd(level, m_at.row);
+    const qsizetype first = m_at.row;
     const Length fresh = m_bottom - m_bodyTop;
     Length height;
-    for (Position at = m_at; at.row < end && at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
-        if (at.stage == Stage::GroupFooter && at.level < level)
+    for (Position at = m_at; at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
+        const bool isNextGroup = at.row > first && m_evaluator.firstGroupBegun(at.row) <= level;
+        if (isNextGroup || (at.stage == Stage::GroupFooter && at.level < level))
             break;
         const std::vector<Band>& bands = m_flow.bandsAt(at);
         if (bands.empty() || !m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))

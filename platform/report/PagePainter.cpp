@@ -53,8 +53,8 @@ class Painting {
 
   private:
     void drawLine(const TextRun& run, QPointF baseline) {
-        if (run.rightToLeft || runsBothWays(run.text))
-            BidiLine(run.text, m_painter.font(), run.rightToLeft).draw(m_painter, baseline);
+        if (run.rightToLeft || needsShaping(run.text))
+            ShapedLine(run.text, m_painter.font(), run.rightToLeft).draw(m_painter, baseline);
         else
             m_painter.drawText(baseline, run.text);
     }

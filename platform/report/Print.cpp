@@ -32,6 +32,20 @@ QPageLayout paperOf(const PageDocument& document) {
     throw fileError(what, reason);
 }
 
+/// Paints the pages `from` to `to`, counted from 1, `nextPage` between two of them. False when it was given
+/// up.
+bool paintPages(const PageDocument& document, QPainter& painter, int from, int to,
+                const std::function<void()>& nextPage, const ProgressCall& progress) {
+    for (int number = from; number <= to; ++number) {
+        if (number > from)
+            nextPage();
+        paintPage(painter, *document.page(number - 1));
+        if (progress && !progress({0, number - from + 1, to - from + 1}))
+            return false;
+    }
+    return true;
+}
+
 std::unique_ptr<PrintTarget>& target() {
     static std::unique_ptr<PrintTarget> current = std::make_unique<DefaultPrinter>();
     return current;
@@ -73,7 +87,8 @@ bool printDirect(Report& report) {
     return true;
 }
 
-void printPages(const PageDocument& document, QPrinter& printer, int from, int to) {
+bool printPages(const PageDocument& document, QPrinter& printer, int from, int to,
+                const ProgressCall& progress) {
     printer.setDocName(document.title());
     printer.setFullPage(true);
     printer.setPageLayout(paperOf(document));
@@ -83,16 +98,21 @@ void printPages(const PageDocument& document, QPrinter& printer, int from, int t
         failed(printer.printerName(), QStringLiteral("the printer does not take the job"));
     const double scale = double(printer.resolution()) / unitsPerInch;
     painter.scale(scale, scale);
-    for (int number = std::max(from, 1); number <= std::min(to, document.pageCount()); ++number) {
-        if (number > std::max(from, 1) && !printer.newPage())
+    const auto nextPage = [&] {
+        if (!printer.newPage())
             failed(printer.printerName(), QStringLiteral("the printer does not take a page"));
-        paintPage(painter, *document.page(number - 1));
+    };
+    if (!paintPages(document, painter, std::max(from, 1), std::min(to, document.pageCount()), nextPage,
+                    progress)) {
+        printer.abort();
+        return false;
     }
     if (!painter.end() || printer.printerState() == QPrinter::Error)
         failed(printer.printerName(), QStringLiteral("the job was not finished"));
+    return true;
 }
 
-void exportPdf(const PageDocument& document, const QString& path) {
+bool exportPdf(const PageDocument& document, const QString& path, const ProgressCall& progress) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         failed(path, file.errorString());
@@ -105,15 +125,17 @@ void exportPdf(const PageDocument& document, const QString& path) {
         QPainter painter;
         if (!painter.begin(&writer))
             failed(path, QStringLiteral("no page can be written"));
-        for (int i = 0; i < document.pageCount(); ++i) {
-            if (i > 0 && !writer.newPage())
+        const auto nextPage = [&] {
+            if (!writer.newPage())
                 failed(path, QStringLiteral("no page can be written"));
-            paintPage(painter, *document.page(i));
-        }
+        };
+        if (!paintPages(document, painter, 1, document.pageCount(), nextPage, progress))
+            return false;
         painter.end();
     }
     if (!file.commit())
         failed(path, file.errorString());
+    return true;
 }
 
 } // namespace report

@@ -10,9 +10,12 @@ class RowSource {
   public:
     virtual ~RowSource() = default;
     virtual const std::vector<ado::Column>& columns() const = 0;
+    /// Rows that have arrived.
     virtual qsizetype count() const = 0;
     /// Both from 0 and in range. Raises 75 when rows that were set aside cannot be read back.
     virtual base::Value at(qsizetype row, qsizetype column) const = 0;
+    /// False as long as more rows may arrive.
+    virtual bool isComplete() const { return true; }
 };
 
 /// Rows that are held whole. Not owned; they must outlive it.

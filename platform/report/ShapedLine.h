@@ -7,8 +7,10 @@ class QPainter;
 
 namespace report {
 
-/// True when something in the text runs from right to left. All other text keeps the fast way.
-bool runsBothWays(QStringView text);
+/// True when signs must be joined, stacked or put in another order before they stand right: scripts that run
+/// from right to left, those of India and around, signs that are set over others. All other text keeps the
+/// fast way.
+bool needsShaping(QStringView text);
 
 /// What is taken of a line, from its left end, in the font's unit.
 struct Extent {
@@ -16,11 +18,11 @@ struct Extent {
     double width = 0;
 };
 
-/// One line of text with parts that run from right to left, shaped and in the order in which it is read.
-class BidiLine {
+/// One line of such text, in the order in which it stands. `font` is taken with shaping, whatever it says.
+class ShapedLine {
   public:
     /// `rightToLeft`: the paragraph's direction, which places signs without a direction of their own.
-    BidiLine(const QString& text, const QFont& font, bool rightToLeft);
+    ShapedLine(const QString& text, const QFont& font, bool rightToLeft);
 
     double width() const { return m_line.naturalTextWidth(); }
     /// `baseline`: its left end.

@@ -1,4 +1,4 @@
-#include "platform/report/BidiLine.h"
+#include "platform/report/ShapedLine.h"
 
 #include <QPainter>
 
@@ -8,7 +8,7 @@ namespace report {
 namespace {
 
 constexpr double endless = 1e6;
-constexpr char16_t firstRightToLeft = 0x0590; // Hebrew; nothing before runs that way
+constexpr char16_t firstCombining = 0x0300; // nothing before needs any of it
 
 bool runsRightToLeft(char32_t sign) {
     switch (QChar::direction(sign)) {
@@ -24,21 +24,34 @@ bool runsRightToLeft(char32_t sign) {
     }
 }
 
+bool isJoined(char32_t sign) {
+    const bool indic = sign >= 0x0900 && sign < 0x10A0; // Devanagari to Myanmar
+    const bool khmerOrMongolian = sign >= 0x1780 && sign < 0x18B0;
+    return indic || khmerOrMongolian || QChar::isMark(sign);
+}
+
+QFont shaping(QFont font) {
+    font.setStyleStrategy(QFont::StyleStrategy(font.styleStrategy() & ~QFont::PreferNoShaping));
+    return font;
+}
+
 } // namespace
 
-bool runsBothWays(QStringView text) {
+bool needsShaping(QStringView text) {
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
-        if (c.unicode() < firstRightToLeft)
+        if (c.unicode() < firstCombining)
             continue;
         const bool pair = c.isHighSurrogate() && i + 1 < text.size();
-        if (runsRightToLeft(pair ? QChar::surrogateToUcs4(c, text[i + 1]) : c.unicode()))
+        const char32_t sign = pair ? QChar::surrogateToUcs4(c, text[i + 1]) : c.unicode();
+        if (runsRightToLeft(sign) || isJoined(sign))
             return true;
     }
     return false;
 }
 
-BidiLine::BidiLine(const QString& text, const QFont& font, bool rightToLeft) : m_layout(text, font) {
+ShapedLine::ShapedLine(const QString& text, const QFont& font, bool rightToLeft)
+    : m_layout(text, shaping(font)) {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::NoWrap);
@@ -50,11 +63,11 @@ BidiLine::BidiLine(const QString& text, const QFont& font, bool rightToLeft) : m
     m_layout.endLayout();
 }
 
-void BidiLine::draw(QPainter& painter, QPointF baseline) const {
+void ShapedLine::draw(QPainter& painter, QPointF baseline) const {
     m_line.draw(&painter, baseline - QPointF(m_line.naturalTextRect().left(), m_line.ascent()));
 }
 
-Extent BidiLine::extentOf(qsizetype from, qsizetype count) const {
+Extent ShapedLine::extentOf(qsizetype from, qsizetype count) const {
     const double left = m_line.naturalTextRect().left();
     double least = endless;
     double most = 0;
