@@ -189,21 +189,6 @@ bool Evaluator::takeSome() {
     return true;
 }
 
-/// True once it is known; false when all rows are there and it is not. Raises RowsWanted while more may come.
-template <typename Known>
-bool Evaluator::wait(const RowsWanted& wanted, Known known) {
-    const qsizetype before = m_taken;
-    while (!known()) {
-        if (m_complete)
-            return false;
-        if (m_taken - before >= m_patience)
-            throw RowsWanted(wanted);
-        if (!takeSome() && !m_complete)
-            throw RowsWanted(wanted);
-    }
-    return true;
-}
-
 qsizetype Evaluator::rowCount() {
     wait({RowsWanted::What::All, 0, 0}, [] { return false; });
     return m_taken;

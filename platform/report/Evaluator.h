@@ -118,4 +118,19 @@ class Evaluator {
     std::map<const Expression*, Running> m_running;
 };
 
+/// True once it is known; false when all rows are there and it is not. Raises RowsWanted while more may come.
+template <typename Known>
+bool Evaluator::wait(const RowsWanted& wanted, Known known) {
+    const qsizetype before = m_taken;
+    while (!known()) {
+        if (m_complete)
+            return false;
+        if (m_taken - before >= m_patience)
+            throw RowsWanted(wanted);
+        if (!takeSome() && !m_complete)
+            throw RowsWanted(wanted);
+    }
+    return true;
+}
+
 } // namespace report

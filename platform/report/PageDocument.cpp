@@ -23,10 +23,14 @@ PageDocument::PageDocument(std::unique_ptr<PageSource> source, QString title, Le
 
 PageDocument::~PageDocument() = default;
 
-void PageDocument::setPages(std::unique_ptr<PageSource> source, std::shared_ptr<const RowSource> rows) {
+void PageDocument::setPages(std::unique_ptr<PageSource> source) {
     m_kept.clear();
     m_source = std::move(source);
+}
+
+void PageDocument::setRows(std::shared_ptr<const RowSource> rows, SheetHeading heading) {
     m_rows = std::move(rows);
+    m_rowsHeading = std::move(heading);
 }
 
 const std::vector<TreeEntry>& PageDocument::groupTree() const {

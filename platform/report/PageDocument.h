@@ -1,13 +1,15 @@
 #pragma once
 
 #include "platform/report/Page.h"
-#include "platform/report/RowSource.h"
+#include "platform/report/SheetHeading.h"
 
 #include <list>
 #include <memory>
 #include <vector>
 
 namespace report {
+
+class RowSource;
 
 /// One place of the group tree.
 struct TreeEntry {
@@ -50,14 +52,16 @@ class PageDocument {
     /// `index` from 0; raises 9 beyond the last page.
     std::shared_ptr<const Page> page(int index) const;
     const std::vector<TreeEntry>& groupTree() const;
-    /// The rows of the details; null when the report reads none. For the thread that looks at the pages.
-    const std::shared_ptr<const RowSource>& rows() const { return m_rows; }
-
     /// Other pages in place of those so far.
-    void setPages(std::unique_ptr<PageSource> source, std::shared_ptr<const RowSource> rows);
+    void setPages(std::unique_ptr<PageSource> source);
     /// The number of pages is known now; pages that tell it are made again.
     void complete() { m_kept.clear(); }
     void stop() { m_stopped = true; }
+
+    /// The rows of the details, for exports; null when the report reads none.
+    const RowSource* rows() const { return m_rows.get(); }
+    const SheetHeading& rowsHeading() const { return m_rowsHeading; }
+    void setRows(std::shared_ptr<const RowSource> rows, SheetHeading heading);
 
   private:
     struct Kept {
@@ -67,8 +71,9 @@ class PageDocument {
     std::unique_ptr<PageSource> m_source;
     QString m_title;
     Length m_width, m_height;
-    std::shared_ptr<const RowSource> m_rows;
     bool m_stopped = false;
+    std::shared_ptr<const RowSource> m_rows;
+    SheetHeading m_rowsHeading;
     mutable std::list<Kept> m_kept; ///< last used first
 };
 

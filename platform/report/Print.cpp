@@ -1,10 +1,9 @@
 #include "platform/report/Print.h"
 
-#include "platform/base/Error.h"
 #include "platform/report/PagePainter.h"
 #include "platform/report/ParameterPrompt.h"
 #include "platform/report/Report.h"
-#include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 
 #include <QApplication>
 #include <QPageLayout>
@@ -30,7 +29,7 @@ QPageLayout paperOf(const PageDocument& document) {
 }
 
 [[noreturn]] void failed(const QString& what, const QString& reason) {
-    throw base::RunTimeError(errorFile, QStringLiteral("Path/File access error: %1: %2").arg(what, reason));
+    throw fileError(what, reason);
 }
 
 /// Paints the pages `from` to `to`, counted from 1, `nextPage` between two of them. False when it was given

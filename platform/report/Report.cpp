@@ -195,6 +195,13 @@ std::shared_ptr<const RowSource> Report::rows(const ProgressCall& progress) cons
     return sink.rows();
 }
 
+SheetHeading Report::rowsHeading() const {
+    std::vector<base::Value> values;
+    for (const auto& [given, value] : m_parameters)
+        values.push_back(value);
+    return headingOf(*m_definition, headingName, headingAddress, values);
+}
+
 /// Everything but the rows of the details.
 std::shared_ptr<ReportData> Report::readBesides() const {
     auto data = std::make_shared<ReportData>();
@@ -225,10 +232,11 @@ std::shared_ptr<ReportData> Report::readData() const {
 }
 
 std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
-    std::shared_ptr<ReportData> data = readBesides();
-    data->details = rows(progress);
-    if (!m_tables.empty() && !data->details)
+    std::shared_ptr<const RowSource> details = rows(progress);
+    if (!m_tables.empty() && !details)
         return nullptr;
+    std::shared_ptr<ReportData> data = readBesides();
+    data->details = std::move(details);
     return layout(std::move(data), progress);
 }
 

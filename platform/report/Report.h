@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/base/Value.h"
 #include "platform/report/Progress.h"
+#include "platform/report/SheetHeading.h"
 
 #include <QString>
 #include <QStringList>
@@ -71,6 +72,9 @@ class Report {
     /// Reads the rows that make the details, without holding them all in memory. Null when the report has no
     /// table, or when `progress` gave it up. Raises what the server says.
     std::shared_ptr<const RowSource> rows(const ProgressCall& progress = {}) const;
+
+    /// What a sheet of them is headed with.
+    SheetHeading rowsHeading() const;
 
     /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
     void discardSavedData();

@@ -1,7 +1,6 @@
 #include "platform/report/RowBlock.h"
 
-#include "platform/base/Error.h"
-#include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 
 #include <algorithm>
 #include <cstring>
@@ -82,8 +81,7 @@ class CellReader {
     }
 
     [[noreturn]] static void fail() {
-        throw base::RunTimeError(
-            errorFile, QStringLiteral("Path/File access error: the rows set aside cannot be read back."));
+        throw fileError(QStringLiteral("rows of a report, set aside"), QStringLiteral("they are damaged"));
     }
 
     const char* m_at;

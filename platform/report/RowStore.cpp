@@ -1,7 +1,6 @@
 #include "platform/report/RowStore.h"
 
-#include "platform/base/Error.h"
-#include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 
 #include <algorithm>
 
@@ -9,9 +8,7 @@ namespace report {
 namespace {
 
 [[noreturn]] void failed(const QFile& file) {
-    throw base::RunTimeError(errorFile,
-                             QStringLiteral("Path/File access error: a report's rows cannot be set aside: %1")
-                                 .arg(file.errorString()));
+    throw fileError(QStringLiteral("rows of a report, set aside"), file.errorString());
 }
 
 } // namespace

@@ -60,9 +60,7 @@ void Run::takeRows(std::shared_ptr<RowStore> rows) {
     m_fault = nullptr;
     auto data = std::make_shared<ReportData>(*m_data);
     data->details = m_rows;
-    auto pages = std::make_unique<LaidPages>(data);
-    m_pages = pages.get();
-    m_document->setPages(std::move(pages), m_rows);
+    m_pages = &beginPages(*m_document, data);
 }
 
 void Run::complete() {

@@ -7,12 +7,15 @@
 #include "platform/report/ParameterPrompt.h"
 #include "platform/report/Print.h"
 #include "platform/report/Report.h"
+#include "platform/report/RowExport.h"
+#include "platform/report/SaveDialog.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
+#include <QDir>
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
@@ -68,7 +71,8 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
 void Viewer::addCommands() {
     const auto page = [this] { return m_pages->currentPage(); };
     addCommand("print", "print", tr("Print"), {Qt::CTRL | Qt::Key_P}, [this] { print(); });
-    addCommand("export", "export", tr("Export to PDF"), {Qt::CTRL | Qt::Key_E}, [this] { askExport(); });
+    addCommand("export", "export", tr("Export to PDF, Excel or CSV"), {Qt::CTRL | Qt::Key_E},
+               [this] { askExport(); });
     addCommand("copy", "copy", tr("Copy text"), {Qt::CTRL | Qt::Key_C},
                [this] { QApplication::clipboard()->setText(m_pages->textToCopy()); });
     m_bar->addSeparator();
@@ -95,6 +99,7 @@ void Viewer::addCommands() {
     QAction* tree = addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T},
                                [this] { setGroupTreeShown(!m_treeWanted); });
     tree->setCheckable(true);
+    addNote();
     addCommand("findNext", nullptr, tr("Next hit"), {Qt::Key_F3}, [this] { findStep(1); });
     addCommand("findPrevious", nullptr, tr("Previous hit"), {Qt::SHIFT | Qt::Key_F3},
                [this] { findStep(-1); });
@@ -137,6 +142,18 @@ void Viewer::addPageField() {
     m_bar->addWidget(m_pageField);
     m_bar->addWidget(m_pageCount);
     controls::on(m_pageField, &QLineEdit::returnPressed, this, [this] { goToTyped(); });
+}
+
+/// Tells what became of a command, at the bar's end.
+void Viewer::addNote() {
+    auto* spacer = new QWidget(this);
+    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_bar->addWidget(spacer);
+    m_note = new QLabel(this);
+    m_note->setObjectName(QStringLiteral("note"));
+    m_note->setProperty("kind", QStringLiteral("help"));
+    m_note->setContentsMargins(8, 0, 12, 0);
+    m_bar->addWidget(m_note);
 }
 
 void Viewer::addZoomBox() {
@@ -198,6 +215,7 @@ void Viewer::setDocument(std::shared_ptr<const PageDocument> document) {
         action->setEnabled(given);
     m_pageField->setEnabled(given);
     m_zoomBox->setEnabled(given);
+    m_note->clear();
     m_pageCount->setText(given ? tr("of %1").arg(m_pages->document()->pageCount()) : QString());
     find(m_findBar->isVisible() ? m_findBar->text() : QString());
     fillTree();
@@ -325,27 +343,49 @@ void Viewer::printOn(QPrinter& printer) {
 void Viewer::askExport() {
     if (!document())
         return;
-    const controls::ModalLevel level;
-    QString path = QFileDialog::getSaveFileName(
-        this, tr("Export to PDF"), document()->title() + QStringLiteral(".pdf"), tr("PDF documents (*.pdf)"));
-    controls::ErrorBoundary::throwIfStopping();
-    if (path.isEmpty())
-        return;
-    if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
-        path += QStringLiteral(".pdf");
-    exportTo(path);
+    QList<SaveKind> kinds{{tr("PDF documents"), QStringLiteral("pdf")}};
+    if (document()->rows())
+        kinds << SaveKind{tr("Excel workbooks of the rows"), QStringLiteral("xlsx")}
+              << SaveKind{tr("Comma separated rows"), QStringLiteral("csv")};
+    const QString path = askSavePath(this, tr("Export"), document()->title(), kinds);
+    if (!path.isEmpty())
+        exportTo(path);
 }
 
 bool Viewer::exportTo(const QString& path) {
     if (!document())
         return false;
+    m_note->clear();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QString failure;
     try {
-        exportPdf(*document(), path);
-        return true;
+        if (fileKindOf(path) == FileKind::Pdf)
+            exportPdf(*document(), path);
+        else if (document()->rows())
+            exportRows(*document()->rows(), document()->rowsHeading(), path);
+        else
+            failure = tr("The report has no rows to export.");
     } catch (const base::RunTimeError& error) {
-        controls::MsgBox(error.description(), controls::vbExclamation, tr("Export to PDF"));
-        return false;
+        failure = error.description();
+    } catch (...) {
+        QApplication::restoreOverrideCursor();
+        throw;
     }
+    QApplication::restoreOverrideCursor();
+    if (failure.isEmpty())
+        tellNote(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+    else
+        controls::MsgBox(failure, controls::vbExclamation, tr("Export"));
+    return failure.isEmpty();
+}
+
+/// The end of a path says more than its beginning.
+void Viewer::tellNote(const QString& text) {
+    m_note->setText(m_note->fontMetrics().elidedText(text, Qt::ElideMiddle, controls::look::scaled(420)));
+    m_note->setToolTip(text);
+    m_note->setAccessibleName(text);
+    QAccessibleEvent event(m_note, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace report

@@ -17,7 +17,7 @@ namespace report {
 class FindBar;
 class Report;
 
-/// Shows a report: pages, zoom, search, group tree, print, PDF, copy. Every command has a key, told in its
+/// Shows a report: pages, zoom, search, group tree, print, export, copy. Every command has a key, told in its
 /// tool tip.
 class Viewer : public QWidget {
     Q_OBJECT
@@ -40,7 +40,8 @@ class Viewer : public QWidget {
     void print();
     /// Asks for a path, then exports.
     void askExport();
-    /// False, with a box that tells why, when the file cannot be written.
+    /// Pages as .pdf, the rows of the details as .xlsx or .csv; then a note tells where. False, with a box
+    /// that tells why, when the file cannot be written.
     bool exportTo(const QString& path);
 
     /// The command of that name: print, export, copy, first, previous, next, last, goTo, zoomIn, zoomOut,
@@ -51,6 +52,8 @@ class Viewer : public QWidget {
     void addCommands();
     void addPageField();
     void addZoomBox();
+    void addNote();
+    void tellNote(const QString& text);
     void connectPages();
     QAction* addCommand(const char* name, const char* icon, const QString& text,
                         const QList<QKeySequence>& keys, std::function<void()> run);
@@ -70,6 +73,7 @@ class Viewer : public QWidget {
     QLineEdit* m_pageField;
     QLabel* m_pageCount;
     QComboBox* m_zoomBox;
+    QLabel* m_note;
     bool m_treeWanted = false;
     std::vector<Hit> m_hits;
     int m_currentHit = -1;

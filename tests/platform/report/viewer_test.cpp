@@ -8,9 +8,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -47,6 +50,21 @@ struct ViewerTest : testing::Test {
         T* found = viewer.findChild<T*>(name);
         EXPECT_TRUE(found) << name;
         return found;
+    }
+    /// In the open save dialog: the kind with that suffix, the name, Enter.
+    static void typeName(const QString& name, const QString& kind) {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        auto* kinds = dialog->findChild<QComboBox*>("fileTypeCombo");
+        kinds->setFocus();
+        while (!kinds->currentText().endsWith("(*." + kind + ")") &&
+               kinds->currentIndex() + 1 < kinds->count())
+            QTest::keyClick(kinds, Qt::Key_Down);
+        auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, name);
+        QTest::keyClick(field, Qt::Key_Return);
     }
     int percent() { return qRound(viewer.pages()->zoom() * 100); }
 
@@ -239,10 +257,89 @@ TEST_F(ViewerTest, AnExportThatFailsSaysWhyAndLeavesTheViewerOpen) {
     tests::Folder folder;
     EXPECT_FALSE(viewer.exportTo(folder.path("no/folder/a.pdf")));
     ASSERT_EQ(boxes.size(), 1);
-    EXPECT_TRUE(boxes.first().startsWith("Export to PDF: Path/File access error: "));
+    EXPECT_TRUE(boxes.first().startsWith("Export: Path/File access error: "));
     EXPECT_TRUE(viewer.exportTo(folder.path("a.pdf")));
     EXPECT_EQ(boxes.size(), 1);
     EXPECT_TRUE(tests::toolOutput("pdftotext", {folder.path("a.pdf"), "-"}).contains("line 70"));
+}
+
+TEST_F(ViewerTest, TheSuffixDecidesWhatIsExportedAndANoteTellsWhere) {
+    const tests::Folder folder;
+    for (const auto& [name, begin] : {std::pair<const char*, QByteArray>{"a.pdf", "%PDF-"},
+                                      {"a.XLSX", "PK"},
+                                      {"a.csv", "\xEF\xBB\xBF"
+                                                "A,B\r\nline 1,NU\r\n"}}) {
+        EXPECT_TRUE(viewer.exportTo(folder.path(name)));
+        QFile file(folder.path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        EXPECT_TRUE(file.readAll().startsWith(begin)) << name;
+        EXPECT_EQ(child<QLabel>("note")->toolTip(),
+                  "Saved as " + QDir::toNativeSeparators(folder.path(name)));
+        EXPECT_TRUE(child<QLabel>("note")->text().startsWith("Saved as "));
+    }
+    const QString sheet =
+        tests::toolOutput("unzip", {"-p", folder.path("a.XLSX"), "xl/worksheets/sheet1.xml"});
+    EXPECT_TRUE(sheet.contains("VALE GENERAL HOSPITAL"));
+    EXPECT_TRUE(sheet.contains("line 70"));
+    viewer.setDocument(tests::laidOut(inside, "A,B", {}));
+    EXPECT_EQ(child<QLabel>("note")->text(), "");
+}
+
+TEST_F(ViewerTest, TheSaveDialogAddsTheKindsSuffixAndATypedOneWins) {
+    const tests::Folder folder;
+    const auto exportAs = [&](const QString& typed, const QString& kind) {
+        QTimer::singleShot(0, [&] { typeName(folder.path(typed), kind); });
+        key(Qt::Key_E, Qt::ControlModifier);
+    };
+    exportAs("May 1.5", "pdf");
+    EXPECT_TRUE(QFile::exists(folder.path("May 1.5.pdf")));
+    exportAs("rows", "xlsx");
+    EXPECT_TRUE(QFile::exists(folder.path("rows.xlsx")));
+    exportAs("typed.csv", "pdf");
+    EXPECT_TRUE(QFile::exists(folder.path("typed.csv")));
+    EXPECT_EQ(QDir(folder.path("")).entryList(QDir::Files),
+              (QStringList{"May 1.5.pdf", "rows.xlsx", "typed.csv"}));
+}
+
+TEST_F(ViewerTest, ASuffixThatIsAddedDoesNotWriteOverAFileUnasked) {
+    const tests::Folder folder;
+    folder.write("old.pdf", "before");
+    QStringList boxes;
+    int answer = controls::vbNo;
+    controls::setMessageScript([&](const QString& prompt, int, const QString&) {
+        boxes << prompt;
+        if (answer == controls::vbNo) // the dialog comes again: another try, with another name
+            QTimer::singleShot(0, [&] { typeName(folder.path("new"), "pdf"); });
+        return answer;
+    });
+    QTimer::singleShot(0, [&] { typeName(folder.path("old"), "pdf"); });
+    key(Qt::Key_E, Qt::ControlModifier);
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes.first().contains("old.pdf already exists."));
+    EXPECT_TRUE(QFile::exists(folder.path("new.pdf")));
+    EXPECT_EQ(QFileInfo(folder.path("old.pdf")).size(), 6);
+    answer = controls::vbYes;
+    QTimer::singleShot(0, [&] { typeName(folder.path("old"), "pdf"); });
+    key(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_GT(QFileInfo(folder.path("old.pdf")).size(), 6);
+}
+
+TEST_F(ViewerTest, TheSaveDialogLeavesNothingBehind) {
+    const auto written = [] {
+        const QSettings settings(QSettings::UserScope, "QtProject");
+        QStringList all;
+        for (const QString& name : settings.allKeys())
+            all << name + '=' + settings.value(name).toString();
+        return std::pair(QFile::exists(settings.fileName()), all);
+    };
+    const auto before = written();
+    const tests::Folder folder;
+    QTimer::singleShot(0, [&] { typeName(folder.path("a"), "csv"); });
+    key(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_TRUE(QFile::exists(folder.path("a.csv")));
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    key(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(written(), before);
 }
 
 TEST_F(ViewerTest, OnlyVisiblePagesAreMade) {
