@@ -267,10 +267,11 @@ std::shared_ptr<ReportData> Report::readData() const {
 }
 
 std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
-    std::shared_ptr<ReportData> data = readBesides();
-    data->details = rows(progress);
-    if (!m_tables.empty() && !data->details)
+    std::shared_ptr<const RowSource> details = rows(progress);
+    if (!m_tables.empty() && !details)
         return nullptr;
+    std::shared_ptr<ReportData> data = readBesides();
+    data->details = std::move(details);
     return layout(std::move(data), progress);
 }
 
