@@ -3,6 +3,7 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 #include "platform/report/SheetCells.h"
 
 #include <QTemporaryFile>
@@ -150,7 +151,7 @@ class SheetWriter {
 };
 
 bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QString& file,
-                   const KeepGoing& keepGoing) {
+                   const ProgressCall& progress) {
     const qsizetype count = rows.count();
     Workbook workbook(file, count > manyCells / std::max<qsizetype>(qsizetype(rows.columns().size()), 1));
     QByteArray title = heading.title.toUtf8();
@@ -161,7 +162,7 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
     check(workbook_set_properties(workbook.book(), &properties));
     SheetWriter writer(workbook, rows, heading);
     for (qsizetype row = 0; row < count; ++row) {
-        if (keepGoing && row % rowsBetweenCalls == 0 && !keepGoing(row))
+        if (progress && row % rowsBetweenCalls == 0 && !progress({row, 0, 0}))
             return false;
         writer.write(row);
     }
@@ -173,13 +174,13 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
 } // namespace
 
 bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QString& path,
-                const KeepGoing& keepGoing) {
+                const ProgressCall& progress) {
     // The library writes by name, and not safely: it gets a file of its own, which then is taken over whole.
     QTemporaryFile work;
     try {
         if (!work.open())
             throw base::RunTimeError(errorFile, work.errorString());
-        if (!writeWorkbook(rows, heading, work.fileName(), keepGoing))
+        if (!writeWorkbook(rows, heading, work.fileName(), progress))
             return false;
     } catch (const base::RunTimeError& error) {
         if (error.number() != errorFile)

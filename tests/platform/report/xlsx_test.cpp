@@ -219,7 +219,8 @@ TEST_F(XlsxTest, WhatWasThereStaysUntilTheFileIsWhole) {
             return file.readAll();
         };
         CountedRows rows(300'000);
-        EXPECT_FALSE(report::exportRows(rows, {}, path, [](qsizetype done) { return done < 100'000; }));
+        EXPECT_FALSE(report::exportRows(rows, {}, path,
+                                        [](const report::Progress& done) { return done.rows < 100'000; }));
         EXPECT_EQ(content(), "before");
         rows.brokenAt = 200'000;
         EXPECT_THROW(report::exportRows(rows, {}, path), base::RunTimeError);
