@@ -209,6 +209,19 @@ TEST_F(ViewerTest, AHitLiesOnTheFoundSigns) {
     EXPECT_NE(before, QColor());
 }
 
+TEST_F(ViewerTest, EverySheetInSightIsWhite) {
+    key(Qt::Key_F, Qt::ControlModifier); // marks are laid over a sheet, and leave the next one as it is
+    QTest::keyClicks(child<QLineEdit>("findText"), "stat");
+    viewer.pages()->setZoom(0.3);
+    viewer.pages()->goTo(0);
+    const QImage view = viewer.pages()->viewport()->grab().toImage();
+    const double side = 100 / 25.4 * viewer.logicalDpiX() * 0.3; // of a sheet, in pixels
+    for (int sheet = 0; sheet < 3; ++sheet) {
+        const int y = 16 + int(sheet * (side + 16) + side - 4);
+        EXPECT_EQ(view.pixelColor(view.width() / 2, y), QColor(Qt::white)) << sheet;
+    }
+}
+
 TEST_F(ViewerTest, TheGroupTreeLeadsToItsPage) {
     auto* tree = child<QTreeWidget>("groupTree");
     EXPECT_FALSE(tree->isVisible());
