@@ -24,6 +24,7 @@
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -96,8 +97,8 @@ void Viewer::addCommands() {
                [this] { m_pages->setFit(PageView::Fit::Page); });
     m_bar->addSeparator();
     addCommand("find", "search", tr("Find"), {Qt::CTRL | Qt::Key_F}, [this] { m_findBar->begin(); });
-    QAction* tree = addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T},
-                               [this] { setGroupTreeShown(!m_treeWanted); });
+    QAction* tree =
+        addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T}, [this] { toggleTree(); });
     tree->setCheckable(true);
     addNote();
     addCommand("findNext", nullptr, tr("Next hit"), {Qt::Key_F3}, [this] { findStep(1); });
@@ -251,6 +252,22 @@ void Viewer::setGroupTreeShown(bool shown) {
     m_tree->setVisible(shown && hasGroups);
     command(QStringLiteral("tree"))->setEnabled(hasGroups);
     command(QStringLiteral("tree"))->setChecked(shown && hasGroups);
+}
+
+/// By its key the tree takes the keyboard, standing at the group in sight, and gives it back.
+void Viewer::toggleTree() {
+    setGroupTreeShown(!m_treeWanted);
+    if (!m_tree->isVisibleTo(this)) {
+        m_pages->setFocus();
+        return;
+    }
+    const QSignalBlocker blocker(m_tree);
+    m_tree->setCurrentItem(m_tree->topLevelItem(0));
+    for (QTreeWidgetItemIterator item(m_tree); *item; ++item) {
+        if ((*item)->data(0, PageRole).toInt() <= m_pages->currentPage())
+            m_tree->setCurrentItem(*item);
+    }
+    m_tree->setFocus(Qt::ShortcutFocusReason);
 }
 
 void Viewer::showPage(int page) {

@@ -12,8 +12,12 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -236,6 +240,54 @@ TEST_F(ViewerTest, TheGroupTreeLeadsToItsPage) {
     EXPECT_NEAR(viewer.pages()->currentPage(), entry.page, 1);
     key(Qt::Key_T, Qt::ControlModifier);
     EXPECT_FALSE(tree->isVisible());
+}
+
+TEST_F(ViewerTest, TheTreeIsWorkedByKeys) {
+    auto* tree = child<QTreeWidget>("groupTree");
+    key(Qt::Key_End, Qt::ControlModifier);
+    const int last = viewer.pages()->currentPage();
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_TRUE(tree->hasFocus());
+    EXPECT_EQ(tree->currentItem()->text(0), "MD"); // the group in sight
+    EXPECT_EQ(viewer.pages()->currentPage(), last);
+    QTest::keyClick(tree, Qt::Key_Up);
+    EXPECT_EQ(viewer.pages()->currentPage(), 0);
+    QTest::keyClick(tree, Qt::Key_Down);
+    EXPECT_NEAR(viewer.pages()->currentPage(), viewer.document()->groupTree()[1].page, 1);
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_FALSE(tree->isVisible());
+    EXPECT_TRUE(viewer.pages()->hasFocus());
+}
+
+TEST_F(ViewerTest, PrintAsksTheSystemAndPrintsThePagesAskedFor) {
+    const tests::Folder folder;
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    key(Qt::Key_P, Qt::ControlModifier);
+    viewer.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+        auto* file = dialog->findChild<QLineEdit*>("filename");
+        ASSERT_TRUE(file);
+        file->setFocus();
+        file->selectAll();
+        QTest::keyClicks(file, folder.path("printed.pdf"));
+        QTest::keyClick(dialog->findChild<QRadioButton*>("printRange"), Qt::Key_Space);
+        for (const auto& [name, page] : {std::pair("from", "2"), std::pair("to", "3")}) {
+            auto* spin = dialog->findChild<QSpinBox*>(name);
+            spin->selectAll();
+            QTest::keyClicks(spin, page);
+        }
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    key(Qt::Key_P, Qt::ControlModifier);
+    const QString text = tests::toolOutput("pdftotext", {folder.path("printed.pdf"), "-"});
+    EXPECT_FALSE(text.contains("line 7\n"));
+    EXPECT_TRUE(text.contains("line 8\n")) << qPrintable(text);
+    EXPECT_TRUE(text.contains("line 23\n"));
+    EXPECT_FALSE(text.contains("line 24\n"));
 }
 
 TEST_F(ViewerTest, AReportWithoutGroupsShowsNoTree) {
