@@ -2,6 +2,7 @@
 
 #include "platform/report/PagePainter.h"
 #include "platform/report/ParameterPrompt.h"
+#include "platform/report/ProgressBox.h"
 #include "platform/report/Report.h"
 #include "platform/report/SaveFile.h"
 
@@ -59,7 +60,8 @@ bool DefaultPrinter::isReady() const {
 
 void DefaultPrinter::print(const PageDocument& document) {
     QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
-    printPages(document, printer, 1, document.pageCount());
+    ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));
+    printPages(document, printer, 1, document.pageCount(), box.call());
 }
 
 void PdfFile::print(const PageDocument& document) {
@@ -83,7 +85,13 @@ bool printDirect(Report& report) {
     if (!promptForParameters(report, QApplication::activeWindow()))
         return true;
     report.discardSavedData();
-    target()->print(*report.run());
+    std::unique_ptr<PageDocument> document;
+    {
+        ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));
+        document = report.run(box.call());
+    }
+    if (document)
+        target()->print(*document);
     return true;
 }
 

@@ -1,6 +1,6 @@
 #include "platform/report/TextFind.h"
 
-#include "platform/report/FontMeasure.h"
+#include <QDeadlineTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -23,23 +23,38 @@ void findInRun(const TextRun& run, const QString& text, int page, FontMeasures& 
 
 } // namespace
 
-std::vector<Hit> findText(const PageDocument& document, const QString& text) {
-    std::vector<Hit> hits;
-    if (text.isEmpty())
-        return hits;
-    FontMeasures measures;
-    for (int page = 0; page < document.pageCount(); ++page) {
-        const std::size_t before = hits.size();
-        const std::shared_ptr<const Page> content = document.page(page);
-        for (const Item& item : content->items) {
-            if (const TextRun* run = std::get_if<TextRun>(&item); run && run->degrees == 0)
-                findInRun(*run, text, page, measures, hits);
-        }
-        std::stable_sort(hits.begin() + qsizetype(before), hits.end(), [](const Hit& a, const Hit& b) {
-            return a.frame.y != b.frame.y ? a.frame.y < b.frame.y : a.frame.x < b.frame.x;
-        });
+TextFind::TextFind(std::shared_ptr<const PageDocument> document, QString text)
+    : m_document(std::move(document)), m_text(std::move(text)) {}
+
+bool TextFind::work(int milliseconds) {
+    if (m_text.isEmpty())
+        return true;
+    const QDeadlineTimer deadline(milliseconds);
+    while (m_page < m_document->pageCount() && m_hits.size() < mostHits) {
+        searchPage(m_page++);
+        if (deadline.hasExpired())
+            break;
     }
-    return hits;
+    return m_page >= m_document->pageCount() || m_hits.size() >= mostHits;
+}
+
+void TextFind::searchPage(int page) {
+    const std::size_t before = m_hits.size();
+    const std::shared_ptr<const Page> content = m_document->page(page);
+    for (const Item& item : content->items) {
+        if (const TextRun* run = std::get_if<TextRun>(&item); run && run->degrees == 0)
+            findInRun(*run, m_text, page, m_measures, m_hits);
+    }
+    std::stable_sort(m_hits.begin() + qsizetype(before), m_hits.end(), [](const Hit& a, const Hit& b) {
+        return a.frame.y != b.frame.y ? a.frame.y < b.frame.y : a.frame.x < b.frame.x;
+    });
+}
+
+std::vector<Hit> findText(std::shared_ptr<const PageDocument> document, const QString& text) {
+    TextFind find(std::move(document), text);
+    while (!find.work(1000)) {
+    }
+    return find.hits();
 }
 
 } // namespace report

@@ -6,8 +6,11 @@
 #include "platform/report/FindBar.h"
 #include "platform/report/ParameterPrompt.h"
 #include "platform/report/Print.h"
+#include "platform/report/ProgressBox.h"
 #include "platform/report/Report.h"
 #include "platform/report/RowExport.h"
+#include "platform/report/RunBar.h"
+#include "platform/report/RunDriver.h"
 #include "platform/report/SaveDialog.h"
 
 #include <QAccessible>
@@ -21,6 +24,7 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScopeGuard>
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -34,6 +38,11 @@ namespace report {
 namespace {
 
 constexpr std::array zoomSteps{25, 50, 75, 100, 125, 150, 200, 300, 400};
+
+// milliseconds
+constexpr int firstFindSlice = 60;
+constexpr int findSlice = 15;
+constexpr int betweenHits = 200;
 
 enum TreeRole { PageRole = Qt::UserRole, HeightRole };
 
@@ -52,6 +61,7 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     m_tree->hide();
     m_findBar = new FindBar(this);
     m_findBar->hide();
+    m_driver = new RunDriver(this);
     auto* splitter = new QSplitter(this);
     splitter->addWidget(m_tree);
     splitter->addWidget(m_pages);
@@ -61,9 +71,12 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_bar);
+    addCommands();
+    m_runBar = new RunBar(command(QStringLiteral("stop")), this);
+    m_runBar->hide();
+    column->addWidget(m_runBar);
     column->addWidget(m_findBar);
     column->addWidget(splitter, 1);
-    addCommands();
     connectPages();
     setFocusProxy(m_pages);
     setDocument(nullptr);
@@ -106,6 +119,7 @@ void Viewer::addCommands() {
                [this] { findStep(-1); });
     addCommand("actualSize", nullptr, tr("Natural size"), {Qt::CTRL | Qt::Key_0},
                [this] { m_pages->setZoom(1.0); });
+    addCommand("stop", nullptr, tr("Stop"), {Qt::Key_Escape}, [this] { m_driver->stop(); });
     addCommand("goTo", nullptr, tr("Go to page"), {Qt::CTRL | Qt::Key_G}, [this] {
         m_pageField->setFocus(Qt::ShortcutFocusReason);
         m_pageField->selectAll();
@@ -180,6 +194,9 @@ void Viewer::connectPages() {
             if (item)
                 m_pages->goTo(item->data(0, PageRole).toInt(), Length{item->data(0, HeightRole).toInt()});
         });
+    controls::on(m_driver, &RunDriver::grew, this, [this] { showGrowth(); });
+    controls::on(m_driver, &RunDriver::ended, this, [this] { showEnd(); });
+    controls::on(&m_findTimer, &QTimer::timeout, this, [this] { findFurther(findSlice); });
     controls::on(m_findBar, &FindBar::textChanged, this, [this](const QString& text) { find(text); });
     controls::on(m_findBar, &FindBar::step, this, [this](int direction) { findStep(direction); });
     controls::on(m_findBar, &FindBar::closed, this, [this] {
@@ -196,43 +213,92 @@ bool Viewer::showReport(Report& report) {
     setDocument(nullptr);
     if (!promptForParameters(report, this))
         return false;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    std::shared_ptr<const PageDocument> document;
-    try {
-        document = report.run();
-    } catch (...) {
-        QApplication::restoreOverrideCursor();
-        throw;
+    {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto done = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+        m_driver->start(report.start());
     }
-    QApplication::restoreOverrideCursor();
-    setDocument(std::move(document));
+    showDocument(m_driver->run()->document(), tr("The first page is on its way."));
     return true;
 }
 
+bool Viewer::isRunning() const {
+    return m_driver->isRunning();
+}
+
 void Viewer::setDocument(std::shared_ptr<const PageDocument> document) {
+    m_driver->clear();
+    showDocument(std::move(document), tr("The report was not run."));
+}
+
+void Viewer::showDocument(std::shared_ptr<const PageDocument> document, const QString& sentence) {
     const bool given = document != nullptr;
-    m_pages->setDocument(std::move(document), tr("The report was not run."));
+    m_printWanted = false;
+    m_pages->setDocument(std::move(document), sentence);
     for (QAction* action : actions())
         action->setEnabled(given);
     m_pageField->setEnabled(given);
     m_zoomBox->setEnabled(given);
     m_note->clear();
-    m_pageCount->setText(given ? tr("of %1").arg(m_pages->document()->pageCount()) : QString());
     find(m_findBar->isVisible() ? m_findBar->text() : QString());
-    fillTree();
-    setGroupTreeShown(m_treeWanted);
+    m_tree->clear();
+    m_treePath.clear();
+    m_treeFilled = 0;
     showPage(m_pages->currentPage());
     showZoom();
+    showRun();
 }
 
+/// What hangs on whether more pages are to come.
+void Viewer::showRun() {
+    const PageDocument* shown = document();
+    const bool running = isRunning();
+    const bool stopped = shown && !running && !shown->isComplete();
+    m_runBar->setVisible(running || stopped);
+    if (running)
+        m_runBar->showRunning(m_driver->run()->progress());
+    else if (stopped)
+        m_runBar->showStopped();
+    command(QStringLiteral("stop"))->setEnabled(running);
+    for (const char* name : {"print", "export"})
+        command(QLatin1StringView(name))->setEnabled(shown && shown->isComplete());
+    m_pageCount->setText(shown ? tr("of %1").arg(shown->pageCount()) +
+                                     (running ? QStringLiteral("\u2026") : QString())
+                               : QString());
+    fillTree();
+    setGroupTreeShown(m_treeWanted);
+    enablePageCommands();
+}
+
+void Viewer::showGrowth() {
+    m_pages->takeGrowth();
+    if (m_find && !m_findTimer.isActive())
+        m_findTimer.start(0);
+    showRun();
+}
+
+void Viewer::showEnd() {
+    showGrowth();
+    find(m_findBar->isVisible() ? m_findBar->text() : QString());
+    if (std::exchange(m_printWanted, false) && document()->isComplete())
+        print();
+}
+
+/// Adds the groups that have come since the last time.
 void Viewer::fillTree() {
-    const QSignalBlocker blocker(m_tree);
-    m_tree->clear();
-    if (!m_pages->document())
+    if (!document())
         return;
-    std::vector<QTreeWidgetItem*> path;
+    const QSignalBlocker blocker(m_tree);
+    std::vector<QTreeWidgetItem*>& path = m_treePath;
     QList<QTreeWidgetItem*> top;
-    for (const TreeEntry& entry : m_pages->document()->groupTree()) {
+    const std::vector<TreeEntry>& entries = document()->groupTree();
+    if (m_treeFilled > entries.size()) { // a run that began anew
+        m_tree->clear();
+        path.clear();
+        m_treeFilled = 0;
+    }
+    for (; m_treeFilled < entries.size(); ++m_treeFilled) {
+        const TreeEntry& entry = entries[m_treeFilled];
         auto* item = new QTreeWidgetItem({entry.text.isEmpty() ? tr("(blank)") : entry.text});
         item->setData(0, PageRole, entry.page);
         item->setData(0, HeightRole, entry.y.hundredths);
@@ -272,11 +338,17 @@ void Viewer::toggleTree() {
 
 void Viewer::showPage(int page) {
     m_pageField->setText(page < 0 ? QString() : QString::number(page + 1));
-    const int pages = m_pages->document() ? m_pages->document()->pageCount() : 0;
+    enablePageCommands();
+}
+
+void Viewer::enablePageCommands() {
+    const int page = m_pages->currentPage();
+    const int pages = document() ? document()->pageCount() : 0;
     for (const char* name : {"first", "previous"})
         command(QLatin1StringView(name))->setEnabled(page > 0);
-    for (const char* name : {"next", "last"})
-        command(QLatin1StringView(name))->setEnabled(page >= 0 && page + 1 < pages);
+    const bool further = page >= 0 && page + 1 < pages;
+    command(QStringLiteral("next"))->setEnabled(further);
+    command(QStringLiteral("last"))->setEnabled(further && !isRunning());
 }
 
 void Viewer::showZoom() {
@@ -304,32 +376,57 @@ void Viewer::goToTyped() {
 }
 
 void Viewer::find(const QString& text) {
-    m_hits = m_pages->document() ? findText(*m_pages->document(), text) : std::vector<Hit>();
+    m_findTimer.stop();
     m_currentHit = -1;
-    m_pages->setHits(m_hits);
-    const int page = m_pages->currentPage();
-    const auto first =
-        std::find_if(m_hits.begin(), m_hits.end(), [page](const Hit& hit) { return hit.page >= page; });
-    if (!m_hits.empty())
-        m_currentHit = first == m_hits.end() ? 0 : int(first - m_hits.begin());
-    m_pages->setCurrentHit(m_currentHit);
-    m_findBar->setCount(m_currentHit, int(m_hits.size()));
+    m_pages->setHits({});
+    m_find.reset();
+    if (document() && !text.isEmpty())
+        m_find = std::make_unique<TextFind>(m_pages->sharedDocument(), text);
+    findFurther(firstFindSlice);
+}
+
+/// Searches on; a long report is searched between the events.
+void Viewer::findFurther(int milliseconds) {
+    const bool done = !m_find || m_find->work(milliseconds);
+    if (done)
+        m_findTimer.stop();
+    else if (!m_findTimer.isActive())
+        m_findTimer.start(0);
+    if (done || m_currentHit < 0 || m_sinceHits.elapsed() >= betweenHits)
+        showHits(!done);
+}
+
+void Viewer::showHits(bool searching) {
+    m_sinceHits.start();
+    const std::vector<Hit> hits = m_find ? m_find->hits() : std::vector<Hit>();
+    m_pages->extendHits(hits);
+    if (m_currentHit < 0 && !hits.empty()) {
+        const int page = m_pages->currentPage();
+        const auto first =
+            std::find_if(hits.begin(), hits.end(), [page](const Hit& hit) { return hit.page >= page; });
+        if (first != hits.end() || !searching) {
+            m_currentHit = first == hits.end() ? 0 : int(first - hits.begin());
+            m_pages->setCurrentHit(m_currentHit);
+        }
+    }
+    m_findBar->setCount(m_currentHit, int(hits.size()), searching || isRunning());
 }
 
 void Viewer::findStep(int direction) {
-    if (m_hits.empty()) {
+    const int count = m_find ? int(m_find->hits().size()) : 0;
+    if (count == 0) {
         if (!m_findBar->isVisible())
             m_findBar->begin();
         return;
     }
-    const int count = int(m_hits.size());
     m_currentHit = (m_currentHit + direction + count) % count;
     m_pages->setCurrentHit(m_currentHit);
-    m_findBar->setCount(m_currentHit, count);
+    m_findBar->setCount(m_currentHit, count, m_findTimer.isActive() || isRunning());
 }
 
 void Viewer::print() {
-    if (!document())
+    m_printWanted = isRunning();
+    if (!document() || !document()->isComplete())
         return;
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(document()->title());
@@ -351,14 +448,15 @@ void Viewer::printOn(QPrinter& printer) {
     else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0)
         from = printer.fromPage(), to = printer.toPage();
     try {
-        printPages(*document(), printer, from, to);
+        ProgressBox box(this, tr("Print"));
+        printPages(*document(), printer, from, to, box.call());
     } catch (const base::RunTimeError& error) {
         controls::MsgBox(error.description(), controls::vbExclamation, tr("Print"));
     }
 }
 
 void Viewer::askExport() {
-    if (!document())
+    if (!document() || !document()->isComplete())
         return;
     QList<SaveKind> kinds{{tr("PDF documents"), QStringLiteral("pdf")}};
     if (document()->rows())
@@ -370,30 +468,31 @@ void Viewer::askExport() {
 }
 
 bool Viewer::exportTo(const QString& path) {
-    if (!document())
+    if (!document() || !document()->isComplete())
         return false;
     m_note->clear();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
     QString failure;
+    bool written = false;
     try {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto done = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+        ProgressBox box(this, tr("Export"));
         if (fileKindOf(path) == FileKind::Pdf)
-            exportPdf(*document(), path);
+            written = exportPdf(*document(), path, box.call());
         else if (document()->rows())
-            exportRows(*document()->rows(), document()->rowsHeading(), path);
+            written = exportRows(*document()->rows(), document()->rowsHeading(), path, [&](qsizetype rows) {
+                return box({rows, 0, 0});
+            });
         else
             failure = tr("The report has no rows to export.");
     } catch (const base::RunTimeError& error) {
         failure = error.description();
-    } catch (...) {
-        QApplication::restoreOverrideCursor();
-        throw;
     }
-    QApplication::restoreOverrideCursor();
-    if (failure.isEmpty())
-        tellNote(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
-    else
+    if (!failure.isEmpty())
         controls::MsgBox(failure, controls::vbExclamation, tr("Export"));
-    return failure.isEmpty();
+    else
+        tellNote(written ? tr("Saved as %1").arg(QDir::toNativeSeparators(path)) : tr("Nothing was saved"));
+    return written;
 }
 
 /// The end of a path says more than its beginning.

@@ -193,11 +193,11 @@ TEST_F(ViewerTest, FindsMarksAndStepsRound) {
 }
 
 TEST_F(ViewerTest, AHitLiesOnTheFoundSigns) {
-    const auto hits = report::findText(*viewer.document(), "stat");
+    const auto hits = report::findText(viewer.pages()->sharedDocument(), "stat");
     ASSERT_EQ(hits.size(), 6u);
     EXPECT_EQ(hits[0].frame.y, hits[1].frame.y);
     EXPECT_GE(hits[1].frame.x, hits[0].frame.right());
-    EXPECT_TRUE(report::findText(*viewer.document(), "").empty());
+    EXPECT_TRUE(report::findText(viewer.pages()->sharedDocument(), "").empty());
     const QColor before = viewer.pages()->grab().toImage().pixelColor(0, 0);
     viewer.pages()->setHits(hits);
     viewer.pages()->setCurrentHit(0);
@@ -319,7 +319,7 @@ TEST_F(ViewerTest, EveryCommandTellsItsKey) {
         EXPECT_TRUE(action->toolTip().contains(action->shortcut().toString()))
             << qPrintable(action->toolTip());
     }
-    EXPECT_EQ(commands, 17);
+    EXPECT_EQ(commands, 18);
 }
 
 TEST_F(ViewerTest, AnExportThatFailsSaysWhyAndLeavesTheViewerOpen) {
