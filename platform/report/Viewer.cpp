@@ -480,9 +480,7 @@ bool Viewer::exportTo(const QString& path) {
         if (fileKindOf(path) == FileKind::Pdf)
             written = exportPdf(*document(), path, box.call());
         else if (document()->rows())
-            written = exportRows(*document()->rows(), document()->rowsHeading(), path, [&](qsizetype rows) {
-                return box({rows, 0, 0});
-            });
+            written = exportRows(*document()->rows(), document()->rowsHeading(), path, box.call());
         else
             failure = tr("The report has no rows to export.");
     } catch (const base::RunTimeError& error) {

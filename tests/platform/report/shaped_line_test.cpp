@@ -99,10 +99,10 @@ TEST(ShapedLine, TheDefinitionSaysWhereATextStandsWhicheverWayItRuns) {
 }
 
 TEST(ShapedLine, AHitLiesOnTheSignsAsTheyStandAndACopyReadsAsTheyAreStored) {
-    const auto document = oneField(arabic);
+    const std::shared_ptr<const report::PageDocument> document = oneField(arabic);
     const report::TextRun run = tests::runOf(*document, 0, arabic);
-    const auto first = report::findText(*document, arabic.section(u' ', 0, 0));
-    const auto last = report::findText(*document, arabic.section(u' ', 1, 1));
+    const auto first = report::findText(document, arabic.section(u' ', 0, 0));
+    const auto last = report::findText(document, arabic.section(u' ', 1, 1));
     ASSERT_EQ(first.size(), 1U);
     ASSERT_EQ(last.size(), 1U);
     // The first word stands on the right.
@@ -111,8 +111,8 @@ TEST(ShapedLine, AHitLiesOnTheSignsAsTheyStandAndACopyReadsAsTheyAreStored) {
     EXPECT_NEAR(last[0].frame.x.hundredths, run.frame.x.hundredths, 3);
     EXPECT_LT(last[0].frame.right(), first[0].frame.x);
     EXPECT_EQ(report::textOf(*document->page(0)), arabic);
-    const auto inMixed = oneField(mixed);
-    const auto latin = report::findText(*inMixed, "reyes");
+    const std::shared_ptr<const report::PageDocument> inMixed = oneField(mixed);
+    const auto latin = report::findText(inMixed, "reyes");
     ASSERT_EQ(latin.size(), 1U);
     EXPECT_EQ(latin[0].frame.x, Length::fromMm(10));
     const report::FontMeasure measure(face);
