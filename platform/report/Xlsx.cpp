@@ -9,13 +9,16 @@
 #include <QTemporaryFile>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <future>
 #include <utility>
 
 namespace report {
 namespace {
 
 constexpr qsizetype rowsBetweenCalls = 4096;
+constexpr qsizetype manyRows = 20'000;      // beyond, packing is worth a thread
 constexpr qsizetype manyCells = 20'000'000; // beyond, a sheet's text may pass 4 GB
 constexpr double narrowest = 8;             // signs
 constexpr double widest = 60;
@@ -150,6 +153,21 @@ class SheetWriter {
     std::vector<double> m_widths; ///< in signs
 };
 
+/// Packing takes as long as the rows did: a thread of its own leaves this one free to tell the progress. Once
+/// begun it cannot be stopped, only waited for.
+bool finish(Workbook& workbook, qsizetype rows, const ProgressCall& progress) {
+    if (!progress || rows < manyRows) {
+        workbook.finish();
+        return true;
+    }
+    std::future<void> packing = std::async(std::launch::async, [&workbook] { workbook.finish(); });
+    bool wanted = true;
+    while (packing.wait_for(std::chrono::milliseconds(40)) != std::future_status::ready)
+        wanted = wanted && progress({rows, 0, 0});
+    packing.get();
+    return wanted;
+}
+
 bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QString& file,
                    const ProgressCall& progress) {
     const qsizetype count = rows.count();
@@ -167,8 +185,7 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
         writer.write(row);
     }
     writer.finish();
-    workbook.finish();
-    return true;
+    return finish(workbook, count, progress);
 }
 
 } // namespace
