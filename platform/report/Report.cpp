@@ -275,7 +275,7 @@ std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
     return layout(std::move(data), progress);
 }
 
-QString quoted(const QString& text) {
+QString quotedFormula(const QString& text) {
     QString inside = text;
     return u'"' + inside.replace(u'"', QLatin1StringView("\"\"")) + u'"';
 }

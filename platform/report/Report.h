@@ -66,8 +66,8 @@ class Report {
     QStringList formulaNames() const; ///< in stored order
     /// Raises 9 when there is no formula of that name.
     QString formula(const QString& name) const;
-    /// Raises 9, and 20515 when the text cannot be read or leads back to itself. quoted() makes a formula of
-    /// a text that is to stand there as it is.
+    /// Raises 9, and 20515 when the text cannot be read or leads back to itself. quotedFormula() makes a
+    /// formula of a text that is to stand there as it is.
     void setFormula(const QString& name, const QString& text);
 
     /// A report inside this one, opened by name. Raises 20515 when there is none. Owned by this report.
@@ -117,6 +117,6 @@ class Report {
 };
 
 /// The text as a formula that tells it: in double quotes, those inside it doubled.
-QString quoted(const QString& text);
+QString quotedFormula(const QString& text);
 
 } // namespace report

@@ -1,5 +1,6 @@
 #include "platform/base/Error.h"
 #include "platform/report/LinkedStrips.h"
+#include "platform/report/Run.h"
 #include "tests/platform/report/Bench.h"
 
 #include <gtest/gtest.h>
@@ -140,6 +141,21 @@ TEST_F(LinkedTest, NoValueLeavesItsQuotesAndNullIsEmpty) {
     EXPECT_THROW(opened({{"a' OR 'b", "NU"}})->run(), std::exception);
     EXPECT_TRUE(server.asked.isEmpty());
     EXPECT_EQ(textsOf(*opened({{Value(), "NU"}})->run(), 0), (QStringList{"/1!", "/2!"}));
+}
+
+TEST_F(LinkedTest, ARunThatComesSliceBySliceReadsThemToo) {
+    tests::Cells rows;
+    for (int i = 0; i < 90; ++i)
+        rows.push_back({i % 2 ? "A" : "B", "NU"});
+    auto report = opened(rows);
+    const auto run = report->start();
+    report.reset();
+    while (run->work(1) == report::Run::State::Running)
+        run->waitForRows(50);
+    EXPECT_EQ(run->state(), report::Run::State::Complete);
+    ASSERT_GT(run->document()->pageCount(), 5);
+    EXPECT_EQ(textsOf(*run->document(), 0).mid(0, 3), (QStringList{"B", "B/1!", "B/2!"}));
+    EXPECT_EQ(server.asked, (QStringList{"B", "A"}));
 }
 
 TEST_F(LinkedTest, TheDocumentOutlivesItsReport) {

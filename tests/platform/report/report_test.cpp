@@ -145,9 +145,9 @@ TEST_F(ReportTest, AFormulaCanTellATextAsItIs) {
     auto opened = filled();
     EXPECT_EQ(opened->formulaNames(), (QStringList{"Head", "Tail"}));
     const QString text = "5\" & {?To} \"\" {@Tail} <b>";
-    opened->setFormula("Head", report::quoted(text));
+    opened->setFormula("Head", report::quotedFormula(text));
     EXPECT_EQ(tests::textsOf(*opened->run(), 0).last(), text + "!");
-    opened->setFormula("Head", report::quoted(""));
+    opened->setFormula("Head", report::quotedFormula(""));
     EXPECT_EQ(tests::textsOf(*opened->run(), 0).last(), "!");
     EXPECT_EQ(errorOf([&] { opened->formula("Gone"); }), base::errors::subscriptOutOfRange);
 }
