@@ -13,7 +13,7 @@ constexpr int restForRows = 15;
 constexpr int restForServer = 200;
 constexpr int betweenNews = 100;
 /// How long the first look may take: with a page to show, and without one.
-constexpr int firstLook = 50;
+constexpr int firstLook = 30;
 constexpr int firstPatience = 300;
 
 } // namespace

@@ -143,6 +143,7 @@ void Viewer::addPageField() {
     m_pageField->setToolTip(tr("Page number, then Enter (Ctrl+G)"));
     m_pageField->setAccessibleName(tr("Page number"));
     m_pageCount = new QLabel(this);
+    m_pageCount->setObjectName(QStringLiteral("pageCount"));
     m_pageCount->setProperty("kind", QStringLiteral("help"));
     m_pageCount->setContentsMargins(4, 0, 4, 0);
     m_bar->addWidget(m_pageField);
