@@ -10,5 +10,6 @@ bool findPatients(const QString& folder);
 bool statementText(const QString& folder);
 bool bindGrid(const QString& folder);
 bool startUp(const QString& folder);
+bool longReport(const QString& folder);
 
 } // namespace bench

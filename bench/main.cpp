@@ -14,11 +14,9 @@ struct Measure {
     bool (*run)(const QString& folder);
 };
 
-constexpr Measure measures[] = {{"save", bench::saveOrder},
-                                {"find", bench::findPatients},
-                                {"text", bench::statementText},
-                                {"grid", bench::bindGrid},
-                                {"start", bench::startUp}};
+constexpr Measure measures[] = {{"save", bench::saveOrder},     {"find", bench::findPatients},
+                                {"text", bench::statementText}, {"grid", bench::bindGrid},
+                                {"start", bench::startUp},      {"report", bench::longReport}};
 
 } // namespace
 
@@ -28,7 +26,7 @@ int main(int argc, char** argv) {
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
-        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|start ...]\n", stderr);
+        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|start|report ...]\n", stderr);
         return 1;
     }
     const QStringList wanted = arguments.mid(1);
