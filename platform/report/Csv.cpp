@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
+#include "platform/report/SaveFile.h"
 
 #include <QBuffer>
 
@@ -29,7 +30,7 @@ QString cellOf(const base::Value& value) {
 }
 
 /// False when it was stopped, or the device took less than all.
-bool writeCsv(const RowSource& rows, QIODevice& device, const KeepGoing& keepGoing) {
+bool writeCsv(const RowSource& rows, QIODevice& device, const ProgressCall& progress) {
     QByteArray block("\xEF\xBB\xBF");
     QStringList cells;
     const auto addLine = [&] {
@@ -47,7 +48,7 @@ bool writeCsv(const RowSource& rows, QIODevice& device, const KeepGoing& keepGoi
         addLine();
         if (block.size() < largestBlock)
             continue;
-        if (device.write(block) != block.size() || (keepGoing && !keepGoing(row + 1)))
+        if (device.write(block) != block.size() || (progress && !progress({row + 1, 0, 0})))
             return false;
         block.clear();
     }
@@ -63,8 +64,8 @@ QByteArray csvOf(const RowSource& rows) {
     return csv.data();
 }
 
-bool exportCsv(const RowSource& rows, const QString& path, const KeepGoing& keepGoing) {
-    return saveFile(path, [&](QIODevice& file) { return writeCsv(rows, file, keepGoing); });
+bool exportCsv(const RowSource& rows, const QString& path, const ProgressCall& progress) {
+    return saveFile(path, [&](QIODevice& file) { return writeCsv(rows, file, progress); });
 }
 
 } // namespace report

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/report/Progress.h"
 #include "platform/report/RowSource.h"
-#include "platform/report/SaveFile.h"
 
 #include <QByteArray>
 
@@ -12,8 +12,8 @@ namespace report {
 /// take for a formula gets an apostrophe in front.
 QByteArray csvOf(const RowSource& rows);
 
-/// Writes them to a file that is there whole or not at all; raises 75 with the reason. False when it was
-/// stopped.
-bool exportCsv(const RowSource& rows, const QString& path, const KeepGoing& keepGoing = {});
+/// Writes them to a file that is there whole or not at all; raises 75 with the reason. False when
+/// `progress` gave it up.
+bool exportCsv(const RowSource& rows, const QString& path, const ProgressCall& progress = {});
 
 } // namespace report

@@ -91,17 +91,20 @@ Scope PageBuilder::scopeAt(const Position& position) const {
 
 /// Page bands stand whole, one under the other; tells where the last one ends.
 Length PageBuilder::placeAll(const std::vector<Band>& bands, Length y, const Scope& scope) {
-    for (const Band& band : bands) {
-        if (!m_bands.isVisible(band, scope))
-            continue;
-        LaidBand laid = m_bands.lay(band, scope);
-        for (Item& item : laid.items) {
-            moveItem(item, m_x, y);
-            m_built.page.items.push_back(std::move(item));
-        }
-        y += laid.height;
-    }
+    for (const Band& band : bands)
+        y = placeWhole(band, y, scope);
     return y;
+}
+
+Length PageBuilder::placeWhole(const Band& band, Length y, const Scope& scope) {
+    if (!m_bands.isVisible(band, scope))
+        return y;
+    LaidBand laid = m_bands.lay(band, scope);
+    for (Item& item : laid.items) {
+        moveItem(item, m_x, y);
+        m_built.page.items.push_back(std::move(item));
+    }
+    return y + laid.height;
 }
 
 void PageBuilder::placeFooter(const Position& start) {
@@ -118,7 +121,13 @@ void PageBuilder::placePageHeaders(const Position& start) {
     Scope scope = scopeAt(start);
     scope.level = -1;
     const Length before = m_y;
-    m_y = placeAll(m_definition.pageHeaders, m_y, scope);
+    const std::vector<Band>& begun = m_flow.bandsAt(start);
+    const bool rows =
+        start.stage != Stage::ReportFooter || begun.empty() || !begun[std::size_t(start.band)].newPageBefore;
+    for (const Band& band : m_definition.pageHeaders) {
+        if (rows || !band.withRows)
+            m_y = placeWhole(band, m_y, scope);
+    }
     if (m_bottom - m_definition.top - (m_y - before) < leastBody)
         throw base::RunTimeError(
             errorDamaged, QStringLiteral("The report's page header and footer leave no room for rows."));

@@ -217,7 +217,9 @@ void PageView::paintSheet(QPainter& painter, int page) const {
     painter.scale(scale(), scale());
     paintPage(painter, *m_document->page(page));
     painter.restore();
+    painter.save();
     paintMarks(painter, page);
+    painter.restore();
     painter.setPen(controls::look::line);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(sheet.adjusted(0, 0, -1, -1));

@@ -71,8 +71,10 @@ Report::Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn)
         m_tables.push_back({table.location, {}, {}, {}, {}});
     for (const FormulaDefinition& one : m_definition->formulas)
         m_formulaTexts << one.text;
-    for (const SubReportDefinition& one : m_definition->subReports)
+    for (const SubReportDefinition& one : m_definition->subReports) {
         m_subReports.push_back(std::unique_ptr<Report>(new Report(one.definition, m_logOn)));
+        m_subReports.back()->m_linked = one.linked;
+    }
 }
 
 Report::~Report() = default;
@@ -103,10 +105,18 @@ bool Report::hasParameter(int index) const {
 std::vector<int> Report::missingParameters() const {
     std::vector<int> missing;
     for (int i = 0; i < int(m_parameters.size()); ++i) {
-        if (!hasParameter(i))
+        if (!hasParameter(i) && !isLinked(i))
             missing.push_back(i);
     }
     return missing;
+}
+
+bool Report::isLinked(int parameter) const {
+    return std::find(m_linked.begin(), m_linked.end(), parameter) != m_linked.end();
+}
+
+QStringList Report::formulaNames() const {
+    return m_definition->names().formulas;
 }
 
 QString Report::formula(const QString& name) const {
@@ -176,6 +186,12 @@ std::unique_ptr<ado::Connection> Report::connect(std::size_t table) const {
 }
 
 ado::Rows Report::readTable(std::size_t table) const {
+    if (m_held) {
+        std::unique_ptr<ado::Connection>& held = m_held->at(table);
+        if (!held)
+            held = connect(table);
+        return held->Execute(tableStatement(table)).rows();
+    }
     const std::unique_ptr<ado::Connection> connection = connect(table);
     ado::Rows rows = connection->Execute(tableStatement(table)).rows();
     connection->Close();
@@ -215,13 +231,32 @@ std::shared_ptr<ReportData> Report::readBesides() const {
     data->headingName = headingName;
     data->headingAddress = headingAddress;
     data->printedAt = base::now();
-    for (const std::unique_ptr<Report>& subReport : m_subReports) {
-        std::shared_ptr<ReportData> inner = subReport->readData();
-        inner->headingName = headingName;
-        inner->headingAddress = headingAddress;
-        data->subReports.push_back(std::move(inner));
+    data->watermark = watermark;
+    for (std::size_t i = 0; i < m_subReports.size(); ++i) {
+        Report& subReport = *m_subReports[i];
+        subReport.headingName = headingName;
+        subReport.headingAddress = headingAddress;
+        const bool ahead = m_definition->subReports[i].readAhead;
+        data->subReports.push_back(ahead ? subReport.readData() : nullptr);
+        data->linked.push_back(subReport.linkedReader());
     }
     return data;
+}
+
+/// The pages outlive this report and ask again and again: a copy reads for them, over connections that stay.
+ReadLinked Report::linkedReader() const {
+    std::shared_ptr<Report> copy(new Report(m_definition, m_logOn));
+    copy->headingName = headingName;
+    copy->headingAddress = headingAddress;
+    copy->m_tables = m_tables;
+    copy->m_parameters = m_parameters;
+    copy->m_formulas = m_formulas;
+    copy->m_held = std::make_unique<Connections>(m_tables.size());
+    return [copy](const LinkedValues& values) {
+        for (const auto& [parameter, value] : values)
+            copy->setParameter(parameter, value);
+        return copy->readData();
+    };
 }
 
 std::shared_ptr<ReportData> Report::readData() const {
@@ -238,6 +273,11 @@ std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
     std::shared_ptr<ReportData> data = readBesides();
     data->details = std::move(details);
     return layout(std::move(data), progress);
+}
+
+QString quotedFormula(const QString& text) {
+    QString inside = text;
+    return u'"' + inside.replace(u'"', QLatin1StringView("\"\"")) + u'"';
 }
 
 std::unique_ptr<Run> Report::start() {

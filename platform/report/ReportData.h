@@ -2,6 +2,7 @@
 
 #include "platform/ado/Provider.h"
 #include "platform/base/DateTime.h"
+#include "platform/report/LinkedValues.h"
 #include "platform/report/ReportDefinition.h"
 #include "platform/report/RowSource.h"
 
@@ -20,8 +21,10 @@ struct ReportData {
     std::vector<base::Value> parameters;
     std::vector<Expression> formulas;
     std::vector<std::shared_ptr<const ReportData>> subReports; ///< in the definition's order
+    std::vector<ReadLinked> linked;                            ///< likewise, for those placed with links
     QString headingName;
     QString headingAddress;
+    QString watermark; ///< in place of the definition's; "" leaves that
     base::DateTime printedAt;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/report/RowExport.h"
 
 #include "platform/report/Csv.h"
+#include "platform/report/SaveFile.h"
 #include "platform/report/Xlsx.h"
 
 namespace report {
@@ -15,12 +16,12 @@ FileKind fileKindOf(const QString& path) {
 }
 
 bool exportRows(const RowSource& rows, const SheetHeading& heading, const QString& path,
-                const KeepGoing& keepGoing) {
+                const ProgressCall& progress) {
     switch (fileKindOf(path)) {
     case FileKind::Csv:
-        return exportCsv(rows, path, keepGoing);
+        return exportCsv(rows, path, progress);
     case FileKind::Xlsx:
-        return exportXlsx(rows, heading, path, keepGoing);
+        return exportXlsx(rows, heading, path, progress);
     default:
         throw fileError(path, QStringLiteral("rows are written as .csv or .xlsx"));
     }

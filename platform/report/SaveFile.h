@@ -10,9 +10,6 @@ class QIODevice;
 
 namespace report {
 
-/// Told now and then how many rows are written; false stops the writing.
-using KeepGoing = std::function<bool(qsizetype rows)>;
-
 /// Error 75, "Path/File access error: <path>: <reason>".
 base::RunTimeError fileError(const QString& path, const QString& reason);
 

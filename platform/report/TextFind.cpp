@@ -3,6 +3,7 @@
 #include <QDeadlineTimer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace report {
 namespace {
@@ -13,8 +14,9 @@ void findInRun(const TextRun& run, const QString& text, int page, FontMeasures& 
     for (qsizetype at = run.text.indexOf(text, 0, Qt::CaseInsensitive); at >= 0;
          at = run.text.indexOf(text, at + text.size(), Qt::CaseInsensitive)) {
         Frame frame = run.frame;
-        frame.x += measure.width(QStringView(run.text).left(at));
-        frame.width = measure.width(QStringView(run.text).mid(at, text.size()));
+        const Extent extent = measure.extentIn(run, at, text.size());
+        frame.x.hundredths += qint32(std::floor(extent.left));
+        frame.width.hundredths = qint32(std::ceil(extent.width));
         hits.push_back({page, frame});
     }
 }

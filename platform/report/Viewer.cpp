@@ -2,32 +2,24 @@
 
 #include "platform/controls/Connect.h"
 #include "platform/controls/Look.h"
-#include "platform/controls/MessageBox.h"
 #include "platform/report/FindBar.h"
 #include "platform/report/ParameterPrompt.h"
-#include "platform/report/Print.h"
-#include "platform/report/ProgressBox.h"
 #include "platform/report/Report.h"
-#include "platform/report/RowExport.h"
 #include "platform/report/RunBar.h"
 #include "platform/report/RunDriver.h"
-#include "platform/report/SaveDialog.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDir>
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QScopeGuard>
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -109,8 +101,8 @@ void Viewer::addCommands() {
                [this] { m_pages->setFit(PageView::Fit::Page); });
     m_bar->addSeparator();
     addCommand("find", "search", tr("Find"), {Qt::CTRL | Qt::Key_F}, [this] { m_findBar->begin(); });
-    QAction* tree = addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T},
-                               [this] { setGroupTreeShown(!m_treeWanted); });
+    QAction* tree =
+        addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T}, [this] { toggleTree(); });
     tree->setCheckable(true);
     addNote();
     addCommand("findNext", nullptr, tr("Next hit"), {Qt::Key_F3}, [this] { findStep(1); });
@@ -157,18 +149,6 @@ void Viewer::addPageField() {
     m_bar->addWidget(m_pageField);
     m_bar->addWidget(m_pageCount);
     controls::on(m_pageField, &QLineEdit::returnPressed, this, [this] { goToTyped(); });
-}
-
-/// Tells what became of a command, at the bar's end.
-void Viewer::addNote() {
-    auto* spacer = new QWidget(this);
-    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    m_bar->addWidget(spacer);
-    m_note = new QLabel(this);
-    m_note->setObjectName(QStringLiteral("note"));
-    m_note->setProperty("kind", QStringLiteral("help"));
-    m_note->setContentsMargins(8, 0, 12, 0);
-    m_bar->addWidget(m_note);
 }
 
 void Viewer::addZoomBox() {
@@ -320,6 +300,22 @@ void Viewer::setGroupTreeShown(bool shown) {
     command(QStringLiteral("tree"))->setChecked(shown && hasGroups);
 }
 
+/// By its key the tree takes the keyboard, standing at the group in sight, and gives it back.
+void Viewer::toggleTree() {
+    setGroupTreeShown(!m_treeWanted);
+    if (!m_tree->isVisibleTo(this)) {
+        m_pages->setFocus();
+        return;
+    }
+    const QSignalBlocker blocker(m_tree);
+    m_tree->setCurrentItem(m_tree->topLevelItem(0));
+    for (QTreeWidgetItemIterator item(m_tree); *item; ++item) {
+        if ((*item)->data(0, PageRole).toInt() <= m_pages->currentPage())
+            m_tree->setCurrentItem(*item);
+    }
+    m_tree->setFocus(Qt::ShortcutFocusReason);
+}
+
 void Viewer::showPage(int page) {
     m_pageField->setText(page < 0 ? QString() : QString::number(page + 1));
     enablePageCommands();
@@ -406,86 +402,6 @@ void Viewer::findStep(int direction) {
     m_currentHit = (m_currentHit + direction + count) % count;
     m_pages->setCurrentHit(m_currentHit);
     m_findBar->setCount(m_currentHit, count, m_findTimer.isActive() || isRunning());
-}
-
-void Viewer::print() {
-    m_printWanted = isRunning();
-    if (!document() || !document()->isComplete())
-        return;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(document()->title());
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
-    dialog.setMinMax(1, document()->pageCount());
-    const controls::ModalLevel level;
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    controls::ErrorBoundary::throwIfStopping();
-    if (accepted)
-        printOn(printer);
-}
-
-void Viewer::printOn(QPrinter& printer) {
-    int from = 1;
-    int to = document()->pageCount();
-    if (printer.printRange() == QPrinter::CurrentPage)
-        from = to = m_pages->currentPage() + 1;
-    else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0)
-        from = printer.fromPage(), to = printer.toPage();
-    try {
-        ProgressBox box(this, tr("Print"));
-        printPages(*document(), printer, from, to, box.call());
-    } catch (const base::RunTimeError& error) {
-        controls::MsgBox(error.description(), controls::vbExclamation, tr("Print"));
-    }
-}
-
-void Viewer::askExport() {
-    if (!document() || !document()->isComplete())
-        return;
-    QList<SaveKind> kinds{{tr("PDF documents"), QStringLiteral("pdf")}};
-    if (document()->rows())
-        kinds << SaveKind{tr("Excel workbooks of the rows"), QStringLiteral("xlsx")}
-              << SaveKind{tr("Comma separated rows"), QStringLiteral("csv")};
-    const QString path = askSavePath(this, tr("Export"), document()->title(), kinds);
-    if (!path.isEmpty())
-        exportTo(path);
-}
-
-bool Viewer::exportTo(const QString& path) {
-    if (!document() || !document()->isComplete())
-        return false;
-    m_note->clear();
-    QString failure;
-    bool written = false;
-    try {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        const auto done = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-        ProgressBox box(this, tr("Export"));
-        if (fileKindOf(path) == FileKind::Pdf)
-            written = exportPdf(*document(), path, box.call());
-        else if (document()->rows())
-            written = exportRows(*document()->rows(), document()->rowsHeading(), path, [&](qsizetype rows) {
-                return box({rows, 0, 0});
-            });
-        else
-            failure = tr("The report has no rows to export.");
-    } catch (const base::RunTimeError& error) {
-        failure = error.description();
-    }
-    if (!failure.isEmpty())
-        controls::MsgBox(failure, controls::vbExclamation, tr("Export"));
-    else
-        tellNote(written ? tr("Saved as %1").arg(QDir::toNativeSeparators(path)) : tr("Nothing was saved"));
-    return written;
-}
-
-/// The end of a path says more than its beginning.
-void Viewer::tellNote(const QString& text) {
-    m_note->setText(m_note->fontMetrics().elidedText(text, Qt::ElideMiddle, controls::look::scaled(420)));
-    m_note->setToolTip(text);
-    m_note->setAccessibleName(text);
-    QAccessibleEvent event(m_note, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace report

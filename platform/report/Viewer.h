@@ -68,6 +68,7 @@ class Viewer : public QWidget {
     QAction* addCommand(const char* name, const char* icon, const QString& text,
                         const QList<QKeySequence>& keys, std::function<void()> run);
     void fillTree();
+    void toggleTree();
     void showPage(int page);
     void showZoom();
     void takeZoomText();

@@ -3,18 +3,22 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 #include "platform/report/SheetCells.h"
 
 #include <QTemporaryFile>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <future>
 #include <utility>
 
 namespace report {
 namespace {
 
 constexpr qsizetype rowsBetweenCalls = 4096;
+constexpr qsizetype manyRows = 20'000;      // beyond, packing is worth a thread
 constexpr qsizetype manyCells = 20'000'000; // beyond, a sheet's text may pass 4 GB
 constexpr double narrowest = 8;             // signs
 constexpr double widest = 60;
@@ -149,8 +153,23 @@ class SheetWriter {
     std::vector<double> m_widths; ///< in signs
 };
 
+/// Packing takes as long as the rows did: a thread of its own leaves this one free to tell the progress. Once
+/// begun it cannot be stopped, only waited for.
+bool finish(Workbook& workbook, qsizetype rows, const ProgressCall& progress) {
+    if (!progress || rows < manyRows) {
+        workbook.finish();
+        return true;
+    }
+    std::future<void> packing = std::async(std::launch::async, [&workbook] { workbook.finish(); });
+    bool wanted = true;
+    while (packing.wait_for(std::chrono::milliseconds(40)) != std::future_status::ready)
+        wanted = wanted && progress({rows, 0, 0});
+    packing.get();
+    return wanted;
+}
+
 bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QString& file,
-                   const KeepGoing& keepGoing) {
+                   const ProgressCall& progress) {
     const qsizetype count = rows.count();
     Workbook workbook(file, count > manyCells / std::max<qsizetype>(qsizetype(rows.columns().size()), 1));
     QByteArray title = heading.title.toUtf8();
@@ -161,25 +180,24 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
     check(workbook_set_properties(workbook.book(), &properties));
     SheetWriter writer(workbook, rows, heading);
     for (qsizetype row = 0; row < count; ++row) {
-        if (keepGoing && row % rowsBetweenCalls == 0 && !keepGoing(row))
+        if (progress && row % rowsBetweenCalls == 0 && !progress({row, 0, 0}))
             return false;
         writer.write(row);
     }
     writer.finish();
-    workbook.finish();
-    return true;
+    return finish(workbook, count, progress);
 }
 
 } // namespace
 
 bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QString& path,
-                const KeepGoing& keepGoing) {
+                const ProgressCall& progress) {
     // The library writes by name, and not safely: it gets a file of its own, which then is taken over whole.
     QTemporaryFile work;
     try {
         if (!work.open())
             throw base::RunTimeError(errorFile, work.errorString());
-        if (!writeWorkbook(rows, heading, work.fileName(), keepGoing))
+        if (!writeWorkbook(rows, heading, work.fileName(), progress))
             return false;
     } catch (const base::RunTimeError& error) {
         if (error.number() != errorFile)

@@ -12,8 +12,12 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -51,20 +55,29 @@ struct ViewerTest : testing::Test {
         EXPECT_TRUE(found) << name;
         return found;
     }
-    /// In the open save dialog: the kind with that suffix, the name, Enter.
-    static void typeName(const QString& name, const QString& kind) {
+    /// In the open save dialog, standing in the path's folder: the kind with that suffix, the name, Enter.
+    static void typeName(const QString& path, const QString& kind) {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
+        dialog->setDirectory(QFileInfo(path).path());
         auto* kinds = dialog->findChild<QComboBox*>("fileTypeCombo");
         kinds->setFocus();
         while (!kinds->currentText().endsWith("(*." + kind + ")") &&
                kinds->currentIndex() + 1 < kinds->count())
             QTest::keyClick(kinds, Qt::Key_Down);
         auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+        field->setCompleter(nullptr); // its list would take the keys, and needs a window system
         field->setFocus();
         field->selectAll();
-        QTest::keyClicks(field, name);
+        QTest::keyClicks(field, QFileInfo(path).fileName());
         QTest::keyClick(field, Qt::Key_Return);
+    }
+    /// Ctrl+E, and what is done in the dialog that it opens.
+    void exportWith(const std::function<void()>& drive) {
+        viewer.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+        QTimer::singleShot(0, drive);
+        key(Qt::Key_E, Qt::ControlModifier);
     }
     int percent() { return qRound(viewer.pages()->zoom() * 100); }
 
@@ -200,6 +213,19 @@ TEST_F(ViewerTest, AHitLiesOnTheFoundSigns) {
     EXPECT_NE(before, QColor());
 }
 
+TEST_F(ViewerTest, EverySheetInSightIsWhite) {
+    key(Qt::Key_F, Qt::ControlModifier); // marks are laid over a sheet, and leave the next one as it is
+    QTest::keyClicks(child<QLineEdit>("findText"), "stat");
+    viewer.pages()->setZoom(0.3);
+    viewer.pages()->goTo(0);
+    const QImage view = viewer.pages()->viewport()->grab().toImage();
+    const double side = 100 / 25.4 * viewer.logicalDpiX() * 0.3; // of a sheet, in pixels
+    for (int sheet = 0; sheet < 3; ++sheet) {
+        const int y = 16 + int(sheet * (side + 16) + side - 4);
+        EXPECT_EQ(view.pixelColor(view.width() / 2, y), QColor(Qt::white)) << sheet;
+    }
+}
+
 TEST_F(ViewerTest, TheGroupTreeLeadsToItsPage) {
     auto* tree = child<QTreeWidget>("groupTree");
     EXPECT_FALSE(tree->isVisible());
@@ -214,6 +240,54 @@ TEST_F(ViewerTest, TheGroupTreeLeadsToItsPage) {
     EXPECT_NEAR(viewer.pages()->currentPage(), entry.page, 1);
     key(Qt::Key_T, Qt::ControlModifier);
     EXPECT_FALSE(tree->isVisible());
+}
+
+TEST_F(ViewerTest, TheTreeIsWorkedByKeys) {
+    auto* tree = child<QTreeWidget>("groupTree");
+    key(Qt::Key_End, Qt::ControlModifier);
+    const int last = viewer.pages()->currentPage();
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_TRUE(tree->hasFocus());
+    EXPECT_EQ(tree->currentItem()->text(0), "MD"); // the group in sight
+    EXPECT_EQ(viewer.pages()->currentPage(), last);
+    QTest::keyClick(tree, Qt::Key_Up);
+    EXPECT_EQ(viewer.pages()->currentPage(), 0);
+    QTest::keyClick(tree, Qt::Key_Down);
+    EXPECT_NEAR(viewer.pages()->currentPage(), viewer.document()->groupTree()[1].page, 1);
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_FALSE(tree->isVisible());
+    EXPECT_TRUE(viewer.pages()->hasFocus());
+}
+
+TEST_F(ViewerTest, PrintAsksTheSystemAndPrintsThePagesAskedFor) {
+    const tests::Folder folder;
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    key(Qt::Key_P, Qt::ControlModifier);
+    viewer.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+        auto* file = dialog->findChild<QLineEdit*>("filename");
+        ASSERT_TRUE(file);
+        file->setFocus();
+        file->selectAll();
+        QTest::keyClicks(file, folder.path("printed.pdf"));
+        QTest::keyClick(dialog->findChild<QRadioButton*>("printRange"), Qt::Key_Space);
+        for (const auto& [name, page] : {std::pair("from", "2"), std::pair("to", "3")}) {
+            auto* spin = dialog->findChild<QSpinBox*>(name);
+            spin->selectAll();
+            QTest::keyClicks(spin, page);
+        }
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    key(Qt::Key_P, Qt::ControlModifier);
+    const QString text = tests::toolOutput("pdftotext", {folder.path("printed.pdf"), "-"});
+    EXPECT_FALSE(text.contains("line 7\n"));
+    EXPECT_TRUE(text.contains("line 8\n")) << qPrintable(text);
+    EXPECT_TRUE(text.contains("line 23\n"));
+    EXPECT_FALSE(text.contains("line 24\n"));
 }
 
 TEST_F(ViewerTest, AReportWithoutGroupsShowsNoTree) {
@@ -288,8 +362,7 @@ TEST_F(ViewerTest, TheSuffixDecidesWhatIsExportedAndANoteTellsWhere) {
 TEST_F(ViewerTest, TheSaveDialogAddsTheKindsSuffixAndATypedOneWins) {
     const tests::Folder folder;
     const auto exportAs = [&](const QString& typed, const QString& kind) {
-        QTimer::singleShot(0, [&] { typeName(folder.path(typed), kind); });
-        key(Qt::Key_E, Qt::ControlModifier);
+        exportWith([&] { typeName(folder.path(typed), kind); });
     };
     exportAs("May 1.5", "pdf");
     EXPECT_TRUE(QFile::exists(folder.path("May 1.5.pdf")));
@@ -312,15 +385,13 @@ TEST_F(ViewerTest, ASuffixThatIsAddedDoesNotWriteOverAFileUnasked) {
             QTimer::singleShot(0, [&] { typeName(folder.path("new"), "pdf"); });
         return answer;
     });
-    QTimer::singleShot(0, [&] { typeName(folder.path("old"), "pdf"); });
-    key(Qt::Key_E, Qt::ControlModifier);
+    exportWith([&] { typeName(folder.path("old"), "pdf"); });
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_TRUE(boxes.first().contains("old.pdf already exists."));
     EXPECT_TRUE(QFile::exists(folder.path("new.pdf")));
     EXPECT_EQ(QFileInfo(folder.path("old.pdf")).size(), 6);
     answer = controls::vbYes;
-    QTimer::singleShot(0, [&] { typeName(folder.path("old"), "pdf"); });
-    key(Qt::Key_E, Qt::ControlModifier);
+    exportWith([&] { typeName(folder.path("old"), "pdf"); });
     EXPECT_GT(QFileInfo(folder.path("old.pdf")).size(), 6);
 }
 
@@ -334,11 +405,9 @@ TEST_F(ViewerTest, TheSaveDialogLeavesNothingBehind) {
     };
     const auto before = written();
     const tests::Folder folder;
-    QTimer::singleShot(0, [&] { typeName(folder.path("a"), "csv"); });
-    key(Qt::Key_E, Qt::ControlModifier);
+    exportWith([&] { typeName(folder.path("a"), "csv"); });
     EXPECT_TRUE(QFile::exists(folder.path("a.csv")));
-    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-    key(Qt::Key_E, Qt::ControlModifier);
+    exportWith([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
     EXPECT_EQ(written(), before);
 }
 

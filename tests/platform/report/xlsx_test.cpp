@@ -219,7 +219,8 @@ TEST_F(XlsxTest, WhatWasThereStaysUntilTheFileIsWhole) {
             return file.readAll();
         };
         CountedRows rows(300'000);
-        EXPECT_FALSE(report::exportRows(rows, {}, path, [](qsizetype done) { return done < 100'000; }));
+        EXPECT_FALSE(report::exportRows(rows, {}, path,
+                                        [](const report::Progress& done) { return done.rows < 100'000; }));
         EXPECT_EQ(content(), "before");
         rows.brokenAt = 200'000;
         EXPECT_THROW(report::exportRows(rows, {}, path), base::RunTimeError);
@@ -230,6 +231,25 @@ TEST_F(XlsxTest, WhatWasThereStaysUntilTheFileIsWhole) {
         EXPECT_NE(content(), "before");
         QFile::remove(path);
     }
+}
+
+TEST_F(XlsxTest, ItIsToldHowFarTheRowsAreAndStopsWhileItIsPacked) {
+    std::vector<qint64> told;
+    EXPECT_TRUE(report::exportRows(CountedRows(60'000), {}, book.path, [&](const report::Progress& done) {
+        told.push_back(done.rows);
+        return true;
+    }));
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_GT(told.size(), 10U);
+    EXPECT_EQ(valueOf(book.sheet(), "A60001"), "59999");
+    QFile::remove(book.path);
+    bool packing = false;
+    EXPECT_FALSE(report::exportRows(CountedRows(400'000), {}, book.path, [&](const report::Progress& done) {
+        packing = packing || done.rows == 400'000;
+        return done.rows < 400'000;
+    }));
+    EXPECT_TRUE(packing);
+    EXPECT_FALSE(QFile::exists(book.path));
 }
 
 TEST_F(XlsxTest, APathThatCannotBeWrittenRaises75WithTheReason) {
