@@ -88,8 +88,10 @@ TEST_F(Stream, endsWhenNoMoreRowsAreWantedAndTakesItsWritesBack) {
 }
 
 TEST_F(Stream, endsWhileTheServerWorksOnARow) {
+    hospital.provider().begin();
     for (int i = 4; i < 300; ++i)
         hospital.run(QStringLiteral("INSERT INTO tbLine VALUES (%1, 'more', 1)").arg(i));
+    hospital.provider().commit();
     sink.wanted = 3;
     const ado::Streamed end = stream("SELECT COUNT(*) FROM tbLine a, tbLine b, tbLine c, tbLine d "
                                      "WHERE a.Amount + b.Amount + c.Amount + d.Amount < 0");
