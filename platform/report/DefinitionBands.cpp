@@ -19,6 +19,7 @@ Band DefinitionReader::readBand(Attributes& attributes) {
     band.visible = attributes.expression("visible");
     band.newPageBefore = attributes.yes("newPageBefore");
     band.atBottom = attributes.yes("atBottom");
+    band.tear = attributes.yes("tear");
     attributes.finish();
     readChildren([&](const QString& name, Attributes& own) {
         static const QStringList known{QStringLiteral("text"),    QStringLiteral("field"),

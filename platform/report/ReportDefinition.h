@@ -62,6 +62,7 @@ struct Band {
     std::optional<Expression> visible;
     bool newPageBefore = false;
     bool atBottom = false; ///< report footers: stands right above the page footer
+    bool tear = false;     ///< begins where the page has room for a few lines, and goes on on the next one
 };
 
 struct Group {

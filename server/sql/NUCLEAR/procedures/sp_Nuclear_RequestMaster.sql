@@ -1,4 +1,4 @@
--- Patients with requests that wait for a result, by the start of the last name, or by admission or hospital number.
+-- Patients with requests that wait for a result.
 USE NUCLEAR
 GO
 
@@ -6,20 +6,5 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_RequestMaster
     @SearchText varchar(50)
 AS
 SET NOCOUNT ON
-DECLARE @Pattern varchar(51)
-SET @Pattern = @SearchText + '%'
-SELECT M.HospNum, M.LastName, M.FirstName, M.MiddleName, MAX(N.RequestNum) AS RequestNum
-FROM tbNucMaster N
-INNER JOIN PATIENT_DATA..tbMaster M ON M.HospNum = N.HospNum
-WHERE N.RevenueID = 'NU' AND N.RequestStatus = ''
-    AND (M.LastName LIKE @Pattern OR N.IdNum = @SearchText OR N.HospNum = @SearchText)
-GROUP BY M.HospNum, M.LastName, M.FirstName, M.MiddleName
-UNION ALL
-SELECT C.hospnum, C.LastName, C.FirstName, C.MiddleName, MAX(N.RequestNum)
-FROM tbNucMaster N
-INNER JOIN PATIENT_DATA..tbCashPatient C ON C.hospnum = N.HospNum
-WHERE N.RevenueID = 'NU' AND N.RequestStatus = ''
-    AND (C.LastName LIKE @Pattern OR N.HospNum = @SearchText)
-GROUP BY C.hospnum, C.LastName, C.FirstName, C.MiddleName
-ORDER BY LastName, FirstName, MiddleName
+EXEC sp_Nuclear_PatientsOfResults @SearchText, ''
 GO
