@@ -3,8 +3,6 @@
 #include "platform/controls/Screen.h"
 #include "results/ResultVariant.h"
 
-class QLabel;
-
 namespace results {
 
 /// What the four result screens share: fields, keys, doctor lookup, save, print, edit and revocation. Where
@@ -22,8 +20,8 @@ class ResultScreen : public controls::Screen {
     QString ItemCode;
     QString NurseRequestNum; ///< the ward's own request number; finds its rows at a save
 
-    /// A text box, a memo or a label by its given name ("txtDose", "txtLeft_3"); raises 461 when the screen has
-    /// none of that name. A memo's lines are parted by "\n".
+    /// A text box, a memo or a label by its given name ("txtDose", "txtLeft_3"); raises 461 when the screen
+    /// has none of that name. A memo's lines are parted by "\n".
     QString text(const char* name) const;
     void setText(const char* name, const QString& text);
     void enableFields(FieldNames names, bool enabled);
@@ -31,8 +29,6 @@ class ResultScreen : public controls::Screen {
     void showCommands(FieldNames names, bool shown);
     /// txtCaseNum: shown, but not to be typed in.
     void lockCaseNum(bool locked);
-
-    const ResultVariant& variant() const { return m_variant; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -46,12 +42,12 @@ class ResultScreen : public controls::Screen {
     void Form_Load() override;
     void showEvent(QShowEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QWidget* widget(const char* name) const;
     bool fieldKey(const QString& field, int key);
     void insertSymbol(const char* field);
-    void moveTo(QWidget* field);
     void lookUpDoctor(const DoctorFields& doctor);
     void showPatient();
     void focusFirst();

@@ -15,7 +15,7 @@ namespace source {
 inline constexpr const char* requestNum = "RequestNum";
 inline constexpr const char* patientType = "PatientType";
 inline constexpr const char* itemCode = "ItemCode";
-inline constexpr const char* encoder = "employeecode"; ///< of the user logged on
+inline constexpr const char* encoder = "employeecode";    ///< of the user logged on
 inline constexpr const char* resultMoment = "ResultDate"; ///< the result date and the workstation's time
 } // namespace source
 
@@ -25,8 +25,8 @@ struct Argument {
     bool trimmed = false;
 };
 
-/// The text of a save with its arguments in their order: as many as the text has places, which is checked when
-/// it is compiled. The arguments must live as long as the program.
+/// The text of a save with its arguments in their order: as many as the text has places, which is checked
+/// when it is compiled. The arguments must live as long as the program.
 class SaveStatement {
   public:
     template <std::size_t Count>
@@ -71,9 +71,9 @@ struct ResultVariant {
     FieldNames backQuotes; ///< ' becomes `
     std::span<const EnterMove> enterMoves;
     std::span<const EnterLookup> enterLookups;
-    FieldNames cleared;        ///< by btnClear
-    FieldNames edited;         ///< enabled again by btnEdit
-    bool revocationIsTrapped;  ///< a failed revocation is rolled back and said; else it stops the program
+    FieldNames cleared;       ///< by btnClear
+    FieldNames edited;        ///< enabled again by btnEdit
+    bool revocationIsTrapped; ///< a failed revocation is rolled back and said; else it stops the program
 };
 
 } // namespace results

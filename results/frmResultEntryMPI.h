@@ -20,8 +20,10 @@ struct FunctionalParameter {
 };
 
 inline constexpr std::array functionalParameters{
-    FunctionalParameter{"  Ejection Fraction", "fraction"}, FunctionalParameter{"  EDV", "edv"},
-    FunctionalParameter{"  ESV", "esv"},                    FunctionalParameter{"  SV", "sv"},
+    FunctionalParameter{"  Ejection Fraction", "fraction"},
+    FunctionalParameter{"  EDV", "edv"},
+    FunctionalParameter{"  ESV", "esv"},
+    FunctionalParameter{"  SV", "sv"},
     FunctionalParameter{"  Wall Motion", "wallmotion"},
 };
 
@@ -33,8 +35,8 @@ class frmResultEntryMPI : public ResultScreen {
     explicit frmResultEntryMPI(QWidget* parent = nullptr);
     ~frmResultEntryMPI() override;
 
-    /// Shows a stored pair in row 1 to 5 of grdTable: what stands before the first "|" is the resting value, what
-    /// stands before the next one the stress value.
+    /// Shows a stored pair in row 1 to 5 of grdTable: what stands before the first "|" is the resting value,
+    /// what stands before the next one the stress value.
     void setParameter(int row, const QString& stored);
 
   protected:
