@@ -117,7 +117,6 @@ constexpr Contract contracts[] = {
      "'1001','NU7777','NU'  "
      ",'', '204','1'",
      ""},
-    {"sp_Nuclear_PatientsOfResults '','W'", masterColumns},
     {"sp_Nuclear_ReportResult '<adm>','<request>'",
      "PatientName;Sex;BirthDate;Age;Address;RoomID;Company;ExamDate;NucExam;IsRevoked;RequestNum;"
      "HospNum;IdNum;CaseNumber;ItemID;ResultDate;Dose;Radiopharmaceutical;Route;Projections;"
