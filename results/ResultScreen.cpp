@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 #include <algorithm>
 #include <vector>
@@ -38,6 +39,8 @@ using session::Run;
 namespace {
 
 constexpr int noSuchMember = 461;
+/// What the user types goes behind the year or before the unit that stands there already.
+constexpr const char* prefilled[] = {"txtCaseNum", "txtDose"};
 
 bool isAmong(FieldNames names, const QString& name) {
     return std::any_of(names.begin(), names.end(),
@@ -78,8 +81,9 @@ void ResultScreen::prepare() {
     on(button("btnClear"), &QPushButton::clicked, this, [this] { btnClear_Click(); });
     on(button("btnRevoke"), &QPushButton::clicked, this, [this] { btnRevoke_Click(); });
     on(button("btnClose"), &QPushButton::clicked, this, [this] { Unload(); });
-    on(button("cmdBrowse1"), &QPushButton::clicked, this, [this] { lookUpDoctor(m_variant.browse1); });
-    on(button("cmdBrowse2"), &QPushButton::clicked, this, [this] { lookUpDoctor(m_variant.browse2); });
+    const auto browse = [this](const char* name) { return qobject_cast<QToolButton*>(widget(name)); };
+    on(browse("cmdBrowse1"), &QToolButton::clicked, this, [this] { lookUpDoctor(m_variant.browse1); });
+    on(browse("cmdBrowse2"), &QToolButton::clicked, this, [this] { lookUpDoctor(m_variant.browse2); });
     for (const char* name : m_variant.backQuotes) {
         if (auto* memo = qobject_cast<QPlainTextEdit*>(widget(name)))
             setKeyRules(memo, KeyRule::BackQuote);
@@ -116,6 +120,7 @@ void ResultScreen::setText(const char* name, const QString& text) {
     if (auto* line = qobject_cast<QLineEdit*>(field)) {
         line->setText(text);
         line->setCursorPosition(0); // a long text shows its beginning
+        line->setToolTip(line->isReadOnly() ? text : QString());
     } else if (auto* memo = qobject_cast<QPlainTextEdit*>(field)) {
         memo->setPlainText(text);
     } else if (auto* label = qobject_cast<QLabel*>(field)) {
@@ -187,9 +192,9 @@ void ResultScreen::focusFirst() {
 // ---- keys
 
 bool ResultScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn && watched->objectName() == u"txtDose" &&
+    if (event->type() == QEvent::FocusIn && isAmong(prefilled, watched->objectName()) &&
         static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
-        // Reached by Tab a field is marked whole, and the number would replace the unit behind it.
+        // Reached by Tab a field is marked whole, and what is typed would replace the year or the unit.
         QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
         watched->event(&plain);
         return true;

@@ -47,8 +47,8 @@ constexpr ResultVariant variant{
     .save =
         {ado::StatementPattern<32>(
              "sp_Nuclear_SaveResultGFR '{}','{}','{}','{}','{}','{}','{}','{}','{}','{}','{}','{}','{}','{}',"
-                 "'{}','{}','{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}','{}','{}','{}','{}', "
-                 "'{}','{}', '{}'"),
+             "'{}','{}','{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}', '{}','{}','{}','{}','{}', "
+             "'{}','{}', '{}'"),
          arguments},
     .caseNumberCheck = "SELECT * FROM tbNucLogBook WHERE CaseNumber = '##' AND Status <> 'R'",
     .trimsCheckedNumber = true,

@@ -1,5 +1,6 @@
 #include "results/frmResultRadioImmuno.h"
 
+#include "platform/controls/Look.h"
 #include "results/BoxLine.h"
 #include "results/TechnicalKeys.h"
 #include "ui_frmResultRadioImmuno.h"
@@ -108,6 +109,9 @@ frmResultRadioImmuno::frmResultRadioImmuno(QWidget* parent)
                    QString::fromLatin1(analytes[size_t(i)].caption), QStringLiteral("txtNormal_%1").arg(i),
                    QStringLiteral("txtLeft_%1").arg(i));
     }
+    for (QLabel* heading : {m_ui->lblNormal1, m_ui->lblLeft1, m_ui->lblNormal2, m_ui->lblLeft2})
+        controls::look::setKind(heading,
+                                QStringLiteral("heading")); // what a form says of a tab page's label is lost
     prepare();
 }
 
