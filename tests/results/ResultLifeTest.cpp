@@ -126,7 +126,19 @@ class LifeFixture : public tests::LoggedOn {
         session::PrepareReport(session::reportPath(QLatin1String(file)), QStringLiteral("NUCLEAR"),
                                {idNum, requestNum});
         const auto pages = session::gReport->run();
-        return textOf(*pages);
+        return watermark(*pages) + u'\n' + textOf(*pages);
+    }
+    /// What stands across each page, once.
+    static QString watermark(const report::PageDocument& pages) {
+        QStringList marks;
+        for (int i = 0; i < pages.pageCount(); ++i) {
+            for (const report::Item& item : pages.page(i)->items) {
+                const auto* run = std::get_if<report::TextRun>(&item);
+                if (run && run->degrees != 0)
+                    marks << run->text;
+            }
+        }
+        return marks.size() == pages.pageCount() ? marks.value(0) : marks.join(u'|');
     }
     static QString textOf(const report::PageDocument& pages) {
         QString text;
@@ -150,11 +162,15 @@ class Life : public LifeFixture, public testing::WithParamInterface<Kind> {
     bool isMpi() const { return QLatin1String(GetParam().name) == u"frmResultEntryMPI"; }
     template <typename Door>
     void openEntry(const char* formMode, std::vector<Step> steps) {
-        if (isMpi())
-            boxes.expect({QStringLiteral("No result form are available for theraphy.")});
         open<Door>(formMode, isMpi(), std::move(steps));
     }
+    /// The perfusion screen is reached from an exam that leads nowhere.
+    void expectNoForm() {
+        if (isMpi())
+            boxes.expect({QStringLiteral("No result form are available for theraphy.")});
+    }
     void expectSaved() {
+        expectNoForm();
         boxes.expect({QStringLiteral("Data Successfully Saved!"), controls::vbInformation,
                       QStringLiteral("Notification")});
     }
@@ -184,6 +200,7 @@ class Life : public LifeFixture, public testing::WithParamInterface<Kind> {
         keys(widget, text);
     }
     void revoke() {
+        expectNoForm();
         boxes.expect({QStringLiteral("Result successfully revoked!"), controls::vbInformation,
                       QStringLiteral("Message")});
         openEntry<results::frmResultMaster>("C", {pressing("R")});
@@ -203,6 +220,7 @@ TEST_P(Life, FromEntryOverRevocationToTheNextResult) {
     EXPECT_FALSE(paper.contains(QStringLiteral("REVOKED"), Qt::CaseInsensitive)) << qPrintable(paper);
 
     // Saved again under its own number, it is refused.
+    expectNoForm();
     boxes.expect({QStringLiteral("The Case Number you entered is already used."), controls::vbExclamation,
                   QStringLiteral("Message")});
     openEntry<results::frmResultMaster>("R", {[](QWidget& entry) {
@@ -220,7 +238,7 @@ TEST_P(Life, FromEntryOverRevocationToTheNextResult) {
     revoke();
     EXPECT_EQ(state(), QStringLiteral("|X|26-90001 R"));
     const QString revoked = printed(GetParam().report);
-    EXPECT_TRUE(revoked.contains(QStringLiteral("REVOKED")));
+    EXPECT_TRUE(revoked.startsWith(QStringLiteral("REVOKED\n")));
     EXPECT_TRUE(
         revoked.contains(QStringLiteral("This result was revoked. It is not valid and must not be used.")));
     EXPECT_FALSE(revoked.contains(QStringLiteral("Nuclear Medicine Physician"))) << "no place to sign";
@@ -306,7 +324,7 @@ TEST_F(LongText, TwentyThousandCharactersSurviveSaveReloadAndPaper) {
             lines.removeLast();
         lines.removeLast();
         if (i > 0)
-            lines.erase(lines.begin(), lines.begin() + 2);
+            lines.erase(lines.begin(), lines.begin() + 3); // patient, number, exam
         body += lines.join(u'\n') + u'\n';
     }
     const QString expected = withoutBlanks(text);
@@ -395,7 +413,7 @@ TEST_F(Paper, WithoutAResultThereIsNothingToSign) {
 TEST_F(Paper, AResultOfACancelledRequestIsNotValid) {
     saveGfr();
     session::Run(sql("UPDATE tbNucMaster SET RequestStatus = 'R' WHERE RequestNum = '90001'"));
-    EXPECT_TRUE(printed("NucResultGFR.rpt").contains(QStringLiteral("REVOKED")));
+    EXPECT_TRUE(printed("NucResultGFR.rpt").startsWith(QStringLiteral("REVOKED\n")));
 }
 
 } // namespace
