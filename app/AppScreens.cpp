@@ -1,6 +1,7 @@
 #include "app/AppScreens.h"
 
 #include "lookup/frmListPatient.h"
+#include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/Screen.h"
@@ -32,6 +33,7 @@ AppScreens::AppScreens()
     : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
+              {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {

@@ -12,14 +12,14 @@ SET @SearchText = LTRIM(RTRIM(@SearchText))
 SET @Pattern = @SearchText + '%'
 IF @SearchBy = '1'
     SELECT C.hospnum AS HospNum, C.LastName, C.FirstName, C.MiddleName, C.Civilstatusid AS CivilStatusID,
-        S.CivilStatus, C.Sex, C.BirthDate, C.Age, C.HouseStreet, C.Barangay, A.Town, A.Province
+        S.CivilStatus, C.Sex, C.BirthDate, C.Age, C.HouseStreet, C.Barangay, A.Town, A.Province, C.ZipCode
     FROM PATIENT_DATA..tbCashPatient C
     LEFT JOIN BUILD_FILE..tbCoCivilStatus S ON S.CivilStatusID = C.Civilstatusid
     LEFT JOIN BUILD_FILE..tbCoAddress A ON A.ZipCode = C.ZipCode
     WHERE C.hospnum = @SearchText
 ELSE
     SELECT TOP 200 C.hospnum AS HospNum, C.LastName, C.FirstName, C.MiddleName, C.Civilstatusid AS CivilStatusID,
-        S.CivilStatus, C.Sex, C.BirthDate, C.Age, C.HouseStreet, C.Barangay, A.Town, A.Province
+        S.CivilStatus, C.Sex, C.BirthDate, C.Age, C.HouseStreet, C.Barangay, A.Town, A.Province, C.ZipCode
     FROM PATIENT_DATA..tbCashPatient C
     LEFT JOIN BUILD_FILE..tbCoCivilStatus S ON S.CivilStatusID = C.Civilstatusid
     LEFT JOIN BUILD_FILE..tbCoAddress A ON A.ZipCode = C.ZipCode
