@@ -23,6 +23,8 @@ enum GridColumn { hospitalCode = 1, lastName, firstName, middleName };
 
 enum SearchBy { byAdmissionNumber, byLastName };
 
+constexpr int mostListed = 200; // by the server
+
 const QString gridFormat = QStringLiteral("  |Code |Last Name |First Name |Middle Name |Request Number");
 
 } // namespace
@@ -33,7 +35,6 @@ ResultPicker::ResultPicker(const PickerVariant& variant, QWidget* parent)
     setObjectName(QLatin1String(variant.name));
     setWindowTitle(QLatin1String(variant.caption));
     m_ui->bandHeader->setTitle(QLatin1String(variant.caption));
-    m_ui->bandHeader->setSubtitle(QLatin1String(variant.subtitle));
     m_keys = std::make_unique<PickerKeys>(*m_ui->txtSearch, *m_ui->grdTable);
     setEscapeCloses(true);
     controls::look::setPrimary(m_ui->cmdSelect);
@@ -52,6 +53,8 @@ ResultPicker::ResultPicker(const PickerVariant& variant, QWidget* parent)
 ResultPicker::~ResultPicker() = default;
 
 void ResultPicker::Form_Load() {
+    const bool revokes = m_variant.passedMode(FormMode) == u"C";
+    m_ui->bandHeader->setSubtitle(QLatin1String(revokes ? m_variant.subtitleToRevoke : m_variant.subtitle));
     // The choice is shown only: the server finds a name and a number alike.
     m_ui->cmbSearch->addItems({QStringLiteral("Adm #"), QStringLiteral("Last Name")});
     m_ui->cmbSearch->setCurrentIndex(byLastName);
@@ -84,6 +87,8 @@ void ResultPicker::txtSearch_Return() {
     QString told = PickerKeys::hitsText(found, QStringLiteral("patient"), QStringLiteral("patients"));
     if (found == 0 && m_keys->hits() > 0)
         told += QStringLiteral(" The list is that of the search before.");
+    else if (found >= mostListed)
+        told += QStringLiteral(" at most: type more of the name.");
     m_ui->lblHits->setText(told);
     m_keys->backToSearch();
 }

@@ -20,6 +20,7 @@ struct PickerVariant {
     const char* name;
     const char* caption;
     const char* subtitle;
+    const char* subtitleToRevoke;
     ado::Statement (*search)(const QString& text);
     ado::Statement (*requests)(const QString& hospitalCode);
     /// What frmResult is given for the mode of the door.

@@ -63,6 +63,9 @@ void frmResult::Init_Grid() {
 }
 
 void frmResult::showRequests(const ado::Recordset& requests) {
+    if (FormMode == u"C")
+        m_ui->bandHeader->setSubtitle(QStringLiteral("Choose the result to revoke"));
+    m_ui->bandHeader->setChips({QStringLiteral("Hosp. ") + HospitalNumber});
     m_ui->grdTable->setDataSource(requests);
 }
 

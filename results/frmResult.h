@@ -26,6 +26,7 @@ class frmResult : public controls::Screen {
 
     /// Empties the list and lays its columns out.
     void Init_Grid();
+    /// After HospitalNumber and FormMode are set.
     void showRequests(const ado::Recordset& requests);
     void setPatientName(const QString& name);
 

@@ -9,7 +9,8 @@ namespace {
 constexpr PickerVariant resultMaster{
     .name = "frmResultMaster",
     .caption = "Result Master File",
-    .subtitle = "Patients with results",
+    .subtitle = "Patients with results, to view or edit one",
+    .subtitleToRevoke = "Patients with results, to revoke one",
     .search = [](const QString& text) { return sql("sp_Nuclear_ResultMaster '{}'", text); },
     .requests = [](const QString& code) { return sql("sp_Nuclear_GetResult '{}'", code); },
     .passedMode =
