@@ -139,8 +139,7 @@ void frmWalkInMaster::LoadPatients() {
     m_keys->setHits(hits);
     m_ui->grdWalkIn->setEmptyText(QStringLiteral("No walk-in patient has a last name that begins so."));
     m_ui->cmdEdit->setEnabled(hits > 0);
-    controls::look::setKind(m_ui->lblHits, QStringLiteral("help"));
-    m_ui->lblHits->setText(PickerKeys::hitsText(hits, QStringLiteral("patient"), QStringLiteral("patients")));
+    PickerKeys::showPatientHits(*m_ui->lblHits, hits);
 }
 
 void frmWalkInMaster::cmdAdd_Click() {
