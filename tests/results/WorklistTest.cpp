@@ -245,6 +245,15 @@ TEST_P(Worklist, CloseAndEscapeUnload) {
                     {[](QWidget& window) { tests::keysToFocus(window, QStringLiteral("<Esc>")); }});
 }
 
+TEST_P(Worklist, AFullListAsksForMoreOfTheName) {
+    answer(GetParam().search, patientColumns,
+           std::vector<tests::Row>(200, {"104001", "SANTOS", "MARIA", "REYES", "90001"}));
+    open({searching("S"), [](QWidget& window) {
+              EXPECT_EQ(child<QLabel>(window, "lblHits").text(),
+                        QStringLiteral("200 patients at most: type more of the name."));
+          }});
+}
+
 // ---- the mode that each door passes
 
 class WorklistMode : public Worklist {
@@ -273,6 +282,17 @@ TEST_P(RequestMaster, PassesItsModeUntouched) {
 
 class ResultMaster : public WorklistMode {};
 INSTANTIATE_TEST_SUITE_P(Door, ResultMaster, testing::Values(doors[1]));
+
+TEST_P(ResultMaster, SaysWhatAResultIsChosenFor) {
+    const auto told = [this](const char* formMode) {
+        QString text;
+        open({[&](QWidget& window) { text = child<QLabel>(window, "bandSubtitle").text(); }},
+             QLatin1String(formMode));
+        return text;
+    };
+    EXPECT_EQ(told("R"), QStringLiteral("Patients with results, to view or edit one"));
+    EXPECT_EQ(told("C"), QStringLiteral("Patients with results, to revoke one"));
+}
 
 TEST_P(ResultMaster, RevokesInEveryModeButR) {
     EXPECT_EQ(passed(QStringLiteral("R")), QStringLiteral("R"));
