@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
+#include "platform/controls/FlexGrid.h"
 #include "platform/controls/HeaderBand.h"
 #include "platform/controls/KeyFilter.h"
 #include "platform/controls/Look.h"
@@ -19,6 +20,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 
 #include <algorithm>
@@ -90,10 +93,15 @@ void ResultScreen::prepare() {
         else
             setKeyRules(qobject_cast<QLineEdit*>(widget(name)), KeyRule::BackQuote);
     }
-    for (QLineEdit* field : findChildren<QLineEdit*>())
-        field->installEventFilter(this);
-    for (QPlainTextEdit* memo : findChildren<QPlainTextEdit*>())
-        memo->installEventFilter(this);
+    for (QTabWidget* tabs : findChildren<QTabWidget*>()) {
+        tabs->setFocusPolicy(Qt::NoFocus);
+        tabs->tabBar()->setFocusPolicy(Qt::NoFocus); // Tab goes from page to page by itself
+    }
+    for (QWidget* field : findChildren<QWidget*>()) {
+        if (qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) ||
+            qobject_cast<FlexGrid*>(field))
+            field->installEventFilter(this);
+    }
 }
 
 // ---- fields
@@ -201,15 +209,18 @@ bool ResultScreen::eventFilter(QObject* watched, QEvent* event) {
     }
     if (event->type() != QEvent::KeyPress)
         return Screen::eventFilter(watched, event);
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->modifiers() & ~Qt::KeypadModifier)
-        return false;
     bool handled = false;
-    ErrorBoundary::guard([&] { handled = fieldKey(watched->objectName(), key->key()); });
+    ErrorBoundary::guard([&] { handled = fieldKey(watched->objectName(), *static_cast<QKeyEvent*>(event)); });
     return handled;
 }
 
-bool ResultScreen::fieldKey(const QString& field, int key) {
+bool ResultScreen::fieldKey(const QString& field, const QKeyEvent& event) {
+    const int key = event.key();
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    if ((key == Qt::Key_Tab || key == Qt::Key_Backtab) && !control)
+        return stepOverPages(*this, key == Qt::Key_Tab && !event.modifiers().testFlag(Qt::ShiftModifier));
+    if (event.modifiers() & ~Qt::KeypadModifier)
+        return false;
     if (key == Qt::Key_F5 && isAmong(m_variant.symbols, field)) {
         insertSymbol(field.toLatin1().constData());
         return true;
@@ -229,10 +240,6 @@ bool ResultScreen::fieldKey(const QString& field, int key) {
         }
     }
     return false;
-}
-
-bool ResultScreen::focusNextPrevChild(bool next) {
-    return stepOverPages(*this, next) || Screen::focusNextPrevChild(next);
 }
 
 void ResultScreen::keyPressEvent(QKeyEvent* event) {
