@@ -23,6 +23,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <vector>
@@ -101,6 +102,8 @@ void ResultScreen::prepare() {
         if (qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) ||
             qobject_cast<FlexGrid*>(field))
             field->installEventFilter(this);
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(field))
+            memo->viewport()->installEventFilter(this);
     }
 }
 
@@ -206,6 +209,10 @@ bool ResultScreen::eventFilter(QObject* watched, QEvent* event) {
         QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
         watched->event(&plain);
         return true;
+    }
+    if (event->type() == QEvent::Wheel) {
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(watched->parent()); memo && !memo->isEnabled())
+            scrollDisabled(*memo, *static_cast<QWheelEvent*>(event));
     }
     if (event->type() != QEvent::KeyPress)
         return Screen::eventFilter(watched, event);

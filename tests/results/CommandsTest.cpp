@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 using tests::Kind;
 using tests::listed;
@@ -239,6 +240,11 @@ TEST_F(Commands, ADisabledMemoCanStillBeReadToItsEnd) {
     EXPECT_GT(bar->value(), 0);
     type("<PageUp>");
     EXPECT_EQ(bar->value(), 0);
+    QWidget* viewport = tests::child<QPlainTextEdit>(screen(), "txtConsultation").viewport();
+    QWheelEvent down({5, 5}, viewport->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(viewport, &down);
+    EXPECT_EQ(bar->value(), 3);
 }
 
 // ---- revocation

@@ -387,16 +387,51 @@ TEST_F(Keys, PagesTurnByKeyWhereverTheFocusIs) {
     EXPECT_EQ(focused(), "txtConclusion");
 }
 
-TEST_F(Keys, AWholeResultIsEnteredWithoutTheMouse) {
-    open(Kind::Generic);
-    boxes.expect({"Data Successfully Saved!", controls::vbInformation, "Notification"});
-    type("0001<Tab><Tab><Tab><Tab>MDP<Enter>25<Enter>IV<Enter>AP<Enter>Uptake is "
-         "normal.<Tab>Normal.<Tab>None.<Tab>-<Alt+S>");
+class WithoutTheMouse : public Keys {
+  public:
+    /// Types a whole result from the case number on, and saves.
+    void enter(Kind kind, const QString& typed) {
+        open(kind);
+        boxes.expect({"Data Successfully Saved!", controls::vbInformation, "Notification"});
+        type("0001<Tab><Tab><Tab><Tab>" + typed + "<Alt+S>");
+    }
+    QString stored(const char* columns, const char* table = "tbNucResult") {
+        return value(QStringLiteral("SELECT %1 FROM NUCLEAR..%2 WHERE RequestNum = '90001'")
+                         .arg(QString::fromLatin1(columns).replace(",", " + '|' + "), QLatin1String(table)));
+    }
+};
+
+TEST_F(WithoutTheMouse, AGenericResult) {
+    enter(Kind::Generic,
+          "MDP<Enter>25<Enter>IV<Enter>AP<Enter>Uptake is normal.<Tab>Normal.<Tab>None.<Tab>-");
+    EXPECT_EQ(stored("Dose,Route,Projections,Interpretation,Conclusion,ClinicalHistory,Remarks"),
+              "25 mCi|IV|AP|Uptake is normal.|Normal.|None.|-");
+}
+
+TEST_F(WithoutTheMouse, APerfusionResult) {
+    enter(Kind::Perfusion,
+          "MIBI<Enter>Bruce<Enter>Pain<Tab>Two days<Tab>9 METs<Tab>Defect<Tab>Filled<Tab>12<Tab>"
+          "60<Enter>65<Down><Down><Down><Down>ok<Tab>Ischemia<Tab>-");
     EXPECT_EQ(
-        value(
-            "SELECT Dose + '|' + Route + '|' + Projections + '|' + Interpretation + '|' + Conclusion + '|' + "
-            "ClinicalHistory + '|' + Remarks FROM NUCLEAR..tbNucResult WHERE RequestNum = '90001'"),
-        "25 mCi|IV|AP|Uptake is normal.|Normal.|None.|-");
+        stored(
+            "Protocol,ClinicalHistory,Technique,StressDetails,StressImages,RestingImages,QuantitativeData"),
+        "Bruce|Pain|Two days|9 METs|Defect|Filled|12");
+    EXPECT_EQ(stored("Fraction,EDV,WallMotion,Conclusion,Remarks"), "60|65||||ok|Ischemia|-");
+}
+
+TEST_F(WithoutTheMouse, AGfrResult) {
+    enter(Kind::Gfr,
+          "DTPA<Enter>5<Enter>IV<Enter>PA<Tab>Tc<Tab>1<Tab>2<Tab>3<Tab>4<Tab>5<Tab>6<Tab>7<Tab>8<Tab>9<Tab>"
+          "10<Tab>11<Tab>12<Tab>letters too<Tab>14<Tab>98");
+    EXPECT_EQ(stored("Isotope,Left1,Right1,Left2,Right2,Left7,Right7,Scale"), "Tc|1|2|3|4|letters too|14|98");
+}
+
+TEST_F(WithoutTheMouse, ARadioImmunoassayResult) {
+    QString boxesTyped;
+    for (int i = 0; i < 22; ++i)
+        boxesTyped += QStringLiteral("<Tab>%1<Tab>").arg(i);
+    enter(Kind::Radio, "I-125<Enter>5<Enter>x<Enter>y<Tab>Cruz" + boxesTyped);
+    EXPECT_EQ(stored("Technologist,Calcitonin,Cortisol,DHEA,Insulin", "tbNucRadioResult"), "Cruz|0|10|11|21");
 }
 
 } // namespace

@@ -335,6 +335,33 @@ TEST_P(SaveOnAll, AFailureAtAnyStatementKeepsNothing) {
     EXPECT_EQ(fault.seen(), 6) << "the check, the save, two reads and two updates";
 }
 
+/// Another workstation takes the number once the check has been passed.
+class TakesTheNumber : public ado::Observer {
+  public:
+    explicit TakesTheNumber(SaveOnAll& test) : m_test(test) { session::gConnection->addObserver(this); }
+    ~TakesTheNumber() override { session::gConnection->removeObserver(this); }
+    TakesTheNumber(const TakesTheNumber&) = delete;
+    TakesTheNumber& operator=(const TakesTheNumber&) = delete;
+    void transactionStep(ado::TransactionStep step) override {
+        if (step == ado::TransactionStep::Begin)
+            m_test.run(
+                "INSERT INTO NUCLEAR..tbNucLogBook (CaseNumber, RequestNum) VALUES ('26-0001', '80000')");
+    }
+
+  private:
+    SaveOnAll& m_test;
+};
+
+TEST_P(SaveOnAll, TheServerRefusesANumberThatTwoPassedTheCheckWith) {
+    open(GetParam());
+    type("txtCaseNum", "<End>0001");
+    const TakesTheNumber other(*this);
+    type("<Alt+S>");
+    EXPECT_EQ(errors.take().number(), 50001);
+    EXPECT_EQ(station(), "X|X|||");
+    session::gConnection->RollbackTrans();
+}
+
 // ---- save and print
 
 class SavePrint : public SaveOnAll {
