@@ -1,6 +1,7 @@
 #include "app/AppScreens.h"
 
 #include "lookup/frmListPatient.h"
+#include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/Screen.h"
@@ -21,6 +22,7 @@ void showModal(const QString&) {
 
 AppScreens::AppScreens()
     : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
+              {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {

@@ -1,5 +1,6 @@
 #include "app/AppScreens.h"
 #include "app/ErrorBox.h"
+#include "app/MenuWiring.h"
 #include "menu/MenuLinks.h"
 #include "platform/controls/Application.h"
 #include "platform/controls/ErrorBoundary.h"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
 
     app::AppScreens screens;
     session::setScreens(&screens);
+    app::linkMenu();
     menu::links().endProgram = [] { QCoreApplication::exit(0); };
     app::installBoundary();
 

@@ -1,3 +1,4 @@
+#include "bench/BareTable.h"
 #include "bench/Measure.h"
 #include "bench/Measures.h"
 
@@ -5,7 +6,6 @@
 #include "platform/controls/FlexGrid.h"
 #include "tests/support/core/ScriptedProvider.h"
 
-#include <QAbstractTableModel>
 #include <QApplication>
 #include <QHeaderView>
 
@@ -27,26 +27,6 @@ ado::Result manyRows() {
     }
     return result;
 }
-
-/// The least that can show the rows: a model that hands out their texts.
-class BareModel : public QAbstractTableModel {
-  public:
-    explicit BareModel(const ado::Rows& rows) : m_rows(rows) {}
-    int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : int(m_rows.count());
-    }
-    int columnCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : int(m_rows.columns.size());
-    }
-    QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole)
-            return {};
-        return *m_rows.at(index.row(), index.column()).asText();
-    }
-
-  private:
-    const ado::Rows m_rows; // a copy, as the grid keeps one
-};
 
 void showIn(QTableView& view) {
     view.resize(1000, 600);
@@ -90,9 +70,12 @@ bool bindGrid(const QString&) {
             QTableView view;
             view.verticalHeader()->hide();
             showIn(view);
-            std::unique_ptr<BareModel> model;
+            std::unique_ptr<BareTable> model;
             const auto bind = [&] {
-                model = std::make_unique<BareModel>(rows.rows());
+                const ado::Rows copy = rows.rows(); // as the grid keeps one
+                model = std::make_unique<BareTable>(rowCount, columnCount, [copy](int row, int column) {
+                    return *copy.at(row, column).asText();
+                });
                 view.setModel(model.get());
                 view.viewport()->repaint();
             };

@@ -1,98 +1,171 @@
+#include "bench/BareTable.h"
 #include "bench/HospitalFile.h"
 #include "bench/Measure.h"
 #include "bench/Measures.h"
+#include "bench/PatientSearches.h"
 #include "bench/RawStatement.h"
 
 #include "platform/ado/Connection.h"
 #include "platform/base/Error.h"
+#include "platform/controls/FlexGrid.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "session/Session.h"
 
-#include <array>
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
 
 namespace bench {
 
 namespace {
 
-constexpr int listed = 200;
+constexpr int patientCount = 1'000'000;
 
-const char* const rawQuery = R"(
-SELECT P.HospNum, P.IdNum, M.LastName || ', ' || M.FirstName || ' ' || M.MiddleName, P.BillingDate,
-    CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END,
-    CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END, P.DcrDate
-FROM "PATIENT_DATA.tbMaster" M
-INNER JOIN "PATIENT_DATA.tbPatient" P ON P.HospNum = M.HospNum
-LEFT JOIN "PATIENT_DATA.tbPatient2" D ON D.IdNum = P.IdNum
-WHERE M.LastName >= ?1 AND M.LastName < ?2
-ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
-LIMIT 200)";
-
-/// Starts of last names that many patients share, so that every search fills the list. A quote cannot be
-/// searched.
-std::vector<std::string> commonStarts(sqlite3* handle) {
-    RawStatement names(
-        handle,
-        "SELECT substr(M.LastName, 1, 3) FROM \"PATIENT_DATA.tbMaster\" M "
-        "INNER JOIN \"PATIENT_DATA.tbPatient\" P ON P.HospNum = M.HospNum "
-        "WHERE M.LastName NOT LIKE '%''%' GROUP BY 1 HAVING COUNT(*) >= 1000 ORDER BY COUNT(*) LIMIT 40");
-    std::vector<std::string> starts;
-    while (names.step())
-        starts.push_back(names.text(0));
-    if (starts.empty())
-        throw base::RunTimeError(3021, QStringLiteral("No last name in the file is common enough."));
-    return starts;
+/// The hospital of a million patients, every one of which came in for cash too.
+QString fileWithWalkIns(const QString& folder) {
+    const QString name = QStringLiteral("walk-ins-%1.scintra").arg(patientCount);
+    const QString ready = folder + u'/' + name;
+    if (QFile::exists(ready))
+        return ready;
+    const QString part = copyOf(hospitalFile(folder, patientCount), name + QStringLiteral(".part"));
+    {
+        const auto provider = engine::EmbeddedProvider::open(part, {});
+        RawStatement(provider->handle(),
+                     "INSERT INTO \"PATIENT_DATA.tbCashPatient\" (hospnum, LastName, FirstName, MiddleName, "
+                     "BirthDate, Age, Sex, Civilstatusid, HouseStreet, Barangay, ZipCode) SELECT 'W9' || "
+                     "HospNum, LastName, FirstName, MiddleName, BirthDate, '30', Sex, CivilStatus, "
+                     "HouseStreet, Barangay, ZipCode FROM \"PATIENT_DATA.tbMaster\"")
+            .run();
+    }
+    if (!QFile::rename(part, ready))
+        throw base::RunTimeError(75, QStringLiteral("%1 cannot be written.").arg(ready));
+    return ready;
 }
 
-using RawRow = std::array<std::string, 7>;
+using RawRows = std::vector<std::vector<std::string>>;
 
-std::vector<RawRow> fetchRaw(RawStatement& query, const std::string& start) {
-    const std::string end = start + "\xff"; // behind every longer name
-    query.bind(1, start);
+RawRows fetchRaw(RawStatement& query, const std::string& text) {
+    const std::string end = text + "\xff"; // behind every longer name
+    query.bind(1, text);
     query.bind(2, end);
-    std::vector<RawRow> rows;
+    const int columns = sqlite3_column_count(query.get());
+    RawRows rows;
     while (query.step()) {
-        RawRow& row = rows.emplace_back();
-        for (int column = 0; column < int(row.size()); ++column)
+        std::vector<std::string>& row = rows.emplace_back(std::size_t(columns));
+        for (int column = 0; column < columns; ++column)
             row[std::size_t(column)] = query.text(column);
     }
     query.reset();
     return rows;
 }
 
-ado::Recordset fetchOurs(ado::Connection& connection, const std::string& start) {
-    ado::Recordset rows;
-    rows.Open(ado::sql("sp_Nuclear_getpatientbylastname 'I','{}'", QString::fromStdString(start)),
-              connection);
-    return rows;
+ado::Recordset fetchOurs(const PatientSearch& search, const std::string& text) {
+    return session::Read(search.ours.with({{"#", QString::fromStdString(text)}}));
 }
 
-void requireSame(ado::Recordset rows, const std::vector<RawRow>& raw) {
-    bool same = rows.RecordCount() == listed && raw.size() == listed;
+void requireSame(const PatientSearch& search, RawStatement& query, const std::string& text) {
+    ado::Recordset rows = fetchOurs(search, text);
+    const RawRows raw = fetchRaw(query, text);
+    bool same = rows.RecordCount() == int(raw.size()) && !raw.empty();
     for (std::size_t row = 0; same && row < raw.size(); ++row, rows.MoveNext())
-        same = rows.Fields(1).text().toStdString() == raw[row][1];
+        same = rows.Fields(search.number).text().toStdString() == raw[row][std::size_t(search.number)];
     if (!same)
-        throw base::RunTimeError(5, QStringLiteral("Both sides must list the same 200 patients."));
+        throw base::RunTimeError(
+            5, QStringLiteral("Both sides must find the same %1.").arg(QString::fromLatin1(search.name)));
+}
+
+/// From Enter until the first rows are painted: the screen of the program, and a bare table of the same size.
+class OnScreen {
+  public:
+    OnScreen(const PatientSearch& search, RawStatement& query) : m_query(query), m_screen(search.screen()) {
+        m_screen->Show();
+        m_grid = m_screen->findChild<controls::FlexGrid*>();
+        m_text = m_screen->findChild<QLineEdit*>(QStringLiteral("txtSearch"));
+        m_screen->findChild<QComboBox*>(QStringLiteral("cmbSearch"))->setCurrentIndex(search.choice);
+        for (int column = m_grid->FixedCols(); column < m_grid->Cols(); ++column)
+            m_shownColumns += m_grid->ColWidth(column) > 0 ? 1 : 0;
+        m_bare.verticalHeader()->hide();
+        m_bare.resize(m_grid->size());
+        m_bare.show();
+        QApplication::processEvents();
+    }
+    qint64 ours(const std::string& text) {
+        m_text->setText(QString::fromStdString(text));
+        return timed([&] {
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+            QApplication::sendEvent(m_text, &enter);
+            m_grid->viewport()->repaint();
+        });
+    }
+    qint64 floor(const std::string& text) {
+        std::unique_ptr<BareTable> table;
+        const qint64 time = timed([&] {
+            const RawRows rows = fetchRaw(m_query, text);
+            table =
+                std::make_unique<BareTable>(int(rows.size()), m_shownColumns, [rows](int row, int column) {
+                    return QString::fromStdString(rows[std::size_t(row)][std::size_t(column)]);
+                });
+            m_bare.setModel(table.get());
+            m_bare.viewport()->repaint();
+        });
+        m_bare.setModel(nullptr);
+        return time;
+    }
+
+  private:
+    RawStatement& m_query;
+    std::unique_ptr<controls::Screen> m_screen;
+    controls::FlexGrid* m_grid;
+    QLineEdit* m_text;
+    QTableView m_bare;
+    int m_shownColumns = 0;
+};
+
+bool measure(const PatientSearch& search, sqlite3* handle) {
+    RawStatement query(handle, search.raw);
+    const std::vector<std::string> texts = typedTexts(handle, search.typed);
+    for (const std::string& text : texts)
+        requireSame(search, query, text);
+    const auto text = [&](int round) -> const std::string& {
+        return texts[std::size_t(round) % texts.size()];
+    };
+    const QString name = QString::fromLatin1(search.name);
+    bool met = true;
+    // A number finds one row: there the fixed cost of a call is all there is, and the screen is what counts.
+    if (search.typed == Typed::Name) {
+        met &= Report::line(QStringLiteral("find ") + name,
+                            interleave(
+                                201, 20,
+                                [&](int round) { return timed([&] { fetchOurs(search, text(round)); }); },
+                                [&](int round) { return timed([&] { fetchRaw(query, text(round)); }); }),
+                            1.5);
+    }
+    OnScreen screen(search, query);
+    met &= Report::line(QStringLiteral("  on screen: ") + name,
+                        interleave(
+                            101, 10, [&](int round) { return screen.ours(text(round)); },
+                            [&](int round) { return screen.floor(text(round)); }),
+                        1.5);
+    return met;
 }
 
 } // namespace
 
 bool findPatients(const QString& folder) {
-    const QString file = hospitalFile(folder, 1'000'000);
-    auto floorProvider = engine::EmbeddedProvider::open(file, {});
-    RawStatement query(floorProvider->handle(), rawQuery);
+    const QString file = fileWithWalkIns(folder);
+    const auto floorProvider = engine::EmbeddedProvider::open(file, {});
     ado::Connection connection;
     connection.Open(engine::EmbeddedProvider::open(file, {}), QStringLiteral("bench-find"));
     connection.setDefaultDatabase(QStringLiteral("NUCLEAR"));
-
-    const std::vector<std::string> starts = commonStarts(floorProvider->handle());
-    for (const std::string& start : starts)
-        requireSame(fetchOurs(connection, start), fetchRaw(query, start));
-    const auto startOf = [&](int round) -> const std::string& {
-        return starts[std::size_t(round) % starts.size()];
-    };
-    const auto ours = [&](int round) { return timed([&] { fetchOurs(connection, startOf(round)); }); };
-    const auto floor = [&](int round) { return timed([&] { fetchRaw(query, startOf(round)); }); };
-    return Report::line(QStringLiteral("find 200 of 1,000,000 patients by name"),
-                        interleave(201, 20, ours, floor), 1.5);
+    session::gConnection = &connection;
+    bool met = true;
+    for (const PatientSearch& search : patientSearches)
+        met &= measure(search, floorProvider->handle());
+    session::gConnection = nullptr;
+    return met;
 }
 
 } // namespace bench

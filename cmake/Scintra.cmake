@@ -33,6 +33,15 @@ if(SCINTRA_SANITIZE)
     target_link_options(scintra_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# A folder that was built before would not look at a form or header that is new: CMake 3.25 asks only for those
+# that it knew.
+function(scintra_see_new_files name sources)
+    if(NOT "${SCINTRA_FILES_OF_${name}}" STREQUAL "${sources}")
+        file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
+        set(SCINTRA_FILES_OF_${name} "${sources}" CACHE INTERNAL "")
+    endif()
+endfunction()
+
 # scintra_library(platform_ado DEPENDS scintra::platform_base Qt6::Core)
 # takes every source, form and resource of the folder that calls it.
 function(scintra_library name)
@@ -40,6 +49,7 @@ function(scintra_library name)
     file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
     add_library(${name} STATIC ${sources})
     add_library(scintra::${name} ALIAS ${name})
+    scintra_see_new_files(${name} "${sources}")
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE scintra_options)
 endfunction()
 
@@ -60,6 +70,7 @@ function(scintra_test)
     endif()
     string(REPLACE "/" "_" name test_${ARG_FOLDER})
     add_executable(${name} ${sources})
+    scintra_see_new_files(${name} "${sources}")
     target_link_libraries(${name} PRIVATE scintra_options ${ARG_DEPENDS})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     target_compile_definitions(${name} PRIVATE SCINTRA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"

@@ -2,15 +2,20 @@
 
 #include "platform/controls/Connect.h"
 #include "platform/controls/FlexGrid.h"
+#include "platform/controls/Look.h"
 #include "platform/controls/Screen.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace lookup {
 
 namespace {
+
+/// The TOP of the patient searches.
+constexpr int mostPatients = 200;
 
 bool isEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -25,6 +30,7 @@ bool isTyping(const QKeyEvent& event) {
 } // namespace
 
 PickerKeys::PickerKeys(QLineEdit& search, controls::FlexGrid& grid) : m_search(search), m_grid(grid) {
+    m_grid.setRowSelect(true);
     m_search.installEventFilter(this);
     controls::on(&m_search, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchEntered(); });
     controls::on(&m_grid, &controls::FlexGrid::KeyDown, this, [this](QKeyEvent* event) { gridKey(*event); });
@@ -40,6 +46,21 @@ QString PickerKeys::hitsText(int hits, const QString& one, const QString& many) 
     if (hits == 0)
         return QStringLiteral("No %1 found.").arg(one);
     return QStringLiteral("%1 %2").arg(hits).arg(hits == 1 ? one : many);
+}
+
+void PickerKeys::showPatientHits(QLabel& line, int hits) {
+    const bool more = hits >= mostPatients;
+    line.setText(more
+                     ? QStringLiteral("Only the first %1 are shown: type more of the name.").arg(mostPatients)
+                     : hitsText(hits, QStringLiteral("patient"), QStringLiteral("patients")));
+    controls::look::setKind(&line, more ? QStringLiteral("warn") : QStringLiteral("help"));
+}
+
+QStringList PickerKeys::currentCells() const {
+    QStringList cells;
+    for (int column = 0; column < m_grid.Cols(); ++column)
+        cells += m_grid.TextMatrix(m_grid.Row(), column);
+    return cells;
 }
 
 void PickerKeys::backToSearch() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 
 class QKeyEvent;
+class QLabel;
 class QLineEdit;
 
 namespace controls {
@@ -13,7 +15,7 @@ namespace lookup {
 
 /// The keys that all pickers share. Down in the search box goes to the first row, Up on the first row goes
 /// back, and what is typed in the grid lands in the search box in place of its text. An Enter key that
-/// repeats itself while it is held down counts once.
+/// repeats itself while it is held down counts once. The grid shows its current row, not a cell.
 class PickerKeys : public QObject {
     Q_OBJECT
 
@@ -26,6 +28,10 @@ class PickerKeys : public QObject {
     int hits() const { return m_hits; }
     /// "No patient found.", "1 patient", "57 patients".
     static QString hitsText(int hits, const QString& one, const QString& many);
+    /// Says how many patients were found, or that the list ends before they do.
+    static void showPatientHits(QLabel& line, int hits);
+    /// The cells of the grid's current row, the empty leading one included.
+    QStringList currentCells() const;
     /// The focus to the search box, with all of its text selected.
     void backToSearch();
 

@@ -1,28 +1,12 @@
 #include "lookup/clsRevenueCode.h"
 
+#include "lookup/FieldText.h"
 #include "lookup/frmSearch.h"
 #include "platform/base/Conversion.h"
 #include "platform/controls/MessageBox.h"
 #include "session/Session.h"
 
 namespace lookup {
-
-namespace {
-
-QString text(ado::Recordset& rows, const char* column) {
-    return base::Trim(rows.Fields(column).text());
-}
-
-bool flag(const base::Value& value) {
-    if (value.isNull())
-        return false;
-    if (const bool* bit = value.asBool())
-        return *bit;
-    const QString word = base::textOf(value);
-    return word.compare(u"True", Qt::CaseInsensitive) == 0 || base::Val(word) != 0;
-}
-
-} // namespace
 
 bool clsRevenueCode::ValidateRevenue(const QString& code) {
     {
@@ -53,12 +37,12 @@ bool clsRevenueCode::ValidateRevenue(const QString& code) {
 }
 
 void clsRevenueCode::copy(ado::Recordset& rows) {
-    m_revenueId = text(rows, "RevenueID");
-    m_revenue = text(rows, "Revenue");
-    m_withItems = text(rows, "WithItems");
-    m_searchInventory = flag(rows.Fields("SearchInventory").Value());
-    m_locationId = text(rows, "LocationID");
-    m_inventoryCode = text(rows, "InvCode");
+    m_revenueId = fieldText(rows, "RevenueID");
+    m_revenue = fieldText(rows, "Revenue");
+    m_withItems = fieldText(rows, "WithItems");
+    m_searchInventory = fieldFlag(rows, "SearchInventory");
+    m_locationId = fieldText(rows, "LocationID");
+    m_inventoryCode = fieldText(rows, "InvCode");
 }
 
 clsRevenueCode& revenueCode() {

@@ -76,7 +76,7 @@ void frmListPatient::txtSearch_Return() {
     }
     m_keys->setHits(hits);
     m_ui->cmdSelect->setEnabled(hits > 0);
-    m_ui->lblHits->setText(PickerKeys::hitsText(hits, QStringLiteral("patient"), QStringLiteral("patients")));
+    PickerKeys::showPatientHits(*m_ui->lblHits, hits);
     m_ui->grdTable->setEmptyText(QStringLiteral("No admitted patient answers to this %1.")
                                      .arg(m_ui->cmbSearch->currentText().toLower()));
     for (int row = 1; row <= hits; ++row)
@@ -131,9 +131,7 @@ void frmListPatient::openRequest(int row) {
     }
     ResultCode = idNumber;
     Valid = true;
-    PatientRecord.clear();
-    for (int column = 0; column < m_ui->grdTable->Cols(); ++column)
-        PatientRecord += m_ui->grdTable->TextMatrix(row, column);
+    PatientRecord = m_keys->currentCells();
 
     session::RequestEntry entry;
     entry.PatIdNum = idNumber;

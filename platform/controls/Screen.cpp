@@ -29,9 +29,14 @@ class ButtonKeys : public QObject {
     using QObject::QObject;
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* button = qobject_cast<QAbstractButton*>(watched);
-        if (!button || event->type() != QEvent::KeyPress || !isEnter(*static_cast<QKeyEvent*>(event)))
+        if (!button || event->type() != QEvent::KeyPress)
             return false;
-        button->click();
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (!isEnter(key))
+            return false;
+        // A key that is held down goes on repeating itself on the button that took the focus meanwhile.
+        if (!key.isAutoRepeat())
+            button->click();
         return true;
     }
 };

@@ -1,5 +1,7 @@
 #include "app/AppScreens.h"
 #include "platform/controls/Screen.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/LoggedOn.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +16,16 @@ TEST(AppScreens, AScreenThatIsNotThereDoesNothing) {
             screens.open(MenuScreen(i));
     }
     EXPECT_TRUE(controls::Screen::openScreens().empty());
+}
+
+class OpenScreens : public tests::LoggedOn {};
+
+TEST_F(OpenScreens, TheMenuOpensTheWalkInMasterFile) {
+    app::AppScreens program;
+    tests::runModal([&] { program.open(MenuScreen::WalkInMaster); }, {[](QWidget& window) {
+                        EXPECT_EQ(window.windowTitle(), QStringLiteral("Walk-In Master File"));
+                        tests::keysToFocus(window, "<Esc>");
+                    }});
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "lookup/RateSelection.h"
+#include "lookup/clsCashPatientSearch.h"
 #include "lookup/clsLoadExam.h"
+#include "lookup/clsOutPatientSearch.h"
+#include "lookup/clsRegularPatientSearch.h"
 #include "lookup/clsRevenueCode.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmSearch.h"
@@ -126,6 +129,95 @@ TEST_F(HospitalPatients, FindsByLastNameAndFirstName) {
     for (int row = 1; row < grid.Rows(); ++row)
         found += grid.TextMatrix(row, 2);
     EXPECT_TRUE(found.contains(base::Trim(patient.Fields(2).text())));
+}
+
+/// Types into the list that `search` opens.
+bool searchWithList(const std::function<bool()>& search, const QString& typed) {
+    bool found = false;
+    tests::runModal([&] { found = search(); }, {[&](QWidget& list) { tests::keysToFocus(list, typed); }});
+    return found;
+}
+
+TEST_F(Hospital, ARegularPatientIsFoundByNumber) {
+    lookup::clsRegularPatientSearch search;
+    EXPECT_TRUE(search.ValidatePatient(QStringLiteral("104001"), true));
+    EXPECT_EQ(search.HospitalNumber(), QStringLiteral("104001"));
+    EXPECT_FALSE(search.LastName().isEmpty());
+    EXPECT_FALSE(search.Age().isEmpty());
+}
+
+TEST_F(Hospital, ARegularPatientIsPickedByBothNames) {
+    ado::Recordset patient = session::Read(
+        ado::sql("SELECT LastName, FirstName FROM PATIENT_DATA..tbMaster WHERE HospNum = '104007'"));
+    const QString last = patient.Fields(0).text().toLower();
+    const QString first = patient.Fields(1).text().toLower();
+    lookup::clsRegularPatientSearch search;
+    EXPECT_TRUE(searchWithList([&] { return search.ValidatePatient(QStringLiteral("NOBODY"), true); },
+                               last + QStringLiteral(", ") + first + QStringLiteral("<Enter><Down><Enter>")));
+    EXPECT_EQ(search.LastName().toLower(), last);
+    EXPECT_EQ(search.FirstName().toLower(), first);
+}
+
+TEST_F(Hospital, AWalkInIsPickedFromTheList) {
+    lookup::clsCashPatientSearch search;
+    EXPECT_TRUE(searchWithList([&] { return search.ValidatePatient(QString(), true); },
+                               QStringLiteral("<Down><Enter>")));
+    EXPECT_TRUE(search.HospitalNumber().startsWith(u'W'));
+    EXPECT_FALSE(search.CivilStatus().isEmpty());
+    EXPECT_FALSE(search.ValidatePatient(QStringLiteral("NOBODY"), true));
+}
+
+TEST_F(Hospital, AWalkInIsAddedFromTheListAndPicked) {
+    lookup::clsCashPatientSearch search;
+    bool found = false;
+    recorder->texts.clear();
+    tests::runModal([&] { found = search.ValidatePatient(QString(), true); },
+                    {[](QWidget& list) {
+                         tests::keys(child<QLineEdit>(list, "txtSearch"), QStringLiteral("zzyzx<Alt+A>"));
+                         tests::keysToFocus(list, QStringLiteral("<Down><Enter>"));
+                     },
+                     [](QWidget& entry) {
+                         tests::keys(child<QLineEdit>(entry, "txtLastName"),
+                                     QStringLiteral("zzyzx<Enter>ana<Enter>r<Enter>01012000<Enter><Alt+S>"));
+                     }});
+    EXPECT_TRUE(found);
+    EXPECT_EQ(search.LastName(), QStringLiteral("ZZYZX"));
+    EXPECT_EQ(search.Age(), QStringLiteral("26"));
+    const QStringList texts = takeTexts();
+    EXPECT_EQ(texts.first(), QStringLiteral("spGlobal_CashPatient '0', ''"));
+    EXPECT_EQ(texts.count(QStringLiteral("spGlobal_CashPatient '0','ZZYZX'")), 1) << "only once it is added";
+    EXPECT_EQ(texts.last(), QStringLiteral("spGlobal_CashPatient '1', '%1'").arg(search.HospitalNumber()));
+}
+
+TEST_F(Hospital, AnOutPatientIsFoundByNumber) {
+    const QString idNumber =
+        one(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS "
+                     "NULL AND AccountNum <> HospNum ORDER BY IdNum"));
+    lookup::clsOutPatientSearch search;
+    EXPECT_TRUE(search.ValidatePatient(idNumber));
+    EXPECT_EQ(search.IdNumber(), idNumber);
+    EXPECT_FALSE(search.Company().isEmpty());
+    EXPECT_EQ(search.AdmDate().size(), 10);
+    EXPECT_EQ(search.AdmTime().size(), 7);
+    EXPECT_EQ(search.DcrDate() + search.DcrTime() + search.BillingDate(), QString());
+}
+
+TEST_F(Hospital, AnOutPatientOnHisOwnAccountIsTakenByNumberOnly) {
+    const QString idNumber =
+        one(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS "
+                     "NULL ORDER BY IdNum"));
+    session::Run(
+        ado::sql("UPDATE PATIENT_DATA..tbOutPatient SET AccountNum = HospNum WHERE IdNum = '{}'", idNumber));
+    lookup::clsOutPatientSearch search;
+    tests::MessageScript boxes{{QStringLiteral("Patient`s with Personal Account is Not Allowed.\n"
+                                               "Please Use Cash Assessment Entry Option for this Patient."),
+                                controls::vbInformation, QStringLiteral("Message")}};
+    EXPECT_FALSE(searchWithList([&] { return search.ValidatePatient(QString()); },
+                                QStringLiteral("<Shift+Tab><Down><Tab>") + idNumber +
+                                    QStringLiteral("<Enter><Down><Enter>")));
+    EXPECT_EQ(search.IdNumber(), QString());
+    EXPECT_TRUE(search.ValidatePatient(idNumber));
+    EXPECT_EQ(search.IdNumber(), idNumber);
 }
 
 TEST_F(Hospital, ValidatesARevenueCode) {

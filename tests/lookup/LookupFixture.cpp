@@ -1,6 +1,9 @@
 #include "tests/lookup/LookupFixture.h"
 
+#include "lookup/frmAddWalkIn.h"
 #include "lookup/frmListPatient.h"
+#include "lookup/frmPatientList.h"
+#include "lookup/frmRegisteredOPD.h"
 #include "lookup/frmSearch.h"
 #include "session/Session.h"
 
@@ -18,7 +21,10 @@ LookupFixture::LookupFixture() {
 
 LookupFixture::~LookupFixture() {
     controls::SharedScreen<lookup::frmSearch>::release();
+    controls::SharedScreen<lookup::frmAddWalkIn>::release();
     controls::SharedScreen<lookup::frmListPatient>::release();
+    controls::SharedScreen<lookup::frmPatientList>::release();
+    controls::SharedScreen<lookup::frmRegisteredOPD>::release();
     session::gConnection = nullptr;
     session::gHospitalName.clear();
 }

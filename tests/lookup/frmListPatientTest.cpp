@@ -130,6 +130,13 @@ TEST_F(ListPatient, AnEmptyResultIsAnEmptyListWithoutABox) {
     EXPECT_TRUE(screens.requests.empty());
 }
 
+TEST_F(ListPatient, AFullListAsksForMoreOfTheName) {
+    list(std::vector(200, patient("2601184")));
+    EXPECT_EQ(child<QLabel>(screen, "lblHits").text(),
+              QStringLiteral("Only the first 200 are shown: type more of the name."));
+    EXPECT_EQ(boxes(), QStringList());
+}
+
 TEST_F(ListPatient, DownGoesToTheFirstRowAndTypingBackToTheSearch) {
     QTest::keyClick(&search, Qt::Key_Down);
     EXPECT_TRUE(search.hasFocus()) << "no rows yet";

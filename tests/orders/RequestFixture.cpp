@@ -1,6 +1,6 @@
 #include "tests/orders/RequestFixture.h"
 
-#include "session/HospitalServer.h"
+#include "tests/support/screens/Workstations.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -47,10 +47,7 @@ QString RequestFixture::line(int row) {
 }
 
 QString RequestFixture::value(const QString& query) {
-    // The query is this test's own text, never a value: the scanner has nothing to check in it.
-    auto server = session::fileServer(file)->open(QStringLiteral("look"));
-    const ado::Result result = server->execute(query);
-    return result.rows.count() == 0 ? QString() : base::textOf(result.rows.at(0, 0));
+    return hospitalValue(file, query);
 }
 
 int RequestFixture::count(const QString& table, const QString& where) {

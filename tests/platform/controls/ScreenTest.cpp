@@ -156,6 +156,19 @@ TEST(Screen, EnterPressesOnlyAButtonThatHasTheFocus) {
                     }});
 }
 
+TEST(Screen, AnEnterThatIsHeldDownPressesNoButton) {
+    Patient screen;
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {
+                        screen.cmdSave->setFocus();
+                        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+                        QCoreApplication::sendEvent(screen.cmdSave, &held);
+                        EXPECT_EQ(screen.saved, 0);
+                        tests::keys(*screen.cmdSave, QStringLiteral("<Enter>"));
+                        EXPECT_EQ(screen.saved, 1);
+                        screen.Unload();
+                    }});
+}
+
 TEST(Screen, EscapeClosesOnlyWhereItIsSaid) {
     Patient screen;
     tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget&) {

@@ -21,7 +21,7 @@ constexpr const char* regularColumns = "HospNum;LastName;FirstName;MiddleName;Ad
                                        "HouseStreet;Barangay;Town;Province;CivilStatus";
 constexpr const char* cashColumns =
     "HospNum;LastName;FirstName;MiddleName;CivilStatusID;CivilStatus;Sex;BirthDate;Age;"
-    "HouseStreet;Barangay;Town;Province";
+    "HouseStreet;Barangay;Town;Province;ZipCode";
 constexpr const char* outColumns =
     "IdNum;LastName;FirstName;MiddleName;AdmDate;HospNum;AccountNum;Company;DcrDate;"
     "BillingDate;Sex;BirthDate;Age;HouseStreet;Barangay;Town;Province;CivilStatus;"

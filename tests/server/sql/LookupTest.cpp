@@ -1,5 +1,7 @@
 #include "tests/server/sql/Hospital.h"
 
+#include "platform/base/Conversion.h"
+
 namespace {
 
 using Lookup = tests::Hospital;
@@ -69,6 +71,87 @@ TEST_F(Lookup, RegularPatientsByNumberAndOpenStaysOnly) {
     const int open = rows(QStringLiteral("spGlobal_RegularPatients '1','0',''")).count();
     EXPECT_EQ(open, count(QStringLiteral("PATIENT_DATA..tbOutPatient"), QStringLiteral("DcrDate IS NULL")));
     EXPECT_GT(open, 3);
+}
+
+TEST_F(Lookup, TheThreeSearchesTakeBothNamesParted) {
+    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbMaster (HospNum, LastName, FirstName) VALUES "
+                       "('900001', 'SAN QUINTIN', 'ANA'), ('900002', 'SAN QUINTIN', 'BELEN')"));
+    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbOutPatient (IdNum, HospNum, AdmDate) VALUES "
+                       "('O900001', '900001', '2026-11-20'), ('O900002', '900002', '2026-11-20')"));
+    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbCashPatient (hospnum, LastName, FirstName) VALUES "
+                       "('W900001', 'SAN QUINTIN', 'ANA'), ('W900002', 'SAN QUINTIN', 'BELEN')"));
+    const auto found = [&](const char* search, const char* text) {
+        QStringList numbers;
+        const ado::Rows each = rows(QString::fromLatin1(search).arg(QString::fromLatin1(text)));
+        for (qsizetype i = 0; i < each.count(); ++i)
+            numbers += base::textOf(each.at(i, 0));
+        return numbers.join(u' ');
+    };
+    for (const char* current : {"0", "1"}) {
+        const QByteArray regular = QByteArray("spGlobal_RegularPatients '") + current + "','0','%1'";
+        EXPECT_EQ(found(regular, "san quin"), "900001 900002");
+        EXPECT_EQ(found(regular, "SAN QUIN, B"), "900002");
+        EXPECT_EQ(found(regular, "SAN QUINTIN,C"), "");
+        const QByteArray out = QByteArray("spGlobal_RegisteredOPD '") + current + "','0', '%1'";
+        EXPECT_EQ(found(out, "SAN QUIN"), "O900001 O900002");
+        EXPECT_EQ(found(out, "SAN QUIN ,A"), "O900001");
+        EXPECT_EQ(found(out, " SAN QUINTIN , BEL "), "O900002");
+    }
+    EXPECT_EQ(found("spGlobal_CashPatient '0','%1'", "SAN QUIN"), "W900001 W900002");
+    EXPECT_EQ(found("spGlobal_CashPatient '0','%1'", "SAN QUIN,B"), "W900002");
+}
+
+TEST_F(Lookup, SignsOfAPatternAreAnySign) {
+    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbCashPatient (hospnum, LastName) VALUES "
+                       "('W900003', 'D''ARCY'), ('W900004', 'D[50%]X')"));
+    EXPECT_EQ(cell(rows(QStringLiteral("spGlobal_CashPatient '0','D`ARC'")), 0, "HospNum"),
+              QStringLiteral("W900003"));
+    EXPECT_EQ(cell(rows(QStringLiteral("spGlobal_CashPatient '0','D[50%'")), 0, "HospNum"),
+              QStringLiteral("W900004"));
+    EXPECT_EQ(rows(QStringLiteral("spGlobal_CashPatient '0','%ARCY'")).count(), 0);
+}
+
+TEST_F(Lookup, OnlyCurrentRegistrationsWhenAskedFor) {
+    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbMaster (HospNum, LastName) VALUES "
+                       "('900001', 'QUISUMBING'), ('900002', 'QUISUMBING')"));
+    run(QStringLiteral(
+        "INSERT INTO PATIENT_DATA..tbOutPatient (IdNum, HospNum, AdmDate, DcrDate) VALUES "
+        "('O900001', '900001', '2026-11-20', NULL), ('O900003', '900001', '2026-11-19', NULL), "
+        "('O900002', '900002', '2026-10-01', '2026-10-01')"));
+    const auto found = [&](const char* text) { return rows(QString::fromLatin1(text)).count(); };
+    EXPECT_EQ(found("spGlobal_RegularPatients '1','0','QUISUM'"), 1) << "a patient once, with two stays";
+    EXPECT_EQ(found("spGlobal_RegularPatients '0','0','QUISUM'"), 2);
+    EXPECT_EQ(found("spGlobal_RegularPatients '1','1','900001'"), 1);
+    EXPECT_EQ(found("spGlobal_RegularPatients '1','1','900002'"), 0);
+    EXPECT_EQ(found("spGlobal_RegularPatients '0','1', '900002'"), 1);
+    EXPECT_EQ(found("spGlobal_RegularPatients '','1', '900002'"), 1);
+    EXPECT_EQ(found("spGlobal_RegisteredOPD '1','0', 'QUISUM'"), 2) << "each stay";
+    EXPECT_EQ(found("spGlobal_RegisteredOPD '0','0', 'QUISUM'"), 3);
+    EXPECT_EQ(found("spGlobal_RegisteredOPD '1','1', 'O900002'"), 0);
+    EXPECT_EQ(found("spGlobal_RegisteredOPD '0','1', 'O900002'"), 1);
+}
+
+TEST_F(Lookup, ARegularPatientIsFoundByTheNumberOfAStayToo) {
+    const ado::Rows in = rows(QStringLiteral("SELECT TOP 1 IdNum, HospNum FROM PATIENT_DATA..tbPatient"));
+    const ado::Rows out = rows(QStringLiteral("SELECT TOP 1 IdNum, HospNum FROM PATIENT_DATA..tbOutPatient"));
+    for (const ado::Rows* stay : {&in, &out}) {
+        const ado::Rows found =
+            rows(QStringLiteral("spGlobal_RegularPatients '','1', '%1'").arg(cell(*stay, 0, "IdNum")));
+        ASSERT_EQ(found.count(), 1);
+        EXPECT_EQ(cell(found, 0, "HospNum"), cell(*stay, 0, "HospNum"));
+    }
+}
+
+TEST_F(Lookup, TheLatestStayDatesARegularPatient) {
+    run(QStringLiteral(
+        "INSERT INTO PATIENT_DATA..tbMaster (HospNum, LastName) VALUES ('900001', 'QUIRINO')"));
+    EXPECT_EQ(cell(rows(QStringLiteral("spGlobal_RegularPatients '0','1', '900001'")), 0, "AdmDate"),
+              QStringLiteral("<Null>"));
+    run(QStringLiteral("INSERT INTO PATIENT_DATA..tbOutPatient (IdNum, HospNum, AdmDate) VALUES "
+                       "('O900001', '900001', '2026-10-20'), ('O900002', '900001', '2026-11-20')"));
+    const ado::Rows found = rows(QStringLiteral("spGlobal_RegularPatients '0','1', '900001'"));
+    ASSERT_EQ(found.count(), 1);
+    EXPECT_EQ(*found.at(0, 4).asDateTime(), *base::makeDateTime({2026, 11, 20}));
 }
 
 TEST_F(Lookup, OutPatientsByNumberCarryNullDates) {

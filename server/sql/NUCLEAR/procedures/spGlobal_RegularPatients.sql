@@ -1,43 +1,41 @@
--- Registered patients. @Current '1': only those with an open out-patient stay. @SearchBy '0' the start of the last
--- name, '1' the hospital number.
+-- Registered patients. @Current '1': only those with an open out-patient stay. @SearchBy '0' the start of the last name,
+-- with a comma that of the first name too; '1' the hospital number, or the number of one of the patient's stays.
 USE NUCLEAR
 GO
 
 CREATE OR ALTER PROCEDURE spGlobal_RegularPatients
     @Current varchar(1),
     @SearchBy varchar(1),
-    @SearchText varchar(50)
+    @SearchText varchar(101)
 AS
 SET NOCOUNT ON
-DECLARE @Pattern varchar(51)
-SET @SearchText = LTRIM(RTRIM(@SearchText))
-SET @Pattern = @SearchText + '%'
+DECLARE @HospNum varchar(101)
+DECLARE @LastPattern varchar(102)
+DECLARE @FirstPattern varchar(102)
+SET @HospNum = LTRIM(RTRIM(@SearchText))
+SET @LastPattern = dbo.fnNuclear_NameStart(@SearchText, 0)
+SET @FirstPattern = dbo.fnNuclear_NameStart(@SearchText, 1)
 IF @SearchBy = '1'
-    SELECT M.HospNum, M.LastName, M.FirstName, M.MiddleName, O.AdmDate, M.Sex, M.BirthDate,
-        dbo.fnNuclear_Age(M.BirthDate, GETDATE()) AS Age,
-        M.HouseStreet, M.Barangay, A.Town, A.Province, M.CivilStatus
-    FROM PATIENT_DATA..tbMaster M
-    LEFT JOIN PATIENT_DATA..tbOutPatient O ON O.HospNum = M.HospNum
-        AND O.IdNum = (SELECT TOP 1 L.IdNum FROM PATIENT_DATA..tbOutPatient L
-            WHERE L.HospNum = M.HospNum ORDER BY L.AdmDate DESC)
-    LEFT JOIN BUILD_FILE..tbCoAddress A ON A.ZipCode = M.ZipCode
-    WHERE M.HospNum = @SearchText
+BEGIN
+    IF NOT EXISTS (SELECT 1 FROM PATIENT_DATA..tbMaster WHERE HospNum = @HospNum)
+    BEGIN
+        SELECT @HospNum = HospNum FROM PATIENT_DATA..tbPatient WHERE IdNum = @HospNum
+        SELECT @HospNum = HospNum FROM PATIENT_DATA..tbOutPatient WHERE IdNum = @HospNum
+    END
+    SELECT *
+    FROM vwNuclearRegularPatient
+    WHERE HospNum = @HospNum AND (@Current <> '1'
+        OR EXISTS (SELECT 1 FROM PATIENT_DATA..tbOutPatient O WHERE O.HospNum = @HospNum AND O.DcrDate IS NULL))
+END
 ELSE IF @Current = '1'
-    SELECT DISTINCT TOP 200 M.HospNum, M.LastName, M.FirstName, M.MiddleName, O.AdmDate, M.Sex, M.BirthDate,
-        dbo.fnNuclear_Age(M.BirthDate, GETDATE()) AS Age,
-        M.HouseStreet, M.Barangay, A.Town, A.Province, M.CivilStatus
-    FROM PATIENT_DATA..tbOutPatient O
-    INNER JOIN PATIENT_DATA..tbMaster M ON M.HospNum = O.HospNum
-    LEFT JOIN BUILD_FILE..tbCoAddress A ON A.ZipCode = M.ZipCode
-    WHERE O.DcrDate IS NULL AND M.LastName LIKE @Pattern
-    ORDER BY M.LastName, M.FirstName, M.MiddleName, M.HospNum
+    SELECT TOP 200 *
+    FROM vwNuclearRegularPatient
+    WHERE HospNum IN (SELECT O.HospNum FROM PATIENT_DATA..tbOutPatient O WHERE O.DcrDate IS NULL)
+        AND LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    ORDER BY LastName, FirstName, MiddleName, HospNum
 ELSE
-    SELECT TOP 200 M.HospNum, M.LastName, M.FirstName, M.MiddleName,
-        (SELECT MAX(L.AdmDate) FROM PATIENT_DATA..tbOutPatient L WHERE L.HospNum = M.HospNum) AS AdmDate,
-        M.Sex, M.BirthDate, dbo.fnNuclear_Age(M.BirthDate, GETDATE()) AS Age,
-        M.HouseStreet, M.Barangay, A.Town, A.Province, M.CivilStatus
-    FROM PATIENT_DATA..tbMaster M
-    LEFT JOIN BUILD_FILE..tbCoAddress A ON A.ZipCode = M.ZipCode
-    WHERE M.LastName LIKE @Pattern
-    ORDER BY M.LastName, M.FirstName, M.MiddleName
+    SELECT TOP 200 *
+    FROM vwNuclearRegularPatient
+    WHERE LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    ORDER BY LastName, FirstName, MiddleName
 GO

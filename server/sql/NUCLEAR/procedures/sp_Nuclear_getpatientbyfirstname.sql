@@ -8,34 +8,18 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_getpatientbyfirstname
     @FirstName varchar(50)
 AS
 SET NOCOUNT ON
-DECLARE @LastPattern varchar(51)
-DECLARE @FirstPattern varchar(51)
-SET @LastPattern = REPLACE(LTRIM(RTRIM(@LastName)), '`', '_') + '%'
-SET @FirstPattern = REPLACE(LTRIM(RTRIM(@FirstName)), '`', '_') + '%'
+DECLARE @LastPattern varchar(102)
+DECLARE @FirstPattern varchar(102)
+SET @LastPattern = dbo.fnNuclear_NameStart(@LastName, 0)
+SET @FirstPattern = dbo.fnNuclear_NameStart(@FirstName, 0)
 IF @PatientType = 'O'
-    SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
-        M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
-        CONVERT(varchar(10), P.BillingDate, 101) AS [Billed Date],
-        CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END
-            AS [Charging Status],
-        CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END AS NucStatus,
-        CONVERT(varchar(10), P.DcrDate, 101) AS DcrDate
-    FROM PATIENT_DATA..tbMaster M
-    INNER JOIN PATIENT_DATA..tbOutPatient P ON P.HospNum = M.HospNum
-    LEFT JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = P.IdNum
-    WHERE M.LastName LIKE @LastPattern AND M.FirstName LIKE @FirstPattern
-    ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+    SELECT TOP 200 [Hosp.No.], [Adm.No.], [Patient Name], [Billed Date], [Charging Status], NucStatus, DcrDate
+    FROM vwNuclearOutStay
+    WHERE LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 ELSE
-    SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
-        M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
-        CONVERT(varchar(10), P.BillingDate, 101) AS [Billed Date],
-        CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END
-            AS [Charging Status],
-        CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END AS NucStatus,
-        CONVERT(varchar(10), P.DcrDate, 101) AS DcrDate
-    FROM PATIENT_DATA..tbMaster M
-    INNER JOIN PATIENT_DATA..tbPatient P ON P.HospNum = M.HospNum
-    LEFT JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = P.IdNum
-    WHERE M.LastName LIKE @LastPattern AND M.FirstName LIKE @FirstPattern
-    ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+    SELECT TOP 200 [Hosp.No.], [Adm.No.], [Patient Name], [Billed Date], [Charging Status], NucStatus, DcrDate
+    FROM vwNuclearInStay
+    WHERE LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 GO

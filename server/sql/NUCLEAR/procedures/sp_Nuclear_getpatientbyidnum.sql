@@ -9,29 +9,13 @@ AS
 SET NOCOUNT ON
 SET @IdNum = LTRIM(RTRIM(@IdNum))
 IF @PatientType = 'O'
-    SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
-        M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
-        CONVERT(varchar(10), P.BillingDate, 101) AS [Billed Date],
-        CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END
-            AS [Charging Status],
-        CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END AS NucStatus,
-        CONVERT(varchar(10), P.DcrDate, 101) AS DcrDate
-    FROM PATIENT_DATA..tbMaster M
-    INNER JOIN PATIENT_DATA..tbOutPatient P ON P.HospNum = M.HospNum
-    LEFT JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = P.IdNum
-    WHERE P.IdNum = @IdNum
-    ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+    SELECT TOP 200 [Hosp.No.], [Adm.No.], [Patient Name], [Billed Date], [Charging Status], NucStatus, DcrDate
+    FROM vwNuclearOutStay
+    WHERE [Adm.No.] = @IdNum
+    ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 ELSE
-    SELECT TOP 200 P.HospNum AS [Hosp.No.], P.IdNum AS [Adm.No.],
-        M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS [Patient Name],
-        CONVERT(varchar(10), P.BillingDate, 101) AS [Billed Date],
-        CASE WHEN P.BillingDate IS NULL THEN 'Open' WHEN P.LateCharges = 1 THEN 'Late Charges' ELSE 'Closed' END
-            AS [Charging Status],
-        CASE WHEN D.OkeyNU = 1 THEN 'Not Okey' ELSE 'Okey' END AS NucStatus,
-        CONVERT(varchar(10), P.DcrDate, 101) AS DcrDate
-    FROM PATIENT_DATA..tbMaster M
-    INNER JOIN PATIENT_DATA..tbPatient P ON P.HospNum = M.HospNum
-    LEFT JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = P.IdNum
-    WHERE P.IdNum = @IdNum
-    ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC
+    SELECT TOP 200 [Hosp.No.], [Adm.No.], [Patient Name], [Billed Date], [Charging Status], NucStatus, DcrDate
+    FROM vwNuclearInStay
+    WHERE [Adm.No.] = @IdNum
+    ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 GO

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace app {
+
+/// Gives the menu what lies in other folders: the search for out-patients.
+void linkMenu();
+
+} // namespace app

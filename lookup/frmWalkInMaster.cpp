@@ -1,0 +1,279 @@
+#include "lookup/frmWalkInMaster.h"
+
+#include "lookup/PickerKeys.h"
+#include "lookup/WalkInChecks.h"
+#include "lookup/frmAddWalkIn.h"
+#include "platform/base/Conversion.h"
+#include "platform/controls/EnterKey.h"
+#include "platform/controls/KeyFilter.h"
+#include "platform/controls/Look.h"
+#include "session/Session.h"
+#include "ui_frmWalkInMaster.h"
+
+#include <QKeyEvent>
+
+namespace lookup {
+
+using ado::sql;
+using base::Trim;
+using controls::KeyRule;
+using controls::on;
+
+namespace {
+
+enum Tab { searchEntry, editEntry };
+
+/// The zip code comes last, beyond the headers: the list does not show it, the edit needs it.
+enum GridColumn {
+    hospNum = 1,
+    lastName,
+    firstName,
+    middleName,
+    civilStatusID,
+    civilStatus,
+    sex,
+    birthDateColumn,
+    age,
+    houseStreet,
+    barangay,
+    town,
+    province,
+    zipCode
+};
+
+const QString gridFormat =
+    QStringLiteral(" | HospNum | LastName | FirstName | MiddleName | CivilStatusID | CivilStatus | Sex | "
+                   "BirthDate | Age | Housestreet | Barangay | Town | Province ");
+
+QString townText(const QString& townName, const QString& provinceName) {
+    return townName.isEmpty() ? QString() : townName + QStringLiteral(", ") + provinceName;
+}
+
+} // namespace
+
+frmWalkInMaster::frmWalkInMaster(QWidget* parent)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmWalkInMaster>()) {
+    m_ui->setupUi(this);
+    m_keys = std::make_unique<PickerKeys>(*m_ui->txtSearch, *m_ui->grdWalkIn);
+    controls::look::setPrimary(m_ui->cmdEdit);
+    controls::look::setPrimary(m_ui->cmdSave);
+    setRules();
+    connectControls();
+}
+
+frmWalkInMaster::~frmWalkInMaster() = default;
+
+void frmWalkInMaster::setRules() {
+    for (QLineEdit* name : {m_ui->txtSearch, m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName,
+                            m_ui->txtAddress1, m_ui->txtAddress2, m_ui->txtZipCode})
+        controls::setKeyRules(name, KeyRule::UpperCase | KeyRule::BackQuote);
+    refuseLetters(m_ui->txtAge);
+    likelyDateMovesOn(m_ui->dtpBirthDate);
+    controls::enterMovesOn({m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName, m_ui->txtAge,
+                            m_ui->cmbSex, m_ui->cmbCivil, m_ui->txtAddress1, m_ui->txtAddress2});
+}
+
+void frmWalkInMaster::connectControls() {
+    on(m_ui->ssWalkIn, &QTabWidget::currentChanged, this, [this] { ssWalkIn_Click(); });
+    on(m_keys.get(), &PickerKeys::searchEntered, this, [this] { txtSearch_Return(); });
+    on(m_keys.get(), &PickerKeys::rowEntered, this, [this] { cmdEdit_Click(); });
+    on(m_ui->cmdAdd, &QPushButton::clicked, this, [this] { cmdAdd_Click(); });
+    on(m_ui->cmdEdit, &QPushButton::clicked, this, [this] { cmdEdit_Click(); });
+    controls::onEnter(m_ui->txtZipCode, [this] { cmdZipCode_Click(); });
+    // A code that is being changed has no town any more.
+    on(m_ui->txtZipCode, &QLineEdit::textEdited, this, [this] { m_ui->lblTown->clear(); });
+    on(m_ui->cmdZipCode, &QPushButton::clicked, this, [this] { cmdZipCode_Click(); });
+    on(m_ui->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
+    on(m_ui->cmdCancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
+    on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+void frmWalkInMaster::Form_Load() {
+    m_ui->bandHeader->setSubtitle(session::gHospitalName);
+    m_ui->grdWalkIn->setFormatString(gridFormat);
+    m_ui->grdWalkIn->setColWidths(
+        {100, 1150, 1550, 1650, 1450, 1450, 1250, 600, 1150, 600, 2200, 1450, 1600, 1750});
+    m_ui->grdWalkIn->setRowSelect(true);
+    m_ui->grdWalkIn->setEmptyText(QStringLiteral("Enter lists the patients whose last name begins so."));
+    m_ui->lblHits->clear();
+    m_ui->cmdEdit->setEnabled(false);
+    cmdCancel_Click();
+    ssWalkIn_Click();
+}
+
+void frmWalkInMaster::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && isEditing())
+        controls::ErrorBoundary::guard([this] { cmdCancel_Click(); });
+    else
+        Screen::keyPressEvent(event);
+}
+
+// ---- the tabs
+
+bool frmWalkInMaster::isEditing() const {
+    return m_ui->ssWalkIn->currentIndex() == editEntry;
+}
+
+void frmWalkInMaster::ssWalkIn_Click() {
+    const bool editing = isEditing();
+    for (QWidget* command : {m_ui->cmdAdd, m_ui->cmdEdit})
+        command->setVisible(!editing);
+    for (QWidget* command : {m_ui->cmdSave, m_ui->cmdCancel})
+        command->setVisible(editing);
+    setEscapeCloses(!editing);
+}
+
+// ---- search entry
+
+void frmWalkInMaster::txtSearch_Return() {
+    LoadPatients();
+    m_keys->backToSearch();
+}
+
+void frmWalkInMaster::LoadPatients() {
+    const Hourglass busy;
+    ado::Recordset patients = session::Read(sql("spGlobal_CashPatient '0', '{}'", m_ui->txtSearch->text()));
+    const int hits = patients.RecordCount();
+    m_ui->grdWalkIn->setDataSource(patients);
+    patients.Close();
+    m_keys->setHits(hits);
+    m_ui->grdWalkIn->setEmptyText(QStringLiteral("No walk-in patient has a last name that begins so."));
+    m_ui->cmdEdit->setEnabled(hits > 0);
+    PickerKeys::showPatientHits(*m_ui->lblHits, hits);
+}
+
+void frmWalkInMaster::cmdAdd_Click() {
+    auto& screen = controls::SharedScreen<frmAddWalkIn>::fresh();
+    screen.ShowModal();
+    if (screen.NewEntry) {
+        controls::look::setKind(m_ui->lblHits, QStringLiteral("ok"));
+        m_ui->lblHits->setText(QStringLiteral("The patient was added as %1.").arg(screen.IdNum));
+    }
+    m_keys->backToSearch();
+}
+
+void frmWalkInMaster::cmdEdit_Click() {
+    if (m_keys->hits() == 0)
+        return;
+    showPatient(m_ui->grdWalkIn->Row());
+    m_ui->ssWalkIn->setTabEnabled(editEntry, true);
+    m_ui->ssWalkIn->setCurrentIndex(editEntry);
+    m_ui->txtLastName->setFocus();
+    controls::SelectAllText(m_ui->txtLastName);
+}
+
+void frmWalkInMaster::showPatient(int row) {
+    const controls::FlexGrid& grid = *m_ui->grdWalkIn;
+    // A hospital whose list has no zip codes leaves the box empty.
+    const auto cell = [&](int column) {
+        return column < grid.Cols() ? Trim(grid.TextMatrix(row, column)) : QString();
+    };
+    m_ui->txtHospNum->setText(cell(hospNum));
+    m_ui->txtLastName->setText(cell(lastName));
+    m_ui->txtFirstName->setText(cell(firstName));
+    m_ui->txtMiddleName->setText(cell(middleName));
+    m_ui->txtAddress1->setText(cell(houseStreet));
+    m_ui->txtAddress2->setText(cell(barangay));
+    m_ui->txtAge->setText(cell(age));
+    m_ui->txtZipCode->setText(cell(zipCode));
+    m_ui->lblTown->setText(townText(cell(town), cell(province)));
+    const QString letter = cell(sex).left(1);
+    m_ui->cmbSex->setCurrentIndex(letter.isEmpty() ? -1
+                                                   : m_ui->cmbSex->findText(letter, Qt::MatchStartsWith));
+    bool isStatus = false;
+    const int status = cell(civilStatusID).toInt(&isStatus);
+    m_ui->cmbCivil->setCurrentIndex(isStatus && status < m_ui->cmbCivil->count() ? status : -1);
+    m_ui->dtpBirthDate->clear();
+    if (const base::Value born(cell(birthDateColumn)); base::IsDate(born))
+        m_ui->dtpBirthDate->setDate(base::CDate(born));
+    m_ui->bandHeader->setChips({QStringLiteral("Hosp. ") + m_ui->txtHospNum->text()});
+}
+
+void frmWalkInMaster::goToPatient(const QString& hospitalNumber) {
+    for (int row = 1; row <= m_keys->hits(); ++row) {
+        if (Trim(m_ui->grdWalkIn->TextMatrix(row, hospNum)) == hospitalNumber)
+            m_ui->grdWalkIn->setCurrentCell(row, hospNum);
+    }
+}
+
+// ---- edit entry
+
+void frmWalkInMaster::cmdZipCode_Click() {
+    ado::Recordset address = session::Read(
+        sql("SELECT * FROM BUILD_FILE..tbCoAddress WHERE Zipcode = '{}'", m_ui->txtZipCode->text()));
+    const bool found = !address.Eof();
+    if (found)
+        m_ui->lblTown->setText(Trim(address.Fields("Town").text()) + QStringLiteral(", ") +
+                               Trim(address.Fields("Province").text()));
+    address.Close();
+    if (found) {
+        m_ui->cmdSave->setFocus();
+    } else {
+        m_ui->lblTown->setText(QStringLiteral("No town has this zip code."));
+        m_ui->txtZipCode->setFocus();
+        controls::SelectAllText(m_ui->txtZipCode);
+    }
+}
+
+void frmWalkInMaster::cmdCancel_Click() {
+    m_ui->ssWalkIn->setCurrentIndex(searchEntry);
+    m_ui->ssWalkIn->setTabEnabled(editEntry, false);
+    m_ui->bandHeader->setChips({});
+    m_keys->backToSearch();
+}
+
+// ---- save
+
+void frmWalkInMaster::cmdSave_Click() {
+    if (!isLikely())
+        return;
+    const QString number = Trim(m_ui->txtHospNum->text());
+    if (!writePatient()) {
+        refuseField(m_ui->txtLastName, QStringLiteral("The patient %1 is not on file any more.").arg(number));
+        return;
+    }
+    controls::MsgBox(QStringLiteral("Record Saved."), controls::vbInformation);
+    LoadPatients();
+    goToPatient(number);
+    cmdCancel_Click();
+}
+
+bool frmWalkInMaster::isLikely() {
+    if (!areWithin({{m_ui->txtLastName, "Lastname", mostOfName},
+                    {m_ui->txtFirstName, "Firstname", mostOfName},
+                    {m_ui->txtMiddleName, "Middlename", mostOfName},
+                    {m_ui->txtAddress1, "House and street", mostOfAddress},
+                    {m_ui->txtAddress2, "Barangay", mostOfAddress},
+                    {m_ui->txtZipCode, "Zip code", mostOfZipCode}}))
+        return false;
+    return isLikelyBirthDate(m_ui->dtpBirthDate) && isLikelyAge(m_ui->txtAge);
+}
+
+bool frmWalkInMaster::writePatient() {
+    const Hourglass busy;
+    ado::Recordset patient = session::ReadForUpdate(
+        sql("SELECT * FROM PATIENT_DATA..tbCashPatient WHERE hospnum='{}'", Trim(m_ui->txtHospNum->text())));
+    const bool found = !patient.Eof();
+    if (found) {
+        const auto set = [&](const char* field, const base::Value& value) {
+            patient.Fields(field).setValue(value);
+        };
+        set("LastName", m_ui->txtLastName->text());
+        set("FirstName", m_ui->txtFirstName->text());
+        set("MiddleName", m_ui->txtMiddleName->text());
+        const std::optional<base::DateTime> born = m_ui->dtpBirthDate->date();
+        set("BirthDate", born ? base::Value(*born) : base::Value());
+        set("Age", m_ui->txtAge->text());
+        set("Sex", m_ui->cmbSex->currentText().left(1));
+        const int status = m_ui->cmbCivil->currentIndex();
+        set("Civilstatusid", status < 0 ? QString() : QString::number(status));
+        set("HouseStreet", m_ui->txtAddress1->text());
+        set("Barangay", m_ui->txtAddress2->text());
+        set("ZipCode", m_ui->txtZipCode->text());
+        patient.Update();
+    }
+    patient.Close();
+    return found;
+}
+
+} // namespace lookup

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/controls/Screen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmWalkInMaster;
+}
+
+namespace lookup {
+
+class PickerKeys;
+
+/// The master file of the walk-in cash patients: found on one tab, changed in place on the other. It has no
+/// properties.
+class frmWalkInMaster : public controls::Screen {
+    Q_OBJECT
+
+  public:
+    explicit frmWalkInMaster(QWidget* parent = nullptr);
+    ~frmWalkInMaster() override;
+
+  protected:
+    void Form_Load() override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void setRules();
+    void connectControls();
+    void ssWalkIn_Click();
+    void txtSearch_Return();
+    void cmdAdd_Click();
+    void cmdEdit_Click();
+    void cmdZipCode_Click();
+    void cmdSave_Click();
+    void cmdCancel_Click();
+
+    bool isEditing() const;
+    void LoadPatients();
+    void goToPatient(const QString& hospitalNumber);
+    void showPatient(int row);
+    bool isLikely();
+    /// False when the patient is not on file any more.
+    bool writePatient();
+
+    std::unique_ptr<Ui::frmWalkInMaster> m_ui;
+    std::unique_ptr<PickerKeys> m_keys;
+};
+
+} // namespace lookup

@@ -1,0 +1,121 @@
+#include "app/MenuWiring.h"
+#include "menu/MenuLinks.h"
+#include "menu/frmMainMenu.h"
+#include "platform/base/Conversion.h"
+#include "session/Session.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/LoggedOn.h"
+#include "tests/support/screens/MessageScript.h"
+
+#include <QAbstractButton>
+#include <QTest>
+
+namespace {
+
+using controls::SharedScreen;
+
+/// Charge Entry of the menu as the program wires it, on the demo hospital; the request screen is recorded.
+class OutPatientCharge : public tests::LoggedOn {
+  protected:
+    OutPatientCharge() {
+        menu::links() = menu::defaultLinks();
+        app::linkMenu();
+        auto& menuScreen = SharedScreen<menu::frmMainMenu>::fresh();
+        menuScreen.Show();
+        menuScreen.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&menuScreen));
+        idNumber = base::Trim(
+            session::Read(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL "
+                                   "AND AccountNum <> HospNum ORDER BY IdNum"))
+                .Fields(0)
+                .text());
+    }
+    ~OutPatientCharge() override {
+        SharedScreen<menu::frmMainMenu>::release();
+        menu::links() = menu::defaultLinks();
+    }
+    /// Charge Entry by keyboard, and what is typed in the list of out-patients.
+    void chargeEntry(const QString& typed) {
+        auto& menuScreen = SharedScreen<menu::frmMainMenu>::current();
+        tests::click(tests::child<QAbstractButton>(menuScreen, "cmdMainMenu_0"));
+        tests::click(tests::child<QAbstractButton>(menuScreen, "fltSubMenu_1"));
+        takeTexts();
+        tests::runModal([&] { tests::keysToFocus(menuScreen, QStringLiteral("2")); }, {[&](QWidget& list) {
+                            EXPECT_EQ(list.windowTitle(), QStringLiteral("Registered OPD"));
+                            tests::keysToFocus(list, typed);
+                        }});
+        EXPECT_FALSE(tests::child<QWidget>(menuScreen, "Frame2").isVisible());
+        EXPECT_TRUE(tests::child<QWidget>(menuScreen, "picMainMenu").isVisible());
+        EXPECT_TRUE(tests::child<QWidget>(menuScreen, "fltSubMenu_1").isEnabled());
+        EXPECT_TRUE(tests::child<QWidget>(menuScreen, "btnChargeEntry").isEnabled());
+    }
+    /// Picks `idNumber` by its number.
+    void pick() {
+        chargeEntry(QStringLiteral("<Shift+Tab><Down><Tab>") + idNumber +
+                    QStringLiteral("<Enter><Down><Enter>"));
+    }
+    void bill(const char* invoiceNumber, bool lateCharges) {
+        session::Run(ado::sql("UPDATE PATIENT_DATA..tbOutPatient SET BillingDate = '11/20/2026', "
+                              "InvoiceNumber = '{}', LateCharges = '{}' WHERE IdNum = '{}'",
+                              invoiceNumber, lateCharges ? 1 : 0, idNumber));
+    }
+
+    QString idNumber;
+};
+
+TEST_F(OutPatientCharge, AnOpenBillGoesToTheRequestScreen) {
+    pick();
+    EXPECT_EQ(takeTexts().join(u'\n').toStdString(),
+              QStringLiteral("spGlobal_RegisteredOPD '0','1', ''\nspGlobal_RegisteredOPD '1','0', ''\n"
+                             "spGlobal_RegisteredOPD '1','1', '%1'\nspGlobal_RegisteredOPD '0','1', '%1'")
+                  .arg(idNumber)
+                  .toStdString());
+    ASSERT_EQ(screens.outRequests.size(), 1u);
+    const session::OutRequestEntry& entry = screens.outRequests.front();
+    EXPECT_EQ(entry.IdNumber, idNumber);
+    EXPECT_FALSE(entry.CashBasis);
+    EXPECT_EQ(entry.CashOrNum, QString());
+    EXPECT_EQ(entry.CashPrice, 0);
+    EXPECT_FALSE(entry.NurseCommnunication);
+    EXPECT_TRUE(entry.chargeEntry);
+}
+
+TEST_F(OutPatientCharge, AListThatIsLeftDoesNothing) {
+    chargeEntry(QStringLiteral("<Esc>"));
+    EXPECT_TRUE(screens.outRequests.empty());
+}
+
+TEST_F(OutPatientCharge, AnInvoicedBillDoesNothing) {
+    bill("77", true);
+    pick();
+    EXPECT_TRUE(screens.outRequests.empty());
+}
+
+TEST_F(OutPatientCharge, LateChargesGoOnAClosedBill) {
+    bill("", true);
+    pick();
+    EXPECT_EQ(screens.outRequests.size(), 1u);
+}
+
+TEST_F(OutPatientCharge, AClosedBillIsRefused) {
+    bill("", false);
+    tests::MessageScript boxes{
+        {QStringLiteral("Cannot post charges because the patient's account has already "
+                        "been closed. \nPlease contact BILLING DEPARTMENT for further "
+                        "instructions."),
+         controls::vbExclamation, QStringLiteral("Closed Bill")}};
+    pick();
+    EXPECT_TRUE(screens.outRequests.empty());
+}
+
+TEST_F(OutPatientCharge, APersonalAccountIsRefused) {
+    session::Run(
+        ado::sql("UPDATE PATIENT_DATA..tbOutPatient SET AccountNum = HospNum WHERE IdNum = '{}'", idNumber));
+    tests::MessageScript boxes{{QStringLiteral("Patient`s with Personal Account is Not Allowed.\n"
+                                               "Please Use Cash Assessment Entry Option for this Patient."),
+                                controls::vbInformation, QStringLiteral("Message")}};
+    pick();
+    EXPECT_TRUE(screens.outRequests.empty());
+}
+
+} // namespace

@@ -1,0 +1,62 @@
+#include "tests/server/sql/Hospital.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+/// How the file finds the rows of each query that the session has prepared, line by line.
+QStringList plans(sqlite3* handle) {
+    QStringList lines;
+    for (sqlite3_stmt* each = sqlite3_next_stmt(handle, nullptr); each;
+         each = sqlite3_next_stmt(handle, each)) {
+        const QByteArray text = sqlite3_sql(each);
+        if (!text.contains("PATIENT_DATA."))
+            continue;
+        sqlite3_stmt* explain = nullptr;
+        if (sqlite3_prepare_v2(handle, "EXPLAIN QUERY PLAN " + text, -1, &explain, nullptr) != SQLITE_OK)
+            ADD_FAILURE() << sqlite3_errmsg(handle);
+        while (sqlite3_step(explain) == SQLITE_ROW)
+            lines += QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(explain, 3)));
+        lines.removeAll(QStringLiteral("SCAN CONSTANT ROW"));
+        sqlite3_finalize(explain);
+    }
+    return lines;
+}
+
+/// Every way that a search for patients can take.
+const char* const searches[] = {"sp_Nuclear_getpatientbylastname 'I','SA'",
+                                "sp_Nuclear_getpatientbylastname 'O','SA'",
+                                "sp_Nuclear_getpatientbylastname 'I',''",
+                                "sp_Nuclear_getpatientbyfirstname 'I','SA','MA'",
+                                "sp_Nuclear_getpatientbyfirstname 'O','SA','MA'",
+                                "sp_Nuclear_getpatientbyfirstname 'I','','MA'",
+                                "sp_Nuclear_getpatientbyfirstname 'O','','MA'",
+                                "sp_Nuclear_getpatientbyidnum 'I','26004001'",
+                                "sp_Nuclear_getpatientbyidnum 'O','O002001'",
+                                "sp_Nuclear_getpatientbyhospnum 'I','104001'",
+                                "sp_Nuclear_getpatientbyhospnum 'O','104001'",
+                                "spGlobal_RegularPatients '0','0','SA'",
+                                "spGlobal_RegularPatients '0','0','SA,MA'",
+                                "spGlobal_RegularPatients '1','0',''",
+                                "spGlobal_RegularPatients '1','1','104001'",
+                                "spGlobal_RegularPatients '','1', '26004001'",
+                                "spGlobal_CashPatient '0', 'SA'",
+                                "spGlobal_CashPatient '0','SA,MA'",
+                                "spGlobal_CashPatient '1', 'W8001'",
+                                "spGlobal_RegisteredOPD '0','0', 'SA'",
+                                "spGlobal_RegisteredOPD '0','0', 'SA,MA'",
+                                "spGlobal_RegisteredOPD '1','0', ''",
+                                "spGlobal_RegisteredOPD '0','1', 'O002001'"};
+
+class PatientSearchPlan : public tests::Hospital, public testing::WithParamInterface<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Searches, PatientSearchPlan, testing::ValuesIn(searches));
+
+TEST_P(PatientSearchPlan, AnIndexAnswers) {
+    rows(QString::fromLatin1(GetParam()));
+    const QStringList lines = plans(m_provider->handle());
+    EXPECT_FALSE(lines.filter(QStringLiteral("SEARCH")).isEmpty());
+    EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();
+}
+
+} // namespace

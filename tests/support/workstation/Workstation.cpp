@@ -1,0 +1,75 @@
+#include "tests/support/workstation/Workstation.h"
+
+#include "platform/controls/Application.h"
+#include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/MessageBox.h"
+#include "session/HospitalServer.h"
+#include "session/Session.h"
+#include "session/clsCurrentUser.h"
+
+#include <QTextStream>
+
+#include <cstdlib>
+
+namespace tests {
+
+namespace {
+
+/// Ends the process, with nothing closed or flushed, when the step's turn comes.
+class PowerCut : public ado::Observer {
+  public:
+    explicit PowerCut(int& stepsLeft) : m_left(stepsLeft) {}
+    void beforeStatement(const QString&, ado::StatementKind) override { count(); }
+    void transactionStep(ado::TransactionStep) override { count(); }
+
+  private:
+    void count() {
+        if (--m_left == 0)
+            std::_Exit(Workstation::died);
+    }
+    int& m_left;
+};
+
+bool logOn(const QString& file) {
+    session::setHospitalFile(file);
+    auto user = std::make_unique<session::clsCurrentUser>();
+    user->setPasswordDeptCode(QStringLiteral("5"));
+    return user->logOn(file, QStringLiteral("1001"), QStringLiteral("kerova")) &&
+           session::wireSession(std::move(user));
+}
+
+} // namespace
+
+void Workstation::say(const QString& line) {
+    QTextStream out(stdout);
+    out << line << '\n';
+}
+
+void Workstation::save(const std::function<void()>& body) {
+    PowerCut cut(m_stepsLeft);
+    session::gConnection->addObserver(&cut);
+    body();
+    session::gConnection->removeObserver(&cut);
+}
+
+int Workstation::run(int argc, char** argv, const std::function<void(Workstation&)>& work) {
+    const controls::Application application(argc, argv);
+    Workstation workstation;
+    controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {
+        workstation.say(QStringLiteral("error %1 %2").arg(error.number()).arg(error.description()));
+        std::_Exit(1);
+    });
+    controls::setMessageScript([&](const QString& prompt, int, const QString&) {
+        workstation.say(prompt);
+        return controls::vbOK;
+    });
+    if (!logOn(QString::fromLocal8Bit(argv[1])))
+        return 2;
+    workstation.m_stepsLeft = argc > 3 ? std::atoi(argv[3]) : 0;
+    for (int saves = std::atoi(argv[2]); saves > 0; --saves)
+        work(workstation);
+    session::forgetSession();
+    return 0;
+}
+
+} // namespace tests
