@@ -355,6 +355,28 @@ TEST_P(Revocation, AFailureIsTrappedOnThePerfusionScreenOnly) {
     EXPECT_EQ(fault.seen(), 5);
 }
 
+/// A server that does not begin.
+class NoBegin : public ado::Observer {
+  public:
+    NoBegin() { session::gConnection->addObserver(this); }
+    ~NoBegin() override { session::gConnection->removeObserver(this); }
+    NoBegin(const NoBegin&) = delete;
+    NoBegin& operator=(const NoBegin&) = delete;
+    void transactionStep(ado::TransactionStep step) override {
+        if (step == ado::TransactionStep::Begin)
+            throw base::RunTimeError(1222, "Lock request time out period exceeded.");
+    }
+};
+
+/// The trap stands before the begin: its rollback then fails by itself, and nothing traps that.
+TEST_P(Revocation, WithoutATransactionTheTrapsOwnRollbackFails) {
+    openRevocable();
+    const NoBegin server;
+    press("btnRevoke");
+    EXPECT_EQ(errors.take().number(), GetParam() == Kind::Perfusion ? 3903 : 1222);
+    EXPECT_EQ(station(), "W|W|||W");
+}
+
 // ---- text
 
 TEST_F(Commands, ALongTextComesBackAsItWasTyped) {
