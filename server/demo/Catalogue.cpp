@@ -167,6 +167,9 @@ std::span<const Doctor> doctors() {
 QString doctorCode(int index) {
     return QString::number(201 + index);
 }
+double feePercentage(const QString& revenue) {
+    return revenue == QLatin1String("FN") ? 20 : 100;
+}
 QString doctorName(int index) {
     const Doctor& doctor = doctorList[index];
     return QString::fromUtf8(doctor.last) + QStringLiteral(", ") + QString::fromUtf8(doctor.first);

@@ -54,5 +54,7 @@ inline constexpr int doctorCount = 30;
 std::span<const Doctor> doctors();
 QString doctorCode(int index);
 QString doctorName(int index);
+/// What a doctor gets of a fee, in hundredths.
+double feePercentage(const QString& revenue);
 
 } // namespace demo

@@ -89,8 +89,8 @@ void writePeople(World& world) {
         doctors.row(doctorCode(i), doctor.last, doctor.first, doctor.middle, doctor.specialty,
                     QStringLiteral("0917-555-%1").arg(1000 + i * 37), "A");
         if (qstrcmp(doctor.specialty, "NUCLEAR MEDICINE") == 0) {
-            readers.row(doctorCode(i), "FN", 20.0);
-            readers.row(doctorCode(i), "MD", 100.0);
+            for (const char* revenue : {"FN", "MD"})
+                readers.row(doctorCode(i), revenue, feePercentage(QString::fromLatin1(revenue)));
         }
     }
     TableWriter companies(world.file, "BUILD_FILE..tbcoCompany",

@@ -17,7 +17,7 @@ namespace {
 constexpr std::uint64_t demoSeed = 1978;
 
 void writeDemo(engine::EmbeddedProvider& provider, const Progress& progress) {
-    World world{provider.handle(), base::now(), Chance(demoSeed), {}, {}};
+    World world{provider.handle(), base::now(), Chance(demoSeed), {}, {}, {}};
     const auto tell = [&](int percent, const char* stage) {
         if (progress)
             progress(percent, QString::fromLatin1(stage));
@@ -33,6 +33,7 @@ void writeDemo(engine::EmbeddedProvider& provider, const Progress& progress) {
     tell(96, "Wards and cashier");
     writeWards(world);
     writeCashier(world);
+    writeReaderPayments(world);
 }
 
 /// Made under another name and renamed when it is whole, so that a half-made file is never taken for a

@@ -84,7 +84,7 @@ class RequestWriter {
 
   private:
     void writeExamLine(Line line, const Exam& exam);
-    void writeFeeLine(Line line);
+    void writeFeeLine(Line line, const Exam& exam);
     void writeSupplyLine(Line line);
     void writeLine(const Line& line, const char* status, std::optional<base::DateTime> resultDate);
     void writeBill(const Line& line);
@@ -118,7 +118,7 @@ void RequestWriter::writeSlip(const Stay& stay, base::DateTime moment) {
         writeExamLine(line, exams()[(first + std::size_t(i)) % exams().size()]);
     }
     if (chance.inHundred(40))
-        writeFeeLine(nextLine(stay, moment, refNum, user));
+        writeFeeLine(nextLine(stay, moment, refNum, user), exams()[first]);
     if (chance.inHundred(30))
         writeSupplyLine(nextLine(stay, moment, refNum, user));
 }
@@ -144,7 +144,7 @@ void RequestWriter::writeExamLine(Line line, const Exam& exam) {
         writeResult(line, exam, resultDate);
 }
 
-void RequestWriter::writeFeeLine(Line line) {
+void RequestWriter::writeFeeLine(Line line, const Exam& exam) {
     const int doctor = m_world.chance.between(0, 2);
     line.itemID = doctorCode(doctor);
     line.description = QStringLiteral("(PF) DR. ") + doctorName(doctor);
@@ -152,6 +152,8 @@ void RequestWriter::writeFeeLine(Line line) {
     line.amount = m_world.chance.between(4, 20) * 100.0;
     writeLine(line, "X", std::nullopt);
     writeBill(line);
+    m_world.fees.push_back(
+        {line.itemID, line.revenue, line.refNum, QString::fromLatin1(exam.code), line.amount, line.moment});
 }
 
 void RequestWriter::writeSupplyLine(Line line) {

@@ -38,6 +38,16 @@ struct WalkIn {
     PersonName name;
 };
 
+/// A doctor's fee on a slip.
+struct Fee {
+    QString doctor;
+    QString revenue; ///< "MD" professional fee, "FN" reader's fee
+    QString refNum;
+    QString exam; ///< the first one of the slip
+    double amount;
+    base::DateTime moment;
+};
+
 /// What the makers of the demo hospital hand on to each other. The file is open, inside one transaction.
 struct World {
     sqlite3* file;
@@ -45,6 +55,7 @@ struct World {
     Chance chance;
     std::vector<Stay> stays;
     std::vector<WalkIn> walkIns;
+    std::vector<Fee> fees;
 };
 
 /// `days` days before, at a time of that day.
@@ -61,5 +72,6 @@ void writePatients(World& world);
 void writeRequests(World& world);
 void writeWards(World& world);
 void writeCashier(World& world);
+void writeReaderPayments(World& world);
 
 } // namespace demo

@@ -266,6 +266,57 @@ TEST_F(Report, EscapeKeepsTheDatesLastChosen) {
     EXPECT_EQ(reports[0].values, (std::vector<Value>{"03/04/2026", "03/05/2026", "1", address}));
 }
 
+TEST_F(Report, EscapeAtTheReadersAndThePaymentsLaunchesWithWhatWasChosenLast) {
+    session::gReportFrom = "03/04/2026";
+    session::gReportTo = "03/05/2026";
+    escape();
+    run("mnuReportReadersFee");
+    escape();
+    run("mnuReportDoctorPD");
+    escape();
+    run("mnuReportDoctorTD");
+    ASSERT_EQ(reports.size(), 3U);
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{hospital, address, "03/04/2026", "03/05/2026"}));
+    EXPECT_EQ(reports[1].values,
+              (std::vector<Value>{"03/04/2026", "03/05/2026", "NU", hospital, address, user}));
+    EXPECT_EQ(reports[2].values,
+              (std::vector<Value>{hospital, address, "NU", user, "03/04/2026", "03/05/2026"}));
+    EXPECT_EQ(session::gReportFrom, "03/04/2026");
+}
+
+TEST_F(Report, ACancelIsForgottenOnceDatesAreChosen) {
+    cancel("cmdDate_1");
+    run("mnuReportDoctorTD");
+    takeDates("frmDailyReport");
+    run("mnuReportAudit");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{from, to, "3", address}));
+}
+
+struct AuditOption {
+    const char *button, *option, *title;
+};
+
+class AuditOf : public Report, public testing::WithParamInterface<AuditOption> {};
+
+TEST_P(AuditOf, TheButtonIsTheOption) {
+    inModal([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), "frmDailyReport");
+        tests::click(tests::child<QWidget>(window, GetParam().button));
+    });
+    run("mnuReportAudit");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].values,
+              (std::vector<Value>{"11/21/2026", "11/21/2026", GetParam().option, address}));
+    EXPECT_EQ(session::gReportOptionTitle, GetParam().title);
+}
+
+INSTANTIATE_TEST_SUITE_P(Menu, AuditOf,
+                         testing::Values(AuditOption{"cmdOptions_0", "0", "IN-PATIENT TRANSACTIONS"},
+                                         AuditOption{"cmdOptions_1", "1", "OUT-PATIENT TRANSACTIONS"},
+                                         AuditOption{"cmdOptions_2", "2", "CASH-PATIENT TRANSACTIONS"},
+                                         AuditOption{"cmdOptions_3", "3", "ALL-PATIENT TRANSACTIONS"}));
+
 TEST_F(Report, EscapeWithoutAnyDateLaunchesNothing) {
     escape();
     run("mnuReportAudit");
@@ -309,7 +360,10 @@ TEST_F(Report, CancelledDailyIncomeShowsTheSubMenuAgain) {
 
 struct PopUp {
     int number;
-    const char *menu, *item;
+    const char* menu;
+    int entry; ///< from 1
+    const char* file;
+    std::vector<Value> values;
 };
 
 class PopUpMenu : public Report, public testing::WithParamInterface<PopUp> {};
@@ -321,15 +375,36 @@ TEST_P(PopUpMenu, OpensAtTheButtonAndLaunches) {
     EXPECT_EQ(popUp->objectName(), GetParam().menu);
     EXPECT_EQ(events, QStringList());
     takeDates("frmReportDate");
-    QTest::keyClick(popUp, Qt::Key_Down);
+    for (int i = 0; i < GetParam().entry; ++i)
+        QTest::keyClick(popUp, Qt::Key_Down);
     withSteps([popUp] { QTest::keyClick(popUp, Qt::Key_Return); });
     EXPECT_EQ(events, (QStringList{"prepare", "show"}));
-    EXPECT_TRUE(reports[0].path.endsWith(GetParam().item)) << reports[0].path.toStdString();
+    EXPECT_EQ(reports[0].path, session::programFolder() + "\\Reports\\" + GetParam().file);
+    EXPECT_EQ(reports[0].database, "NUCLEAR");
+    EXPECT_EQ(reports[0].values, GetParam().values);
 }
 
-INSTANTIATE_TEST_SUITE_P(Menu, PopUpMenu,
-                         testing::Values(PopUp{1, "mnuMonthlyReport", "NucMonthlyReport.RPT"},
-                                         PopUp{3, "mnuDailyIncomeReport", "NucDailyIncomeReport.RPT"}));
+INSTANTIATE_TEST_SUITE_P(
+    Menu, PopUpMenu,
+    testing::Values(PopUp{1, "mnuMonthlyReport", 1, "NucMonthlyReport.RPT", {from, to}},
+                    PopUp{1, "mnuMonthlyReport", 2, "NucMonthlyReportPerExam.RPT", {from, to}},
+                    PopUp{3, "mnuDailyIncomeReport", 1, "NucDailyIncomeReport.RPT", {"A", from}},
+                    PopUp{3, "mnuDailyIncomeReport", 2, "NucDailyIncomeReport.RPT", {"B", from}}));
+
+// --- keys alone
+
+TEST_F(Report, ALetterAndADigitLaunchAReport) {
+    QTest::keyClick(&menuScreen(), Qt::Key_E);
+    EXPECT_EQ(menuScreen().currentGroup(), 3);
+    inModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_E, Qt::AltModifier); });
+    withSteps([this] { QTest::keyClick(menuScreen().focusWidget(), Qt::Key_1); });
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_TRUE(reports[0].path.endsWith("NuclearTrans.RPT"));
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{"11/21/2026", "11/21/2026", hospital, address}));
+    QTest::keyClick(menuScreen().focusWidget(), Qt::Key_6);
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_TRUE(reports[1].path.endsWith("NucExams.RPT"));
+}
 
 TEST_F(Report, AMissingFileIsTheEnginesErrorAndStopsTheProgram) {
     menu::links().prepareReport = session::PrepareReport;

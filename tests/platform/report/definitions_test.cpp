@@ -1,86 +1,11 @@
 // The stored definitions, run on the made-up hospital and read back out of their PDF files.
-#include "platform/base/Conversion.h"
-#include "platform/base/Format.h"
-#include "platform/report/Print.h"
-#include "platform/report/Report.h"
-#include "server/demo/Hospital.h"
-#include "server/engine/EmbeddedProvider.h"
-#include "tests/platform/report/Bench.h"
+#include "tests/platform/report/StoredReports.h"
 
 #include <QRegularExpression>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 
-const base::DateTime moment = *base::makeDateTime({2026, 11, 21}, {8, 30, 0, 0});
-
-const QString& hospitalFile() {
-    static const QTemporaryDir folder;
-    static const QString file = [] {
-        const base::FixedClock clock{moment};
-        QString name = folder.filePath("hospital.scintra");
-        demo::createHospital(name);
-        return name;
-    }();
-    return file;
-}
-
-struct DefinitionsTest : testing::Test {
-    std::unique_ptr<report::Report> open(const QString& file, const QStringList& values) {
-        auto opened = report::Report::open(QStringLiteral(SCINTRA_SOURCE_DIR "\\Reports\\") + file, logOn());
-        opened->headingName = "HEADING NAME";
-        opened->headingAddress = "HEADING ADDRESS";
-        for (report::TableLogOn& table : opened->tables())
-            table.database = "NUCLEAR";
-        for (qsizetype i = 0; i < values.size(); ++i)
-            opened->setParameter(int(i), values[i]);
-        return opened;
-    }
-
-    report::LogOn logOn() {
-        return [this](const QString&, const QString& database, const QString&, const QString&) {
-            logOns << database;
-            auto provider = engine::EmbeddedProvider::open(hospitalFile(), {});
-            provider->useDatabase(database.isEmpty() ? QStringLiteral("NUCLEAR") : database);
-            auto connection = std::make_unique<ado::Connection>();
-            connection->Open(std::move(provider), "demo");
-            return connection;
-        };
-    }
-
-    /// The report as a PDF reader tells it, one line of paper a line.
-    QString printed(report::Report& opened) {
-        const QString pdf = folder.path("report.pdf");
-        report::exportPdf(*opened.run(), pdf);
-        return toolText(pdf);
-    }
-    QString printed(const QString& file, const QStringList& values) { return printed(*open(file, values)); }
-
-    static QString toolText(const QString& pdf) {
-        QString text = tests::toolOutput("pdftotext", {"-layout", pdf, "-"});
-        return text.replace(QRegularExpression(" {2,}"), " ");
-    }
-
-    QString value(const QString& query) {
-        auto provider = engine::EmbeddedProvider::open(hospitalFile(), {});
-        provider->useDatabase("NUCLEAR");
-        const ado::Rows rows = provider->execute(query).rows;
-        return rows.count() == 1 ? base::textOf(rows.at(0, 0)) : QStringLiteral("no single row");
-    }
-    QString money(const QString& query) { return base::Format(base::CDbl(value(query)), "#,##0.00"); }
-
-    void change(const QString& statement) {
-        auto provider = engine::EmbeddedProvider::open(hospitalFile(), {});
-        provider->useDatabase("NUCLEAR");
-        provider->execute(statement);
-    }
-
-    base::FixedClock clock{moment};
-    tests::Folder folder;
-    QStringList logOns;
-};
+using DefinitionsTest = tests::StoredReports;
 
 void expectLines(const QString& text, const QStringList& wanted) {
     for (const QString& one : wanted)
@@ -126,7 +51,7 @@ TEST_F(DefinitionsTest, TheMonthlyReportRunsItsAmountAlong) {
                                            "AND ") +
                             inPeriod;
     const QString total = money("SELECT SUM(Amount) " + nuclear);
-    expectLines(text, {"Monthly Performance Report From 10/01/2026 to 11/21/2026",
+    expectLines(text, {"Monthly Performance Report by Transaction Date From 10/01/2026 to 11/21/2026",
                        "Total, " + value("SELECT COUNT(*) " + nuclear) + " procedures " + total});
     EXPECT_EQ(text.count(total), 2); // the last line's running amount is the total
 }
@@ -226,7 +151,8 @@ TEST_F(DefinitionsTest, TheReaderReportOpensWithoutDates) {
                 {"VALE HOSPITAL\n", "Readers Fee Report From 10/01/2026 to 11/21/2026",
                  "DR. DE LEON, BEATRIZ\n", " 20 ", "All readers"});
     const QString cancelled = printed("ReaderReport.RPT", {"VALE HOSPITAL", "1 Harbour Road", "CANCEL", to});
-    expectLines(cancelled, {"No dates were chosen", "All readers 0.00 0.00"});
+    expectLines(cancelled, {"No dates were chosen", "Choose a first and a last day to print this report.",
+                            "All readers 0.00 0.00"});
     EXPECT_FALSE(cancelled.contains("DR. "));
 }
 
@@ -239,18 +165,16 @@ TEST_F(DefinitionsTest, TheCommisionIsAShareOfTheFees) {
 }
 
 TEST_F(DefinitionsTest, TheCommisionPaidGoesByTheDayOfThePayment) {
-    change("INSERT INTO CARDIO..tbReaderPayment (DoctorID, RevenueID, RefNum, ItemID, Amount, PaidDate, "
-           "UserID) VALUES ('201', 'FN', 'C20003J', '1010', 340, '2026-11-21 09:00', '3001'), ('201', 'FN', "
-           "'C20004J', '1011', 999, '2026-11-22', '3001')");
     const QStringList rest{"NU", "VALE HOSPITAL", "1 Harbour Road", "REYES, JOAN P."};
-    const QString text = printed("DoctorsCommisionPaid.RPT", QStringList{from, to} + rest);
-    change("DELETE FROM CARDIO..tbReaderPayment");
-    expectLines(text, {"VALE HOSPITAL\n", "Paid from 10/01/2026 to 11/21/2026", "DR. SANTOS, ALBERTO\n",
-                       "11/21/2026 C20003J Reader's fee 1010 HEPATOBILIARY SCAN 3001 340.00",
-                       "All doctors 340.00"});
-    EXPECT_FALSE(text.contains("999"));
-    expectLines(printed("DoctorsCommisionPaid.RPT", QStringList{"CANCEL", to} + rest),
-                {"No dates were chosen", "All doctors 0.00"});
+    const QString text = printed("DoctorsCommisionPaid.RPT", QStringList{"11/16/2026", to} + rest);
+    expectLines(text, {"VALE HOSPITAL\n", "Paid from 11/16/2026 to 11/21/2026", "DR. SANTOS, ALBERTO\n",
+                       "11/16/2026 C20111J Reader's fee 1202 FREE T4 3001 380.00", "7 payments 5,680.00",
+                       "All doctors " + money("SELECT SUM(Amount) FROM CARDIO..tbReaderPayment WHERE "
+                                              "PaidDate >= '2026-11-16'")});
+    EXPECT_FALSE(text.contains("11/01/2026"));
+    expectLines(
+        printed("DoctorsCommisionPaid.RPT", QStringList{"CANCEL", to} + rest),
+        {"No dates were chosen", "Choose a first and a last day to print this report.", "All doctors 0.00"});
 }
 
 TEST_F(DefinitionsTest, TheGrandCensusGivesItsTreeByRoomClass) {
@@ -275,26 +199,41 @@ TEST_F(DefinitionsTest, TheCensusByStationEndsWithItsSummary) {
     const QString present = value("SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL OR "
                                   "DcrDate >= '2026-11-21'");
     const QString text = printed(*report);
-    expectLines(text,
-                {"Census by Station As of 11/21/2026", "EMERGENCY ROOM\n", "All patients: " + present,
-                 "Station Class A Class B Class C Class D Class E Patients", "EMERGENCY ROOM 6 0 0 0 0 6"});
-    EXPECT_TRUE(text.contains(QRegularExpression("All stations( \\d+){5} " + present)));
+    expectLines(text, {"Census by Station As of 11/21/2026", "EMERGENCY ROOM\n", "All patients: " + present,
+                       "Station Class A Class B Class C Class D Class E No class Patients",
+                       "NO STATION 0 0 0 0 0 1 1", "EMERGENCY ROOM 6 0 0 0 0 0 6"});
+    EXPECT_TRUE(text.contains(QRegularExpression("All stations( \\d+){6} " + present)));
     EXPECT_GT(text.indexOf("Summary"), text.indexOf("All patients"));
 }
 
-TEST_F(DefinitionsTest, ADayWithoutRowsPrintsOnePageOfEach) {
+TEST_F(DefinitionsTest, ADayWithoutRowsSaysSoOnOnePage) {
     const QStringList day{"01/01/2001", "01/01/2001"};
-    const std::pair<const char*, QStringList> reports[] = {
-        {"NuclearTrans.RPT", day + QStringList{"H", "A"}},
-        {"NucMonthlyReport.RPT", day},
-        {"NucMonthlyReportPerExam.RPT", day},
-        {"NucStatisticalReport.RPT", day},
-        {"NucCancelledProcedures.RPT", day},
-        {"NucRequestingDoctorreport.RPT", day},
-        {"NucDailyIncomeReport.RPT", {"A", day[0]}},
-        {"NuclearMonthlyReport.RPT", day + QStringList{"3", "A"}},
-        {"ReaderReport.RPT", QStringList{"H", "A"} + day},
-        {"GrandCensus_NVH.RPT", {"2001/01/01"}}};
-    for (const auto& [file, values] : reports)
-        EXPECT_EQ(open(file, values)->run()->pageCount(), 1) << file;
+    const struct {
+        const char* file;
+        QStringList values;
+        const char* sentence;
+    } reports[] = {
+        {"NuclearTrans.RPT", day + QStringList{"H", "A"}, "No transactions in this period."},
+        {"NucMonthlyReport.RPT", day, "No procedures in this period."},
+        {"NucMonthlyReportPerExam.RPT", day, "No procedures in this period."},
+        {"NucStatisticalReport.RPT", day, "No procedures in this period."},
+        {"NucCancelledProcedures.RPT", day, "Nothing was cancelled in this period."},
+        {"NucRequestingDoctorreport.RPT", day, "No procedures in this period."},
+        {"NucDailyIncomeReport.RPT", {"A", day[0]}, "No income on this day."},
+        {"NucDailyIncomeReport.RPT", {"B", day[0]}, "No income on this day."},
+        {"NuclearMonthlyReport.RPT", day + QStringList{"3", "A"}, "No transactions in this period."},
+        {"ReaderReport.RPT", QStringList{"H", "A"} + day, "No results were read in this period."},
+        {"DoctorsCommisionReport.RPT", QStringList{"H", "A", "NU", "U"} + day,
+         "No doctors' fees were charged in this period."},
+        {"DoctorsCommisionPaid.RPT", day + QStringList{"NU", "H", "A", "U"},
+         "No doctor was paid in this period."},
+        {"GrandCensus_NVH.RPT", {"2001/01/01"}, "No patient lay in the house on this day."},
+        {"CensusByStation_Nvh.RPT", {"01/01/2001"}, "No patient lay in the house on this day."}};
+    for (const auto& [file, values, sentence] : reports) {
+        const auto document = open(file, values)->run();
+        ASSERT_EQ(document->pageCount(), 1) << file;
+        EXPECT_TRUE(report::textOf(*document->page(0)).contains(sentence)) << file;
+    }
+    // With rows, no report says that there are none.
+    EXPECT_FALSE(printed("NuclearTrans.RPT", {from, to, "H", "A"}).contains("No transactions"));
 }

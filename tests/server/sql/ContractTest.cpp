@@ -242,7 +242,7 @@ constexpr Contract contracts[] = {
      "DoctorID;Reader;CaseNumber;ResultDate;PatientName;PatientKind;ItemID;Description;Amount;Percentage;"
      "Fee"},
     {"NUCLEAR..sp_Nuclear_CensusSummary 'PATIENT_DATA','2026/11/21'",
-     "StationID;Station;ClassA;ClassB;ClassC;ClassD;ClassE;Patients"},
+     "StationID;Station;ClassA;ClassB;ClassC;ClassD;ClassE;ClassOther;Patients"},
     {"CARDIO..sp_Cardio_ReportCommission 'NU','10/01/2026','11/21/2026'",
      "DoctorID;DoctorName;TransDate;RefNum;RevenueID;PatientKind;PatientName;Amount;Percentage;Commission"},
     {"CARDIO..sp_Cardio_ReportCommissionPaid 'NU','10/01/2026','11/21/2026'",

@@ -1,4 +1,5 @@
--- What doctors earn on the professional and reader's fees charged in a period. @DeptCode 'NU': slips of nuclear medicine.
+-- What doctors earn on the professional and reader's fees of a period: charged to an account, or paid at the cashier's
+-- ('W'). @DeptCode 'NU': slips of nuclear medicine.
 USE CARDIO
 GO
 
@@ -17,5 +18,13 @@ LEFT JOIN PATIENT_DATA..tbMaster M ON M.HospNum = B.HospNum
 LEFT JOIN tbReaderRate R ON R.DoctorID = B.ItemID AND R.RevenueID = B.RevenueID
 WHERE B.TransDate >= @From AND B.TransDate < DATEADD(day, 1, @To) AND B.RevenueID IN ('MD', 'FN')
     AND (B.SectionID = @DeptCode OR (@DeptCode = 'NU' AND B.RefNum LIKE 'C%J'))
-ORDER BY D.LastName, D.FirstName, B.ItemID, B.TransDate, B.BillID
+UNION ALL
+SELECT A.ItemID, D.LastName + ', ' + D.FirstName, A.TransDate, A.ORNumber, A.RevenueID, 'W', A.PatientName, A.Amount,
+    ISNULL(R.Percentage, 0), ROUND(A.Amount * ISNULL(R.Percentage, 0) / 100, 2)
+FROM BILLING..tbCashAssessment A
+INNER JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = A.ItemID
+LEFT JOIN tbReaderRate R ON R.DoctorID = A.ItemID AND R.RevenueID = A.RevenueID
+WHERE A.TransDate >= @From AND A.TransDate < DATEADD(day, 1, @To) AND A.RevenueID IN ('MD', 'FN')
+    AND A.RecordStatus = '1' AND A.SectionID = @DeptCode
+ORDER BY DoctorName, DoctorID, TransDate, RefNum
 GO

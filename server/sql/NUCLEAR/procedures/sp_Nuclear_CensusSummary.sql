@@ -11,7 +11,8 @@ SELECT S.StationID, S.Station, SUM(CASE WHEN R.RoomClassID = 'A' THEN 1 ELSE 0 E
     SUM(CASE WHEN R.RoomClassID = 'B' THEN 1 ELSE 0 END) AS ClassB,
     SUM(CASE WHEN R.RoomClassID = 'C' THEN 1 ELSE 0 END) AS ClassC,
     SUM(CASE WHEN R.RoomClassID = 'D' THEN 1 ELSE 0 END) AS ClassD,
-    SUM(CASE WHEN R.RoomClassID = 'E' THEN 1 ELSE 0 END) AS ClassE, COUNT(*) AS Patients
+    SUM(CASE WHEN R.RoomClassID = 'E' THEN 1 ELSE 0 END) AS ClassE,
+    SUM(CASE WHEN R.RoomClassID IN ('A', 'B', 'C', 'D', 'E') THEN 0 ELSE 1 END) AS ClassOther, COUNT(*) AS Patients
 FROM PATIENT_DATA..tbPatient P
 INNER JOIN PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum
 LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID = P.RoomID

@@ -1,4 +1,5 @@
--- The section's income of a day. @Kind 'A' charges to in- and out-patients with their reversals, 'B' paid assessments.
+-- The section's income of a day, without the doctors' fees. @Kind 'A' charges to in- and out-patients with their
+-- reversals, 'B' paid assessments by the day of their receipt.
 USE NUCLEAR
 GO
 
@@ -9,13 +10,12 @@ AS
 SET NOCOUNT ON
 IF @Kind = 'B'
     SELECT R.TransDate, A.ORNumber AS RefNum, 'W' AS PatientKind, A.PatientName, A.ItemID,
-        ISNULL(E.NucExam, '(PF) DR. ' + D.LastName + ', ' + D.FirstName) AS Description, A.Quantity, A.Amount, A.RevenueID
+        ISNULL(E.NucExam, A.ItemID) AS Description, A.Quantity, A.Amount, A.RevenueID
     FROM BILLING..tbCashAssessment A
     INNER JOIN BILLING..tbCashReceipt R ON R.ORNumber = A.ORNumber
-    LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = A.ItemID AND A.RevenueID = 'NU'
-    LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = A.ItemID
+    LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = A.ItemID
     WHERE R.TransDate >= @Day AND R.TransDate < DATEADD(day, 1, @Day) AND A.RecordStatus = '1'
-        AND 'NU' IN (A.RevenueID, A.SectionID)
+        AND A.RevenueID = 'NU'
     ORDER BY A.ORNumber, A.AssessID
 ELSE
     SELECT B.TransDate, B.RefNum, B.PatientType AS PatientKind, M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName

@@ -1,12 +1,20 @@
 -- What the section was asked for, one row a line: requests, and paid assessments that no request was filed for.
--- PatientKind 'I' admitted, 'O' registered out-patient, 'W' cash. LineStatus as tbNucMaster.RequestStatus.
+-- PatientKind 'I' admitted, 'O' registered out-patient, 'W' cash. LineStatus as tbNucMaster.RequestStatus. Lines
+-- without a code (a receipt filed from an empty grid) and doctors' fees are no lines of the section. A request that
+-- the cancellation screen revoked keeps no day of its own: its reversal on the bill or the stock card has it.
 USE NUCLEAR
 GO
 
 CREATE OR ALTER VIEW vwNuclearLine
 AS
 SELECT N.RequestNum, N.TransDate, N.RefNum, N.HospNum, N.IdNum, N.RevenueID, N.ItemID, N.Quantity, N.Amount, N.UserID,
-    N.RequestDocCode AS DoctorID, N.RequestStatus AS LineStatus, ISNULL(N.RevokeDate, N.TransDate) AS RevokeDate,
+    N.RequestDocCode AS DoctorID, N.RequestStatus AS LineStatus,
+    CASE WHEN N.RequestStatus = 'R' THEN ISNULL(N.RevokeDate, ISNULL(
+        (SELECT MIN(B.TransDate) FROM BILLING..tbDailyBill B
+         WHERE B.RefNum = N.RefNum AND B.IdNum = N.IdNum AND B.ItemID = N.ItemID AND B.Marker = 'D'), ISNULL(
+        (SELECT MIN(K.TransDate) FROM INVENTORY..tbInvStockCard K
+         WHERE K.RefNum = N.RefNum AND K.IdNum = N.IdNum AND K.ItemID = N.ItemID AND K.Direction = 'I'),
+        N.TransDate))) ELSE N.TransDate END AS RevokeDate,
     CASE WHEN P.IdNum IS NOT NULL THEN 'I' WHEN O.IdNum IS NOT NULL THEN 'O' ELSE 'W' END AS PatientKind,
     ISNULL(M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName,
         ISNULL(W.LastName + ', ' + W.FirstName + ' ' + W.MiddleName, N.HospNum)) AS PatientName,
@@ -18,11 +26,16 @@ LEFT JOIN PATIENT_DATA..tbMaster M ON M.HospNum = N.HospNum
 LEFT JOIN PATIENT_DATA..tbCashPatient W ON W.hospnum = N.HospNum
 LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = N.ItemID AND N.RevenueID = 'NU'
 LEFT JOIN INVENTORY..tbInvMaster I ON I.ItemID = N.ItemID
+WHERE N.ItemID <> '' AND N.RevenueID NOT IN ('MD', 'FN')
 UNION ALL
 SELECT A.RequestNum, A.TransDate, A.ORNumber, A.HospNum, A.IdNum, A.RevenueID, A.ItemID, A.Quantity, A.Amount, A.UserID,
-    A.DoctorID, '', A.TransDate, 'W', A.PatientName, ISNULL(E.NucExam, A.ItemID)
+    A.DoctorID, '', A.TransDate,
+    CASE WHEN P.IdNum IS NOT NULL THEN 'I' WHEN O.IdNum IS NOT NULL THEN 'O' ELSE 'W' END, A.PatientName,
+    ISNULL(E.NucExam, A.ItemID)
 FROM BILLING..tbCashAssessment A
+LEFT JOIN PATIENT_DATA..tbPatient P ON P.IdNum = A.IdNum
+LEFT JOIN PATIENT_DATA..tbOutPatient O ON O.IdNum = A.IdNum
 LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = A.ItemID
 WHERE A.RevenueID = 'NU' AND A.RecordStatus = '1'
-    AND NOT EXISTS (SELECT 1 FROM tbNucMaster N WHERE N.RefNum = A.ORNumber)
+    AND NOT EXISTS (SELECT 1 FROM tbNucMaster N WHERE N.RefNum = A.ORNumber AND N.ItemID = A.ItemID)
 GO
