@@ -276,7 +276,6 @@ TEST_F(DoctorLookup, AnEmptyBoxOpensTheListAndGivingUpChangesNothing) {
                     }});
     EXPECT_EQ(text("txtAttendingDr"), "DR. WHO");
     EXPECT_EQ(text("txtAttendingDrCode"), "");
-    QString first;
     tests::runModal([&] { press("cmdBrowse1"); },
                     {[](QWidget& window) { tests::keysToFocus(window, "<Enter>"); }});
     EXPECT_FALSE(text("txtAttendingDrCode").isEmpty());
