@@ -6,8 +6,8 @@
 
 namespace results {
 
-void addBoxLine(QGridLayout& grid, int row, const QString& caption, const QString& firstBox,
-                const QString& secondBox) {
+QWidget* addBoxLine(QGridLayout& grid, int row, const QString& caption, const QString& firstBox,
+                    const QString& secondBox, QWidget* before) {
     auto* label = new QLabel(caption);
     label->setTextFormat(Qt::PlainText);
     grid.addWidget(label, row, 0);
@@ -18,7 +18,10 @@ void addBoxLine(QGridLayout& grid, int row, const QString& caption, const QStrin
         const auto* heading = qobject_cast<const QLabel*>(grid.itemAtPosition(0, column)->widget());
         box->setAccessibleName(caption.trimmed() + u' ' + heading->text());
         grid.addWidget(box, row, column++);
+        QWidget::setTabOrder(before, box);
+        before = box;
     }
+    return before;
 }
 
 } // namespace results

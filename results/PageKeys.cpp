@@ -4,6 +4,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 #include <vector>
 
@@ -93,6 +94,12 @@ bool pageKey(QWidget& window, const QKeyEvent& event) {
         return false;
     tabs->setCurrentIndex((tabs->currentIndex() + (back ? tabs->count() - 1 : 1)) % tabs->count());
     return true;
+}
+
+void scrollDisabled(QPlainTextEdit& memo, const QWheelEvent& event) {
+    constexpr int linesOfANotch = 3;
+    QScrollBar* bar = memo.verticalScrollBar();
+    bar->setValue(bar->value() - event.angleDelta().y() * linesOfANotch / QWheelEvent::DefaultDeltasPerStep);
 }
 
 void focusOnItsPage(QWidget& field) {

@@ -41,12 +41,11 @@ class ResultScreen : public controls::Screen {
 
     void Form_Load() override;
     void showEvent(QShowEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QWidget* widget(const char* name) const;
-    bool fieldKey(const QString& field, int key);
+    bool fieldKey(const QString& field, const QKeyEvent& event);
     void insertSymbol(const char* field);
     void lookUpDoctor(const DoctorFields& doctor);
     void showPatient();

@@ -69,9 +69,12 @@ constexpr ResultVariant variant{
 frmResultEntryGFR::frmResultEntryGFR(QWidget* parent)
     : ResultScreen(variant, parent), m_ui(std::make_unique<Ui::frmResultEntryGFR>()) {
     m_ui->setupUi(this);
+    QWidget* last = m_ui->txtIsotope;
     for (int i = 0; i < int(measurementLines.size()); ++i)
-        addBoxLine(*m_ui->measurements, i + 1, QString::fromLatin1(measurementLines[size_t(i)].caption),
-                   QStringLiteral("txtLeft_%1").arg(i), QStringLiteral("txtRight_%1").arg(i));
+        last =
+            addBoxLine(*m_ui->measurements, i + 1, QString::fromLatin1(measurementLines[size_t(i)].caption),
+                       QStringLiteral("txtLeft_%1").arg(i), QStringLiteral("txtRight_%1").arg(i), last);
+    setTabOrder(last, m_ui->txtScale);
     prepare();
 }
 

@@ -103,11 +103,13 @@ constexpr ResultVariant variant{
 frmResultRadioImmuno::frmResultRadioImmuno(QWidget* parent)
     : ResultScreen(variant, parent), m_ui(std::make_unique<Ui::frmResultRadioImmuno>()) {
     m_ui->setupUi(this);
+    QWidget* last = m_ui->txtTechnologist;
     for (int i = 0; i < int(analytes.size()); ++i) {
         const bool isPart1 = i < analytesOfPart1;
-        addBoxLine(isPart1 ? *m_ui->analytes1 : *m_ui->analytes2, 1 + (isPart1 ? i : i - analytesOfPart1),
-                   QString::fromLatin1(analytes[size_t(i)].caption), QStringLiteral("txtNormal_%1").arg(i),
-                   QStringLiteral("txtLeft_%1").arg(i));
+        last =
+            addBoxLine(isPart1 ? *m_ui->analytes1 : *m_ui->analytes2, 1 + (isPart1 ? i : i - analytesOfPart1),
+                       QString::fromLatin1(analytes[size_t(i)].caption),
+                       QStringLiteral("txtNormal_%1").arg(i), QStringLiteral("txtLeft_%1").arg(i), last);
     }
     for (QLabel* heading : {m_ui->lblNormal1, m_ui->lblLeft1, m_ui->lblNormal2, m_ui->lblLeft2})
         controls::look::setKind(heading,

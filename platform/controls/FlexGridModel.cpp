@@ -249,7 +249,8 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
         return across ? headerText(column) : numberedText(row);
     if (role == Qt::TextAlignmentRole)
         // Row numbers stand in the middle; texts of the rows as their column says.
-        return QVariant(across || !text(row, 0).isEmpty() ? alignment(column) : Qt::Alignment(Qt::AlignCenter));
+        return QVariant(across || !text(row, 0).isEmpty() ? alignment(column)
+                                                          : Qt::Alignment(Qt::AlignCenter));
     if (role == Qt::ForegroundRole || role == Qt::BackgroundRole || role == Qt::DecorationRole) {
         const CellFormat given = format(row, column);
         if (role == Qt::DecorationRole)

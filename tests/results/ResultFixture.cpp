@@ -1,5 +1,6 @@
 #include "tests/results/ResultFixture.h"
 
+#include "platform/report/PageDocument.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
 #include "results/frmResultEntryMPI.h"
@@ -12,6 +13,8 @@
 #include <QFile>
 #include <QTabBar>
 #include <QTest>
+
+#include <variant>
 
 namespace tests {
 
@@ -42,7 +45,8 @@ void turnTo(QWidget& field) {
             pages.emplace_back(tabs, tabs->indexOf(page));
     }
     for (auto it = pages.rbegin(); it != pages.rend(); ++it)
-        QTest::mouseClick(it->first->tabBar(), Qt::LeftButton, {}, it->first->tabBar()->tabRect(it->second).center());
+        QTest::mouseClick(it->first->tabBar(), Qt::LeftButton, {},
+                          it->first->tabBar()->tabRect(it->second).center());
 }
 
 } // namespace
@@ -55,10 +59,12 @@ void PrintTo(Kind kind, std::ostream* out) {
 ResultFixture::ResultFixture() {
     run("sp_Nuclear_AddRequest '104078','26004078','90001', '1001','5620','204','I', "
         "'C900J','1001','500001','','1', '','NU'");
-    run("INSERT INTO STATION..tbNurseCommunicationFile (HospNum, IdNum, RequestNum, PatientType, RevenueID, ItemID, "
+    run("INSERT INTO STATION..tbNurseCommunicationFile (HospNum, IdNum, RequestNum, PatientType, RevenueID, "
+        "ItemID, "
         "RequestDate, RecordStatus, ReferenceNum) VALUES ('104078','26004078','500001','I','NU','1001', "
         "'2026-11-21', 'X','C900J')");
-    run("INSERT INTO STATION..tbNurseLogBook (HospNum, IdNum, RequestNum, PatientType, RevenueID, ItemID, RequestDate, "
+    run("INSERT INTO STATION..tbNurseLogBook (HospNum, IdNum, RequestNum, PatientType, RevenueID, ItemID, "
+        "RequestDate, "
         "RecordStatus, ReferenceNum) VALUES ('104078','26004078','500001','I','NU','1001', '2026-11-21', "
         "'X','C900J')");
 }
@@ -135,7 +141,7 @@ int ResultFixture::count(const QString& table, const QString& where) {
     return value(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(table, where)).toInt();
 }
 
-QString ResultFixture::station() {
+std::string ResultFixture::station() {
     const auto stamp = [&](const char* column, const char* table) {
         return value(QStringLiteral("SELECT %1 FROM %2 WHERE RequestNum = '500001'").arg(column, table));
     };
@@ -144,7 +150,8 @@ QString ResultFixture::station() {
                        stamp("ResultDate", "STATION..tbNurseLogBook"),
                        stamp("ResultBy", "STATION..tbNurseLogBook"),
                        value("SELECT RequestStatus FROM NUCLEAR..tbNucMaster WHERE RequestNum = '90001'")}
-        .join(u'|');
+        .join(u'|')
+        .toStdString();
 }
 
 void ResultFixture::useOwnReports() {
@@ -157,11 +164,25 @@ void ResultFixture::useOwnReports() {
   <parameter name="IdNum"/>
   <parameter name="RequestNum"/>
   <table name="Rooms" location="BUILD_FILE..tbcoRoom">SELECT TOP 1 RoomID FROM {table} ORDER BY RoomID</table>
+  <details height="8mm">
+    <field x="0mm" y="0mm" width="120mm" height="6mm" value="&quot;%1 &quot; &amp; {?IdNum} &amp; &quot;/&quot; &amp; {?RequestNum}"/>
+  </details>
 </report>)")
                              .arg(name)
                              .toUtf8());
     }
     session::setProgramFolder(m_programFolder.path());
+}
+
+QString ResultFixture::shownReport(QWidget& viewer) {
+    if (viewer.objectName() != u"frmReportViewer" || !session::gReport)
+        return QStringLiteral("no report but ") + viewer.objectName();
+    const auto document = session::gReport->run();
+    for (const report::Item& item : document->page(0)->items) {
+        if (const auto* run = std::get_if<report::TextRun>(&item))
+            return viewer.windowTitle() + QStringLiteral(": ") + run->text;
+    }
+    return QStringLiteral("an empty page");
 }
 
 std::string listed(const QStringList& texts) {

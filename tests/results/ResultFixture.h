@@ -20,8 +20,8 @@ enum class Kind { Generic, Perfusion, Gfr, Radio };
 inline constexpr Kind allKinds[] = {Kind::Generic, Kind::Perfusion, Kind::Gfr, Kind::Radio};
 void PrintTo(Kind kind, std::ostream* out);
 
-/// The result screens on the demo hospital: AGUILAR, a bone scan under request 90001, asked for by the ward under
-/// 500001 and charged under C900J.
+/// The result screens on the demo hospital: AGUILAR, a bone scan under request 90001, asked for by the ward
+/// under 500001 and charged under C900J.
 class ResultFixture : public LoggedOn {
   public:
     ResultFixture();
@@ -40,7 +40,7 @@ class ResultFixture : public LoggedOn {
     void type(const char* name, const QString& text);
     /// Keys to whatever has the focus.
     void type(const QString& text) { keysToFocus(screen(), text); }
-    void press(const char* button) { click(child<QPushButton>(screen(), button)); }
+    void press(const char* button) { click(child<QAbstractButton>(screen(), button)); }
     QString focused() const;
 
     /// A statement of the test's own, over a session of its own.
@@ -48,10 +48,12 @@ class ResultFixture : public LoggedOn {
     QString value(const QString& query);
     int count(const QString& table, const QString& where);
     /// The ward's two rows and the request: "W|W|11/21/2026 8:30:00 AM|1001|W".
-    QString station();
+    std::string station();
 
     /// Reports that run on any hospital, one for each screen.
     void useOwnReports();
+    /// "Imaging Section Report: NucResultGFR 26004078/90001": what a viewer shows of them.
+    static QString shownReport(QWidget& viewer);
 
     MessageScript boxes;
     ErrorRecorder errors;
