@@ -13,7 +13,7 @@ using Stage = Position::Stage;
 
 const Length leastBody = Length::fromMm(8);
 /// A heading and two lines: less than that of a text is not left behind at a page's end.
-const Length leastTorn = Length::fromMm(16);
+const Length leastTorn = Length::fromMm(17);
 
 Length topOf(const Item& item) {
     if (const Stroke* stroke = std::get_if<Stroke>(&item))

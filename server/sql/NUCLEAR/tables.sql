@@ -360,9 +360,12 @@ BEGIN
 END
 GO
 
--- Files of before the audit of revocations.
+-- What files of before the audit of revocations lack.
 IF COL_LENGTH('tbNucLogBook', 'RevokeDate') IS NULL
+BEGIN
     ALTER TABLE tbNucLogBook ADD RevokeDate datetime NULL
+    CREATE INDEX IX_NucMaster_RequestStatus ON tbNucMaster (RequestStatus, RevenueID, HospNum)
+END
 GO
 
 -- Packages of the section. PackageLetter is the letter that picks one on the request screens.
