@@ -11,5 +11,6 @@ bool statementText(const QString& folder);
 bool bindGrid(const QString& folder);
 bool odbcStatement(const QString& folder);
 bool startUp(const QString& folder);
+bool longReport(const QString& folder);
 
 } // namespace bench

@@ -16,7 +16,8 @@ struct Measure {
 
 constexpr Measure measures[] = {{"save", bench::saveOrder},     {"find", bench::findPatients},
                                 {"text", bench::statementText}, {"grid", bench::bindGrid},
-                                {"odbc", bench::odbcStatement}, {"start", bench::startUp}};
+                                {"odbc", bench::odbcStatement}, {"start", bench::startUp},
+                                {"report", bench::longReport}};
 
 } // namespace
 
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
-        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|odbc|start ...]\n", stderr);
+        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report ...]\n", stderr);
         return 1;
     }
     const QStringList wanted = arguments.mid(1);

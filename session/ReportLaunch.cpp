@@ -104,6 +104,7 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database) {
     table.database = database;
     table.login = user().UserID();
     table.password = user().serverpassword();
+    user().openReportConnection(table.server, table.database, table.login, table.password)->Close();
 }
 
 void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {

@@ -31,7 +31,8 @@ void PrepareReport(const QString& path, const QString& database, const std::vect
 /// Opens a sub-report of gReport by name: its tables move to the user's database, under the fixed log-on.
 /// Raises 91 without an open report, the engine's error for an unknown name.
 void PrepareSubReport(const QString& name, const std::vector<base::Value>& parameters);
-/// Moves one table to `database` and logs it on with the user's own login.
+/// Moves one table to `database` and logs it on with the user's own login: the one way without the fixed
+/// log-on. Raises the engine's error when the log-on fails.
 void SetReportTableLogOn(report::TableLogOn& table, const QString& database);
 /// Prints at once (direct print) and releases gReport, or shows the viewer modally.
 /// A machine without a printer gets the viewer; fields without a value are asked for first, and nothing is

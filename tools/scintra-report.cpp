@@ -1,8 +1,8 @@
-// A stored report run on a hospital file, without a window: rows into PDF or CSV.
+// A stored report run on a hospital file, without a window: pages into PDF, rows into a workbook or CSV.
 #include "platform/base/Error.h"
-#include "platform/report/Csv.h"
 #include "platform/report/Print.h"
 #include "platform/report/Report.h"
+#include "platform/report/RowExport.h"
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
 
@@ -24,12 +24,12 @@ struct Wish {
 };
 
 constexpr const char* usage =
-    "Usage: scintra-report FILE.RPT [name=value ...] --to OUT.pdf|OUT.csv\n\n"
+    "Usage: scintra-report FILE.RPT [name=value ...] --to OUT.pdf|OUT.xlsx|OUT.csv\n\n"
     "  name=value            a parameter of the report; SubReport.name=value: of a report inside it\n"
     "  --hospital FILE       the hospital file to read; without it, that of the program itself\n"
     "  --heading NAME        the hospital's name on paper; without it, that of the hospital file\n"
     "  --address TEXT        its address, likewise\n\n"
-    "A CSV file holds the rows of the details; a PDF file holds the pages.\n"
+    "A PDF file holds the pages; a workbook or a CSV file holds the rows of the details.\n"
     "Exit codes: 0 done, 2 wrong words, 3 failed.\n";
 
 int refuse(const QString& reason) {
@@ -63,9 +63,9 @@ QString read(const QStringList& words, Wish& wish) {
     }
     if (wish.definition.isEmpty())
         return QStringLiteral("Which report?");
-    const bool known = wish.to.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) ||
-                       wish.to.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive);
-    return known ? QString() : QStringLiteral("--to must name a .pdf or a .csv file.");
+    return report::fileKindOf(wish.to) == report::FileKind::Unknown
+               ? QStringLiteral("--to must name a .pdf, an .xlsx or a .csv file.")
+               : QString();
 }
 
 report::LogOn logOnTo(const QString& file) {
@@ -122,10 +122,14 @@ int run(const Wish& wish) {
     if (!missing.isEmpty())
         return refuse(
             QStringLiteral("The report wants a value for: %1.").arg(missing.join(QStringLiteral(", "))));
-    if (wish.to.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
-        report::exportCsv(report->rows(), wish.to);
-    else
+    if (report::fileKindOf(wish.to) == report::FileKind::Pdf) {
         report::exportPdf(*report->run(), wish.to);
+    } else {
+        const auto rows = report->rows();
+        const ado::Rows none;
+        const report::HeldRows noRows(none);
+        report::exportRows(rows ? *rows : noRows, report->rowsHeading(), wish.to);
+    }
     return 0;
 }
 

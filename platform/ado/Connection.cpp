@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <tuple>
 
 namespace ado {
 namespace {
@@ -82,20 +83,20 @@ Connection* Connection::byConnectionString(const QString& connectionString) {
     return found == connections.end() ? nullptr : *found;
 }
 
-Result Connection::send(const Statement& statement, StatementKind kind) {
+/// Runs the call between the observers' two looks; it gives what came of it and the rows fetched and written.
+template <typename Call>
+auto Connection::observed(const QString& text, StatementKind kind, Call call) {
     Provider& server = provider();
-    const QString& text = statement.text();
     QElapsedTimer timer;
     timer.start();
     try {
         for (Observer* observer : m_observers)
             observer->beforeStatement(text, kind);
-        Result result = server.execute(text);
-        const StatementEvent event{
-            text, kind, qint64(result.rows.count()), result.affected, timer.nsecsElapsed(), nullptr};
+        auto [result, rows, affected] = call(server);
+        const StatementEvent event{text, kind, rows, affected, timer.nsecsElapsed(), nullptr};
         for (Observer* observer : m_observers)
             observer->afterStatement(event);
-        return result;
+        return std::move(result);
     } catch (const base::RunTimeError& caught) {
         const base::RunTimeError error = caught.withStatement(text);
         const StatementEvent event{text, kind, 0, -1, timer.nsecsElapsed(), &error};
@@ -103,6 +104,22 @@ Result Connection::send(const Statement& statement, StatementKind kind) {
             observer->afterStatement(event);
         throw base::RunTimeError(error);
     }
+}
+
+Result Connection::send(const Statement& statement, StatementKind kind) {
+    return observed(statement.text(), kind, [&](Provider& server) {
+        Result result = server.execute(statement.text());
+        const qint64 rows = result.rows.count();
+        const qint64 affected = result.affected;
+        return std::tuple(std::move(result), rows, affected);
+    });
+}
+
+Streamed Connection::stream(const Statement& statement, RowSink& sink) {
+    return observed(statement.text(), StatementKind::Text, [&](Provider& server) {
+        const Streamed end = server.stream(statement.text(), sink);
+        return std::tuple(end, end.rows, end.affected);
+    });
 }
 
 Provider& Connection::provider() {

@@ -66,6 +66,9 @@ class Connection {
 
     /// Sends the statement; the recordset is closed when it gave no columns.
     Recordset Execute(const Statement& statement);
+    /// Sends the statement and hands its rows over as they come. Observers see it once, with the rows handed
+    /// over, on the thread that calls.
+    Streamed stream(const Statement& statement, RowSink& sink);
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
@@ -82,6 +85,8 @@ class Connection {
     friend class Recordset;
     friend class WriteBack;
     Result send(const Statement& statement, StatementKind kind);
+    template <typename Call>
+    auto observed(const QString& text, StatementKind kind, Call call);
     Provider& provider();
     void tell(TransactionStep step);
 

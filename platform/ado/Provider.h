@@ -38,6 +38,27 @@ struct Result {
     qint64 affected = -1;
 };
 
+/// Takes the rows of a statement as they come. What it raises ends the statement and is raised by stream().
+class RowSink {
+  public:
+    virtual ~RowSink() = default;
+    /// A result with columns begins. A batch may send several; the last one counts, so rows told before are
+    /// to be dropped.
+    virtual void begin(const std::vector<Column>& columns) = 0;
+    /// The next row, one value a column; may be moved from. False when no more rows are wanted.
+    virtual bool row(std::vector<base::Value>& values) = 0;
+    /// Asked now and then while the server works on a row: false ends the statement. May be asked from the
+    /// reading thread while another one changes the answer.
+    virtual bool isWanted() const { return true; }
+};
+
+/// How a streamed statement ended.
+struct Streamed {
+    qint64 rows = 0;      ///< of the last result, handed over
+    qint64 affected = -1; ///< as in Result
+    bool stopped = false; ///< the sink wanted no more; a batch of its own transaction was rolled back
+};
+
 /// One way to a server. One provider is one session there: one statement at a time, on one thread.
 /// Every member raises base::RunTimeError with the server's number, words and SQLSTATE.
 class Provider {
@@ -45,6 +66,9 @@ class Provider {
     virtual ~Provider() = default;
     /// Runs the text as it is and fetches all of its result.
     virtual Result execute(const QString& text) = 0;
+    /// Runs the text and hands its rows over one by one, holding none. Here for a provider that cannot: it
+    /// fetches all of the result first.
+    virtual Streamed stream(const QString& text, RowSink& sink);
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;

@@ -150,6 +150,10 @@ ado::Result OdbcProvider::execute(const QString& text) {
     return d->watchedText(text, [&] { return d->session.fetch(text); });
 }
 
+ado::Streamed OdbcProvider::stream(const QString& text, ado::RowSink& sink) {
+    return d->watchedText(text, [&] { return d->session.stream(text, sink); });
+}
+
 void OdbcProvider::begin() {
     if (d->inTransaction)
         throw ado::transactionIsOpen();

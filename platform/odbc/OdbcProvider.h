@@ -32,6 +32,9 @@ class OdbcProvider : public ado::Provider {
     OdbcProvider& operator=(const OdbcProvider&) = delete;
 
     ado::Result execute(const QString& text) override;
+    /// Hands rows over block by block. A text that is stopped outside a transaction keeps what it wrote
+    /// before.
+    ado::Streamed stream(const QString& text, ado::RowSink& sink) override;
     void begin() override;
     /// Where the line is lost meanwhile, the error says that the outcome is not known.
     void commit() override;

@@ -83,6 +83,30 @@ ado::Result Session::fetch(const QString& text) {
     return result;
 }
 
+ado::Streamed Session::stream(const QString& text, ado::RowSink& sink) {
+    ado::Streamed end;
+    end.affected = run(text, [&](ResultReader& rows, std::vector<ado::Column>&& columns) {
+        end.rows = 0;
+        sink.begin(columns);
+        std::vector<base::Value> block;
+        std::vector<base::Value> row(columns.size());
+        for (; sink.isWanted() && rows.next(block); block.clear()) {
+            for (auto value = block.begin(); value != block.end();) {
+                for (base::Value& cell : row)
+                    cell = std::move(*value++);
+                ++end.rows;
+                if (!sink.row(row)) {
+                    end.stopped = true;
+                    return false;
+                }
+            }
+        }
+        end.stopped = !sink.isWanted();
+        return !end.stopped;
+    });
+    return end;
+}
+
 void Session::setAutocommit(bool on) {
     if (!SQL_SUCCEEDED(SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_AUTOCOMMIT,
                                           attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),

@@ -26,6 +26,9 @@ class Session {
     /// Runs the text; the last rows of the batch.
     ado::Result fetch(const QString& text);
 
+    /// Runs the text and hands its rows over, holding no more than a block of them.
+    ado::Streamed stream(const QString& text, ado::RowSink& sink);
+
     void setAutocommit(bool on);
     /// SQL_COMMIT or SQL_ROLLBACK.
     void endTransaction(SQLSMALLINT how);

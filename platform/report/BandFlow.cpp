@@ -35,13 +35,12 @@ Position BandFlow::rowBegin(qsizetype row) const {
 
 Position BandFlow::nextStage(const Position& position) const {
     const int groups = int(m_definition.groups.size());
-    const qsizetype rows = m_evaluator.rowCount();
     Position next;
     next.row = position.row;
     next.level = position.level;
     switch (position.stage) {
     case Stage::ReportHeader:
-        if (rows > 0)
+        if (m_evaluator.hasRow(0))
             return rowBegin(0);
         next.stage = Stage::ReportFooter;
         return next;
@@ -54,7 +53,7 @@ Position BandFlow::nextStage(const Position& position) const {
         next.stage = Stage::GroupFooter;
         if (next.level >= m_evaluator.firstGroupEnded(position.row))
             return next;
-        if (position.row + 1 < rows)
+        if (m_evaluator.hasRow(position.row + 1))
             return rowBegin(position.row + 1);
         next.level = 0;
         next.stage = Stage::ReportFooter;
@@ -76,9 +75,8 @@ Position BandFlow::next(const Position& position) const {
 
 Scope BandFlow::scopeAt(const Position& position) const {
     Scope scope;
-    const qsizetype rows = m_evaluator.rowCount();
     const bool atEnd = position.stage == Stage::ReportFooter || position.stage == Stage::End;
-    scope.row = atEnd ? rows - 1 : std::min(position.row, rows - 1);
+    scope.row = !atEnd && m_evaluator.hasRow(position.row) ? position.row : m_evaluator.rowCount() - 1;
     if (position.stage == Stage::GroupHeader || position.stage == Stage::GroupFooter)
         scope.level = position.level;
     return scope;

@@ -18,10 +18,10 @@ struct Position {
     bool operator==(const Position&) const = default;
 };
 
-/// Which band comes after which.
+/// Which band comes after which. Raises RowsWanted where that hangs on rows that have not arrived.
 class BandFlow {
   public:
-    BandFlow(const ReportDefinition& definition, const Evaluator& evaluator)
+    BandFlow(const ReportDefinition& definition, Evaluator& evaluator)
         : m_definition(definition), m_evaluator(evaluator) {}
 
     /// The bands of the place's stage; may be none.
@@ -36,7 +36,7 @@ class BandFlow {
     Position rowBegin(qsizetype row) const;
 
     const ReportDefinition& m_definition;
-    const Evaluator& m_evaluator;
+    Evaluator& m_evaluator;
 };
 
 } // namespace report

@@ -5,6 +5,7 @@
 #include "platform/base/Format.h"
 #include "platform/report/ChartLayout.h"
 #include "platform/report/Formulas.h"
+#include "platform/report/LinkedStrips.h"
 #include "platform/report/ReportError.h"
 #include "platform/report/StripLayout.h"
 
@@ -12,6 +13,10 @@
 
 namespace report {
 namespace {
+
+// Of a watermark that the definition knows nothing of: large, and light enough to read through.
+const Length markSize = Length::fromPoints(54);
+const QColor markColour(0xE2, 0xE7, 0xEB);
 
 // A field holds a paragraph, not a book: beyond this a damaged row would lay out for minutes.
 constexpr qsizetype longestText = 200000;
@@ -54,7 +59,9 @@ void moveItem(Item& item, Length dx, Length dy) {
 }
 
 BandLayout::BandLayout(std::shared_ptr<const ReportData> data, Evaluator& evaluator)
-    : m_data(std::move(data)), m_evaluator(evaluator) {}
+    : m_data(std::move(data)), m_evaluator(evaluator), m_linked(std::make_unique<LinkedStrips>(m_data)) {}
+
+BandLayout::~BandLayout() = default;
 
 Face BandLayout::faceOf(int style) const {
     const FontStyle& font = m_data->definition->styles.at(std::size_t(style));
@@ -91,16 +98,17 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
     Placed placed;
     placed.element = &element;
     if (element.kind == Element::Kind::Chart || element.kind == Element::Kind::SubReport) {
-        placed.inside = element.kind == Element::Kind::Chart ? chart(element) : subReport(element.index);
+        placed.inside = element.kind == Element::Kind::Chart ? chart(element) : subReport(element, scope);
         placed.growth = std::max(Length(), placed.inside.height - element.frame.height);
         return placed;
     }
     placed.tint = tintOf(element, scope);
     if (element.kind != Element::Kind::Field)
         return placed;
-    const base::Value value = m_evaluator.value(element.value, scope);
+    const base::Value value = m_evaluator.shownValue(element.value, scope);
     const QString text = shownText(element, value);
     placed.value = value;
+    placed.rightToLeft = needsShaping(text) && text.isRightToLeft();
     if (!element.wrap) {
         QString line = text;
         line.replace(u'\n', u' ').replace(u'\r', u' ').replace(u'\t', u' ');
@@ -134,7 +142,16 @@ LaidBand BandLayout::chart(const Element& element) {
     return layChart(element, m_evaluator, m_measures.of(faceOf(element.style)), style.colour);
 }
 
-const LaidBand& BandLayout::subReport(int index) {
+const LaidBand& BandLayout::subReport(const Element& insert, const Scope& scope) {
+    const int index = insert.index;
+    if (!insert.links.empty()) {
+        Scope anyPage = scope; // the rows must be the same whichever page asks for them
+        anyPage.pageNumber = anyPage.pageCount = 0;
+        LinkedValues values;
+        for (const Link& link : insert.links)
+            values.emplace_back(link.parameter, m_evaluator.value(link.value, anyPage));
+        return m_linked->strip(index, values);
+    }
     const auto kept = m_subReports.find(index);
     if (kept != m_subReports.end())
         return kept->second;
@@ -199,6 +216,7 @@ void BandLayout::addField(const Placed& placed, std::vector<Item>& items) {
             run.frame.x.hundredths += spare.hundredths / 2;
         run.baseline = run.frame.y + measure.ascent();
         run.text = text;
+        run.rightToLeft = placed.rightToLeft;
         run.face = measure.face();
         run.colour = placed.tint.isValid() ? placed.tint : style.colour;
         items.emplace_back(std::move(run));
@@ -236,13 +254,15 @@ void BandLayout::addShape(const Placed& placed, Length stretch, std::vector<Item
 
 std::optional<TextRun> BandLayout::watermark(const Scope& scope) {
     const ReportDefinition& definition = *m_data->definition;
-    if (!definition.watermark)
-        return std::nullopt;
-    const Watermark& mark = *definition.watermark;
-    const QString text = base::Trim(base::textOf(m_evaluator.value(mark.value, scope))).left(200);
+    QString text = m_data->watermark;
+    if (text.isEmpty() && definition.watermark)
+        text = base::textOf(m_evaluator.value(definition.watermark->value, scope));
+    text = base::Trim(text).left(200);
     if (text.isEmpty())
         return std::nullopt;
-    const FontMeasure& measure = m_measures.of(faceOf(mark.style));
+    const bool own = definition.watermark.has_value();
+    const FontMeasure& measure =
+        m_measures.of(own ? faceOf(definition.watermark->style) : Face{{}, markSize, true, false});
     TextRun run;
     run.frame.width = measure.width(text);
     run.frame.height = measure.lineHeight();
@@ -250,9 +270,10 @@ std::optional<TextRun> BandLayout::watermark(const Scope& scope) {
     run.frame.y.hundredths = (definition.paperHeight - run.frame.height).hundredths / 2;
     run.baseline = run.frame.y + measure.ascent();
     run.text = text;
+    run.rightToLeft = needsShaping(text) && text.isRightToLeft();
     run.face = measure.face();
-    run.colour = definition.styles[std::size_t(mark.style)].colour;
-    run.degrees = mark.degrees;
+    run.colour = own ? definition.styles[std::size_t(definition.watermark->style)].colour : markColour;
+    run.degrees = own ? definition.watermark->degrees : Watermark().degrees;
     return run;
 }
 

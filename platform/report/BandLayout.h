@@ -5,6 +5,7 @@
 #include "platform/report/Page.h"
 
 #include <map>
+#include <memory>
 
 namespace report {
 
@@ -14,6 +15,8 @@ struct LaidBand {
     std::vector<Item> items;
 };
 
+class LinkedStrips;
+
 /// Moves an item on its page.
 void moveItem(Item& item, Length dx, Length dy);
 
@@ -21,6 +24,7 @@ void moveItem(Item& item, Length dx, Length dy);
 class BandLayout {
   public:
     BandLayout(std::shared_ptr<const ReportData> data, Evaluator& evaluator);
+    ~BandLayout();
 
     LaidBand lay(const Band& band, const Scope& scope);
     bool isVisible(const Band& band, const Scope& scope);
@@ -34,6 +38,7 @@ class BandLayout {
         base::Value value;
         Length shift; ///< how far what grows above moved it down
         Length growth;
+        bool rightToLeft = false;
         QColor tint;       ///< of a text or line, or a box's fill
         LaidBand inside{}; ///< what a chart or a sub-report is made of
     };
@@ -43,7 +48,7 @@ class BandLayout {
     void addField(const Placed& placed, std::vector<Item>& items);
     void addShape(const Placed& placed, Length stretch, std::vector<Item>& items) const;
     LaidBand chart(const Element& element);
-    const LaidBand& subReport(int index);
+    const LaidBand& subReport(const Element& insert, const Scope& scope);
     /// Invalid when the element keeps its own.
     QColor tintOf(const Element& element, const Scope& scope);
     Length stretchOf(const Placed& shape, const std::vector<Placed>& all) const;
@@ -53,6 +58,7 @@ class BandLayout {
     Evaluator& m_evaluator;
     FontMeasures m_measures;
     std::map<int, LaidBand> m_subReports; ///< laid out once; they know nothing of pages
+    std::unique_ptr<LinkedStrips> m_linked;
 };
 
 } // namespace report

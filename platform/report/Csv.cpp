@@ -1,14 +1,15 @@
 #include "platform/report/Csv.h"
 
 #include "platform/base/Conversion.h"
-#include "platform/base/Error.h"
 #include "platform/base/Format.h"
-#include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 
-#include <QSaveFile>
+#include <QBuffer>
 
 namespace report {
 namespace {
+
+constexpr qsizetype largestBlock = 256 * 1024;
 
 QString quoted(QString text) {
     const bool plain = std::none_of(
@@ -28,29 +29,43 @@ QString cellOf(const base::Value& value) {
     return quoted(text);
 }
 
-} // namespace
-
-QByteArray csvOf(const ado::Rows& rows) {
-    QByteArray csv("\xEF\xBB\xBF");
+/// False when it was stopped, or the device took less than all.
+bool writeCsv(const RowSource& rows, QIODevice& device, const ProgressCall& progress) {
+    QByteArray block("\xEF\xBB\xBF");
     QStringList cells;
-    for (const auto& column : rows.columns)
-        cells << quoted(column.name);
-    csv += cells.join(u',').toUtf8() + "\r\n";
-    for (qsizetype row = 0; row < rows.count(); ++row) {
+    const auto addLine = [&] {
+        block += cells.join(u',').toUtf8() + "\r\n";
         cells.clear();
-        for (std::size_t column = 0; column < rows.columns.size(); ++column)
-            cells << cellOf(rows.at(row, qsizetype(column)));
-        csv += cells.join(u',').toUtf8() + "\r\n";
+    };
+    for (const auto& column : rows.columns())
+        cells << quoted(column.name);
+    addLine();
+    const qsizetype count = rows.count();
+    const qsizetype columns = qsizetype(rows.columns().size());
+    for (qsizetype row = 0; row < count; ++row) {
+        for (qsizetype column = 0; column < columns; ++column)
+            cells << cellOf(rows.at(row, column));
+        addLine();
+        if (block.size() < largestBlock)
+            continue;
+        if (device.write(block) != block.size() || (progress && !progress({row + 1, 0, 0})))
+            return false;
+        block.clear();
     }
-    return csv;
+    return device.write(block) == block.size();
 }
 
-void exportCsv(const ado::Rows& rows, const QString& path) {
-    QSaveFile file(path);
-    const QByteArray csv = csvOf(rows);
-    if (!file.open(QIODevice::WriteOnly) || file.write(csv) != csv.size() || !file.commit())
-        throw base::RunTimeError(
-            errorFile, QStringLiteral("Path/File access error: %1: %2").arg(path, file.errorString()));
+} // namespace
+
+QByteArray csvOf(const RowSource& rows) {
+    QBuffer csv;
+    csv.open(QIODevice::WriteOnly);
+    writeCsv(rows, csv, {});
+    return csv.data();
+}
+
+bool exportCsv(const RowSource& rows, const QString& path, const ProgressCall& progress) {
+    return saveFile(path, [&](QIODevice& file) { return writeCsv(rows, file, progress); });
 }
 
 } // namespace report

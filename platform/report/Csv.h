@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/ado/Provider.h"
+#include "platform/report/Progress.h"
+#include "platform/report/RowSource.h"
 
 #include <QByteArray>
 
@@ -9,9 +10,10 @@ namespace report {
 /// Rows as comma separated text: UTF-8 with its mark, so that spreadsheets read accents, a line of column
 /// names, CR LF. Moments are "yyyy-mm-dd hh:mm:ss", Null is an empty cell. A text that a spreadsheet would
 /// take for a formula gets an apostrophe in front.
-QByteArray csvOf(const ado::Rows& rows);
+QByteArray csvOf(const RowSource& rows);
 
-/// Writes them to a file that is there whole or not at all; raises 75 with the reason.
-void exportCsv(const ado::Rows& rows, const QString& path);
+/// Writes them to a file that is there whole or not at all; raises 75 with the reason. False when
+/// `progress` gave it up.
+bool exportCsv(const RowSource& rows, const QString& path, const ProgressCall& progress = {});
 
 } // namespace report

@@ -3,6 +3,8 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include <algorithm>
+
 namespace report {
 namespace {
 
@@ -10,6 +12,13 @@ constexpr int largestPicture = 4000; // pixels a side
 const QColor defaultRule(0x9A, 0xA6, 0xB0);
 const QColor defaultBar(0x2A, 0x7F, 0x93);
 const Length leastChart = Length::fromMm(20);
+
+QSet<int> linkedParameters(const Element& insert) {
+    QSet<int> linked;
+    for (const Link& link : insert.links)
+        linked.insert(link.parameter);
+    return linked;
+}
 
 } // namespace
 
@@ -19,6 +28,8 @@ Band DefinitionReader::readBand(Attributes& attributes) {
     band.visible = attributes.expression("visible");
     band.newPageBefore = attributes.yes("newPageBefore");
     band.atBottom = attributes.yes("atBottom");
+    band.withRows = attributes.yes("withRows");
+    band.tear = attributes.yes("tear");
     attributes.finish();
     readChildren([&](const QString& name, Attributes& own) {
         static const QStringList known{QStringLiteral("text"),    QStringLiteral("field"),
@@ -114,7 +125,42 @@ void DefinitionReader::readInsert(Element& element, Attributes& attributes) {
     if (element.index < 0)
         fail(QStringLiteral("there is no sub-report \"%1\"").arg(name));
     attributes.finish();
+    readChildren([&](const QString& child, Attributes& own) {
+        if (child != QLatin1StringView("link"))
+            return false;
+        element.links.push_back(readLink(element, own));
+        return true;
+    });
+    m_inserts[element.index].push_back(linkedParameters(element));
+}
+
+Link DefinitionReader::readLink(const Element& insert, Attributes& attributes) {
+    const QString name = attributes.text("parameter");
+    Link link;
+    link.parameter = indexOfName(m_subNames[std::size_t(insert.index)].parameters, name);
+    if (link.parameter < 0)
+        fail(QStringLiteral("the sub-report has no parameter \"%1\"").arg(name));
+    if (linkedParameters(insert).contains(link.parameter))
+        fail(QStringLiteral("parameter \"%1\" is linked twice").arg(name));
+    link.value = expression(attributes.text("value"));
+    attributes.finish();
     endElement();
+    return link;
+}
+
+/// What is linked wherever a sub-report is placed need not be asked for.
+void DefinitionReader::finishInserts() {
+    for (const auto& [index, inserts] : m_inserts) {
+        SubReportDefinition& sub = m_definition->subReports[std::size_t(index)];
+        sub.readAhead = false;
+        QSet<int> everywhere = inserts.front();
+        for (const QSet<int>& linked : inserts) {
+            everywhere.intersect(linked);
+            sub.readAhead = sub.readAhead || linked.isEmpty();
+        }
+        sub.linked.assign(everywhere.cbegin(), everywhere.cend());
+        std::sort(sub.linked.begin(), sub.linked.end());
+    }
 }
 
 /// The styles told so far hold inside, too.

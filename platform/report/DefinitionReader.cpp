@@ -27,6 +27,7 @@ std::shared_ptr<const ReportDefinition> DefinitionReader::read() {
     m_definition->styles.emplace_back();
     readRoot();
     finishFormulas();
+    finishInserts();
     checkPage();
     return m_definition;
 }

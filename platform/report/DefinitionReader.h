@@ -2,9 +2,11 @@
 
 #include "platform/report/ReportDefinition.h"
 
+#include <QSet>
 #include <QXmlStreamReader>
 
 #include <functional>
+#include <map>
 
 namespace report {
 
@@ -42,6 +44,8 @@ class DefinitionReader {
     void readShape(Element& element, Attributes& attributes);
     void readChart(Element& element, Attributes& attributes);
     void readInsert(Element& element, Attributes& attributes);
+    Link readLink(const Element& insert, Attributes& attributes);
+    void finishInserts();
     QImage readPicture();
 
     void collectNames();
@@ -60,6 +64,7 @@ class DefinitionReader {
     Names m_names;
     std::vector<Names> m_subNames; ///< of the sub-reports, in the file's order
     bool m_inSubReport = false;
+    std::map<int, std::vector<QSet<int>>> m_inserts; ///< by sub-report: what each placing of it links
     struct Place {
         qint64 line, column;
     };

@@ -2,36 +2,23 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
+#include "platform/report/Formulas.h"
 #include "platform/report/Functions.h"
 #include "platform/report/ReportError.h"
 
-#include <cmath>
+#include <QScopeGuard>
+
+#include <algorithm>
 
 namespace report {
 namespace {
 
 using base::Value;
 
-/// Texts together or numbers (dates as their serial) together: -1, 0, 1. Texts do not tell cases apart, as
-/// the server does not.
-int compare(const Value& left, const Value& right) {
-    if (left.asText() && right.asText()) {
-        const int order = left.asText()->compare(*right.asText(), Qt::CaseInsensitive);
-        return order < 0 ? -1 : int(order > 0);
-    }
-    const auto number = [](const Value& value) {
-        const base::DateTime* moment = value.asDateTime();
-        return moment ? base::toSerial(*moment) : base::CDbl(value);
-    };
-    const double a = number(left);
-    const double b = number(right);
-    return a < b ? -1 : int(a > b);
-}
-
 Value compared(Operator sign, const Value& left, const Value& right) {
     if (left.isNull() || right.isNull())
         return false;
-    const int order = compare(left, right);
+    const int order = compareValues(left, right);
     switch (sign) {
     case Operator::Equal:
         return order == 0;
@@ -67,23 +54,10 @@ Value calculated(Operator sign, const Value& left, const Value& right) {
     }
 }
 
-/// What a sum takes of a value: text columns hold amounts, too. Null and "" are no values.
-bool countsAsNumber(const Value& value) {
-    return !value.isNull() && !(value.asText() && base::Trim(*value.asText()).isEmpty());
-}
-
-/// Kahan's: a year of amounts must still end in the right centavo.
-struct Total {
-    double sum = 0.0;
-    double lost = 0.0;
-
-    void add(double amount) {
-        const double corrected = amount - lost;
-        const double next = sum + corrected;
-        lost = (next - sum) - corrected;
-        sum = next;
-    }
-};
+/// A running total is kept before every so many rows; between two of them it is added up again.
+constexpr qsizetype markedRows = 256;
+/// Rows taken in at a stroke.
+constexpr qsizetype strokeRows = 256;
 
 bool sameValue(const Value& left, const Value& right) {
     if (left.asText() && right.asText())
@@ -94,45 +68,159 @@ bool sameValue(const Value& left, const Value& right) {
 } // namespace
 
 Evaluator::Evaluator(std::shared_ptr<const ReportData> data) : m_data(std::move(data)) {
-    if (!m_data->tables.empty())
-        m_rowCount = m_data->tables.front().count();
-    findGroups();
+    if (m_data->details) {
+        m_rows = m_data->details.get();
+    } else if (!m_data->tables.empty()) {
+        m_held.emplace(m_data->tables.front());
+        m_rows = &*m_held;
+    }
+    const std::size_t groups = m_data->definition->groups.size();
+    m_begins.resize(groups);
+    m_keys.resize(groups);
+    prepareSums();
 }
 
-void Evaluator::findGroups() {
-    const auto& groups = m_data->definition->groups;
-    m_begun.assign(std::size_t(m_rowCount), std::uint8_t(groups.size()));
-    std::vector<Value> before(groups.size());
-    for (qsizetype row = 0; row < m_rowCount; ++row) {
-        const Scope scope{row, -1, 0, 0};
-        for (std::size_t level = groups.size(); level-- > 0;) {
-            Value now = value(groups[level].by, scope);
-            if (row == 0 || !sameValue(now, before[level]))
-                m_begun[std::size_t(row)] = std::uint8_t(level);
-            before[level] = std::move(now);
+Evaluator::~Evaluator() = default;
+
+/// Sums that the bands tell are added up with the rows as they come, instead of in a walk of their own.
+void Evaluator::prepareSums() {
+    const ReportDefinition& definition = *m_data->definition;
+    for (const auto* bands : {&definition.reportHeaders, &definition.pageHeaders, &definition.details,
+                              &definition.pageFooters, &definition.reportFooters})
+        prepareSums(*bands, -1);
+    for (std::size_t level = 0; level < definition.groups.size(); ++level) {
+        const Group& group = definition.groups[level];
+        prepareSums(group.headers, int(level));
+        prepareSums(group.footers, int(level));
+        if (group.label)
+            prepareSums(*group.label, int(level));
+    }
+}
+
+void Evaluator::prepareSums(const std::vector<Band>& bands, int level) {
+    for (const Band& band : bands) {
+        if (band.visible)
+            prepareSums(*band.visible, level);
+        for (const Element& element : band.elements) {
+            const bool isChart = element.kind == Element::Kind::Chart;
+            for (const Expression* one :
+                 {element.visible ? &*element.visible : nullptr, element.tint ? &*element.tint : nullptr})
+                if (one)
+                    prepareSums(*one, level);
+            prepareSums(element.value, isChart ? element.index : level);
         }
     }
 }
 
-int Evaluator::firstGroupEnded(qsizetype row) const {
-    return row + 1 < m_rowCount ? firstGroupBegun(row + 1) : 0;
+void Evaluator::prepareSums(const Expression& expression, int level) {
+    if (expression.kind == Expression::Kind::Formula && expression.index >= 0 &&
+        std::size_t(expression.index) < m_data->formulas.size())
+        prepareSums(m_data->formulas[std::size_t(expression.index)], level);
+    if (expression.kind == Expression::Kind::Aggregate) {
+        if (expression.aggregate != Aggregate::Running)
+            sumsOf(expression, expression.index >= 0 ? expression.index : level);
+        return;
+    }
+    for (const Expression& argument : expression.arguments)
+        prepareSums(argument, level);
 }
 
-qsizetype Evaluator::groupBegin(int level, qsizetype row) const {
-    if (level < 0)
-        return 0;
-    while (row > 0 && firstGroupBegun(row) > level)
-        --row;
-    return row;
+Evaluator::Sums& Evaluator::sumsOf(const Expression& expression, int level) {
+    const auto [found, isNew] =
+        m_sums.try_emplace({&expression, level}, Sums{&expression, level, GroupSums(expression.aggregate)});
+    Sums& sums = found->second;
+    if (isNew && m_taken == 0 && !dependsOnSums(expression.arguments.front(), m_data->formulas)) {
+        sums.isLive = true;
+        m_live.push_back(&sums);
+    }
+    return sums;
 }
 
-qsizetype Evaluator::groupEnd(int level, qsizetype row) const {
-    if (level < 0)
-        return m_rowCount;
-    ++row;
-    while (row < m_rowCount && firstGroupBegun(row) > level)
-        ++row;
-    return row;
+void Evaluator::addRow(Sums& sums, qsizetype row) {
+    const Value one = value(sums.expression->arguments.front(), Scope{row, -1, 0, 0});
+    if (row > 0 && sums.level >= 0 && firstGroupBegun(row) <= sums.level)
+        sums.groups.beginGroup();
+    sums.groups.add(one);
+    sums.rows = row + 1;
+}
+
+/// The row's place in the groups, and its part in the sums.
+void Evaluator::takeRow(qsizetype row) {
+    const auto& groups = m_data->definition->groups;
+    auto begun = std::uint8_t(groups.size());
+    const Scope scope{row, -1, 0, 0};
+    for (std::size_t level = groups.size(); level-- > 0;) {
+        Value now = value(groups[level].by, scope);
+        if (row == 0 || !sameValue(now, m_keys[level]))
+            begun = std::uint8_t(level);
+        m_keys[level] = std::move(now);
+    }
+    m_begun.push_back(begun);
+    for (std::size_t level = begun; level < groups.size(); ++level)
+        m_begins[level].push_back(row);
+    for (Sums* sums : m_live) {
+        if (!sums->isLive)
+            continue;
+        try {
+            addRow(*sums, row);
+        } catch (const base::RunTimeError&) {
+            sums->isLive = false; // nobody may ask for it; who does meets the error again
+        }
+    }
+}
+
+/// Takes in rows that have arrived; false when there are none.
+bool Evaluator::takeSome() {
+    if (m_complete || m_taking)
+        return false;
+    const bool isComplete = !m_rows || m_rows->isComplete();
+    m_arrived = m_rows ? m_rows->count() : 0;
+    if (m_taken == m_arrived) {
+        m_complete = isComplete;
+        return false;
+    }
+    m_taking = true;
+    const auto done = qScopeGuard([this] { m_taking = false; });
+    const qsizetype end = std::min(m_arrived, m_taken + strokeRows);
+    while (m_taken < end) {
+        takeRow(m_taken);
+        ++m_taken;
+    }
+    return true;
+}
+
+qsizetype Evaluator::rowCount() {
+    wait({RowsWanted::What::All, 0, 0}, [] { return false; });
+    return m_taken;
+}
+
+/// Which of the level's groups the row belongs to, from 0.
+std::size_t Evaluator::groupOf(int level, qsizetype row) const {
+    const std::vector<qsizetype>& begins = m_begins[std::size_t(level)];
+    return std::size_t(std::upper_bound(begins.begin(), begins.end(), row) - begins.begin()) - 1;
+}
+
+bool Evaluator::isKnown(const RowsWanted& wanted) const {
+    switch (wanted.what) {
+    case RowsWanted::What::Row:
+        return m_complete || wanted.row < m_taken;
+    case RowsWanted::What::GroupEnd:
+        return m_complete ||
+               groupOf(wanted.level, wanted.row) + 1 < m_begins[std::size_t(wanted.level)].size();
+    case RowsWanted::What::All:
+        return m_complete;
+    }
+    return false;
+}
+
+bool Evaluator::satisfy(const RowsWanted& wanted, const QDeadlineTimer& deadline) {
+    while (!isKnown(wanted)) {
+        if (!takeSome())
+            return m_complete;
+        if (deadline.hasExpired())
+            return false;
+    }
+    return true;
 }
 
 bool Evaluator::isVisible(const std::optional<Expression>& condition, const Scope& scope) {
@@ -165,25 +253,46 @@ Value Evaluator::value(const Expression& expression, const Scope& scope) {
     return {};
 }
 
+/// An expression that is the number of pages, and nothing else.
+bool isPageCount(const Expression* expression, const std::vector<Expression>& formulas) {
+    while (expression->kind == Expression::Kind::Formula)
+        expression = &formulas[std::size_t(expression->index)];
+    return expression->kind == Expression::Kind::Special && expression->special == Special::PageCount;
+}
+
+Value Evaluator::shownValue(const Expression& expression, const Scope& scope) {
+    if (scope.pageCount == unknownPages && isPageCount(&expression, m_data->formulas))
+        return QStringLiteral("\u2026");
+    return value(expression, scope);
+}
+
+qsizetype Evaluator::columnOf(const Expression& expression, const std::vector<ado::Column>& columns) const {
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const ado::Column& one) {
+        return one.name.compare(expression.column, Qt::CaseInsensitive) == 0;
+    });
+    if (found == columns.end())
+        throw base::RunTimeError(
+            errorDamaged,
+            QStringLiteral("Table %1 of the report gives no column %2.")
+                .arg(m_data->definition->tables[std::size_t(expression.index)].name, expression.column));
+    return found - columns.begin();
+}
+
 Value Evaluator::columnValue(const Expression& expression, const Scope& scope) {
-    const ado::Rows& rows = m_data->tables.at(std::size_t(expression.index));
+    const bool isDetails = expression.index == 0 && m_rows;
     auto found = m_columns.constFind(&expression);
-    if (found == m_columns.constEnd()) {
-        qsizetype column = 0;
-        while (column < qsizetype(rows.columns.size()) &&
-               rows.columns[std::size_t(column)].name.compare(expression.column, Qt::CaseInsensitive) != 0)
-            ++column;
-        if (column == qsizetype(rows.columns.size()))
-            throw base::RunTimeError(
-                errorDamaged,
-                QStringLiteral("Table %1 of the report gives no column %2.")
-                    .arg(m_data->definition->tables[std::size_t(expression.index)].name, expression.column));
-        found = m_columns.insert(&expression, column);
+    if (found == m_columns.constEnd())
+        found = m_columns.insert(
+            &expression,
+            columnOf(expression, isDetails ? m_rows->columns()
+                                           : m_data->tables.at(std::size_t(expression.index)).columns));
+    if (!isDetails) {
+        const ado::Rows& rows = m_data->tables[std::size_t(expression.index)];
+        return rows.count() == 0 ? Value() : rows.at(0, *found);
     }
-    const qsizetype row = expression.index == 0 ? scope.row : 0;
-    if (row < 0 || row >= rows.count())
+    if (scope.row < 0 || (scope.row >= m_arrived && !hasRow(scope.row)))
         return {};
-    return rows.at(row, *found);
+    return m_rows->at(scope.row, *found);
 }
 
 Value Evaluator::specialValue(Special special, const Scope& scope) const {
@@ -191,7 +300,7 @@ Value Evaluator::specialValue(Special special, const Scope& scope) const {
     case Special::PageNumber:
         return scope.pageNumber;
     case Special::PageCount:
-        return scope.pageCount;
+        return scope.pageCount == unknownPages ? Value() : Value(scope.pageCount);
     case Special::RecordNumber:
         return qint64(scope.row + 1);
     case Special::PrintDate:
@@ -207,6 +316,9 @@ Value Evaluator::specialValue(Special special, const Scope& scope) const {
 }
 
 Value Evaluator::operationValue(const Expression& expression, const Scope& scope) {
+    if (expression.operation == Operator::Join)
+        return base::textOf(shownValue(expression.arguments[0], scope)) +
+               base::textOf(shownValue(expression.arguments[1], scope));
     const Value left = value(expression.arguments[0], scope);
     switch (expression.operation) {
     case Operator::Not:
@@ -222,8 +334,6 @@ Value Evaluator::operationValue(const Expression& expression, const Scope& scope
     }
     const Value right = value(expression.arguments[1], scope);
     switch (expression.operation) {
-    case Operator::Join:
-        return base::textOf(left) + base::textOf(right);
     case Operator::Add:
     case Operator::Subtract:
     case Operator::Multiply:
@@ -236,72 +346,57 @@ Value Evaluator::operationValue(const Expression& expression, const Scope& scope
 
 /// From the group's first row up to the one at hand; outside of rows there is none.
 Value Evaluator::runningValue(const Expression& expression, const Scope& scope) {
-    const int level = expression.index;
-    if (scope.row < 0)
+    if (scope.row < 0 || !hasRow(scope.row))
         return 0.0;
-    std::vector<double>& totals = m_running[{&expression, level}];
-    if (totals.empty()) {
-        totals.reserve(std::size_t(m_rowCount));
-        Total total;
-        for (qsizetype row = 0; row < m_rowCount; ++row) {
-            if (level >= 0 && firstGroupBegun(row) <= level)
-                total = {};
-            const Value one = value(expression.arguments.front(), Scope{row, -1, 0, 0});
-            if (countsAsNumber(one))
-                total.add(base::CDbl(one));
-            totals.push_back(total.sum);
-        }
+    Running& running = m_running[&expression];
+    if (running.row == scope.row)
+        return running.total.sum;
+    if (running.marks.empty())
+        running.marks.emplace_back();
+    const qsizetype mark = std::min(scope.row / markedRows, qsizetype(running.marks.size()) - 1);
+    qsizetype row = mark * markedRows;
+    Total total = running.marks[std::size_t(mark)];
+    if (running.row < scope.row && running.row >= row) {
+        row = running.row + 1;
+        total = running.total;
     }
-    return totals[std::size_t(scope.row)];
+    for (; row <= scope.row; ++row) {
+        if (row % markedRows == 0 && std::size_t(row / markedRows) == running.marks.size())
+            running.marks.push_back(total);
+        if (expression.index >= 0 && firstGroupBegun(row) <= expression.index)
+            total = {};
+        const Value one = value(expression.arguments.front(), Scope{row, -1, 0, 0});
+        if (countsAsNumber(one))
+            total.add(base::CDbl(one));
+    }
+    running.row = scope.row;
+    running.total = total;
+    return total.sum;
 }
 
 Value Evaluator::aggregateValue(const Expression& expression, const Scope& scope) {
+    if (m_taking)
+        throw base::RunTimeError(errorDamaged,
+                                 QStringLiteral("The report groups its rows by a sum of them."));
     if (expression.aggregate == Aggregate::Running)
         return runningValue(expression, scope);
     const int level = expression.index >= 0 ? expression.index : scope.level;
-    const qsizetype begin = level < 0 || scope.row < 0 ? 0 : groupBegin(level, scope.row);
-    const SumKey key{&expression, level, begin};
-    if (const auto kept = m_sums.find(key); kept != m_sums.end())
-        return kept->second;
-    const qsizetype end = m_rowCount == 0 ? 0 : groupEnd(level, begin);
-    return m_sums[key] = aggregateOver(expression, begin, end);
-}
-
-Value Evaluator::aggregateOver(const Expression& expression, qsizetype begin, qsizetype end) {
-    const Expression& counted = expression.arguments.front();
-    qint64 count = 0;
-    Total total;
-    Value least;
-    Value most;
-    for (qsizetype row = begin; row < end; ++row) {
-        const Value one = value(counted, Scope{row, -1, 0, 0});
-        if (!countsAsNumber(one))
-            continue;
-        ++count;
-        if (expression.aggregate == Aggregate::Sum || expression.aggregate == Aggregate::Average) {
-            total.add(base::CDbl(one));
-        } else if (expression.aggregate != Aggregate::Count) {
-            if (least.isNull() || compare(one, least) < 0)
-                least = one;
-            if (most.isNull() || compare(one, most) > 0)
-                most = one;
-        }
+    Sums& sums = sumsOf(expression, level);
+    std::size_t group = 0;
+    if (level < 0 || !sums.isLive) {
+        rowCount();
+    } else {
+        hasRow(std::max<qsizetype>(scope.row, 0));
     }
-    switch (expression.aggregate) {
-    case Aggregate::Sum:
-        return total.sum;
-    case Aggregate::Count:
-        return count;
-    case Aggregate::Average:
-        return count == 0 ? Value() : Value(total.sum / double(count));
-    case Aggregate::Minimum:
-        return least;
-    case Aggregate::Maximum:
-        return most;
-    case Aggregate::Running: // has a way of its own
-        break;
+    if (level >= 0 && m_taken > 0) {
+        const qsizetype row = std::max<qsizetype>(scope.row, 0);
+        group = groupOf(level, row);
+        const RowsWanted wanted{RowsWanted::What::GroupEnd, row, level};
+        wait(wanted, [&] { return isKnown(wanted); });
     }
-    return {};
+    while (sums.rows < m_taken)
+        addRow(sums, sums.rows);
+    return sums.groups.at(group);
 }
 
 } // namespace report

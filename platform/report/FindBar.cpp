@@ -61,13 +61,24 @@ QString FindBar::text() const {
     return m_text->text();
 }
 
-void FindBar::setCount(int current, int count) {
+void FindBar::setCount(int current, int count, bool searching) {
     if (m_text->text().isEmpty())
         m_count->clear();
     else if (count == 0)
-        m_count->setText(tr("Not found"));
+        m_count->setText(searching ? tr("Searching\u2026") : tr("Not found"));
     else
-        m_count->setText(tr("%1 of %2").arg(current + 1).arg(count));
+        m_count->setText(tr("%1 of %2").arg(current + 1).arg(count) +
+                         (searching ? QStringLiteral("\u2026") : QString()));
+}
+
+/// Escape closes the search first, whatever else it would do around it.
+bool FindBar::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {

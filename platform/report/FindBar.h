@@ -17,8 +17,8 @@ class FindBar : public QWidget {
     /// Shows the bar, its text selected.
     void begin();
     QString text() const;
-    /// `current` from 0, -1 when there is none.
-    void setCount(int current, int count);
+    /// `current` from 0, -1 when there is none; the search may still be going on.
+    void setCount(int current, int count, bool searching);
 
   Q_SIGNALS:
     void textChanged(const QString& text);
@@ -26,6 +26,7 @@ class FindBar : public QWidget {
     void closed();
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:

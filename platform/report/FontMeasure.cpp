@@ -29,8 +29,10 @@ FontMeasure::FontMeasure(const Face& face) : m_face(face), m_metrics(fontOf(face
 double FontMeasure::exactWidth(QStringView text) const {
     double width = 0.0;
     for (const QChar c : text) {
-        if (c.unicode() > 255)
-            return m_metrics.horizontalAdvance(text.toString());
+        if (c.unicode() > 255) {
+            return needsShaping(text) ? ShapedLine(text.toString(), fontOf(m_face), false).width()
+                                      : m_metrics.horizontalAdvance(text.toString());
+        }
         width += m_latin1[c.unicode()];
     }
     return width;
@@ -97,6 +99,13 @@ QString FontMeasure::elided(const QString& text, Length width) const {
     const QString mark = QStringLiteral("\u2026");
     const double room = width.hundredths - exactWidth(mark);
     return (room <= 0 ? QString() : text.left(fitting(text, room)).trimmed()) + mark;
+}
+
+Extent FontMeasure::extentIn(const TextRun& run, qsizetype from, qsizetype count) const {
+    if (run.rightToLeft || needsShaping(run.text))
+        return ShapedLine(run.text, fontOf(m_face), run.rightToLeft).extentOf(from, count);
+    const QStringView text(run.text);
+    return {exactWidth(text.left(from)), exactWidth(text.mid(from, count))};
 }
 
 const FontMeasure& FontMeasures::of(const Face& face) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/report/Page.h"
+#include "platform/report/ShapedLine.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -29,6 +30,8 @@ class FontMeasure {
 
     /// Breaks at line ends and at blanks; a word wider than the line is broken where it is full.
     QStringList wrapped(const QString& text, Length width) const;
+    /// Where some signs of the run lie, from its left end; counted as they are stored.
+    Extent extentIn(const TextRun& run, qsizetype from, qsizetype count) const;
     /// The text, cut with "…" where it is wider.
     QString elided(const QString& text, Length width) const;
 

@@ -1,5 +1,6 @@
 #include "platform/report/Formulas.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace report {
@@ -11,16 +12,31 @@ void collectFormulas(const Expression& expression, std::vector<int>& found) {
         collectFormulas(argument, found);
 }
 
-bool dependsOnPage(const Expression& expression, const std::vector<Expression>& formulas) {
-    if (expression.kind == Expression::Kind::Special)
-        return expression.special == Special::PageNumber || expression.special == Special::PageCount;
+namespace {
+
+/// Whether a part of the expression, or of a formula in it, is one that `wanted` tells.
+template <typename Wanted>
+bool contains(const Expression& expression, const std::vector<Expression>& formulas, Wanted wanted) {
+    if (wanted(expression))
+        return true;
     if (expression.kind == Expression::Kind::Formula)
-        return dependsOnPage(formulas[std::size_t(expression.index)], formulas);
-    for (const Expression& argument : expression.arguments) {
-        if (dependsOnPage(argument, formulas))
-            return true;
-    }
-    return false;
+        return contains(formulas[std::size_t(expression.index)], formulas, wanted);
+    return std::any_of(expression.arguments.begin(), expression.arguments.end(),
+                       [&](const Expression& argument) { return contains(argument, formulas, wanted); });
+}
+
+} // namespace
+
+bool dependsOnPage(const Expression& expression, const std::vector<Expression>& formulas) {
+    return contains(expression, formulas, [](const Expression& part) {
+        return part.kind == Expression::Kind::Special &&
+               (part.special == Special::PageNumber || part.special == Special::PageCount);
+    });
+}
+
+bool dependsOnSums(const Expression& expression, const std::vector<Expression>& formulas) {
+    return contains(expression, formulas,
+                    [](const Expression& part) { return part.kind == Expression::Kind::Aggregate; });
 }
 
 int expandedSize(const Expression& expression, const std::vector<Expression>& formulas, int limit) {

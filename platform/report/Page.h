@@ -28,7 +28,8 @@ struct TextRun {
     QString text;
     Face face;
     QColor colour;
-    double degrees = 0; ///< turned about the frame's middle, clockwise
+    double degrees = 0;       ///< turned about the frame's middle, clockwise
+    bool rightToLeft = false; ///< the direction of the paragraph that the line belongs to
 };
 
 struct Stroke {

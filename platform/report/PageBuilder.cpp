@@ -12,6 +12,8 @@ namespace {
 using Stage = Position::Stage;
 
 const Length leastBody = Length::fromMm(8);
+/// A heading and two lines: less than that of a text is not left behind at a page's end.
+const Length leastTorn = Length::fromMm(17);
 
 Length topOf(const Item& item) {
     if (const Stroke* stroke = std::get_if<Stroke>(&item))
@@ -91,17 +93,20 @@ Scope PageBuilder::scopeAt(const Position& position) const {
 
 /// Page bands stand whole, one under the other; tells where the last one ends.
 Length PageBuilder::placeAll(const std::vector<Band>& bands, Length y, const Scope& scope) {
-    for (const Band& band : bands) {
-        if (!m_bands.isVisible(band, scope))
-            continue;
-        LaidBand laid = m_bands.lay(band, scope);
-        for (Item& item : laid.items) {
-            moveItem(item, m_x, y);
-            m_built.page.items.push_back(std::move(item));
-        }
-        y += laid.height;
-    }
+    for (const Band& band : bands)
+        y = placeWhole(band, y, scope);
     return y;
+}
+
+Length PageBuilder::placeWhole(const Band& band, Length y, const Scope& scope) {
+    if (!m_bands.isVisible(band, scope))
+        return y;
+    LaidBand laid = m_bands.lay(band, scope);
+    for (Item& item : laid.items) {
+        moveItem(item, m_x, y);
+        m_built.page.items.push_back(std::move(item));
+    }
+    return y + laid.height;
 }
 
 void PageBuilder::placeFooter(const Position& start) {
@@ -118,7 +123,13 @@ void PageBuilder::placePageHeaders(const Position& start) {
     Scope scope = scopeAt(start);
     scope.level = -1;
     const Length before = m_y;
-    m_y = placeAll(m_definition.pageHeaders, m_y, scope);
+    const std::vector<Band>& begun = m_flow.bandsAt(start);
+    const bool rows =
+        start.stage != Stage::ReportFooter || begun.empty() || !begun[std::size_t(start.band)].newPageBefore;
+    for (const Band& band : m_definition.pageHeaders) {
+        if (rows || !band.withRows)
+            m_y = placeWhole(band, m_y, scope);
+    }
     if (m_bottom - m_definition.top - (m_y - before) < leastBody)
         throw base::RunTimeError(
             errorDamaged, QStringLiteral("The report's page header and footer leave no room for rows."));
@@ -196,11 +207,12 @@ bool PageBuilder::beginsPage(const Group& group) {
 /// Whether the group at hand has room up to its end; true, too, when a fresh page would not help.
 bool PageBuilder::fitsWhole() {
     const int level = m_at.level;
-    const qsizetype end = m_evaluator.groupEnd(level, m_at.row);
+    const qsizetype first = m_at.row;
     const Length fresh = m_bottom - m_bodyTop;
     Length height;
-    for (Position at = m_at; at.row < end && at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
-        if (at.stage == Stage::GroupFooter && at.level < level)
+    for (Position at = m_at; at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
+        const bool isNextGroup = at.row > first && m_evaluator.firstGroupBegun(at.row) <= level;
+        if (isNextGroup || (at.stage == Stage::GroupFooter && at.level < level))
             break;
         const std::vector<Band>& bands = m_flow.bandsAt(at);
         if (bands.empty() || !m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
@@ -243,7 +255,8 @@ bool PageBuilder::placeBand(const Band& band) {
     const Length height = laid.height - m_at.offset;
     const bool isHeader = m_at.stage == Stage::GroupHeader;
     const Length together = isHeader ? height + keptWith(m_at) : height;
-    if (m_y + together > m_bottom && m_hasBody && m_at.offset == Length())
+    const bool tears = band.tear && m_bottom - m_y >= leastTorn;
+    if (m_y + together > m_bottom && m_hasBody && m_at.offset == Length() && !tears)
         return false;
     if (isHeader && m_at.band == 0 && m_at.offset == Length())
         addTreeEntry();

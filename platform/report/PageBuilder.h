@@ -26,6 +26,7 @@ class PageBuilder {
     static int groupsGoingOn(const Position& start, int groups);
 
     Length placeAll(const std::vector<Band>& bands, Length y, const Scope& scope);
+    Length placeWhole(const Band& band, Length y, const Scope& scope);
     void placeFooter(const Position& start);
     void placeReportHeaders();
     void placePageHeaders(const Position& start);

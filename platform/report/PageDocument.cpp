@@ -13,15 +13,30 @@ constexpr std::size_t keptPages = 24;
 
 } // namespace
 
-PageDocument::PageDocument(std::unique_ptr<PageSource> source, QString title, Length width, Length height,
-                           std::vector<TreeEntry> tree)
-    : m_source(std::move(source))
-    , m_title(std::move(title))
-    , m_width(width)
-    , m_height(height)
-    , m_tree(std::move(tree)) {}
+const std::vector<TreeEntry>& PageSource::groupTree() const {
+    static const std::vector<TreeEntry> none;
+    return none;
+}
+
+PageDocument::PageDocument(std::unique_ptr<PageSource> source, QString title, Length width, Length height)
+    : m_source(std::move(source)), m_title(std::move(title)), m_width(width), m_height(height) {}
 
 PageDocument::~PageDocument() = default;
+
+void PageDocument::setPages(std::unique_ptr<PageSource> source) {
+    m_kept.clear();
+    m_source = std::move(source);
+}
+
+void PageDocument::setRows(std::shared_ptr<const RowSource> rows, SheetHeading heading) {
+    m_rows = std::move(rows);
+    m_rowsHeading = std::move(heading);
+}
+
+const std::vector<TreeEntry>& PageDocument::groupTree() const {
+    static const std::vector<TreeEntry> none;
+    return m_source ? m_source->groupTree() : none;
+}
 
 std::shared_ptr<const Page> PageDocument::page(int index) const {
     if (index < 0 || index >= pageCount())

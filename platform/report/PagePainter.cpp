@@ -40,19 +40,25 @@ class Painting {
         }
         m_painter.setPen(run.colour);
         if (run.degrees == 0) {
-            m_painter.drawText(QPointF(run.frame.x.hundredths, run.baseline.hundredths), run.text);
+            drawLine(run, QPointF(run.frame.x.hundredths, run.baseline.hundredths));
             return;
         }
         const QRectF frame = rectOf(run.frame);
         m_painter.save();
         m_painter.translate(frame.center());
         m_painter.rotate(run.degrees);
-        m_painter.drawText(QPointF(-frame.width() / 2, run.baseline.hundredths - frame.center().y()),
-                           run.text);
+        drawLine(run, QPointF(-frame.width() / 2, run.baseline.hundredths - frame.center().y()));
         m_painter.restore();
     }
 
   private:
+    void drawLine(const TextRun& run, QPointF baseline) {
+        if (run.rightToLeft || needsShaping(run.text))
+            ShapedLine(run.text, m_painter.font(), run.rightToLeft).draw(m_painter, baseline);
+        else
+            m_painter.drawText(baseline, run.text);
+    }
+
     QPainter& m_painter;
     Face m_face{QString(), Length{-1}, false, false}; // none yet
 };

@@ -169,6 +169,17 @@ void PageView::setHits(std::vector<Hit> hits) {
     viewport()->update();
 }
 
+void PageView::extendHits(std::vector<Hit> hits) {
+    m_hits = std::move(hits);
+    viewport()->update();
+}
+
+void PageView::takeGrowth() {
+    updateBars();
+    tellPage();
+    viewport()->update();
+}
+
 void PageView::setCurrentHit(int index) {
     m_currentHit = index;
     if (index >= 0 && std::size_t(index) < m_hits.size())
@@ -179,7 +190,7 @@ void PageView::setCurrentHit(int index) {
 void PageView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), controls::look::page);
-    if (!m_document) {
+    if (!m_document || m_document->pageCount() == 0) {
         painter.setPen(controls::look::muted);
         painter.drawText(viewport()->rect(), Qt::AlignCenter, m_sentence);
         return;
@@ -206,7 +217,9 @@ void PageView::paintSheet(QPainter& painter, int page) const {
     painter.scale(scale(), scale());
     paintPage(painter, *m_document->page(page));
     painter.restore();
+    painter.save();
     paintMarks(painter, page);
+    painter.restore();
     painter.setPen(controls::look::line);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(sheet.adjusted(0, 0, -1, -1));

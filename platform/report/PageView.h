@@ -18,9 +18,13 @@ class PageView : public QAbstractScrollArea {
 
     explicit PageView(QWidget* parent = nullptr);
 
-    /// Null: nothing but `sentence` is shown.
+    /// Null, or without pages so far: nothing but `sentence` is shown.
     void setDocument(std::shared_ptr<const PageDocument> document, const QString& sentence = {});
     const PageDocument* document() const { return m_document.get(); }
+
+    /// Pages were added, or can be made better now.
+    void takeGrowth();
+    std::shared_ptr<const PageDocument> sharedDocument() const { return m_document; }
 
     Fit fit() const { return m_fit; }
     double zoom() const { return m_zoom; }
@@ -35,6 +39,8 @@ class PageView : public QAbstractScrollArea {
     /// Scrolls only if the place is out of sight.
     void reveal(const Hit& hit);
     void setHits(std::vector<Hit> hits);
+    /// The same hits and more behind them.
+    void extendHits(std::vector<Hit> hits);
     void setCurrentHit(int index);
 
     /// Text of the selection, else of the current page.

@@ -1,10 +1,10 @@
 #include "platform/report/Print.h"
 
-#include "platform/base/Error.h"
 #include "platform/report/PagePainter.h"
 #include "platform/report/ParameterPrompt.h"
+#include "platform/report/ProgressBox.h"
 #include "platform/report/Report.h"
-#include "platform/report/ReportError.h"
+#include "platform/report/SaveFile.h"
 
 #include <QApplication>
 #include <QPageLayout>
@@ -30,7 +30,21 @@ QPageLayout paperOf(const PageDocument& document) {
 }
 
 [[noreturn]] void failed(const QString& what, const QString& reason) {
-    throw base::RunTimeError(errorFile, QStringLiteral("Path/File access error: %1: %2").arg(what, reason));
+    throw fileError(what, reason);
+}
+
+/// Paints the pages `from` to `to`, counted from 1, `nextPage` between two of them. False when it was given
+/// up.
+bool paintPages(const PageDocument& document, QPainter& painter, int from, int to,
+                const std::function<void()>& nextPage, const ProgressCall& progress) {
+    for (int number = from; number <= to; ++number) {
+        if (number > from)
+            nextPage();
+        paintPage(painter, *document.page(number - 1));
+        if (progress && !progress({0, number - from + 1, to - from + 1}))
+            return false;
+    }
+    return true;
 }
 
 std::unique_ptr<PrintTarget>& target() {
@@ -46,7 +60,8 @@ bool DefaultPrinter::isReady() const {
 
 void DefaultPrinter::print(const PageDocument& document) {
     QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
-    printPages(document, printer, 1, document.pageCount());
+    ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));
+    printPages(document, printer, 1, document.pageCount(), box.call());
 }
 
 void PdfFile::print(const PageDocument& document) {
@@ -70,11 +85,18 @@ bool printDirect(Report& report) {
     if (!promptForParameters(report, QApplication::activeWindow()))
         return true;
     report.discardSavedData();
-    target()->print(*report.run());
+    std::unique_ptr<PageDocument> document;
+    {
+        ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));
+        document = report.run(box.call());
+    }
+    if (document)
+        target()->print(*document);
     return true;
 }
 
-void printPages(const PageDocument& document, QPrinter& printer, int from, int to) {
+bool printPages(const PageDocument& document, QPrinter& printer, int from, int to,
+                const ProgressCall& progress) {
     printer.setDocName(document.title());
     printer.setFullPage(true);
     printer.setPageLayout(paperOf(document));
@@ -84,16 +106,21 @@ void printPages(const PageDocument& document, QPrinter& printer, int from, int t
         failed(printer.printerName(), QStringLiteral("the printer does not take the job"));
     const double scale = double(printer.resolution()) / unitsPerInch;
     painter.scale(scale, scale);
-    for (int number = std::max(from, 1); number <= std::min(to, document.pageCount()); ++number) {
-        if (number > std::max(from, 1) && !printer.newPage())
+    const auto nextPage = [&] {
+        if (!printer.newPage())
             failed(printer.printerName(), QStringLiteral("the printer does not take a page"));
-        paintPage(painter, *document.page(number - 1));
+    };
+    if (!paintPages(document, painter, std::max(from, 1), std::min(to, document.pageCount()), nextPage,
+                    progress)) {
+        printer.abort();
+        return false;
     }
     if (!painter.end() || printer.printerState() == QPrinter::Error)
         failed(printer.printerName(), QStringLiteral("the job was not finished"));
+    return true;
 }
 
-void exportPdf(const PageDocument& document, const QString& path) {
+bool exportPdf(const PageDocument& document, const QString& path, const ProgressCall& progress) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         failed(path, file.errorString());
@@ -106,15 +133,17 @@ void exportPdf(const PageDocument& document, const QString& path) {
         QPainter painter;
         if (!painter.begin(&writer))
             failed(path, QStringLiteral("no page can be written"));
-        for (int i = 0; i < document.pageCount(); ++i) {
-            if (i > 0 && !writer.newPage())
+        const auto nextPage = [&] {
+            if (!writer.newPage())
                 failed(path, QStringLiteral("no page can be written"));
-            paintPage(painter, *document.page(i));
-        }
+        };
+        if (!paintPages(document, painter, 1, document.pageCount(), nextPage, progress))
+            return false;
         painter.end();
     }
     if (!file.commit())
         failed(path, file.errorString());
+    return true;
 }
 
 } // namespace report

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/report/PageDocument.h"
+#include "platform/report/Progress.h"
 
 #include <QString>
 
@@ -48,10 +49,13 @@ void setPrintTarget(const QString& pdfPath);
 /// caller can show it instead.
 bool printDirect(Report& report);
 
-/// Prints pages `from` to `to` (from 1, both included) on a printer that is set up.
-void printPages(const PageDocument& document, QPrinter& printer, int from, int to);
+/// Prints pages `from` to `to` (from 1, both included) on a printer that is set up. False when `progress`
+/// gave it up: the job is taken back where the printer allows it.
+bool printPages(const PageDocument& document, QPrinter& printer, int from, int to,
+                const ProgressCall& progress = {});
 
 /// Writes all pages as PDF, text as text. The file is there whole or not at all; raises 75 with the reason.
-void exportPdf(const PageDocument& document, const QString& path);
+/// False when `progress` gave it up.
+bool exportPdf(const PageDocument& document, const QString& path, const ProgressCall& progress = {});
 
 } // namespace report

@@ -5,6 +5,7 @@
 #include "platform/report/Evaluator.h"
 #include "platform/report/Layout.h"
 #include "platform/report/ReportError.h"
+#include "platform/report/Run.h"
 
 #include <QDir>
 #include <QFile>
@@ -70,8 +71,10 @@ Report::Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn)
         m_tables.push_back({table.location, {}, {}, {}, {}});
     for (const FormulaDefinition& one : m_definition->formulas)
         m_formulaTexts << one.text;
-    for (const SubReportDefinition& one : m_definition->subReports)
+    for (const SubReportDefinition& one : m_definition->subReports) {
         m_subReports.push_back(std::unique_ptr<Report>(new Report(one.definition, m_logOn)));
+        m_subReports.back()->m_linked = one.linked;
+    }
 }
 
 Report::~Report() = default;
@@ -102,10 +105,18 @@ bool Report::hasParameter(int index) const {
 std::vector<int> Report::missingParameters() const {
     std::vector<int> missing;
     for (int i = 0; i < int(m_parameters.size()); ++i) {
-        if (!hasParameter(i))
+        if (!hasParameter(i) && !isLinked(i))
             missing.push_back(i);
     }
     return missing;
+}
+
+bool Report::isLinked(int parameter) const {
+    return std::find(m_linked.begin(), m_linked.end(), parameter) != m_linked.end();
+}
+
+QStringList Report::formulaNames() const {
+    return m_definition->names().formulas;
 }
 
 QString Report::formula(const QString& name) const {
@@ -169,47 +180,114 @@ ado::Statement Report::tableStatement(std::size_t table) const {
     return ado::definedStatement(text, values);
 }
 
-ado::Rows Report::readTable(std::size_t table) const {
+std::unique_ptr<ado::Connection> Report::connect(std::size_t table) const {
     const TableLogOn& one = m_tables[table];
-    const std::unique_ptr<ado::Connection> connection =
-        m_logOn(one.server, one.database, one.login, one.password);
+    return m_logOn(one.server, one.database, one.login, one.password);
+}
+
+ado::Rows Report::readTable(std::size_t table) const {
+    if (m_held) {
+        std::unique_ptr<ado::Connection>& held = m_held->at(table);
+        if (!held)
+            held = connect(table);
+        return held->Execute(tableStatement(table)).rows();
+    }
+    const std::unique_ptr<ado::Connection> connection = connect(table);
     ado::Rows rows = connection->Execute(tableStatement(table)).rows();
     connection->Close();
     return rows;
 }
 
-std::vector<ado::Rows> Report::readTables() const {
-    std::vector<ado::Rows> tables;
-    for (std::size_t i = 0; i < m_tables.size(); ++i)
-        tables.push_back(readTable(i));
-    return tables;
+std::shared_ptr<const RowSource> Report::rows(const ProgressCall& progress) const {
+    if (m_tables.empty())
+        return nullptr;
+    const std::unique_ptr<ado::Connection> connection = connect(0);
+    StoreSink sink(progress);
+    const bool stopped = connection->stream(tableStatement(0), sink).stopped;
+    connection->Close();
+    if (stopped)
+        return nullptr;
+    sink.finish();
+    return sink.rows();
 }
 
-ado::Rows Report::rows() const {
-    return m_tables.empty() ? ado::Rows() : readTable(0);
+SheetHeading Report::rowsHeading() const {
+    std::vector<base::Value> values;
+    for (const auto& [given, value] : m_parameters)
+        values.push_back(value);
+    return headingOf(*m_definition, headingName, headingAddress, values);
 }
 
-std::shared_ptr<ReportData> Report::readData() const {
+/// Everything but the rows of the details.
+std::shared_ptr<ReportData> Report::readBesides() const {
     auto data = std::make_shared<ReportData>();
     data->definition = m_definition;
-    data->tables = readTables();
+    data->tables.resize(m_tables.size());
+    for (std::size_t i = 1; i < m_tables.size(); ++i)
+        data->tables[i] = readTable(i);
     for (const auto& [given, value] : m_parameters)
         data->parameters.push_back(value);
     data->formulas = m_formulas;
     data->headingName = headingName;
     data->headingAddress = headingAddress;
     data->printedAt = base::now();
-    for (const std::unique_ptr<Report>& subReport : m_subReports) {
-        std::shared_ptr<ReportData> inner = subReport->readData();
-        inner->headingName = headingName;
-        inner->headingAddress = headingAddress;
-        data->subReports.push_back(std::move(inner));
+    data->watermark = watermark;
+    for (std::size_t i = 0; i < m_subReports.size(); ++i) {
+        Report& subReport = *m_subReports[i];
+        subReport.headingName = headingName;
+        subReport.headingAddress = headingAddress;
+        const bool ahead = m_definition->subReports[i].readAhead;
+        data->subReports.push_back(ahead ? subReport.readData() : nullptr);
+        data->linked.push_back(subReport.linkedReader());
     }
     return data;
 }
 
-std::unique_ptr<PageDocument> Report::run() {
-    return layout(readData());
+/// The pages outlive this report and ask again and again: a copy reads for them, over connections that stay.
+ReadLinked Report::linkedReader() const {
+    std::shared_ptr<Report> copy(new Report(m_definition, m_logOn));
+    copy->headingName = headingName;
+    copy->headingAddress = headingAddress;
+    copy->m_tables = m_tables;
+    copy->m_parameters = m_parameters;
+    copy->m_formulas = m_formulas;
+    copy->m_held = std::make_unique<Connections>(m_tables.size());
+    return [copy](const LinkedValues& values) {
+        for (const auto& [parameter, value] : values)
+            copy->setParameter(parameter, value);
+        return copy->readData();
+    };
+}
+
+std::shared_ptr<ReportData> Report::readData() const {
+    std::shared_ptr<ReportData> data = readBesides();
+    if (!m_tables.empty())
+        data->tables[0] = readTable(0);
+    return data;
+}
+
+std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
+    std::shared_ptr<const RowSource> details = rows(progress);
+    if (!m_tables.empty() && !details)
+        return nullptr;
+    std::shared_ptr<ReportData> data = readBesides();
+    data->details = std::move(details);
+    return layout(std::move(data), progress);
+}
+
+QString quotedFormula(const QString& text) {
+    QString inside = text;
+    return u'"' + inside.replace(u'"', QLatin1StringView("\"\"")) + u'"';
+}
+
+std::unique_ptr<Run> Report::start() {
+    std::shared_ptr<ReportData> data = readBesides();
+    std::unique_ptr<RowReader> reader;
+    if (!m_tables.empty()) {
+        const ado::Statement statement = tableStatement(0);
+        reader = std::make_unique<RowReader>(connect(0), statement);
+    }
+    return std::make_unique<Run>(std::move(data), std::move(reader));
 }
 
 } // namespace report

@@ -2,6 +2,9 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/base/Value.h"
+#include "platform/report/LinkedValues.h"
+#include "platform/report/Progress.h"
+#include "platform/report/SheetHeading.h"
 
 #include <QString>
 #include <QStringList>
@@ -14,8 +17,9 @@ namespace report {
 
 class ReportDefinition;
 class PageDocument;
+class RowSource;
+class Run;
 struct Expression;
-struct ReportData;
 
 /// Opens a connection for a report's tables. Raises what the server says.
 using LogOn = std::function<std::unique_ptr<ado::Connection>(const QString& server, const QString& database,
@@ -42,6 +46,8 @@ class Report {
     /// The two document properties that make the heading.
     QString headingName;
     QString headingAddress;
+    /// Stands across every page ("RE-PRINT"), in place of the definition's own; "" leaves that.
+    QString watermark;
 
     /// A changed location must read "DATABASE..table": run() raises 20515 otherwise.
     std::vector<TableLogOn>& tables() { return m_tables; }
@@ -53,33 +59,46 @@ class Report {
     /// Raises 9 when there is no parameter of that name.
     void setParameter(const QString& name, base::Value value);
     bool hasParameter(int index) const;
-    /// Parameters without a value, in stored order: they prompt before the report runs.
+    /// Parameters without a value, in stored order: they prompt before the report runs. A sub-report's
+    /// parameters that get theirs from where it is placed are not among them.
     std::vector<int> missingParameters() const;
 
+    QStringList formulaNames() const; ///< in stored order
     /// Raises 9 when there is no formula of that name.
     QString formula(const QString& name) const;
-    /// Raises 9, and 20515 when the text cannot be read or leads back to itself.
+    /// Raises 9, and 20515 when the text cannot be read or leads back to itself. quotedFormula() makes a
+    /// formula of a text that is to stand there as it is.
     void setFormula(const QString& name, const QString& text);
 
     /// A report inside this one, opened by name. Raises 20515 when there is none. Owned by this report.
     Report& subReport(const QString& name);
     QStringList subReportNames() const;
 
-    /// Reads the rows that make the details. Raises what the server says.
-    ado::Rows rows() const;
+    /// Reads the rows that make the details, without holding them all in memory. Null when the report has no
+    /// table, or when `progress` gave it up. Raises what the server says.
+    std::shared_ptr<const RowSource> rows(const ProgressCall& progress = {}) const;
+
+    /// What a sheet of them is headed with.
+    SheetHeading rowsHeading() const;
 
     /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
     void discardSavedData();
 
     /// Reads the rows and lays out all pages. Parameters without a value are Null. Raises what the server
-    /// says and what layout() raises. The document stands on its own: the report may go.
-    std::unique_ptr<PageDocument> run();
+    /// says and what layout() raises. The document stands on its own: the report may go. Null
+    /// when `progress`, called on this thread, gave it up.
+    std::unique_ptr<PageDocument> run(const ProgressCall& progress = {});
+    /// The same, but comes back at once: whoever wants the pages lets the run work. Raises at once what a
+    /// log-on and the smaller tables raise. The run stands on its own.
+    std::unique_ptr<Run> start();
 
   private:
     Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn);
-    int formulaIndex(const QString& name) const;
-    std::vector<ado::Rows> readTables() const;
+    std::unique_ptr<ado::Connection> connect(std::size_t table) const;
+    bool isLinked(int parameter) const;
+    ReadLinked linkedReader() const;
     ado::Rows readTable(std::size_t table) const;
+    std::shared_ptr<ReportData> readBesides() const;
     std::shared_ptr<ReportData> readData() const;
     QString queryFormula(int index) const;
     ado::Statement tableStatement(std::size_t table) const;
@@ -91,6 +110,13 @@ class Report {
     QStringList m_formulaTexts;
     std::vector<Expression> m_formulas;
     std::vector<std::unique_ptr<Report>> m_subReports;
+    std::vector<int> m_linked; ///< parameters that a report around this one gives
+    using Connections = std::vector<std::unique_ptr<ado::Connection>>;
+    /// Of the tables, kept open between readings; null: each reading opens its own.
+    std::unique_ptr<Connections> m_held;
 };
+
+/// The text as a formula that tells it: in double quotes, those inside it doubled.
+QString quotedFormula(const QString& text);
 
 } // namespace report

@@ -27,6 +27,12 @@ struct FontStyle {
     QColor colour = QColor(0x1F, 0x2A, 0x33);
 };
 
+/// A sub-report's parameter that takes its value from where it is placed.
+struct Link {
+    int parameter = 0;
+    Expression value;
+};
+
 /// Something in a band. Its frame counts from the band's top left corner.
 struct Element {
     enum class Kind { Field, Line, Box, Picture, Chart, SubReport };
@@ -53,7 +59,8 @@ struct Element {
     // Chart: a bar a row, or a bar a group of the level `index`. SubReport: its `index`.
     Expression label;
     int index = -1;
-    int most = 0; ///< bars; what is left over makes one more
+    std::vector<Link> links; ///< of a sub-report
+    int most = 0;            ///< bars; what is left over makes one more
 };
 
 struct Band {
@@ -61,7 +68,10 @@ struct Band {
     std::vector<Element> elements;
     std::optional<Expression> visible;
     bool newPageBefore = false;
+    /// Page headers: left out where a page begins with a report footer that wanted a page of its own.
+    bool withRows = false;
     bool atBottom = false; ///< report footers: stands right above the page footer
+    bool tear = false;     ///< begins where the page has room for a few lines, and goes on on the next one
 };
 
 struct Group {
@@ -104,6 +114,8 @@ class ReportDefinition;
 struct SubReportDefinition {
     QString name;
     std::shared_ptr<const ReportDefinition> definition;
+    std::vector<int> linked; ///< parameters that get their value wherever it is placed
+    bool readAhead = true;   ///< its rows are the same wherever it is placed, at least once
 };
 
 /// A report as its file tells it. Never changed once it is read. The first table gives the details, one band

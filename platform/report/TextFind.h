@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/report/FontMeasure.h"
 #include "platform/report/PageDocument.h"
 
 namespace report {
@@ -10,7 +11,30 @@ struct Hit {
     Frame frame;  ///< of the found signs
 };
 
-/// All places of the text, in reading order, cases not told apart. Nothing for an empty text.
-std::vector<Hit> findText(const PageDocument& document, const QString& text);
+/// A search that goes through a document page by page, in reading order, cases not told apart. An empty text
+/// is found nowhere.
+class TextFind {
+  public:
+    static constexpr std::size_t mostHits = 100000;
+
+    TextFind(std::shared_ptr<const PageDocument> document, QString text);
+
+    /// Searches for about so many milliseconds; true when all pages there are were searched, or there are as
+    /// many hits as anybody wants. Goes on when the document has grown.
+    bool work(int milliseconds);
+    const std::vector<Hit>& hits() const { return m_hits; }
+
+  private:
+    void searchPage(int page);
+
+    std::shared_ptr<const PageDocument> m_document;
+    QString m_text;
+    FontMeasures m_measures;
+    std::vector<Hit> m_hits;
+    int m_page = 0; ///< the next one
+};
+
+/// All places of the text at once.
+std::vector<Hit> findText(std::shared_ptr<const PageDocument> document, const QString& text);
 
 } // namespace report

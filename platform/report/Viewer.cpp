@@ -2,25 +2,24 @@
 
 #include "platform/controls/Connect.h"
 #include "platform/controls/Look.h"
-#include "platform/controls/MessageBox.h"
 #include "platform/report/FindBar.h"
 #include "platform/report/ParameterPrompt.h"
-#include "platform/report/Print.h"
 #include "platform/report/Report.h"
+#include "platform/report/RunBar.h"
+#include "platform/report/RunDriver.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintDialog>
-#include <QPrinter>
+#include <QScopeGuard>
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -30,6 +29,11 @@ namespace report {
 namespace {
 
 constexpr std::array zoomSteps{25, 50, 75, 100, 125, 150, 200, 300, 400};
+
+// milliseconds
+constexpr int firstFindSlice = 60;
+constexpr int findSlice = 15;
+constexpr int betweenHits = 200;
 
 enum TreeRole { PageRole = Qt::UserRole, HeightRole };
 
@@ -48,6 +52,7 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     m_tree->hide();
     m_findBar = new FindBar(this);
     m_findBar->hide();
+    m_driver = new RunDriver(this);
     auto* splitter = new QSplitter(this);
     splitter->addWidget(m_tree);
     splitter->addWidget(m_pages);
@@ -57,9 +62,12 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_bar);
+    addCommands();
+    m_runBar = new RunBar(command(QStringLiteral("stop")), this);
+    m_runBar->hide();
+    column->addWidget(m_runBar);
     column->addWidget(m_findBar);
     column->addWidget(splitter, 1);
-    addCommands();
     connectPages();
     setFocusProxy(m_pages);
     setDocument(nullptr);
@@ -68,7 +76,8 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
 void Viewer::addCommands() {
     const auto page = [this] { return m_pages->currentPage(); };
     addCommand("print", "print", tr("Print"), {Qt::CTRL | Qt::Key_P}, [this] { print(); });
-    addCommand("export", "export", tr("Export to PDF"), {Qt::CTRL | Qt::Key_E}, [this] { askExport(); });
+    addCommand("export", "export", tr("Export to PDF, Excel or CSV"), {Qt::CTRL | Qt::Key_E},
+               [this] { askExport(); });
     addCommand("copy", "copy", tr("Copy text"), {Qt::CTRL | Qt::Key_C},
                [this] { QApplication::clipboard()->setText(m_pages->textToCopy()); });
     m_bar->addSeparator();
@@ -92,14 +101,16 @@ void Viewer::addCommands() {
                [this] { m_pages->setFit(PageView::Fit::Page); });
     m_bar->addSeparator();
     addCommand("find", "search", tr("Find"), {Qt::CTRL | Qt::Key_F}, [this] { m_findBar->begin(); });
-    QAction* tree = addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T},
-                               [this] { setGroupTreeShown(!m_treeWanted); });
+    QAction* tree =
+        addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T}, [this] { toggleTree(); });
     tree->setCheckable(true);
+    addNote();
     addCommand("findNext", nullptr, tr("Next hit"), {Qt::Key_F3}, [this] { findStep(1); });
     addCommand("findPrevious", nullptr, tr("Previous hit"), {Qt::SHIFT | Qt::Key_F3},
                [this] { findStep(-1); });
     addCommand("actualSize", nullptr, tr("Natural size"), {Qt::CTRL | Qt::Key_0},
                [this] { m_pages->setZoom(1.0); });
+    addCommand("stop", nullptr, tr("Stop"), {Qt::Key_Escape}, [this] { m_driver->stop(); });
     addCommand("goTo", nullptr, tr("Go to page"), {Qt::CTRL | Qt::Key_G}, [this] {
         m_pageField->setFocus(Qt::ShortcutFocusReason);
         m_pageField->selectAll();
@@ -132,6 +143,7 @@ void Viewer::addPageField() {
     m_pageField->setToolTip(tr("Page number, then Enter (Ctrl+G)"));
     m_pageField->setAccessibleName(tr("Page number"));
     m_pageCount = new QLabel(this);
+    m_pageCount->setObjectName(QStringLiteral("pageCount"));
     m_pageCount->setProperty("kind", QStringLiteral("help"));
     m_pageCount->setContentsMargins(4, 0, 4, 0);
     m_bar->addWidget(m_pageField);
@@ -162,6 +174,9 @@ void Viewer::connectPages() {
             if (item)
                 m_pages->goTo(item->data(0, PageRole).toInt(), Length{item->data(0, HeightRole).toInt()});
         });
+    controls::on(m_driver, &RunDriver::grew, this, [this] { showGrowth(); });
+    controls::on(m_driver, &RunDriver::ended, this, [this] { showEnd(); });
+    controls::on(&m_findTimer, &QTimer::timeout, this, [this] { findFurther(findSlice); });
     controls::on(m_findBar, &FindBar::textChanged, this, [this](const QString& text) { find(text); });
     controls::on(m_findBar, &FindBar::step, this, [this](int direction) { findStep(direction); });
     controls::on(m_findBar, &FindBar::closed, this, [this] {
@@ -178,42 +193,92 @@ bool Viewer::showReport(Report& report) {
     setDocument(nullptr);
     if (!promptForParameters(report, this))
         return false;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    std::shared_ptr<const PageDocument> document;
-    try {
-        document = report.run();
-    } catch (...) {
-        QApplication::restoreOverrideCursor();
-        throw;
+    {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto done = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+        m_driver->start(report.start());
     }
-    QApplication::restoreOverrideCursor();
-    setDocument(std::move(document));
+    showDocument(m_driver->run()->document(), tr("The first page is on its way."));
     return true;
 }
 
+bool Viewer::isRunning() const {
+    return m_driver->isRunning();
+}
+
 void Viewer::setDocument(std::shared_ptr<const PageDocument> document) {
+    m_driver->clear();
+    showDocument(std::move(document), tr("The report was not run."));
+}
+
+void Viewer::showDocument(std::shared_ptr<const PageDocument> document, const QString& sentence) {
     const bool given = document != nullptr;
-    m_pages->setDocument(std::move(document), tr("The report was not run."));
+    m_printWanted = false;
+    m_pages->setDocument(std::move(document), sentence);
     for (QAction* action : actions())
         action->setEnabled(given);
     m_pageField->setEnabled(given);
     m_zoomBox->setEnabled(given);
-    m_pageCount->setText(given ? tr("of %1").arg(m_pages->document()->pageCount()) : QString());
+    m_note->clear();
     find(m_findBar->isVisible() ? m_findBar->text() : QString());
-    fillTree();
-    setGroupTreeShown(m_treeWanted);
+    m_tree->clear();
+    m_treePath.clear();
+    m_treeFilled = 0;
     showPage(m_pages->currentPage());
     showZoom();
+    showRun();
 }
 
+/// What hangs on whether more pages are to come.
+void Viewer::showRun() {
+    const PageDocument* shown = document();
+    const bool running = isRunning();
+    const bool stopped = shown && !running && !shown->isComplete();
+    m_runBar->setVisible(running || stopped);
+    if (running)
+        m_runBar->showRunning(m_driver->run()->progress());
+    else if (stopped)
+        m_runBar->showStopped();
+    command(QStringLiteral("stop"))->setEnabled(running);
+    for (const char* name : {"print", "export"})
+        command(QLatin1StringView(name))->setEnabled(shown && shown->isComplete());
+    m_pageCount->setText(shown ? tr("of %1").arg(shown->pageCount()) +
+                                     (running ? QStringLiteral("\u2026") : QString())
+                               : QString());
+    fillTree();
+    setGroupTreeShown(m_treeWanted);
+    enablePageCommands();
+}
+
+void Viewer::showGrowth() {
+    m_pages->takeGrowth();
+    if (m_find && !m_findTimer.isActive())
+        m_findTimer.start(0);
+    showRun();
+}
+
+void Viewer::showEnd() {
+    showGrowth();
+    find(m_findBar->isVisible() ? m_findBar->text() : QString());
+    if (std::exchange(m_printWanted, false) && document()->isComplete())
+        print();
+}
+
+/// Adds the groups that have come since the last time.
 void Viewer::fillTree() {
-    const QSignalBlocker blocker(m_tree);
-    m_tree->clear();
-    if (!m_pages->document())
+    if (!document())
         return;
-    std::vector<QTreeWidgetItem*> path;
+    const QSignalBlocker blocker(m_tree);
+    std::vector<QTreeWidgetItem*>& path = m_treePath;
     QList<QTreeWidgetItem*> top;
-    for (const TreeEntry& entry : m_pages->document()->groupTree()) {
+    const std::vector<TreeEntry>& entries = document()->groupTree();
+    if (m_treeFilled > entries.size()) { // a run that began anew
+        m_tree->clear();
+        path.clear();
+        m_treeFilled = 0;
+    }
+    for (; m_treeFilled < entries.size(); ++m_treeFilled) {
+        const TreeEntry& entry = entries[m_treeFilled];
         auto* item = new QTreeWidgetItem({entry.text.isEmpty() ? tr("(blank)") : entry.text});
         item->setData(0, PageRole, entry.page);
         item->setData(0, HeightRole, entry.y.hundredths);
@@ -235,13 +300,35 @@ void Viewer::setGroupTreeShown(bool shown) {
     command(QStringLiteral("tree"))->setChecked(shown && hasGroups);
 }
 
+/// By its key the tree takes the keyboard, standing at the group in sight, and gives it back.
+void Viewer::toggleTree() {
+    setGroupTreeShown(!m_treeWanted);
+    if (!m_tree->isVisibleTo(this)) {
+        m_pages->setFocus();
+        return;
+    }
+    const QSignalBlocker blocker(m_tree);
+    m_tree->setCurrentItem(m_tree->topLevelItem(0));
+    for (QTreeWidgetItemIterator item(m_tree); *item; ++item) {
+        if ((*item)->data(0, PageRole).toInt() <= m_pages->currentPage())
+            m_tree->setCurrentItem(*item);
+    }
+    m_tree->setFocus(Qt::ShortcutFocusReason);
+}
+
 void Viewer::showPage(int page) {
     m_pageField->setText(page < 0 ? QString() : QString::number(page + 1));
-    const int pages = m_pages->document() ? m_pages->document()->pageCount() : 0;
+    enablePageCommands();
+}
+
+void Viewer::enablePageCommands() {
+    const int page = m_pages->currentPage();
+    const int pages = document() ? document()->pageCount() : 0;
     for (const char* name : {"first", "previous"})
         command(QLatin1StringView(name))->setEnabled(page > 0);
-    for (const char* name : {"next", "last"})
-        command(QLatin1StringView(name))->setEnabled(page >= 0 && page + 1 < pages);
+    const bool further = page >= 0 && page + 1 < pages;
+    command(QStringLiteral("next"))->setEnabled(further);
+    command(QStringLiteral("last"))->setEnabled(further && !isRunning());
 }
 
 void Viewer::showZoom() {
@@ -269,83 +356,52 @@ void Viewer::goToTyped() {
 }
 
 void Viewer::find(const QString& text) {
-    m_hits = m_pages->document() ? findText(*m_pages->document(), text) : std::vector<Hit>();
+    m_findTimer.stop();
     m_currentHit = -1;
-    m_pages->setHits(m_hits);
-    const int page = m_pages->currentPage();
-    const auto first =
-        std::find_if(m_hits.begin(), m_hits.end(), [page](const Hit& hit) { return hit.page >= page; });
-    if (!m_hits.empty())
-        m_currentHit = first == m_hits.end() ? 0 : int(first - m_hits.begin());
-    m_pages->setCurrentHit(m_currentHit);
-    m_findBar->setCount(m_currentHit, int(m_hits.size()));
+    m_pages->setHits({});
+    m_find.reset();
+    if (document() && !text.isEmpty())
+        m_find = std::make_unique<TextFind>(m_pages->sharedDocument(), text);
+    findFurther(firstFindSlice);
+}
+
+/// Searches on; a long report is searched between the events.
+void Viewer::findFurther(int milliseconds) {
+    const bool done = !m_find || m_find->work(milliseconds);
+    if (done)
+        m_findTimer.stop();
+    else if (!m_findTimer.isActive())
+        m_findTimer.start(0);
+    if (done || m_currentHit < 0 || m_sinceHits.elapsed() >= betweenHits)
+        showHits(!done);
+}
+
+void Viewer::showHits(bool searching) {
+    m_sinceHits.start();
+    const std::vector<Hit> hits = m_find ? m_find->hits() : std::vector<Hit>();
+    m_pages->extendHits(hits);
+    if (m_currentHit < 0 && !hits.empty()) {
+        const int page = m_pages->currentPage();
+        const auto first =
+            std::find_if(hits.begin(), hits.end(), [page](const Hit& hit) { return hit.page >= page; });
+        if (first != hits.end() || !searching) {
+            m_currentHit = first == hits.end() ? 0 : int(first - hits.begin());
+            m_pages->setCurrentHit(m_currentHit);
+        }
+    }
+    m_findBar->setCount(m_currentHit, int(hits.size()), searching || isRunning());
 }
 
 void Viewer::findStep(int direction) {
-    if (m_hits.empty()) {
+    const int count = m_find ? int(m_find->hits().size()) : 0;
+    if (count == 0) {
         if (!m_findBar->isVisible())
             m_findBar->begin();
         return;
     }
-    const int count = int(m_hits.size());
     m_currentHit = (m_currentHit + direction + count) % count;
     m_pages->setCurrentHit(m_currentHit);
-    m_findBar->setCount(m_currentHit, count);
-}
-
-void Viewer::print() {
-    if (!document())
-        return;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(document()->title());
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
-    dialog.setMinMax(1, document()->pageCount());
-    const controls::ModalLevel level;
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    controls::ErrorBoundary::throwIfStopping();
-    if (accepted)
-        printOn(printer);
-}
-
-void Viewer::printOn(QPrinter& printer) {
-    int from = 1;
-    int to = document()->pageCount();
-    if (printer.printRange() == QPrinter::CurrentPage)
-        from = to = m_pages->currentPage() + 1;
-    else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0)
-        from = printer.fromPage(), to = printer.toPage();
-    try {
-        printPages(*document(), printer, from, to);
-    } catch (const base::RunTimeError& error) {
-        controls::MsgBox(error.description(), controls::vbExclamation, tr("Print"));
-    }
-}
-
-void Viewer::askExport() {
-    if (!document())
-        return;
-    const controls::ModalLevel level;
-    QString path = QFileDialog::getSaveFileName(
-        this, tr("Export to PDF"), document()->title() + QStringLiteral(".pdf"), tr("PDF documents (*.pdf)"));
-    controls::ErrorBoundary::throwIfStopping();
-    if (path.isEmpty())
-        return;
-    if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
-        path += QStringLiteral(".pdf");
-    exportTo(path);
-}
-
-bool Viewer::exportTo(const QString& path) {
-    if (!document())
-        return false;
-    try {
-        exportPdf(*document(), path);
-        return true;
-    } catch (const base::RunTimeError& error) {
-        controls::MsgBox(error.description(), controls::vbExclamation, tr("Export to PDF"));
-        return false;
-    }
+    m_findBar->setCount(m_currentHit, count, m_findTimer.isActive() || isRunning());
 }
 
 } // namespace report

@@ -51,6 +51,36 @@ class BatchTransaction {
     bool m_committed = false;
 };
 
+/// Hands on and counts.
+class CountingSink : public ado::RowSink {
+  public:
+    explicit CountingSink(ado::RowSink& sink) : m_sink(sink) {}
+    void begin(const std::vector<ado::Column>& columns) override {
+        m_rows = 0;
+        m_sink.begin(columns);
+    }
+    bool row(std::vector<base::Value>& values) override {
+        ++m_rows;
+        return m_sink.row(values);
+    }
+    bool isWanted() const override { return m_sink.isWanted(); }
+    qint64 rows() const { return m_rows; }
+
+  private:
+    ado::RowSink& m_sink;
+    qint64 m_rows = 0;
+};
+
+QString outcomeOf(const ado::Result& result) {
+    return result.rows.columns.empty()
+               ? QStringLiteral("%1 written").arg(std::max<qint64>(0, result.affected))
+               : QStringLiteral("%1 rows").arg(result.rows.count());
+}
+
+QString outcomeOf(const ado::Streamed& end) {
+    return QStringLiteral("%1 rows").arg(end.rows) + (end.stopped ? QStringLiteral(", stopped") : QString());
+}
+
 } // namespace
 
 class EmbeddedProvider::Private {
@@ -73,8 +103,11 @@ class EmbeddedProvider::Private {
         sinceCheck.start();
     }
 
-    ado::Result execute(const QString& text);
-    void run(Module& module, ado::Result& result);
+    ado::Result execute(const QString& text, ado::RowSink* sink = nullptr);
+    void run(Module& module, ado::Result& result, ado::RowSink* sink);
+    template <typename Call>
+    auto traced(const QString& text, Call call);
+    void sortOnDisk();
     void lookForChanges();
     void readSettings();
     void forget();
@@ -95,6 +128,7 @@ class EmbeddedProvider::Private {
     bool tracing = false;
     long long seenChanges = 0;
     std::int64_t seenVersion = 0;
+    bool sortsOnDisk = false;
     QElapsedTimer sinceCheck;
 
   private:
@@ -130,13 +164,13 @@ void EmbeddedProvider::Private::lookForChanges() {
     readSettings();
 }
 
-ado::Result EmbeddedProvider::Private::execute(const QString& text) {
+ado::Result EmbeddedProvider::Private::execute(const QString& text, ado::RowSink* sink) {
     lookForChanges();
     const QByteArray utf8 = text.toUtf8();
     const std::shared_ptr<Module> module = batches.batch({utf8.constData(), std::size_t(utf8.size())});
     ado::Result result;
     try {
-        run(*module, result);
+        run(*module, result, sink);
     } catch (...) {
         // a full disk takes the whole transaction back, not the statement alone
         if (sqlite3_get_autocommit(file.handle()))
@@ -150,14 +184,14 @@ ado::Result EmbeddedProvider::Private::execute(const QString& text) {
     return result;
 }
 
-void EmbeddedProvider::Private::run(Module& module, ado::Result& result) {
+void EmbeddedProvider::Private::run(Module& module, ado::Result& result, ado::RowSink* sink) {
     const Plan plan = Planner(catalogue).plan(module);
     if (session.inTransaction || plan == Plan::Single) {
-        interpreter.runBatch(module, batches.values(), result);
+        interpreter.runBatch(module, batches.values(), result, sink);
         return;
     }
     BatchTransaction transaction(file, plan == Plan::Writes ? "BEGIN IMMEDIATE" : "BEGIN");
-    interpreter.runBatch(module, batches.values(), result);
+    interpreter.runBatch(module, batches.values(), result, sink);
     transaction.commit();
 }
 
@@ -229,30 +263,24 @@ EmbeddedProvider::~EmbeddedProvider() {
         sqlite3_exec(d->file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
-ado::Result EmbeddedProvider::execute(const QString& text) {
-    if (!d->tracing) {
-        try {
-            return d->execute(text);
-        } catch (const ScriptError& error) {
-            throw error.of(text);
-        } catch (const base::RunTimeError& error) {
-            throw error.withStatement(text);
-        }
-    }
+/// Runs the call, which gives what came of it and its outcome in words, and writes it into the diary.
+template <typename Call>
+auto EmbeddedProvider::Private::traced(const QString& text, Call call) {
     QElapsedTimer timer;
     timer.start();
     Trace::Line line{text, 0, {}, 0, false};
     const auto finish = [&] {
+        if (!tracing)
+            return;
         line.nanoseconds = timer.nsecsElapsed();
         try {
             const QByteArray utf8 = text.toUtf8();
-            const std::shared_ptr<Module> batch =
-                d->batches.batch({utf8.constData(), std::size_t(utf8.size())});
-            line.masked = d->holdsSecret(batch->batch.statements, batch->database);
+            const std::shared_ptr<Module> batch = batches.batch({utf8.constData(), std::size_t(utf8.size())});
+            line.masked = holdsSecret(batch->batch.statements, batch->database);
         } catch (const base::RunTimeError&) {
             line.masked = true; // a text that cannot be read may hold anything
         }
-        d->trace.write(line);
+        trace.write(line);
     };
     const auto fail = [&](const base::RunTimeError& error) {
         line.error = error.number();
@@ -260,10 +288,9 @@ ado::Result EmbeddedProvider::execute(const QString& text) {
         finish();
     };
     try {
-        ado::Result result = d->execute(text);
-        line.outcome = result.rows.columns.empty()
-                           ? QStringLiteral("%1 written").arg(std::max<qint64>(0, result.affected))
-                           : QStringLiteral("%1 rows").arg(result.rows.count());
+        auto result = call();
+        if (tracing)
+            line.outcome = outcomeOf(result);
         finish();
         return result;
     } catch (const ScriptError& error) {
@@ -273,6 +300,37 @@ ado::Result EmbeddedProvider::execute(const QString& text) {
         fail(error);
         throw error.withStatement(text);
     }
+}
+
+/// A statement whose rows are not held shall not hold them to sort them, either.
+void EmbeddedProvider::Private::sortOnDisk() {
+    if (sortsOnDisk || session.inTransaction)
+        return;
+    file.execute("PRAGMA temp_store = FILE; PRAGMA cache_size = -16384");
+    sortsOnDisk = true;
+}
+
+ado::Result EmbeddedProvider::execute(const QString& text) {
+    return d->traced(text, [&] { return d->execute(text); });
+}
+
+ado::Streamed EmbeddedProvider::stream(const QString& text, ado::RowSink& sink) {
+    d->sortOnDisk();
+    return d->traced(text, [&] {
+        CountingSink counting(sink);
+        ado::Streamed end;
+        try {
+            end.affected = d->execute(text, &counting).affected;
+        } catch (const Interpreter::SinkIsFull&) {
+            end.stopped = true;
+        } catch (const base::RunTimeError&) {
+            if (sink.isWanted())
+                throw;
+            end.stopped = true; // interrupted in the middle of a row
+        }
+        end.rows = counting.rows();
+        return end;
+    });
 }
 
 void EmbeddedProvider::begin() {

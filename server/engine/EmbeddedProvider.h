@@ -39,6 +39,8 @@ class EmbeddedProvider : public ado::Provider {
     EmbeddedProvider& operator=(const EmbeddedProvider&) = delete;
 
     ado::Result execute(const QString& text) override;
+    /// Hands rows over as they are stepped, and sorts on disk where that takes more than a little memory.
+    ado::Streamed stream(const QString& text, ado::RowSink& sink) override;
     /// Takes the write lock at once; waits for another workstation that has it. Raises -2147168237 when a
     /// transaction is open already, 1222 when the wait was too long.
     void begin() override;

@@ -85,6 +85,30 @@ class Interpreter::QueryUse {
     std::unique_ptr<Query> m_own;
 };
 
+/// Rows go to the sink as long as this lives; SQLite asks it now and then whether to go on.
+class Interpreter::SinkUse {
+  public:
+    SinkUse(Interpreter& interpreter, ado::RowSink* sink) : m_interpreter(interpreter) {
+        m_interpreter.m_sink = sink;
+        constexpr int instructions = 20'000;
+        if (sink)
+            sqlite3_progress_handler(handle(), instructions, isFull, sink);
+    }
+    ~SinkUse() {
+        if (m_interpreter.m_sink)
+            sqlite3_progress_handler(handle(), 0, nullptr, nullptr);
+        m_interpreter.m_sink = nullptr;
+    }
+    SinkUse(const SinkUse&) = delete;
+    SinkUse& operator=(const SinkUse&) = delete;
+
+  private:
+    static int isFull(void* sink) { return static_cast<ado::RowSink*>(sink)->isWanted() ? 0 : 1; }
+    sqlite3* handle() const { return m_interpreter.m_file.handle(); }
+
+    Interpreter& m_interpreter;
+};
+
 Interpreter::Interpreter(HospitalFile& file, Catalogue& catalogue, Session& session, FunctionHost& host)
     : m_file(file)
     , m_catalogue(catalogue)
@@ -100,11 +124,13 @@ bool Interpreter::takeDefinitionRan() {
     return ran;
 }
 
-void Interpreter::runBatch(Module& module, const std::vector<const Cell*>& values, ado::Result& result) {
+void Interpreter::runBatch(Module& module, const std::vector<const Cell*>& values, ado::Result& result,
+                           ado::RowSink* sink) {
     Slots slots(module);
     for (std::size_t i = 0; i < values.size(); ++i)
         slots.cells()[i] = *values[i];
     m_depth = 0;
+    const SinkUse use(*this, sink);
     m_host.error.reset();
     Run batch{module, slots.cells(), &result, false, nullptr};
     run(module.script().statements, batch);
@@ -243,6 +269,10 @@ void Interpreter::runSelect(const Stmt& statement, Run& run) {
             444,
             QStringLiteral("Select statements included within a function cannot return data to a client."),
             "42000", statement.position);
+    if (m_sink) {
+        hand(*query);
+        return;
+    }
     ado::Rows& rows = run.result->rows;
     rows.columns = query->columns;
     rows.values.clear();

@@ -15,7 +15,11 @@ class Interpreter {
     Interpreter(HospitalFile& file, Catalogue& catalogue, Session& session, FunctionHost& host);
 
     /// Runs a batch; `values` stand in its first variables. Raises base::RunTimeError.
-    void runBatch(Module& module, const std::vector<const Cell*>& values, ado::Result& result);
+    /// With a sink the rows go there, each as soon as it is stepped; the result then keeps none. Raises
+    /// SinkIsFull when the sink wants no more.
+    void runBatch(Module& module, const std::vector<const Cell*>& values, ado::Result& result,
+                  ado::RowSink* sink = nullptr);
+    struct SinkIsFull {};
     /// Translates and prepares every statement. Raises at the first that fails.
     void prepareAll(Module& module);
     /// A USE or a definition ran since the last call.
@@ -47,6 +51,7 @@ class Interpreter {
     void callFunction(Module& function, int count, sqlite3_value** values, Cell& result);
 
     class QueryUse;
+    class SinkUse;
     std::unique_ptr<Query> makeQuery(const Stmt& statement, const Module& module);
     Translation translate(const Stmt& statement, const Module& module);
     void prepare(Query& query);
@@ -55,6 +60,7 @@ class Interpreter {
     void bindSession(sqlite3_stmt* statement, int index, SessionValue value);
     bool step(sqlite3_stmt* statement);
     void fetch(const Query& query, ado::Rows& rows);
+    void hand(const Query& query);
     void registerFunction(const Module& function);
     std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
     void prepareAll(const std::vector<StmtPtr>& statements, Module& module);
@@ -68,6 +74,8 @@ class Interpreter {
     SqliteStatement m_rollbackTo;
     /// "fn DATABASE.name/arguments"
     std::set<std::string> m_registered;
+    /// Where the batch's rows go; null: into its result.
+    ado::RowSink* m_sink = nullptr;
     int m_depth = 0;
     bool m_definitionRan = false;
 };

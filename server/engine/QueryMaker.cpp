@@ -217,6 +217,22 @@ void Interpreter::fetch(const Query& query, ado::Rows& rows) {
         appendRow(statement, rows);
 }
 
+/// Each row as soon as it is stepped.
+void Interpreter::hand(const Query& query) {
+    sqlite3_stmt* statement = query.statement.get();
+    m_sink->begin(query.columns);
+    m_session.rowCount = 0;
+    std::int64_t rows = 0;
+    std::vector<base::Value> row;
+    while (step(statement)) {
+        readRow(statement, query.columns, row);
+        ++rows;
+        if (!m_sink->row(row))
+            throw SinkIsFull();
+    }
+    m_session.rowCount = rows;
+}
+
 void Interpreter::prepareAll(Module& module) {
     if (module.definition && module.definition->kind == ModuleKind::View) {
         const std::vector<Variable> none;

@@ -75,4 +75,11 @@ void appendRow(sqlite3_stmt* statement, ado::Rows& rows) {
         rows.values.push_back(columnValue(statement, i, rows.columns[std::size_t(i)].type));
 }
 
+void readRow(sqlite3_stmt* statement, const std::vector<ado::Column>& columns,
+             std::vector<base::Value>& row) {
+    row.resize(columns.size());
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        row[i] = columnValue(statement, int(i), columns[i].type);
+}
+
 } // namespace engine

@@ -100,6 +100,31 @@ TEST_F(Launch, TableMovesToTheDatabaseUnderTheUsersOwnLogin) {
     EXPECT_EQ(table.password, gUser->serverpassword());
 }
 
+TEST_F(Launch, OnlyWhatStandsBeforeTheFirstPointMoves) {
+    report::TableLogOn procedure{QStringLiteral("BILLING.dbo.sp_Some"), {}, {}, {}, {}};
+    SetReportTableLogOn(procedure, QStringLiteral("NUCLEAR"));
+    EXPECT_EQ(procedure.location, u"NUCLEAR.dbo.sp_Some");
+    report::TableLogOn bare{QStringLiteral("tbBill"), {}, {}, {}, {}};
+    SetReportTableLogOn(bare, QStringLiteral("NUCLEAR"));
+    EXPECT_EQ(bare.location, u"NUCLEAR.tbBill"); // no part of its old place to keep
+}
+
+TEST_F(Launch, ATableThatCannotBeLoggedOnFailsAtOnce) {
+    report::TableLogOn table{QStringLiteral("BILLING..tbBill"), {}, {}, {}, {}};
+    EXPECT_EQ(errorOf([&] { SetReportTableLogOn(table, QStringLiteral("NOWHERE")); }), 4060);
+}
+
+TEST_F(Launch, EveryTableOfAReportCanBeReadUnderTheUsersOwnLogin) {
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+    for (report::TableLogOn& table : gReport->tables())
+        SetReportTableLogOn(table, QStringLiteral("BUILD_FILE"));
+    gReport->watermark = QStringLiteral("RE-PRINT");
+    const QString target = folder.filePath(QStringLiteral("own.pdf"));
+    report::setPrintTarget(target);
+    ShowReport(false, QStringLiteral("One"), true);
+    EXPECT_TRUE(QFile::exists(target));
+}
+
 TEST_F(Launch, NothingOpenIsAnError) {
     EXPECT_EQ(errorOf([] { ShowReport(false, {}, true); }), base::errors::objectNotSet);
     EXPECT_EQ(errorOf([] { PrepareSubReport(QStringLiteral("Summary"), {}); }), base::errors::objectNotSet);

@@ -47,6 +47,23 @@ TEST_F(ScintraReport, WritesPagesOrRows) {
     EXPECT_TRUE(rows.contains("1001,\"BONE SCAN, WHOLE BODY\",IMG,IMAGING,5200,"));
 }
 
+TEST_F(ScintraReport, WritesTheRowsAsAWorkbook) {
+    ASSERT_EQ(run("scintra-server", {"demo", hospital}), 0);
+    const QString xlsx = folder.filePath("out.xlsx");
+    ASSERT_EQ(run("scintra-report",
+                  {definition("NucMonthlyReport.RPT"), "From=11/01/2026", "To=11/30/2026", "--heading",
+                   "VALE", "--address", "1 Harbour Road", "--hospital", hospital, "--to", xlsx}),
+              0);
+    QProcess unzip;
+    unzip.start(QStringLiteral("unzip"), {"-p", xlsx, "xl/worksheets/sheet1.xml"});
+    ASSERT_TRUE(unzip.waitForFinished(60'000)) << "unzip is needed";
+    const QString sheet = QString::fromUtf8(unzip.readAllStandardOutput());
+    EXPECT_TRUE(sheet.contains("VALE"));
+    EXPECT_TRUE(sheet.contains("From: 11/01/2026"));
+    EXPECT_TRUE(sheet.contains("<autoFilter"));
+    EXPECT_GT(sheet.count("<row "), 10);
+}
+
 TEST_F(ScintraReport, RefusesWrongWordsAndWritesNothing) {
     ASSERT_EQ(run("scintra-server", {"init", hospital}), 0);
     const QStringList rest{"--hospital", hospital, "--to", pdf};

@@ -178,6 +178,56 @@ TEST_P(ProviderTest, GivesManyRowsInOrder) {
         ASSERT_EQ(rows.at(i, 0), base::Value(i));
 }
 
+/// Takes rows until it has enough.
+class Taker : public ado::RowSink {
+  public:
+    explicit Taker(int most) : m_most(most) {}
+    void begin(const std::vector<ado::Column>& columns) override {
+        names.clear();
+        for (const ado::Column& column : columns)
+            names += column.name;
+        taken.clear();
+    }
+    bool row(std::vector<base::Value>& values) override {
+        taken.push_back(std::move(values.front()));
+        if (qsizetype(taken.size()) == breaksAt)
+            throw base::RunTimeError(base::errors::overflow);
+        return int(taken.size()) < m_most;
+    }
+    QStringList names;
+    std::vector<base::Value> taken;
+    qsizetype breaksAt = -1;
+
+  private:
+    int m_most;
+};
+
+TEST_P(ProviderTest, HandsRowsOverOneByOneUntilTheyAreNotWanted) {
+    m_provider->begin();
+    for (int i = 0; i < 700; ++i)
+        addRow(i, "row");
+    m_provider->commit();
+    const QString text = QStringLiteral("SELECT ID, Name FROM tbProbe ORDER BY ID");
+    Taker all(10'000);
+    const ado::Streamed whole = m_provider->stream(text, all);
+    EXPECT_EQ(whole.rows, 700);
+    EXPECT_FALSE(whole.stopped);
+    EXPECT_EQ(all.names, (QStringList{"ID", "Name"}));
+    ASSERT_EQ(all.taken.size(), 700u);
+    for (int i = 0; i < 700; ++i)
+        ASSERT_EQ(all.taken[std::size_t(i)], base::Value(i));
+    Taker some(130);
+    const ado::Streamed part = m_provider->stream(text, some);
+    EXPECT_EQ(part.rows, 130);
+    EXPECT_TRUE(part.stopped);
+    Taker broken(10'000);
+    broken.breaksAt = 300;
+    EXPECT_THROW(m_provider->stream(text, broken), base::RunTimeError);
+    EXPECT_EQ(m_provider->stream(QStringLiteral("UPDATE tbProbe SET Name = 'x' WHERE ID < 5"), some).affected,
+              5);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM tbProbe"), u"700") << "the session goes on";
+}
+
 TEST_P(ProviderTest, AnEmptyResultHasItsColumns) {
     const ado::Result result = run("SELECT ID, Name FROM tbProbe");
     EXPECT_EQ(result.rows.columns.size(), 2u);

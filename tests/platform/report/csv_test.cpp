@@ -2,12 +2,15 @@
 #include "platform/report/Csv.h"
 #include "tests/platform/report/Bench.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 namespace {
 
 QByteArray csv(const QString& columns, const tests::Cells& cells) {
-    return report::csvOf(tests::ScriptedProvider::rowsOf(columns, cells).rows);
+    const ado::Rows rows = tests::ScriptedProvider::rowsOf(columns, cells).rows;
+    return report::csvOf(report::HeldRows(rows));
 }
 
 } // namespace
@@ -27,10 +30,25 @@ TEST(Csv, NoTextBecomesAFormula) {
     EXPECT_TRUE(csv("A,B,C", {{"=1+1", "-5.5", "@SUM(A1)"}}).endsWith("'=1+1,-5.5,'@SUM(A1)\r\n"));
 }
 
+TEST(Csv, ManyRowsAreWrittenBlockByBlock) {
+    tests::Cells cells;
+    for (int i = 0; i < 30000; ++i)
+        cells.push_back({QStringLiteral("line %1 of many").arg(i)});
+    const ado::Rows rows = tests::ScriptedProvider::rowsOf("A", cells).rows;
+    const tests::Folder folder;
+    EXPECT_TRUE(report::exportCsv(report::HeldRows(rows), folder.path("out.csv")));
+    QFile file(folder.path("out.csv"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray csv = file.readAll();
+    EXPECT_EQ(csv.count("\r\n"), 30001);
+    EXPECT_TRUE(csv.endsWith("\r\nline 29999 of many\r\n"));
+    EXPECT_EQ(csv, report::csvOf(report::HeldRows(rows)));
+}
+
 TEST(Csv, AFileThatCannotBeWrittenRaises75) {
     const tests::Folder folder;
     try {
-        report::exportCsv({}, folder.path("none/out.csv"));
+        report::exportCsv(report::HeldRows(ado::Rows()), folder.path("none/out.csv"));
         FAIL();
     } catch (const base::RunTimeError& error) {
         EXPECT_EQ(error.number(), 75);

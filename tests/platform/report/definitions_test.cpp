@@ -76,6 +76,11 @@ TEST_F(DefinitionsTest, TheStatisticalReportDrawsItsBars) {
     expectLines(text, {"Statistical Report From 10/01/2026 to 11/21/2026", "Requests by procedure",
                        "1010 HEPATOBILIARY SCAN " + ofKind("I") + ofKind("O") + ofKind("W") +
                            value("SELECT COUNT(*) " + ofExam) + ' ' + money("SELECT SUM(Amount) " + ofExam)});
+    const int last = document->pageCount() - 1;
+    ASSERT_GT(last, 0);
+    EXPECT_TRUE(tests::textsOf(*document, 0).contains("Out-patients"));
+    EXPECT_TRUE(tests::textsOf(*document, last).contains("Statistical Report"));
+    EXPECT_FALSE(tests::textsOf(*document, last).contains("Out-patients")); // bars stand under no columns
     int bars = 0;
     for (int page = 0; page < document->pageCount(); ++page) {
         for (const report::Item& item : document->page(page)->items) {

@@ -265,6 +265,23 @@ TEST(Layout, AWatermarkLiesUnderThePage) {
     EXPECT_EQ(report::textOf(*document->page(0)), "one");
 }
 
+TEST(Layout, HeadingsOfRowsAreLeftOutWhereAFooterHasAPageOfItsOwn) {
+    const auto textsOn = [](const char* ofFooter, int page) {
+        const auto document = laidOut(
+            "<pageHeader height=\"5mm\"><text x=\"0mm\" y=\"0mm\" width=\"30mm\">Report</text></pageHeader>"
+            "<pageHeader height=\"5mm\" withRows=\"yes\"><text x=\"0mm\" y=\"0mm\" width=\"30mm\">Name"
+            "</text></pageHeader>" +
+                band("details", field("{A}")) + "<reportFooter height=\"65mm\" " + ofFooter +
+                "><text x=\"0mm\" y=\"0mm\" width=\"30mm\">Chart</text></reportFooter>",
+            "A", {{"one"}});
+        EXPECT_EQ(document->pageCount(), 2);
+        return textsOf(*document, page);
+    };
+    EXPECT_EQ(textsOn("newPageBefore=\"yes\"", 0), (QStringList{"Report", "Name", "one"}));
+    EXPECT_EQ(textsOn("newPageBefore=\"yes\"", 1), (QStringList{"Report", "Chart"}));
+    EXPECT_EQ(textsOn("", 1), (QStringList{"Report", "Name", "Chart"})); // it only ran over
+}
+
 TEST(Layout, HeaderAndFooterThatLeaveNoRoomAreAnError) {
     try {
         laidOut(band("pageHeader", {}, "40mm") + band("pageFooter", {}, "38mm") +

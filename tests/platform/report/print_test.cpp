@@ -76,6 +76,20 @@ TEST_F(PrintTest, APaperThatLiesStaysLying) {
     EXPECT_TRUE(toolOutput("pdfinfo", {path}).contains(QRegularExpression("Page size: +612 x 396")));
 }
 
+TEST_F(PrintTest, LetterStandsOrLies) {
+    for (const auto& [size, points] : {std::pair("width=\"8.5in\" height=\"11in\"", "612 x 792"),
+                                       {"width=\"11in\" height=\"8.5in\"", "792 x 612"}}) {
+        const QByteArray xml = tests::definitionOf(inside).replace("width=\"100mm\" height=\"100mm\"", size);
+        server.lines = tests::ScriptedProvider::rowsOf("A", {{"x"}});
+        const auto report = report::Report::open(folder.write("letter.RPT", xml), server.logOn());
+        const QString path = folder.path("letter.pdf");
+        report::exportPdf(*report->run(), path);
+        EXPECT_TRUE(toolOutput("pdfinfo", {path})
+                        .contains(QRegularExpression(QStringLiteral("Page size: +%1").arg(points))))
+            << points;
+    }
+}
+
 TEST_F(PrintTest, APathThatCannotBeWrittenRaises) {
     const auto document = tests::laidOut(inside, "A", {{"x"}});
     try {

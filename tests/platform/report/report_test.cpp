@@ -141,6 +141,31 @@ TEST_F(ReportTest, FormulasCanBeToldAnew) {
     EXPECT_EQ(tests::textsOf(*filled()->run(), 0).last(), "From 11/01/2026!"); // nor does it reach the file
 }
 
+TEST_F(ReportTest, AFormulaCanTellATextAsItIs) {
+    auto opened = filled();
+    EXPECT_EQ(opened->formulaNames(), (QStringList{"Head", "Tail"}));
+    const QString text = "5\" & {?To} \"\" {@Tail} <b>";
+    opened->setFormula("Head", report::quotedFormula(text));
+    EXPECT_EQ(tests::textsOf(*opened->run(), 0).last(), text + "!");
+    opened->setFormula("Head", report::quotedFormula(""));
+    EXPECT_EQ(tests::textsOf(*opened->run(), 0).last(), "!");
+    EXPECT_EQ(errorOf([&] { opened->formula("Gone"); }), base::errors::subscriptOutOfRange);
+}
+
+TEST_F(ReportTest, AWatermarkCanBeGivenFromOutside) {
+    auto opened = filled();
+    opened->watermark = "RE-PRINT";
+    const auto marked = opened->run();
+    const auto* mark = std::get_if<report::TextRun>(&marked->page(0)->items.front());
+    ASSERT_TRUE(mark);
+    EXPECT_EQ(mark->text, "RE-PRINT");
+    EXPECT_EQ(mark->degrees, -35);
+    EXPECT_GT(mark->colour.lightness(), 200);                           // what stands over it can be read
+    EXPECT_LT(report::textOf(*marked->page(0)).indexOf("RE-PRINT"), 0); // not found, not copied
+    opened->watermark.clear();
+    EXPECT_FALSE(tests::textsOf(*opened->run(), 0).contains("RE-PRINT"));
+}
+
 TEST_F(ReportTest, ASubReportThatIsNotThereRaises) {
     EXPECT_EQ(errorOf([&] { filled()->subReport("Summary"); }), 20515);
 }

@@ -8,9 +8,16 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRadioButton>
 #include <QScrollBar>
+#include <QSettings>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -47,6 +54,30 @@ struct ViewerTest : testing::Test {
         T* found = viewer.findChild<T*>(name);
         EXPECT_TRUE(found) << name;
         return found;
+    }
+    /// In the open save dialog, standing in the path's folder: the kind with that suffix, the name, Enter.
+    static void typeName(const QString& path, const QString& kind) {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->setDirectory(QFileInfo(path).path());
+        auto* kinds = dialog->findChild<QComboBox*>("fileTypeCombo");
+        kinds->setFocus();
+        while (!kinds->currentText().endsWith("(*." + kind + ")") &&
+               kinds->currentIndex() + 1 < kinds->count())
+            QTest::keyClick(kinds, Qt::Key_Down);
+        auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+        field->setCompleter(nullptr); // its list would take the keys, and needs a window system
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, QFileInfo(path).fileName());
+        QTest::keyClick(field, Qt::Key_Return);
+    }
+    /// Ctrl+E, and what is done in the dialog that it opens.
+    void exportWith(const std::function<void()>& drive) {
+        viewer.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+        QTimer::singleShot(0, drive);
+        key(Qt::Key_E, Qt::ControlModifier);
     }
     int percent() { return qRound(viewer.pages()->zoom() * 100); }
 
@@ -162,11 +193,11 @@ TEST_F(ViewerTest, FindsMarksAndStepsRound) {
 }
 
 TEST_F(ViewerTest, AHitLiesOnTheFoundSigns) {
-    const auto hits = report::findText(*viewer.document(), "stat");
+    const auto hits = report::findText(viewer.pages()->sharedDocument(), "stat");
     ASSERT_EQ(hits.size(), 6u);
     EXPECT_EQ(hits[0].frame.y, hits[1].frame.y);
     EXPECT_GE(hits[1].frame.x, hits[0].frame.right());
-    EXPECT_TRUE(report::findText(*viewer.document(), "").empty());
+    EXPECT_TRUE(report::findText(viewer.pages()->sharedDocument(), "").empty());
     const QColor before = viewer.pages()->grab().toImage().pixelColor(0, 0);
     viewer.pages()->setHits(hits);
     viewer.pages()->setCurrentHit(0);
@@ -180,6 +211,19 @@ TEST_F(ViewerTest, AHitLiesOnTheFoundSigns) {
     }
     EXPECT_GT(orange, 300);
     EXPECT_NE(before, QColor());
+}
+
+TEST_F(ViewerTest, EverySheetInSightIsWhite) {
+    key(Qt::Key_F, Qt::ControlModifier); // marks are laid over a sheet, and leave the next one as it is
+    QTest::keyClicks(child<QLineEdit>("findText"), "stat");
+    viewer.pages()->setZoom(0.3);
+    viewer.pages()->goTo(0);
+    const QImage view = viewer.pages()->viewport()->grab().toImage();
+    const double side = 100 / 25.4 * viewer.logicalDpiX() * 0.3; // of a sheet, in pixels
+    for (int sheet = 0; sheet < 3; ++sheet) {
+        const int y = 16 + int(sheet * (side + 16) + side - 4);
+        EXPECT_EQ(view.pixelColor(view.width() / 2, y), QColor(Qt::white)) << sheet;
+    }
 }
 
 TEST_F(ViewerTest, TheGroupTreeLeadsToItsPage) {
@@ -196,6 +240,54 @@ TEST_F(ViewerTest, TheGroupTreeLeadsToItsPage) {
     EXPECT_NEAR(viewer.pages()->currentPage(), entry.page, 1);
     key(Qt::Key_T, Qt::ControlModifier);
     EXPECT_FALSE(tree->isVisible());
+}
+
+TEST_F(ViewerTest, TheTreeIsWorkedByKeys) {
+    auto* tree = child<QTreeWidget>("groupTree");
+    key(Qt::Key_End, Qt::ControlModifier);
+    const int last = viewer.pages()->currentPage();
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_TRUE(tree->hasFocus());
+    EXPECT_EQ(tree->currentItem()->text(0), "MD"); // the group in sight
+    EXPECT_EQ(viewer.pages()->currentPage(), last);
+    QTest::keyClick(tree, Qt::Key_Up);
+    EXPECT_EQ(viewer.pages()->currentPage(), 0);
+    QTest::keyClick(tree, Qt::Key_Down);
+    EXPECT_NEAR(viewer.pages()->currentPage(), viewer.document()->groupTree()[1].page, 1);
+    key(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_FALSE(tree->isVisible());
+    EXPECT_TRUE(viewer.pages()->hasFocus());
+}
+
+TEST_F(ViewerTest, PrintAsksTheSystemAndPrintsThePagesAskedFor) {
+    const tests::Folder folder;
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    key(Qt::Key_P, Qt::ControlModifier);
+    viewer.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+        auto* file = dialog->findChild<QLineEdit*>("filename");
+        ASSERT_TRUE(file);
+        file->setFocus();
+        file->selectAll();
+        QTest::keyClicks(file, folder.path("printed.pdf"));
+        QTest::keyClick(dialog->findChild<QRadioButton*>("printRange"), Qt::Key_Space);
+        for (const auto& [name, page] : {std::pair("from", "2"), std::pair("to", "3")}) {
+            auto* spin = dialog->findChild<QSpinBox*>(name);
+            spin->selectAll();
+            QTest::keyClicks(spin, page);
+        }
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    key(Qt::Key_P, Qt::ControlModifier);
+    const QString text = tests::toolOutput("pdftotext", {folder.path("printed.pdf"), "-"});
+    EXPECT_FALSE(text.contains("line 7\n"));
+    EXPECT_TRUE(text.contains("line 8\n")) << qPrintable(text);
+    EXPECT_TRUE(text.contains("line 23\n"));
+    EXPECT_FALSE(text.contains("line 24\n"));
 }
 
 TEST_F(ViewerTest, AReportWithoutGroupsShowsNoTree) {
@@ -227,7 +319,7 @@ TEST_F(ViewerTest, EveryCommandTellsItsKey) {
         EXPECT_TRUE(action->toolTip().contains(action->shortcut().toString()))
             << qPrintable(action->toolTip());
     }
-    EXPECT_EQ(commands, 17);
+    EXPECT_EQ(commands, 18);
 }
 
 TEST_F(ViewerTest, AnExportThatFailsSaysWhyAndLeavesTheViewerOpen) {
@@ -239,10 +331,84 @@ TEST_F(ViewerTest, AnExportThatFailsSaysWhyAndLeavesTheViewerOpen) {
     tests::Folder folder;
     EXPECT_FALSE(viewer.exportTo(folder.path("no/folder/a.pdf")));
     ASSERT_EQ(boxes.size(), 1);
-    EXPECT_TRUE(boxes.first().startsWith("Export to PDF: Path/File access error: "));
+    EXPECT_TRUE(boxes.first().startsWith("Export: Path/File access error: "));
     EXPECT_TRUE(viewer.exportTo(folder.path("a.pdf")));
     EXPECT_EQ(boxes.size(), 1);
     EXPECT_TRUE(tests::toolOutput("pdftotext", {folder.path("a.pdf"), "-"}).contains("line 70"));
+}
+
+TEST_F(ViewerTest, TheSuffixDecidesWhatIsExportedAndANoteTellsWhere) {
+    const tests::Folder folder;
+    for (const auto& [name, begin] : {std::pair<const char*, QByteArray>{"a.pdf", "%PDF-"},
+                                      {"a.XLSX", "PK"},
+                                      {"a.csv", "\xEF\xBB\xBF"
+                                                "A,B\r\nline 1,NU\r\n"}}) {
+        EXPECT_TRUE(viewer.exportTo(folder.path(name)));
+        QFile file(folder.path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        EXPECT_TRUE(file.readAll().startsWith(begin)) << name;
+        EXPECT_EQ(child<QLabel>("note")->toolTip(),
+                  "Saved as " + QDir::toNativeSeparators(folder.path(name)));
+        EXPECT_TRUE(child<QLabel>("note")->text().startsWith("Saved as "));
+    }
+    const QString sheet =
+        tests::toolOutput("unzip", {"-p", folder.path("a.XLSX"), "xl/worksheets/sheet1.xml"});
+    EXPECT_TRUE(sheet.contains("VALE GENERAL HOSPITAL"));
+    EXPECT_TRUE(sheet.contains("line 70"));
+    viewer.setDocument(tests::laidOut(inside, "A,B", {}));
+    EXPECT_EQ(child<QLabel>("note")->text(), "");
+}
+
+TEST_F(ViewerTest, TheSaveDialogAddsTheKindsSuffixAndATypedOneWins) {
+    const tests::Folder folder;
+    const auto exportAs = [&](const QString& typed, const QString& kind) {
+        exportWith([&] { typeName(folder.path(typed), kind); });
+    };
+    exportAs("May 1.5", "pdf");
+    EXPECT_TRUE(QFile::exists(folder.path("May 1.5.pdf")));
+    exportAs("rows", "xlsx");
+    EXPECT_TRUE(QFile::exists(folder.path("rows.xlsx")));
+    exportAs("typed.csv", "pdf");
+    EXPECT_TRUE(QFile::exists(folder.path("typed.csv")));
+    EXPECT_EQ(QDir(folder.path("")).entryList(QDir::Files),
+              (QStringList{"May 1.5.pdf", "rows.xlsx", "typed.csv"}));
+}
+
+TEST_F(ViewerTest, ASuffixThatIsAddedDoesNotWriteOverAFileUnasked) {
+    const tests::Folder folder;
+    folder.write("old.pdf", "before");
+    QStringList boxes;
+    int answer = controls::vbNo;
+    controls::setMessageScript([&](const QString& prompt, int, const QString&) {
+        boxes << prompt;
+        if (answer == controls::vbNo) // the dialog comes again: another try, with another name
+            QTimer::singleShot(0, [&] { typeName(folder.path("new"), "pdf"); });
+        return answer;
+    });
+    exportWith([&] { typeName(folder.path("old"), "pdf"); });
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes.first().contains("old.pdf already exists."));
+    EXPECT_TRUE(QFile::exists(folder.path("new.pdf")));
+    EXPECT_EQ(QFileInfo(folder.path("old.pdf")).size(), 6);
+    answer = controls::vbYes;
+    exportWith([&] { typeName(folder.path("old"), "pdf"); });
+    EXPECT_GT(QFileInfo(folder.path("old.pdf")).size(), 6);
+}
+
+TEST_F(ViewerTest, TheSaveDialogLeavesNothingBehind) {
+    const auto written = [] {
+        const QSettings settings(QSettings::UserScope, "QtProject");
+        QStringList all;
+        for (const QString& name : settings.allKeys())
+            all << name + '=' + settings.value(name).toString();
+        return std::pair(QFile::exists(settings.fileName()), all);
+    };
+    const auto before = written();
+    const tests::Folder folder;
+    exportWith([&] { typeName(folder.path("a"), "csv"); });
+    EXPECT_TRUE(QFile::exists(folder.path("a.csv")));
+    exportWith([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    EXPECT_EQ(written(), before);
 }
 
 TEST_F(ViewerTest, OnlyVisiblePagesAreMade) {
