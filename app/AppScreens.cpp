@@ -5,6 +5,8 @@
 #include "menu/frmMainMenu.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/Screen.h"
+#include "results/frmRequestMaster.h"
+#include "results/frmResultMaster.h"
 #include "session/frmUserRights.h"
 
 namespace app {
@@ -18,10 +20,19 @@ void showModal(const QString&) {
     SharedScreen<T>::fresh().ShowModal();
 }
 
+template <typename T>
+void showInMode(const QString& formMode) {
+    T& screen = SharedScreen<T>::fresh();
+    screen.FormMode = formMode;
+    screen.ShowModal();
+}
+
 } // namespace
 
 AppScreens::AppScreens()
     : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
+              {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
+              {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 

@@ -2,6 +2,7 @@
 
 #include "app/ui_ErrorBox.h"
 #include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/HeaderBand.h"
 #include "platform/controls/Look.h"
 #include "platform/controls/Screen.h"
 #include "session/Session.h"
@@ -34,6 +35,21 @@ QString reportOf(const base::RunTimeError& error) {
     return parts.join(QStringLiteral("\n\n")).trimmed() + u'\n';
 }
 
+/// Screen by screen, innermost last; a screen in which nothing stands is left out.
+QString typedOnScreens() {
+    QStringList parts;
+    for (const controls::Screen* screen : controls::Screen::openScreens()) {
+        const QString typed = screen->typedAsText();
+        if (typed.isEmpty())
+            continue;
+        const auto* band = screen->findChild<controls::HeaderBand*>();
+        const QString about = band ? band->subtitle() : QString();
+        parts += QStringLiteral("[%1]").arg(screen->windowTitle().trimmed()) +
+                 (about.isEmpty() ? QString() : u' ' + about) + u'\n' + typed;
+    }
+    return parts.isEmpty() ? QString() : parts.join(QStringLiteral("\n\n")) + u'\n';
+}
+
 /// Before the box: a desk whose clerk is at lunch must not hold the hospital's file with an open transaction.
 void closeConnection() noexcept {
     try {
@@ -55,7 +71,10 @@ void showError(const base::RunTimeError& error) {
 } // namespace
 
 ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::ErrorBox>()), m_report(reportOf(error)) {
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::ErrorBox>())
+    , m_report(reportOf(error))
+    , m_typed(typedOnScreens()) {
     m_ui->setupUi(this);
     const int side = 2 * fontMetrics().height();
     m_ui->lblIcon->setPixmap(controls::look::icon("error", controls::look::danger).pixmap(side, side));
@@ -71,6 +90,9 @@ ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
     });
     connect(m_ui->cmdCopy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(m_report); });
+    m_ui->cmdCopyTyped->setVisible(!m_typed.isEmpty());
+    connect(m_ui->cmdCopyTyped, &QPushButton::clicked, this,
+            [this] { QGuiApplication::clipboard()->setText(m_typed); });
     connect(m_ui->cmdEnd, &QPushButton::clicked, this, &QDialog::accept);
 }
 

@@ -25,10 +25,13 @@ class ErrorBox : public QDialog {
     static QString textOf(const base::RunTimeError& error);
     /// The box's text, the statement, and what the screens hold that were open when it was made.
     const QString& report() const { return m_report; }
+    /// What the open screens hold of what was typed, under their titles; "" when nothing was.
+    const QString& typed() const { return m_typed; }
 
   private:
     std::unique_ptr<Ui::ErrorBox> m_ui;
     QString m_report;
+    QString m_typed;
 };
 
 /// From now on an error without a handler closes the session's connection, which rolls an open transaction

@@ -25,8 +25,10 @@ frmLogOn::frmLogOn(clsCurrentUser& user, QWidget* parent)
                           controls::KeyRules(controls::KeyRule::UpperCase) | controls::KeyRule::BackQuote);
     m_ui->txtPassword->installEventFilter(this);
     controls::on(m_ui->txtEmployeeCode, &QLineEdit::returnPressed, this, [this] {
-        if (!m_ui->txtEmployeeCode->text().trimmed().isEmpty())
-            m_ui->txtPassword->setFocus();
+        if (m_ui->txtEmployeeCode->text().trimmed().isEmpty())
+            return;
+        m_ui->txtPassword->setFocus();
+        m_ui->txtPassword->selectAll();
     });
     controls::on(m_ui->txtPassword, &QLineEdit::returnPressed, this, [this] { cmdLogOn_Click(); });
     controls::on(m_ui->cmdLogOn, &QPushButton::clicked, this, [this] { cmdLogOn_Click(); });

@@ -248,7 +248,9 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
     if (role == Qt::DisplayRole)
         return across ? headerText(column) : numberedText(row);
     if (role == Qt::TextAlignmentRole)
-        return QVariant(across ? alignment(column) : Qt::Alignment(Qt::AlignCenter));
+        // Row numbers stand in the middle; texts of the rows as their column says.
+        return QVariant(across || !text(row, 0).isEmpty() ? alignment(column)
+                                                          : Qt::Alignment(Qt::AlignCenter));
     if (role == Qt::ForegroundRole || role == Qt::BackgroundRole || role == Qt::DecorationRole) {
         const CellFormat given = format(row, column);
         if (role == Qt::DecorationRole)

@@ -76,6 +76,7 @@ QString styleSheet() {
         ColorToken{"stripe", &stripe},
         ColorToken{"fieldLine", &fieldLine},
         ColorToken{"readOnly", &readOnly},
+        ColorToken{"marked", &marked},
     };
     for (const ColorToken& token : tokens)
         sheet.replace(QRegularExpression(QStringLiteral("@%1\\b").arg(QLatin1String(token.name))),

@@ -29,6 +29,8 @@ inline const QColor header(0xE7, 0xEE, 0xF2);
 inline const QColor stripe(0xF9, 0xFB, 0xFC);
 inline const QColor fieldLine(0xB4, 0xC0, 0xCA);
 inline const QColor readOnly(0xF3, 0xF5, 0xF7);
+/// Behind the one symbol that is marked.
+inline const QColor marked(0x00, 0x00, 0x80);
 
 /// Fusion, the font, the palette and the one style sheet. Call once, after the application is made.
 void apply(QApplication& application);

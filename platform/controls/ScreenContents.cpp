@@ -4,6 +4,7 @@
 #include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -42,12 +43,10 @@ QString textOfField(const QWidget* widget) {
     return {};
 }
 
-void appendGrid(QStringList& lines, const FlexGrid& grid) {
+void appendGrid(QStringList& lines, const FlexGrid& grid, const QString& caption) {
     for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
         if (row - grid.FixedRows() == mostGridRows) {
-            lines << QStringLiteral("%1: ... %2 rows")
-                         .arg(grid.objectName())
-                         .arg(grid.Rows() - grid.FixedRows());
+            lines << QStringLiteral("%1: ... %2 rows").arg(caption).arg(grid.Rows() - grid.FixedRows());
             return;
         }
         QStringList cells;
@@ -55,8 +54,35 @@ void appendGrid(QStringList& lines, const FlexGrid& grid) {
             if (const QString text = grid.TextMatrix(row, column); !text.isEmpty())
                 cells << text;
         if (!cells.isEmpty())
-            lines << grid.objectName() + QStringLiteral(": ") + cells.join(QStringLiteral(" | "));
+            lines << caption + QStringLiteral(": ") + cells.join(QStringLiteral(" | "));
     }
+}
+
+bool isNamed(const QWidget& widget) {
+    return !widget.objectName().isEmpty() && !widget.objectName().startsWith(QLatin1String("qt_"));
+}
+
+QString captionOf(const QWidget& screen, const QWidget& field) {
+    for (const QLabel* label : screen.findChildren<QLabel*>()) {
+        if (label->buddy() == &field)
+            return label->text().remove(u'&').trimmed();
+    }
+    return field.accessibleName().isEmpty() ? field.objectName() : field.accessibleName();
+}
+
+/// Shown fields and those on other pages, but nothing that is only looked at.
+bool takesTyping(const QWidget& field) {
+    const bool readOnly = field.property("readOnly").toBool();
+    return !field.isHidden() && !readOnly && field.focusPolicy() != Qt::NoFocus;
+}
+
+/// All widgets below the screen, those that Tab reaches in its order.
+QList<const QWidget*> inTabOrder(const QWidget& screen) {
+    QList<const QWidget*> widgets;
+    for (const QWidget* widget = screen.nextInFocusChain(); widget && widget != &screen;
+         widget = widget->nextInFocusChain())
+        widgets << widget;
+    return widgets;
 }
 
 } // namespace
@@ -64,12 +90,28 @@ void appendGrid(QStringList& lines, const FlexGrid& grid) {
 QString Screen::contentsAsText() const {
     QStringList lines;
     for (const QWidget* widget : findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_")))
+        if (!isNamed(*widget))
             continue;
         if (auto* grid = qobject_cast<const FlexGrid*>(widget))
-            appendGrid(lines, *grid);
+            appendGrid(lines, *grid, grid->objectName());
         else if (const QString text = textOfField(widget); !text.isEmpty())
             lines << widget->objectName() + QStringLiteral(": ") + text;
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString Screen::typedAsText() const {
+    QStringList lines;
+    for (const QWidget* widget : inTabOrder(*this)) {
+        if (!isNamed(*widget) || !takesTyping(*widget))
+            continue;
+        const QString caption = captionOf(*this, *widget);
+        if (auto* grid = qobject_cast<const FlexGrid*>(widget)) {
+            if (!grid->marksRowOnly()) // a list to pick from holds nothing that was typed
+                appendGrid(lines, *grid, caption);
+        } else if (const QString text = textOfField(widget); !text.isEmpty()) {
+            lines << caption + (text.contains(u'\n') ? QStringLiteral(":\n") : QStringLiteral(": ")) + text;
+        }
     }
     return lines.join(QLatin1Char('\n'));
 }

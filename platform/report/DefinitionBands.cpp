@@ -29,6 +29,7 @@ Band DefinitionReader::readBand(Attributes& attributes) {
     band.newPageBefore = attributes.yes("newPageBefore");
     band.atBottom = attributes.yes("atBottom");
     band.withRows = attributes.yes("withRows");
+    band.tear = attributes.yes("tear");
     attributes.finish();
     readChildren([&](const QString& name, Attributes& own) {
         static const QStringList known{QStringLiteral("text"),    QStringLiteral("field"),

@@ -12,6 +12,8 @@ namespace {
 using Stage = Position::Stage;
 
 const Length leastBody = Length::fromMm(8);
+/// A heading and two lines: less than that of a text is not left behind at a page's end.
+const Length leastTorn = Length::fromMm(17);
 
 Length topOf(const Item& item) {
     if (const Stroke* stroke = std::get_if<Stroke>(&item))
@@ -253,7 +255,8 @@ bool PageBuilder::placeBand(const Band& band) {
     const Length height = laid.height - m_at.offset;
     const bool isHeader = m_at.stage == Stage::GroupHeader;
     const Length together = isHeader ? height + keptWith(m_at) : height;
-    if (m_y + together > m_bottom && m_hasBody && m_at.offset == Length())
+    const bool tears = band.tear && m_bottom - m_y >= leastTorn;
+    if (m_y + together > m_bottom && m_hasBody && m_at.offset == Length() && !tears)
         return false;
     if (isHeader && m_at.band == 0 && m_at.offset == Length())
         addTreeEntry();

@@ -71,6 +71,7 @@ struct Band {
     /// Page headers: left out where a page begins with a report footer that wanted a page of its own.
     bool withRows = false;
     bool atBottom = false; ///< report footers: stands right above the page footer
+    bool tear = false;     ///< begins where the page has room for a few lines, and goes on on the next one
 };
 
 struct Group {

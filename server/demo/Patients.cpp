@@ -50,6 +50,12 @@ std::optional<base::DateTime> drawBirth(Chance& chance, base::DateTime now) {
                           chance.between(0, 364) * dayMs};
 }
 
+/// Children are on file as such.
+QString drawCivilStatus(Chance& chance, const std::optional<base::DateTime>& birth, base::DateTime now) {
+    const QString drawn = QString::number(chance.between(1, 4));
+    return birth && ageAt(*birth, now).toInt() < 18 ? QStringLiteral("5") : drawn;
+}
+
 /// An account of a company for three in five; else the patient's own, which is the hospital number.
 QString drawAccount(Chance& chance, const QString& hospNum) {
     return chance.inHundred(60) ? QString::fromLatin1(chance.of(companyAccounts())) : hospNum;
@@ -102,7 +108,8 @@ Registered PatientWriter::registerPatient(int index) {
     patient.birth = drawBirth(chance, m_world.now);
     m_master.row(patient.hospNum, patient.name.last, patient.name.first, patient.name.middle,
                  patient.name.female ? "F" : "M", patient.birth,
-                 chance.of(std::span<const char* const>(bloodTypes)), QString::number(chance.between(1, 4)),
+                 chance.of(std::span<const char* const>(bloodTypes)),
+                 drawCivilStatus(chance, patient.birth, m_world.now),
                  QString::number(chance.between(1, 480)) + u' ' + QString::fromUtf8(chance.of(streets())),
                  chance.of(barangays()), chance.of(towns()).zipCode,
                  QStringLiteral("0918-555-%1").arg(chance.between(1000, 9999)), patient.hospNum);
@@ -210,7 +217,7 @@ void writeWalkIns(World& world) {
         const auto birth = drawBirth(world.chance, world.now);
         table.row(walkIn.hospNum, walkIn.name.last, walkIn.name.first, walkIn.name.middle, birth,
                   birth ? ageAt(*birth, world.now) : QString::number(world.chance.between(20, 70)),
-                  walkIn.name.female ? "F" : "M", QString::number(world.chance.between(1, 4)),
+                  walkIn.name.female ? "F" : "M", drawCivilStatus(world.chance, birth, world.now),
                   QString::number(world.chance.between(1, 480)) + u' ' +
                       QString::fromUtf8(world.chance.of(streets())),
                   world.chance.of(barangays()), world.chance.of(towns()).zipCode,

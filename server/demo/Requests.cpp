@@ -14,6 +14,10 @@ constexpr int firstRequest = 50001;
 
 constexpr const char* encoders[] = {"1001", "1002", "1003", "1004"};
 
+char formTypeOf(const Exam& exam) {
+    return exam.formType && *exam.formType ? *exam.formType : ' ';
+}
+
 struct Line {
     const Stay& stay;
     QString itemID;
@@ -64,6 +68,15 @@ class RequestWriter {
                     "Interpretation",
                     "Conclusion",
                     "ClinicalHistory",
+                    "Isotope",
+                    "Left1",
+                    "Right1",
+                    "Left2",
+                    "Right2",
+                    "Left4",
+                    "Right4",
+                    "Left6",
+                    "Right6",
                     "Left7",
                     "Right7",
                     "Scale",
@@ -75,11 +88,16 @@ class RequestWriter {
                   {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode",
                    "RequestDocCode", "ItemID", "Dose", "UserID", "ResultDate", "TSH", "FreeT4", "FreeT3",
                    "Technologist"})
+        , m_radioToRevoke(world.file, "NUCLEAR..tbNucResultRadio",
+                          {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode",
+                           "RequestDocCode", "ItemID", "UserID", "ResultDate", "Technologist"})
         , m_caseBook(world.file, "NUCLEAR..tbNucLogBook",
                      {"CaseNumber", "RequestNum", "HospNum", "IdNum", "PatientType", "ItemID", "DoctorID",
                       "RequestDocCode", "UserID", "ResultDate", "Status"}) {}
 
     void writeSlip(const Stay& stay, base::DateTime moment);
+    /// One result in so many was taken back, as sp_Nuclear_CancelResult does it.
+    void revokeSome();
     void closeNumbers();
 
   private:
@@ -89,6 +107,8 @@ class RequestWriter {
     void writeLine(const Line& line, const char* status, std::optional<base::DateTime> resultDate);
     void writeBill(const Line& line);
     void writeResult(const Line& line, const Exam& exam, base::DateTime resultDate);
+    void writeImaging(const Line& line, bool gfr, const QString& caseNumber, const QString& reader,
+                      base::DateTime resultDate);
     Line nextLine(const Stay& stay, base::DateTime moment, const QString& refNum, const QString& user) {
         return {stay, {}, {}, {}, 1, 0, refNum, QString::number(m_request++), user, moment, false};
     }
@@ -100,6 +120,7 @@ class RequestWriter {
     TableWriter m_stock;
     TableWriter m_result;
     TableWriter m_radio;
+    TableWriter m_radioToRevoke;
     TableWriter m_caseBook;
     int m_slip = firstSlip;
     int m_request = firstRequest;
@@ -129,7 +150,8 @@ void RequestWriter::writeExamLine(Line line, const Exam& exam) {
     line.revenue = QStringLiteral("NU");
     line.amount = examRate(exam, line.stay.outPatient ? QStringLiteral("A") : line.stay.roomClass);
     const base::DateTime resultDate{line.moment.ms + m_world.chance.between(2, 30) * hourMs};
-    const bool done = !line.revoked && resultDate < m_world.now && m_world.chance.inHundred(70);
+    const bool read = !line.revoked && resultDate < m_world.now && m_world.chance.inHundred(70);
+    const bool done = read && formTypeOf(exam) != 'T';
     writeLine(line, line.revoked ? "R" : done ? "W" : "X", done ? std::optional(resultDate) : std::nullopt);
     writeBill(line);
     m_master.row(line.requestNum, line.stay.hospNum, line.stay.idNum, line.itemID, line.revenue, "I",
@@ -193,9 +215,7 @@ void RequestWriter::writeBill(const Line& line) {
 
 void RequestWriter::writeResult(const Line& line, const Exam& exam, base::DateTime resultDate) {
     Chance& chance = m_world.chance;
-    const char type = exam.formType && *exam.formType ? *exam.formType : ' ';
-    if (type == 'T')
-        return;
+    const char type = formTypeOf(exam);
     const QString caseNumber = QStringLiteral("%1-%2")
                                    .arg(base::calendarDate(resultDate).year % 100)
                                    .arg(m_case++, 5, 10, QLatin1Char('0'));
@@ -210,19 +230,60 @@ void RequestWriter::writeResult(const Line& line, const Exam& exam, base::DateTi
                     QString::number(chance.between(8, 22)) + QStringLiteral(" pmol/L"),
                     QString::number(chance.between(30, 65) / 10.0) + QStringLiteral(" pmol/L"),
                     "R. VILLANUEVA");
+        m_radioToRevoke.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber,
+                            stay.outPatient ? "O" : "I", reader, stay.doctor, line.itemID, "1003", resultDate,
+                            "R. VILLANUEVA");
         return;
     }
-    const bool gfr = type == 'G';
+    writeImaging(line, type == 'G', caseNumber, reader, resultDate);
+}
+
+void RequestWriter::writeImaging(const Line& line, bool gfr, const QString& caseNumber, const QString& reader,
+                                 base::DateTime resultDate) {
+    Chance& chance = m_world.chance;
+    const Stay& stay = line.stay;
+    const QString dose = QString::number(chance.between(2, 25)) + QStringLiteral(" mCi");
+    const int left = gfr ? chance.between(28, 62) : 0;
+    const int right = gfr ? chance.between(28, 62) : 0;
+    const int scaled = gfr ? chance.between(70, 118) : 0;
+    const auto measured = [gfr](double value) { return gfr ? QString::number(value, 'g', 3) : QString(); };
+    const double share = gfr ? 100.0 * left / (left + right) : 0;
     m_result.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber, stay.outPatient ? "O" : "I", reader,
-                 stay.doctor, line.itemID, QString::number(chance.between(2, 25)) + QStringLiteral(" mCi"),
-                 gfr ? "Tc-99m DTPA" : "Tc-99m MDP", "I.V.", gfr ? "POSTERIOR" : "ANTERIOR AND POSTERIOR",
+                 stay.doctor, line.itemID, dose, gfr ? "Tc-99m DTPA" : "Tc-99m MDP", "I.V.",
+                 gfr ? "POSTERIOR" : "ANTERIOR AND POSTERIOR",
                  gfr ? "" : "Tracer distribution is homogenous. No focal area of increased uptake is seen.",
-                 gfr ? "" : "NORMAL STUDY.", gfr ? "" : "For evaluation.",
-                 gfr ? QString::number(chance.between(28, 62)) : QString(),
-                 gfr ? QString::number(chance.between(28, 62)) : QString(),
-                 gfr ? QString::number(chance.between(70, 118)) : QString(),
+                 gfr ? "" : "NORMAL STUDY.", gfr ? "" : "For evaluation.", gfr ? "Tc-99m" : "",
+                 measured(40 + left / 2.0), measured(40 + right / 2.0), measured(5 + left / 20.0),
+                 measured(5 + right / 20.0), measured(share), measured(100 - share), measured(share + 0.5),
+                 measured(99.5 - share), measured(left), measured(right), measured(scaled),
                  QString::number(chance.between(38, 96)), QString::number(chance.between(140, 185)), "1003",
                  resultDate);
+}
+
+void RequestWriter::revokeSome() {
+    const QString revoked =
+        QStringLiteral("(SELECT RequestNum FROM \"NUCLEAR.tbNucLogBook\" WHERE Status = 'R')");
+    const auto run = [this](const QString& text) { runOnFile(m_world.file, text); };
+    run(QStringLiteral("UPDATE \"NUCLEAR.tbNucLogBook\" SET Status = 'R', RevokeDate = ResultDate "
+                       "WHERE CAST(substr(CaseNumber, 4) AS INTEGER) % 13 = 0"));
+    // The audit's columns are those of the result behind its own.
+    run(QStringLiteral(
+            "INSERT INTO \"NUCLEAR.tbNucRevokedResult\" SELECT NULL, ResultDate, 'NUCMED1', * FROM "
+            "\"NUCLEAR.tbNucResult\" WHERE RequestNum IN ") +
+        revoked);
+    for (const auto& [series, table] :
+         {std::pair("1", "tbNucRadioResult"), std::pair("2", "tbNucResultRadio")})
+        run(QStringLiteral(
+                "INSERT INTO \"NUCLEAR.tbNucRevokedRadioResult\" SELECT NULL, ResultDate, 'NUCMED1', "
+                "'%1', * FROM \"NUCLEAR.%2\" WHERE RequestNum IN ")
+                .arg(QLatin1String(series), QLatin1String(table)) +
+            revoked);
+    run(QStringLiteral("UPDATE \"NUCLEAR.tbNucMaster\" SET RequestStatus = '', ResultDate = NULL "
+                       "WHERE RequestNum IN ") +
+        revoked);
+    run(QStringLiteral("UPDATE \"STATION.tbNurseLogBook\" SET RecordStatus = 'X' WHERE RevenueID = 'NU' AND "
+                       "RequestNum IN ") +
+        revoked);
 }
 
 void RequestWriter::closeNumbers() {
@@ -248,6 +309,7 @@ void writeRequests(World& world) {
     RequestWriter writer(world);
     for (const auto& [moment, stay] : moments)
         writer.writeSlip(*stay, moment);
+    writer.revokeSome();
     writer.closeNumbers();
 }
 

@@ -1,6 +1,8 @@
 #include "app/ErrorBox.h"
 #include "platform/controls/ErrorBoundary.h"
 #include "platform/controls/Screen.h"
+#include "results/frmResultEntry.h"
+#include "results/frmResultEntryMPI.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
 #include "tests/support/screens/Driver.h"
@@ -38,8 +40,27 @@ class OneField : public controls::Screen {
     }
 };
 
+/// A labelled field, one that is only looked at, and a password.
+class TwoFields : public controls::Screen {
+  public:
+    TwoFields() {
+        setWindowTitle("Two");
+        auto* first = new QLineEdit("ANA", this);
+        first->setObjectName("txtFirst");
+        auto* label = new QLabel("&First name ", this);
+        label->setBuddy(first);
+        auto* shown = new QLineEdit("104078", this);
+        shown->setObjectName("txtHospNum");
+        shown->setReadOnly(true);
+        auto* secret = new QLineEdit("open sesame", this);
+        secret->setObjectName("txtPassword");
+        secret->setEchoMode(QLineEdit::Password);
+    }
+};
+
 class ErrorBoxTest : public testing::Test {
   protected:
+    base::FixedClock clock = tests::fixedClock();
     template <typename T>
     T* child(app::ErrorBox& box, const char* name) {
         T* found = box.findChild<T*>(name);
@@ -90,6 +111,50 @@ TEST_F(ErrorBoxTest, CopiesTheErrorAndWhatTheScreensHold) {
     EXPECT_TRUE(copied.contains("txtIdNum: 26-000123")) << copied.toStdString();
     EXPECT_FALSE(copied.contains("open sesame"));
     EXPECT_TRUE(box.isVisible());
+    screen.Unload();
+}
+
+TEST_F(ErrorBoxTest, HasNothingToTakeAlongWithoutAScreen) {
+    app::ErrorBox box(plainError);
+    box.show();
+    EXPECT_FALSE(child<QPushButton>(box, "cmdCopyTyped")->isVisible());
+    EXPECT_EQ(box.typed(), "");
+}
+
+TEST_F(ErrorBoxTest, CopiesWhatWasTypedUnderItsCaptions) {
+    TwoFields outer;
+    outer.Show();
+    results::frmResultEntry screen;
+    screen.load();
+    screen.setText("txtPName", "AGUILAR, ROSARIO CRUZ");
+    screen.setText("lblProcedure", "1001 BONE SCAN, WHOLE BODY");
+    screen.setText("txtHospNum", "104078");
+    screen.Show();
+    tests::keys(*screen.findChild<QLineEdit*>("txtHeight"), "5'2");
+    tests::keys(*screen.findChild<QLineEdit*>("txtDose"), "25");
+    tests::keys(*screen.findChild<QPlainTextEdit*>("txtConsultation"), "Uptake<Enter>is normal");
+    screen.setText("txtRemarks", "on a page that is not shown");
+    app::ErrorBox box(serverError);
+    box.show();
+    press(box, "cmdCopyTyped");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+              "[Two]\nFirst name: ANA\n\n"
+              "[Result Entry] AGUILAR, ROSARIO CRUZ   ·   1001 BONE SCAN, WHOLE BODY\n"
+              "Height: 5'2\nNM No.: 26-\nResult Date: 11/21/2026\nDose: 25 mCi\n"
+              "Consultation Report:\nUptake\nis normal\nInterpretation: on a page that is not shown\n");
+    EXPECT_TRUE(box.isVisible());
+    screen.Unload();
+    outer.Unload();
+}
+
+TEST_F(ErrorBoxTest, TakesTheFunctionalParametersAlongAndLeavesTheRestOfTheGrid) {
+    results::frmResultEntryMPI screen;
+    screen.load();
+    screen.setParameter(1, "60|65");
+    screen.Show();
+    const app::ErrorBox box(plainError);
+    EXPECT_TRUE(box.typed().contains("Functional Parameters:   Ejection Fraction | 60 | 65\n"))
+        << box.typed().toStdString();
     screen.Unload();
 }
 

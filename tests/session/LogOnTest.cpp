@@ -137,7 +137,11 @@ TEST_F(LogOn, WrongPasswordAndUnknownCodeReadAlike) {
         type(logOn, "1001", "guess");
         EXPECT_EQ(message(logOn), u"Employee code or password is wrong.");
         EXPECT_TRUE(childOf(logOn, "txtPassword").hasFocus());
-        EXPECT_EQ(childOf<QLineEdit>(logOn, "txtPassword").selectedText().size(), 5);
+        auto& password = childOf<QLineEdit>(logOn, "txtPassword");
+        EXPECT_EQ(password.selectedText().size(), 5);
+        password.deselect();
+        QTest::keyClick(&childOf(logOn, "txtEmployeeCode"), Qt::Key_Return);
+        EXPECT_EQ(password.selectedText().size(), 5);
         type(logOn, "4711", "guess");
         EXPECT_EQ(message(logOn), u"Employee code or password is wrong.");
         QTest::keyClick(&logOn, Qt::Key_Escape);

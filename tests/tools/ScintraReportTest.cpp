@@ -51,8 +51,8 @@ TEST_F(ScintraReport, WritesTheRowsAsAWorkbook) {
     ASSERT_EQ(run("scintra-server", {"demo", hospital}), 0);
     const QString xlsx = folder.filePath("out.xlsx");
     ASSERT_EQ(run("scintra-report",
-                  {definition("NucMonthlyReport.RPT"), "From=11/01/2026", "To=11/30/2026", "--heading", "VALE",
-                   "--address", "1 Harbour Road", "--hospital", hospital, "--to", xlsx}),
+                  {definition("NucMonthlyReport.RPT"), "From=11/01/2026", "To=11/30/2026", "--heading",
+                   "VALE", "--address", "1 Harbour Road", "--hospital", hospital, "--to", xlsx}),
               0);
     QProcess unzip;
     unzip.start(QStringLiteral("unzip"), {"-p", xlsx, "xl/worksheets/sheet1.xml"});

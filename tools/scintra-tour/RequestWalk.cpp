@@ -1,7 +1,7 @@
 #include "tools/scintra-tour/RequestWalk.h"
 
-#include "platform/controls/FlatButton.h"
 #include "platform/controls/FlexGrid.h"
+#include "tools/scintra-tour/Steps.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -16,37 +16,6 @@
 namespace tour {
 
 namespace {
-
-Sight seen(const char* window) {
-    return [window] { return windowOnTop(QString::fromLatin1(window)); };
-}
-
-/// The window, once the control in it is shown and holds the focus.
-Sight focused(const char* window, const char* name) {
-    return [window, name]() -> QWidget* {
-        QWidget* found = windowOnTop(QString::fromLatin1(window));
-        auto* child = found ? found->findChild<QWidget*>(QString::fromLatin1(name)) : nullptr;
-        return child && child->isVisible() && child->hasFocus() ? found : nullptr;
-    };
-}
-
-Deed typed(const char* name, const QString& text, Qt::Key key) {
-    return [name, text, key](QWidget& window) {
-        auto& field = control<QWidget>(window, QString::fromLatin1(name));
-        if (!text.isEmpty())
-            QTest::keyClicks(&field, text);
-        QTest::keyClick(&field, key);
-    };
-}
-
-Deed clicked(const char* name) {
-    return [name](QWidget& window) {
-        auto& button = control<QAbstractButton>(window, QString::fromLatin1(name));
-        if (!button.isVisible() || !button.isEnabled())
-            throw std::runtime_error(std::string(name) + " cannot be clicked");
-        QTest::mouseClick(&button, Qt::LeftButton);
-    };
-}
 
 /// The current cell of the entry grid, once its edit box (or list) floats over it.
 Sight editing(const char* editor, int row, int column) {
@@ -72,21 +41,9 @@ void addLogOn(Walk& walk, const QString& employeeCode, const QString& password) 
 void addMenu(Walk& walk) {
     walk.step(QStringLiteral("Click the requests' main button"), seen("frmMainMenu"),
               clicked("cmdMainMenu_0"));
-    const Sight subMenu = []() -> QWidget* {
-        QWidget* menu = windowOnTop(QStringLiteral("frmMainMenu"));
-        auto* button = menu ? menu->findChild<QWidget*>(QStringLiteral("fltSubMenu_2")) : nullptr;
-        return button && button->isVisible() ? menu : nullptr;
-    };
-    walk.picture(QStringLiteral("request-menu"), subMenu);
-    walk.step(QStringLiteral("Click \"In-Patient Request Entry\""), subMenu, [](QWidget& menu) {
-        for (auto* button : menu.findChildren<controls::FlatButton*>()) {
-            if (button->isVisible() && button->text() == QStringLiteral("In-Patient Request Entry")) {
-                QTest::mouseClick(button, Qt::LeftButton);
-                return;
-            }
-        }
-        throw std::runtime_error("the menu has no such command");
-    });
+    walk.picture(QStringLiteral("request-menu"), offered("In-Patient Request Entry"));
+    walk.step(QStringLiteral("Click \"In-Patient Request Entry\""), offered("In-Patient Request Entry"),
+              commanded("In-Patient Request Entry"));
 }
 
 /// The list with rows, the current one a patient who may be charged.
@@ -182,7 +139,10 @@ QString slipNumber(const QWidget& box) {
 
 void addSave(Walk& walk, RequestWalkResult& result) {
     walk.picture(QStringLiteral("request"), seen("frmRequest"));
-    walk.step(QStringLiteral("Save and print"), seen("frmRequest"), clicked("cmdSavePrint"));
+    walk.step(QStringLiteral("Save and print"), seen("frmRequest"), [&result](QWidget& window) {
+        result.admissionNumber = control<QLineEdit>(window, QStringLiteral("txtIdNum")).text();
+        clicked("cmdSavePrint")(window);
+    });
     const Sight box = []() -> QWidget* {
         QWidget* modal = QApplication::activeModalWidget();
         return modal && !slipNumber(*modal).isEmpty() ? modal : nullptr;

@@ -6,6 +6,7 @@ namespace tour {
 
 struct RequestWalkResult {
     QString chargeSlip;
+    QString admissionNumber;
 };
 
 /// Log-on, menu, an admitted patient, three lines (a stat procedure, a fee, a supply), save and print.

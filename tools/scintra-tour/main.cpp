@@ -11,6 +11,7 @@
 #include "session/Session.h"
 #include "tools/scintra-tour/Findings.h"
 #include "tools/scintra-tour/RequestWalk.h"
+#include "tools/scintra-tour/ResultWalk.h"
 
 #include <QDir>
 #include <QFile>
@@ -93,9 +94,14 @@ int runTour(const QString& folder) {
     });
     tour::RequestWalkResult result;
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
+    tour::ResultWalkResult shown;
+    tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
+            if (!shown.page.contains(QStringLiteral("-90001")) ||
+                !shown.page.contains(result.admissionNumber))
+                walk.fail(QStringLiteral("The result's page is not whole."));
             finish(walk, hospitalFile, result.chargeSlip);
             QCoreApplication::exit(0);
         });
@@ -118,7 +124,8 @@ int main(int argc, char** argv) {
     if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
         say(QStringLiteral(
             "usage: scintra-tour [FOLDER]\n\n"
-            "Takes one request through the program, from the log-on to the printed slip, on a made-up\n"
+            "Takes one request through the program, from the log-on to the printed slip and its result, on a "
+            "made-up\n"
             "hospital in a fresh file, and leaves a picture of each step, the slip and all statements\n"
             "in the folder (./out/tour). Exit code 1 when a step does not happen."));
         return arguments.contains(QStringLiteral("--help")) ? 0 : 1;

@@ -47,6 +47,28 @@ const QString byA = QStringLiteral("<group name=\"G\" by=\"{A}\"/>");
 
 } // namespace
 
+TEST(TornBand, BeginsWhereItStandsAndGoesOnOnTheNextPage) {
+    // A first band, and a text higher than what it leaves of the page.
+    const auto pages = [](const char* tear) {
+        const QString text = QStringLiteral("<details height=\"5mm\" %1>").arg(QLatin1String(tear)) +
+                             field("{A}", "grow=\"yes\"") + "</details>";
+        const auto document = laidOut(band("details", field("\"first\"")) + text, "A",
+                                      {{QStringLiteral("line\n").repeated(20).trimmed()}});
+        QStringList lines;
+        for (int page = 0; page < document->pageCount(); ++page)
+            lines << QString::number(textsOf(*document, page).count(QStringLiteral("line")));
+        return lines.join(u' ');
+    };
+    const QString whole = pages("");
+    const QString torn = pages("tear=\"yes\"");
+    EXPECT_EQ(whole.section(u' ', 0, 0), "0") << whole.toStdString();
+    EXPECT_NE(torn.section(u' ', 0, 0), "0") << torn.toStdString();
+    int lines = 0;
+    for (const QString& count : torn.split(u' '))
+        lines += count.toInt();
+    EXPECT_EQ(lines, 20) << torn.toStdString();
+}
+
 TEST(RunningTotal, GoesOnThroughTheReportOrBeginsAnewWithItsGroup) {
     const auto document = laidOut(byA + band("details", field("Format(Running({N}), \"0.0\") & \"/\" & "
                                                               "Format(Running({N}, G), \"0.0\")")),

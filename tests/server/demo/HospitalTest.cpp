@@ -139,9 +139,21 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
         "SELECT COUNT(*) FROM BILLING..tbCashAssessment WHERE RecordStatus = 'R'",
         "SELECT COUNT(*) FROM NUCLEAR..tbNucMaster WHERE RequestStatus = 'R'",
         "SELECT COUNT(*) FROM NUCLEAR..tbNucResult",
-        "SELECT COUNT(*) FROM NUCLEAR..tbNucRadioResult"};
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucRadioResult",
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucResultRadio",
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucLogBook WHERE Status = ''",
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucRevokedResult WHERE RevokeDate < GETDATE()",
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucRevokedRadioResult WHERE Series = '2'"};
     for (const char* text : some)
         EXPECT_GT(number(*provider, text), 0) << text;
+    // A request with a result has one to show, and nobody is waited for who has one.
+    EXPECT_EQ(
+        number(
+            *provider,
+            "SELECT COUNT(*) FROM NUCLEAR..tbNucMaster N LEFT JOIN NUCLEAR..tbNucLogBook L ON L.RequestNum = "
+            "N.RequestNum AND L.Status <> 'R' WHERE N.RevenueID = 'NU' AND ((N.RequestStatus = 'W' AND "
+            "L.CaseNumber IS NULL) OR (N.RequestStatus <> 'W' AND L.CaseNumber IS NOT NULL))"),
+        0);
     for (const char* roomClass : {"A", "B", "C", "D", "E"})
         EXPECT_GT(number(*provider,
                          ("SELECT COUNT(*) FROM PATIENT_DATA..tbPatient P INNER JOIN BUILD_FILE..tbcoRoom R "

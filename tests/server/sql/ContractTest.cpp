@@ -117,6 +117,23 @@ constexpr Contract contracts[] = {
      "'1001','NU7777','NU'  "
      ",'', '204','1'",
      ""},
+    {"sp_Nuclear_ReportResult '<adm>','<request>'",
+     "PatientName;Sex;BirthDate;Age;Address;RoomID;Company;ExamDate;NucExam;IsRevoked;RequestNum;"
+     "HospNum;IdNum;CaseNumber;ItemID;ResultDate;Dose;Radiopharmaceutical;Route;Projections;"
+     "Protocol;Isotope;Interpretation;Conclusion;ClinicalHistory;Technique;StressDetails;"
+     "StressImages;RestingImages;QuantitativeData;FractionRest;FractionStress;EDVRest;EDVStress;"
+     "ESVRest;ESVStress;SVRest;SVStress;WallMotionRest;WallMotionStress;Left1;Left2;Left3;Left4;"
+     "Left5;Left6;Left7;Right1;Right2;Right3;Right4;Right5;Right6;Right7;Scale;Weight;Height;"
+     "Remarks;AttendingDoc;Cardiologist;RequestDoc;Encoder"},
+    {"sp_Nuclear_ReportResultRadio '<adm>','<request>'",
+     "PatientName;Sex;BirthDate;Age;Address;RoomID;Company;ExamDate;NucExam;IsRevoked;RequestNum;"
+     "HospNum;IdNum;CaseNumber;ItemID;ResultDate;Dose;Radiopharmaceutical;Route;Projections;"
+     "Weight;Height;Technologist;Calcitonin;AntiTG;TG;AntiTPO;TSH;FreeT4;FreeT3;T4;T3;"
+     "Progesterone;Cortisol;DHEA;HGH;HLH;HFSH;AFP;BHCG;PSA;Osteocalcin;CPeptide;SHBG;Insulin;"
+     "SecondCalcitonin;SecondAntiTG;SecondTG;SecondAntiTPO;SecondTSH;SecondFreeT4;SecondFreeT3;"
+     "SecondT4;SecondT3;SecondProgesterone;SecondCortisol;SecondDHEA;SecondHGH;SecondHLH;"
+     "SecondHFSH;SecondAFP;SecondBHCG;SecondPSA;SecondOsteocalcin;SecondCPeptide;SecondSHBG;"
+     "SecondInsulin;AttendingDoc;RequestDoc;Encoder"},
     {"sp_Nuclear_RequestMaster ''", masterColumns},
     {"sp_Nuclear_getRequest '<hosp>'", requestColumns},
     {"sp_Nuclear_ResultMaster ''", masterColumns},

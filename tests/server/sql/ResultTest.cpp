@@ -18,6 +18,21 @@ class Results : public tests::Hospital {
                            "'REPORT','%3','NONE','60','165','1001','11/21/2026 8:45:00 AM','REMARK'")
                 .arg(QLatin1String(request), QLatin1String(caseNumber), QLatin1String(conclusion)));
     }
+    /// "a0" to "a20" in the first boxes, the sixth left empty; "b0" to "b21" in the second ones.
+    void saveRadio(const char* request, const char* caseNumber,
+                   const QString& technologist = QStringLiteral("TECH")) {
+        QStringList first;
+        QStringList second;
+        for (int i = 0; i < 22; ++i) {
+            first << (i == 5 ? QString() : QStringLiteral("a%1").arg(i == 21 ? 20 : i));
+            second << QStringLiteral("b%1").arg(i);
+        }
+        run(QStringLiteral(
+                "sp_Nuclear_SaveResultRadio '104001','26004001','%1','%2','I','201','205','1201','5','','',"
+                "'','60','165','1001','11/21/2026 8:30:00 AM','%3', '%4'")
+                .arg(QLatin1String(request), QLatin1String(caseNumber),
+                     (first + second).join(QStringLiteral("', '")), technologist));
+    }
     QString status(const char* request) {
         return value(QStringLiteral("SELECT RequestStatus FROM tbNucMaster WHERE RequestNum = '%1'")
                          .arg(QLatin1String(request)));
@@ -87,6 +102,160 @@ TEST_F(Results, ARevokedResultFreesItsCaseNumber) {
     EXPECT_EQ(status("90001"), QStringLiteral("W"));
 }
 
+TEST_F(Results, WhatWasRevokedIsKeptForTheAudit) {
+    saveGeneric("90001", "26-90001", "WRONG PATIENT");
+    run(QStringLiteral("sp_Nuclear_CancelResult '90001'"));
+    run(QStringLiteral("sp_Nuclear_CancelResult '90001'"));
+    saveGeneric("90001", "26-90001", "RIGHT");
+    const ado::Rows kept =
+        rows(QStringLiteral("SELECT * FROM tbNucRevokedResult WHERE RequestNum = '90001'"));
+    ASSERT_EQ(kept.count(), 1);
+    EXPECT_EQ(cell(kept, 0, "Conclusion"), QStringLiteral("WRONG PATIENT"));
+    EXPECT_EQ(cell(kept, 0, "CaseNumber"), QStringLiteral("26-90001"));
+    EXPECT_EQ(cell(kept, 0, "RevokeDate"), QStringLiteral("11/21/2026 8:30:00 AM"));
+    EXPECT_EQ(cell(kept, 0, "Workstation"), QStringLiteral("DESK1"));
+    EXPECT_EQ(value(QStringLiteral("SELECT Conclusion FROM tbNucResult WHERE RequestNum = '90001'")),
+              QStringLiteral("RIGHT"));
+    EXPECT_EQ(value(QStringLiteral("SELECT RevokeDate FROM tbNucLogBook WHERE RequestNum = '90001' AND "
+                                   "Status = 'R'")),
+              QStringLiteral("11/21/2026 8:30:00 AM"));
+}
+
+TEST_F(Results, ARevokedRadioImmunoassayKeepsBothItsSeries) {
+    saveRadio("90002", "26-90002");
+    run(QStringLiteral("sp_Nuclear_CancelResult '90002'"));
+    const ado::Rows kept = rows(
+        QStringLiteral("SELECT * FROM tbNucRevokedRadioResult WHERE RequestNum = '90002' ORDER BY Series"));
+    ASSERT_EQ(kept.count(), 2);
+    EXPECT_EQ(cell(kept, 0, "TSH"), QStringLiteral("a4"));
+    EXPECT_EQ(cell(kept, 1, "TSH"), QStringLiteral("b4"));
+    EXPECT_EQ(count(QStringLiteral("tbNucRevokedResult"), QStringLiteral("RequestNum = '90002'")), 0);
+}
+
+TEST_F(Results, TheDoctorsOfARevokedResultAreOver) {
+    const QString ask = QStringLiteral("sp_Nuclear_ResultEntry '90001'");
+    const QString before = cell(rows(ask), 0, "requestdoccode");
+    saveGeneric("90001", "26-90001");
+    EXPECT_EQ(cell(rows(ask), 0, "requestdoccode"), QStringLiteral("205"));
+    run(QStringLiteral("sp_Nuclear_CancelResult '90001'"));
+    EXPECT_EQ(cell(rows(ask), 0, "requestdoccode"), before);
+}
+
+TEST_F(Results, ARequestThatWasCancelledTakesNoResult) {
+    run(QStringLiteral("UPDATE tbNucMaster SET RequestStatus = 'R' WHERE RequestNum = '90001'"));
+    try {
+        saveGeneric("90001", "26-90001");
+        FAIL() << "a cancelled request came back";
+    } catch (const base::RunTimeError& error) {
+        EXPECT_EQ(error.number(), 50003);
+    }
+    EXPECT_EQ(status("90001"), QStringLiteral("R"));
+    EXPECT_EQ(count(QStringLiteral("tbNucLogBook"), QStringLiteral("RequestNum = '90001'")), 0);
+    run(QStringLiteral("sp_Nuclear_CancelResult '90001'"));
+    EXPECT_EQ(status("90001"), QStringLiteral("R"));
+}
+
+TEST_F(Results, NoTextIsCut) {
+    const QString memo = QString(20'000, u'x');
+    const QString line = QString(900, u'y');
+    run(QStringLiteral(
+            "sp_Nuclear_SaveResultMPI '104001','26004001','90001','26-90001','I','204','205','1024','%2',"
+            "'%2','%1','%1','%1','%1','%1','%1','%2','%2','%2','%2','%2','%1','60','165','1001',"
+            "'11/21/2026 8:30:00 AM','%1'")
+            .arg(memo, line));
+    const ado::Rows kept = rows(QStringLiteral("SELECT * FROM tbNucResult WHERE RequestNum = '90001'"));
+    for (const char* column : {"ClinicalHistory", "Technique", "StressDetails", "StressImages",
+                               "RestingImages", "QuantitativeData", "Conclusion", "Remarks"})
+        EXPECT_EQ(cell(kept, 0, column).size(), memo.size()) << column;
+    for (const char* column : {"Radiopharmaceutical", "Protocol", "Fraction", "WallMotion"})
+        EXPECT_EQ(cell(kept, 0, column).size(), line.size()) << column;
+    saveRadio("90002", "26-90002", line);
+    EXPECT_EQ(value(QStringLiteral("SELECT Technologist FROM tbNucRadioResult WHERE RequestNum = '90002'")),
+              line);
+}
+
+TEST_F(Results, PatientsAreFoundByNameAndByNumber) {
+    const auto found = [this](const QString& text) {
+        QStringList codes;
+        const ado::Rows patients = rows(QStringLiteral("sp_Nuclear_RequestMaster '%1'").arg(text));
+        for (qsizetype i = 0; i < patients.count(); ++i)
+            codes << cell(patients, i, "HospNum");
+        return codes;
+    };
+    const QString name =
+        value(QStringLiteral("SELECT LastName FROM PATIENT_DATA..tbMaster WHERE HospNum = '104001'"));
+    for (const QString& text :
+         {name, name.left(3).toLower(), QStringLiteral("104001"), QStringLiteral("26004001"), QString()}) {
+        EXPECT_EQ(found(text).count(QStringLiteral("104001")), 1) << text.toStdString();
+    }
+    EXPECT_EQ(found(QStringLiteral("104001")), QStringList{QStringLiteral("104001")});
+    EXPECT_EQ(found(QStringLiteral("ZZZ")), QStringList());
+    EXPECT_EQ(cell(rows(QStringLiteral("sp_Nuclear_RequestMaster '104001'")), 0, "RequestNum"),
+              QStringLiteral("90002"));
+    run(QStringLiteral("UPDATE PATIENT_DATA..tbMaster SET LastName = 'O''ZONE' WHERE HospNum = '104001'"));
+    EXPECT_EQ(found(QStringLiteral("O`ZO")), QStringList{QStringLiteral("104001")});
+    // Who has a result only is found behind the other door.
+    run(QStringLiteral("DELETE FROM tbNucMaster WHERE HospNum = '104001' AND RequestNum <> '90001'"));
+    saveGeneric("90001", "26-90001");
+    EXPECT_EQ(found(QStringLiteral("O`ZO")), QStringList());
+    EXPECT_EQ(found(QStringLiteral("104001")), QStringList());
+    EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_ResultMaster 'O`ZO'")).count(), 1);
+    EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_GetResult '104001'")).count(), 1);
+    EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_getRequest '104001'")).count(), 0);
+}
+
+TEST_F(Results, AWalkInIsFoundToo) {
+    run(QStringLiteral("sp_Nuclear_AddRequest 'W1001','','90003', '1001','5200','204','W', "
+                       "'C78J','1001','90003','','1', '','NU'"));
+    const QString name =
+        value(QStringLiteral("SELECT LastName FROM PATIENT_DATA..tbCashPatient WHERE hospnum = 'W1001'"));
+    for (const QString& text : {name, QStringLiteral("W1001")}) {
+        const ado::Rows found = rows(QStringLiteral("sp_Nuclear_RequestMaster '%1'").arg(text));
+        bool there = false;
+        for (qsizetype i = 0; i < found.count(); ++i)
+            there = there || cell(found, i, "HospNum") == QStringLiteral("W1001");
+        EXPECT_TRUE(there) << text.toStdString();
+    }
+    const ado::Rows entry = rows(QStringLiteral("sp_Nuclear_ResultEntry '90003'"));
+    ASSERT_EQ(entry.count(), 1);
+    EXPECT_EQ(cell(entry, 0, "LastName"), name);
+    EXPECT_EQ(cell(entry, 0, "PatientType"), QStringLiteral("W"));
+    EXPECT_EQ(cell(entry, 0, "RoomID"), QStringLiteral("OPD"));
+}
+
+TEST_F(Results, OnPaperARevokedResultSaysSo) {
+    saveGeneric("90001", "26-90001");
+    saveRadio("90002", "26-90002");
+    const QString generic = QStringLiteral("sp_Nuclear_ReportResult '26004001','90001'");
+    const QString radio = QStringLiteral("sp_Nuclear_ReportResultRadio '26004001','90002'");
+    for (const QString& call : {generic, radio}) {
+        ASSERT_EQ(rows(call).count(), 1);
+        EXPECT_EQ(cell(rows(call), 0, "IsRevoked"), QStringLiteral("0"));
+        EXPECT_EQ(cell(rows(call), 0, "Encoder"), QStringLiteral("REYES, JOAN P."));
+    }
+    EXPECT_EQ(cell(rows(radio), 0, "SecondTSH"), QStringLiteral("b4"));
+    EXPECT_EQ(cell(rows(radio), 0, "SecondInsulin"), QStringLiteral("<Null>"));
+    EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_ReportResult '26004002','90001'")).count(), 0);
+    run(QStringLiteral("sp_Nuclear_CancelResult '90001'"));
+    run(QStringLiteral("sp_Nuclear_CancelResult '90002'"));
+    for (const QString& call : {generic, radio})
+        EXPECT_EQ(cell(rows(call), 0, "IsRevoked"), QStringLiteral("1"));
+}
+
+TEST_F(Results, APairIsPartedAtItsBar) {
+    const auto part = [this](const char* text, int which) {
+        return value(QStringLiteral("SELECT dbo.fnNuclear_Part('%1', %2) AS Part")
+                         .arg(QLatin1String(text))
+                         .arg(which));
+    };
+    EXPECT_EQ(part("60|65", 1), QStringLiteral("60"));
+    EXPECT_EQ(part("60|65", 2), QStringLiteral("65"));
+    EXPECT_EQ(part("60", 1), QStringLiteral("60"));
+    EXPECT_EQ(part("60", 2), QString());
+    EXPECT_EQ(part("|", 1) + part("|", 2) + part("", 1) + part("", 2), QString());
+    EXPECT_EQ(part("a|b|c", 2), QStringLiteral("b"));
+}
+
 TEST_F(Results, PerfusionAndGfrShareTheTable) {
     run(QStringLiteral(
         "sp_Nuclear_SaveResultMPI "
@@ -112,17 +281,7 @@ TEST_F(Results, PerfusionAndGfrShareTheTable) {
 }
 
 TEST_F(Results, RadioImmunoassayTakesTheFirstBoxThatHoldsSomething) {
-    QStringList first;
-    QStringList second;
-    for (int i = 0; i < 22; ++i) {
-        first << (i == 5 ? QString() : QStringLiteral("a%1").arg(i == 21 ? 20 : i));
-        second << QStringLiteral("b%1").arg(i);
-    }
-    run(QStringLiteral(
-            "sp_Nuclear_SaveResultRadio "
-            "'104001','26004001','90002','26-90002','I','201','205','1201','5','','','','60','165',"
-            "'1001','11/21/2026 8:30:00 AM','") +
-        (first + second).join(QStringLiteral("', '")) + QStringLiteral("', 'TECH'"));
+    saveRadio("90002", "26-90002");
     const ado::Rows result =
         rows(QStringLiteral("SELECT * FROM tbNucRadioResult WHERE RequestNum = '90002'"));
     ASSERT_EQ(result.count(), 1);

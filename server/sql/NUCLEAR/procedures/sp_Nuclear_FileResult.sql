@@ -18,6 +18,8 @@ SET NOCOUNT ON
 IF EXISTS (SELECT 1 FROM tbNucLogBook
         WHERE CaseNumber = @CaseNumber AND Status <> 'R' AND RequestNum <> @RequestNum)
     THROW 50001, 'The Case Number you entered is already used.', 1;
+IF EXISTS (SELECT 1 FROM tbNucMaster WHERE RequestNum = @RequestNum AND RequestStatus = 'R')
+    THROW 50003, 'The request was cancelled.', 1;
 UPDATE tbNucLogBook
 SET CaseNumber = @CaseNumber, PatientType = @PatientType, ItemID = @ItemID, DoctorID = @DoctorID,
     RequestDocCode = @RequestDocCode, UserID = @UserID, ResultDate = @ResultDate

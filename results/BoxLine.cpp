@@ -1,0 +1,27 @@
+#include "results/BoxLine.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace results {
+
+QWidget* addBoxLine(QGridLayout& grid, int row, const QString& caption, const QString& firstBox,
+                    const QString& secondBox, QWidget* before) {
+    auto* label = new QLabel(caption);
+    label->setTextFormat(Qt::PlainText);
+    grid.addWidget(label, row, 0);
+    int column = 1;
+    for (const QString& name : {firstBox, secondBox}) {
+        auto* box = new QLineEdit;
+        box->setObjectName(name);
+        const auto* heading = qobject_cast<const QLabel*>(grid.itemAtPosition(0, column)->widget());
+        box->setAccessibleName(caption.trimmed() + u' ' + heading->text());
+        grid.addWidget(box, row, column++);
+        QWidget::setTabOrder(before, box);
+        before = box;
+    }
+    return before;
+}
+
+} // namespace results

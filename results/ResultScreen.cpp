@@ -1,0 +1,263 @@
+#include "results/ResultScreen.h"
+
+#include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
+#include "platform/controls/FlexGrid.h"
+#include "platform/controls/HeaderBand.h"
+#include "platform/controls/KeyFilter.h"
+#include "platform/controls/Look.h"
+#include "results/PageKeys.h"
+#include "results/frmSymbols.h"
+#include "session/DateFields.h"
+#include "session/Services.h"
+#include "session/Session.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace results {
+
+using base::Trim;
+using namespace controls;
+using session::gCodeFind;
+
+namespace {
+
+constexpr int noSuchMember = 461;
+/// What the user types goes behind the year or before the unit that stands there already.
+constexpr const char* prefilled[] = {"txtCaseNum", "txtDose"};
+
+bool isAmong(FieldNames names, const QString& name) {
+    return std::any_of(names.begin(), names.end(),
+                       [&](const char* one) { return name == QLatin1String(one); });
+}
+
+/// A memo's text as it was typed: the widget's own reading turns a hard blank into a soft one.
+QString memoText(const QPlainTextEdit& memo) {
+    QString text = memo.document()->toRawText();
+    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+}
+
+} // namespace
+
+ResultScreen::ResultScreen(const ResultVariant& variant, QWidget* parent)
+    : Screen(parent), m_variant(variant) {}
+
+ResultScreen::~ResultScreen() = default;
+
+void ResultScreen::prepare() {
+    const auto button = [this](const char* name) { return qobject_cast<QPushButton*>(widget(name)); };
+    look::setPrimary(button("btnSavePrint"));
+    button("btnRevoke")->hide();
+    on(button("btnSave"), &QPushButton::clicked, this, [this] { btnSave_Click(); });
+    on(button("btnSavePrint"), &QPushButton::clicked, this, [this] { btnSavePrint_Click(); });
+    on(button("btnEdit"), &QPushButton::clicked, this, [this] { btnEdit_Click(); });
+    on(button("btnPrint"), &QPushButton::clicked, this, [this] { btnPrint_Click(); });
+    on(button("btnClear"), &QPushButton::clicked, this, [this] { btnClear_Click(); });
+    on(button("btnRevoke"), &QPushButton::clicked, this, [this] { btnRevoke_Click(); });
+    on(button("btnClose"), &QPushButton::clicked, this, [this] { Unload(); });
+    const auto browse = [this](const char* name) { return qobject_cast<QToolButton*>(widget(name)); };
+    on(browse("cmdBrowse1"), &QToolButton::clicked, this, [this] { lookUpDoctor(m_variant.browse1); });
+    on(browse("cmdBrowse2"), &QToolButton::clicked, this, [this] { lookUpDoctor(m_variant.browse2); });
+    for (const char* name : m_variant.backQuotes) {
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(widget(name)))
+            setKeyRules(memo, KeyRule::BackQuote);
+        else
+            setKeyRules(qobject_cast<QLineEdit*>(widget(name)), KeyRule::BackQuote);
+    }
+    for (QTabWidget* tabs : findChildren<QTabWidget*>()) {
+        tabs->setFocusPolicy(Qt::NoFocus);
+        tabs->tabBar()->setFocusPolicy(Qt::NoFocus); // Tab goes from page to page by itself
+    }
+    for (QWidget* field : findChildren<QWidget*>()) {
+        if (qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) ||
+            qobject_cast<FlexGrid*>(field))
+            field->installEventFilter(this);
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(field))
+            memo->viewport()->installEventFilter(this);
+    }
+}
+
+// ---- fields
+
+QWidget* ResultScreen::widget(const char* name) const {
+    if (auto* found = findChild<QWidget*>(QLatin1String(name)))
+        return found;
+    throw base::RunTimeError(noSuchMember, QStringLiteral("Method or data member not found: %1").arg(name));
+}
+
+QString ResultScreen::text(const char* name) const {
+    const QWidget* field = widget(name);
+    if (const auto* line = qobject_cast<const QLineEdit*>(field))
+        return line->text();
+    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(field))
+        return memoText(*memo);
+    if (const auto* label = qobject_cast<const QLabel*>(field))
+        return label->text();
+    throw base::RunTimeError(noSuchMember, QStringLiteral("No text in %1").arg(name));
+}
+
+void ResultScreen::setText(const char* name, const QString& text) {
+    QWidget* field = widget(name);
+    if (auto* line = qobject_cast<QLineEdit*>(field)) {
+        line->setText(text);
+        line->setCursorPosition(0); // a long text shows its beginning
+        line->setToolTip(line->isReadOnly() ? text : QString());
+    } else if (auto* memo = qobject_cast<QPlainTextEdit*>(field)) {
+        memo->setPlainText(text);
+    } else if (auto* label = qobject_cast<QLabel*>(field)) {
+        label->setText(text);
+    } else {
+        throw base::RunTimeError(noSuchMember, QStringLiteral("No text in %1").arg(name));
+    }
+}
+
+void ResultScreen::enableFields(FieldNames names, bool enabled) {
+    for (const char* name : names)
+        widget(name)->setEnabled(enabled);
+}
+
+void ResultScreen::showCommands(FieldNames names, bool shown) {
+    for (const char* name : names)
+        widget(name)->setVisible(shown);
+}
+
+void ResultScreen::lockCaseNum(bool locked) {
+    qobject_cast<QLineEdit*>(widget("txtCaseNum"))->setReadOnly(locked);
+}
+
+// ---- opening
+
+void ResultScreen::Form_Load() {
+    session::setToday(qobject_cast<QDateEdit*>(widget("DtResultDate")));
+    auto* caseNum = qobject_cast<QLineEdit*>(widget("txtCaseNum"));
+    caseNum->setText(base::Format(base::today(), QStringLiteral("yy")) + u'-');
+    if (findChild<QLineEdit*>(QStringLiteral("txtDose")))
+        setText("txtDose", QStringLiteral(" mCi"));
+}
+
+void ResultScreen::showEvent(QShowEvent* event) {
+    showPatient();
+    focusFirst();
+    Screen::showEvent(event);
+}
+
+void ResultScreen::showPatient() {
+    auto* band = findChild<HeaderBand*>(QStringLiteral("band"));
+    QStringList parts;
+    for (const QString& part : {text("txtPName"), text("lblProcedure")}) {
+        if (!Trim(part).isEmpty())
+            parts += part;
+    }
+    band->setSubtitle(parts.join(QStringLiteral("   ·   ")));
+    QStringList chips;
+    if (!text("txtIdNum").isEmpty())
+        chips += QStringLiteral("Adm. ") + text("txtIdNum");
+    if (!text("txtHospNum").isEmpty())
+        chips += QStringLiteral("Hosp. ") + text("txtHospNum");
+    band->setChips(chips);
+}
+
+/// Where typing begins: the case number of a new result; else the command that a clerk came for, but never
+/// the one that revokes.
+void ResultScreen::focusFirst() {
+    auto* caseNum = qobject_cast<QLineEdit*>(widget("txtCaseNum"));
+    if (caseNum->isEnabled() && !caseNum->isReadOnly()) {
+        caseNum->setFocus();
+        caseNum->end(false);
+        return;
+    }
+    QWidget* edit = widget("btnEdit");
+    (edit->isVisibleTo(this) ? edit : widget("btnClose"))->setFocus();
+}
+
+// ---- keys
+
+bool ResultScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && isAmong(prefilled, watched->objectName()) &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+        // Reached by Tab a field is marked whole, and what is typed would replace the year or the unit.
+        QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
+        watched->event(&plain);
+        return true;
+    }
+    if (event->type() == QEvent::Wheel) {
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(watched->parent()); memo && !memo->isEnabled())
+            scrollDisabled(*memo, *static_cast<QWheelEvent*>(event));
+    }
+    if (event->type() != QEvent::KeyPress)
+        return Screen::eventFilter(watched, event);
+    bool handled = false;
+    ErrorBoundary::guard([&] { handled = fieldKey(watched->objectName(), *static_cast<QKeyEvent*>(event)); });
+    return handled;
+}
+
+bool ResultScreen::fieldKey(const QString& field, const QKeyEvent& event) {
+    const int key = event.key();
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    if ((key == Qt::Key_Tab || key == Qt::Key_Backtab) && !control)
+        return stepOverPages(*this, key == Qt::Key_Tab && !event.modifiers().testFlag(Qt::ShiftModifier));
+    if (event.modifiers() & ~Qt::KeypadModifier)
+        return false;
+    if (key == Qt::Key_F5 && isAmong(m_variant.symbols, field)) {
+        insertSymbol(field.toLatin1().constData());
+        return true;
+    }
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    for (const EnterMove& move : m_variant.enterMoves) {
+        if (field == QLatin1String(move.from)) {
+            focusOnItsPage(*widget(move.to));
+            return true;
+        }
+    }
+    for (const EnterLookup& lookup : m_variant.enterLookups) {
+        if (field == QLatin1String(lookup.code)) {
+            lookUpDoctor(lookup.browse == 1 ? m_variant.browse1 : m_variant.browse2);
+            return true;
+        }
+    }
+    return false;
+}
+
+void ResultScreen::keyPressEvent(QKeyEvent* event) {
+    if (!pageKey(*this, *event))
+        Screen::keyPressEvent(event);
+}
+
+void ResultScreen::insertSymbol(const char* field) {
+    auto& symbols = SharedScreen<frmSymbols>::fresh();
+    symbols.ShowModal();
+    // Appended as if typed at the end, so that it can be undone.
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(widget(field))) {
+        memo->moveCursor(QTextCursor::End);
+        memo->insertPlainText(symbols.Symbol());
+    } else if (auto* line = qobject_cast<QLineEdit*>(widget(field))) {
+        line->end(false);
+        line->insert(symbols.Symbol());
+    }
+}
+
+// ---- doctors
+
+void ResultScreen::lookUpDoctor(const DoctorFields& doctor) {
+    gCodeFind->SearchMode = true;
+    if (!gCodeFind->SearchListing(text(doctor.code), session::clsLookupPad::doctors))
+        return;
+    const session::DoctorRecord found = gCodeFind->DoctorRecord;
+    const QString code = gCodeFind->ResultCode;
+    setText(doctor.name,
+            QStringLiteral("DR. ") + found.LastName + u',' + found.FirstName + u' ' + found.MiddleName);
+    setText(doctor.code, code);
+}
+
+} // namespace results

@@ -1,0 +1,106 @@
+#include "tools/scintra-tour/ResultWalk.h"
+
+#include "platform/controls/FlexGrid.h"
+#include "platform/report/PageDocument.h"
+#include "platform/report/Viewer.h"
+#include "tools/scintra-tour/Steps.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include <stdexcept>
+
+namespace tour {
+
+namespace {
+
+/// Whichever entry screen the exam led to.
+QWidget* entryScreen() {
+    for (const char* name : {"frmResultEntry", "frmResultEntryGFR", "frmResultRadioImmuno"}) {
+        if (QWidget* found = windowOnTop(QLatin1String(name)))
+            return found;
+    }
+    return nullptr;
+}
+
+void addRequest(Walk& walk, const QString& admissionNumber, const QString& chargeSlip) {
+    walk.step(QStringLiteral("Click the results' main button"), seen("frmMainMenu"),
+              clicked("cmdMainMenu_1"));
+    walk.step(QStringLiteral("Click \"Result Entry\""), offered("Result Entry"), commanded("Result Entry"));
+    walk.step(QStringLiteral("Search the patient by the admission number"),
+              focused("frmRequestMaster", "txtSearch"), [&admissionNumber](QWidget& window) {
+                  typed("txtSearch", admissionNumber, Qt::Key_Return)(window);
+              });
+    walk.step(QStringLiteral("Go to the list"), focused("frmRequestMaster", "txtSearch"),
+              typed("txtSearch", {}, Qt::Key_Down));
+    walk.picture(QStringLiteral("request-master"), focused("frmRequestMaster", "grdTable"));
+    walk.step(QStringLiteral("Take the patient with Enter"), focused("frmRequestMaster", "grdTable"),
+              typed("grdTable", {}, Qt::Key_Return));
+    walk.step(QStringLiteral("Move to the request"), focused("frmResult", "grdTable"),
+              [&chargeSlip](QWidget& window) {
+                  auto& grid = control<controls::FlexGrid>(window, QStringLiteral("grdTable"));
+                  while (grid.TextMatrix(grid.Row(), 7) != chargeSlip) {
+                      const int row = grid.Row();
+                      QTest::keyClick(&grid, Qt::Key_Down);
+                      if (grid.Row() == row)
+                          throw std::runtime_error("the request is not in the list");
+                  }
+              });
+    walk.picture(QStringLiteral("result-list"), focused("frmResult", "grdTable"));
+    walk.step(QStringLiteral("Take the request with Enter"), focused("frmResult", "grdTable"),
+              typed("grdTable", {}, Qt::Key_Return));
+}
+
+void addEntry(Walk& walk) {
+    walk.step(QStringLiteral("Type the case number"), entryScreen,
+              typed("txtCaseNum", QStringLiteral("90001"), Qt::Key_Tab));
+    walk.step(QStringLiteral("Type the technical data and the text"), entryScreen, [](QWidget& window) {
+        QTest::keyClicks(&control<QLineEdit>(window, QStringLiteral("txtRadiopharmaceutical")),
+                         QStringLiteral("Tc-99m MDP"));
+        if (auto* text = window.findChild<QPlainTextEdit*>(QStringLiteral("txtConsultation")))
+            QTest::keyClicks(text, QStringLiteral("Tracer distribution is homogenous."));
+    });
+    walk.picture(QStringLiteral("result"), entryScreen);
+    walk.step(QStringLiteral("Save and print the result"), entryScreen, clicked("btnSavePrint"));
+    const Sight box = []() -> QWidget* {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal)
+            return nullptr;
+        for (const QLabel* label : modal->findChildren<QLabel*>()) {
+            if (label->text() == QStringLiteral("Data Successfully Saved!"))
+                return modal;
+        }
+        return nullptr;
+    };
+    walk.step(QStringLiteral("Close the result's box with Enter"), box, [](QWidget& window) {
+        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, Qt::Key_Return);
+    });
+}
+
+void addPage(Walk& walk, ResultWalkResult& result) {
+    walk.picture(QStringLiteral("result-page"), seen("frmReportViewer"));
+    walk.step(QStringLiteral("Read the page and leave the viewer"), seen("frmReportViewer"),
+              [&result](QWidget& window) {
+                  const report::PageDocument* pages =
+                      control<report::Viewer>(window, QStringLiteral("CRViewer1")).document();
+                  if (pages && pages->pageCount() > 0)
+                      result.page = report::textOf(*pages->page(0));
+                  QTest::keyClick(&window, Qt::Key_Escape);
+              });
+    walk.step(QStringLiteral("Leave the patients with Escape"), focused("frmRequestMaster", "txtSearch"),
+              typed("txtSearch", {}, Qt::Key_Escape));
+}
+
+} // namespace
+
+void addResultWalk(Walk& walk, const QString& admissionNumber, const QString& chargeSlip,
+                   ResultWalkResult& result) {
+    addRequest(walk, admissionNumber, chargeSlip);
+    addEntry(walk);
+    addPage(walk, result);
+}
+
+} // namespace tour

@@ -1,0 +1,64 @@
+#include "tools/scintra-tour/Steps.h"
+
+#include "platform/controls/FlatButton.h"
+
+#include <QTest>
+
+#include <stdexcept>
+
+namespace tour {
+
+namespace {
+
+QWidget* command(QWidget& menu, const char* caption) {
+    for (auto* button : menu.findChildren<controls::FlatButton*>()) {
+        if (button->isVisible() && button->text() == QLatin1String(caption))
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Sight seen(const char* window) {
+    return [window] { return windowOnTop(QString::fromLatin1(window)); };
+}
+
+Sight focused(const char* window, const char* name) {
+    return [window, name]() -> QWidget* {
+        QWidget* found = windowOnTop(QString::fromLatin1(window));
+        auto* child = found ? found->findChild<QWidget*>(QString::fromLatin1(name)) : nullptr;
+        return child && child->isVisible() && child->hasFocus() ? found : nullptr;
+    };
+}
+
+Deed typed(const char* name, const QString& text, Qt::Key key) {
+    return [name, text, key](QWidget& window) {
+        auto& field = control<QWidget>(window, QString::fromLatin1(name));
+        if (!text.isEmpty())
+            QTest::keyClicks(&field, text);
+        QTest::keyClick(&field, key);
+    };
+}
+
+Deed clicked(const char* name) {
+    return [name](QWidget& window) {
+        auto& button = control<QAbstractButton>(window, QString::fromLatin1(name));
+        if (!button.isVisible() || !button.isEnabled())
+            throw std::runtime_error(std::string(name) + " cannot be clicked");
+        QTest::mouseClick(&button, Qt::LeftButton);
+    };
+}
+
+Sight offered(const char* caption) {
+    return [caption]() -> QWidget* {
+        QWidget* menu = windowOnTop(QStringLiteral("frmMainMenu"));
+        return menu && command(*menu, caption) ? menu : nullptr;
+    };
+}
+
+Deed commanded(const char* caption) {
+    return [caption](QWidget& menu) { QTest::mouseClick(command(menu, caption), Qt::LeftButton); };
+}
+
+} // namespace tour
