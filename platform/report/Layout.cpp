@@ -39,9 +39,10 @@ std::unique_ptr<PageDocument> layout(std::shared_ptr<const ReportData> data, con
     auto document = emptyDocument(*data->definition);
     LaidPages& pages = beginPages(*document, data);
     const qsizetype rows = data->details ? data->details->count() : 0;
-    while (pages.work(progress ? QDeadlineTimer(slice) : QDeadlineTimer(QDeadlineTimer::Forever)) !=
-           LaidPages::Step::Done) {
-        if (!progress({rows, pages.pageCount(), 0}))
+    LaidPages::Step step = LaidPages::Step::Busy;
+    while (step != LaidPages::Step::Done) {
+        step = pages.work(progress ? QDeadlineTimer(slice) : QDeadlineTimer(QDeadlineTimer::Forever));
+        if (progress && !progress({rows, pages.pageCount(), 0}))
             return nullptr;
     }
     return document;

@@ -51,7 +51,7 @@ void RowStore::close(QByteArray block) {
 QByteArray RowStore::bytesOf(qsizetype block, qsizetype from) const {
     const std::scoped_lock lock(m_mutex);
     if (std::size_t(block) == m_blocks.size())
-        return m_open.mid(from);
+        return QByteArray(m_open.constData() + from, m_open.size() - from); // not shared: it is written on
     const Packed& packed = m_blocks[std::size_t(block)];
     if (packed.size == packed.bytes.size())
         return packed.bytes.mid(from);

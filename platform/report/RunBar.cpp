@@ -1,5 +1,6 @@
 #include "platform/report/RunBar.h"
 
+#include "platform/controls/Connect.h"
 #include "platform/controls/Look.h"
 
 #include <QAction>
@@ -7,7 +8,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
-#include <QToolButton>
+#include <QPushButton>
 
 namespace report {
 
@@ -18,29 +19,36 @@ RunBar::RunBar(QAction* stop, QWidget* parent) : QWidget(parent) {
     m_busy->setRange(0, 0);
     m_busy->setTextVisible(false);
     m_busy->setFixedWidth(controls::look::scaled(140));
-    m_busy->setFixedHeight(controls::look::scaled(6));
-    m_stop = new QToolButton(this);
+    m_busy->setFixedHeight(controls::look::scaled(14));
+    m_stop = new QPushButton(stop->text(), this);
     m_stop->setObjectName(QStringLiteral("runStop"));
-    m_stop->setDefaultAction(stop);
-    m_stop->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_stop->setToolTip(stop->toolTip());
+    m_stop->setFocusPolicy(Qt::NoFocus); // Escape does it; the focus stays with the pages
+    m_stop->setAutoDefault(false);
+    controls::on(m_stop, &QPushButton::clicked, stop, [stop] { stop->trigger(); });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(12, 2, 12, 2);
-    row->addWidget(m_text);
-    row->addWidget(m_busy);
+    row->setSpacing(controls::look::scaled(12));
+    row->addWidget(m_busy, 0, Qt::AlignVCenter);
+    row->addWidget(m_text, 1);
     row->addWidget(m_stop);
-    row->addStretch(1);
+    QSizePolicy policy = m_stop->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // the pages keep their place when the button goes
+    m_stop->setSizePolicy(policy);
 }
 
 void RunBar::showRunning(const Progress& progress) {
     const QLocale locale(QLocale::English);
     m_text->setText(tr("Reading\u2026 %1 rows, %2 pages")
                         .arg(locale.toString(progress.rows), locale.toString(progress.pages)));
+    controls::look::setKind(m_text, {});
     m_busy->show();
     m_stop->show();
 }
 
 void RunBar::showStopped() {
     m_text->setText(tr("Stopped: the report is not complete"));
+    controls::look::setKind(m_text, QStringLiteral("warn"));
     m_busy->hide();
     m_stop->hide();
 }

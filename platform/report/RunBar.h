@@ -7,7 +7,7 @@
 class QAction;
 class QLabel;
 class QProgressBar;
-class QToolButton;
+class QPushButton;
 
 namespace report {
 
@@ -26,7 +26,7 @@ class RunBar : public QWidget {
   private:
     QLabel* m_text;
     QProgressBar* m_busy;
-    QToolButton* m_stop;
+    QPushButton* m_stop;
 };
 
 } // namespace report

@@ -79,6 +79,7 @@ class Viewer : public QWidget {
     void showGrowth();
     void showEnd();
     void find(const QString& text);
+    static constexpr int findSlice = 15; // ms
     void findFurther(int milliseconds);
     void showHits(bool searching);
     void findStep(int direction);

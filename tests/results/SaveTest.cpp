@@ -234,6 +234,13 @@ TEST_P(SaveOnAll, RefusesACaseNumberOfBlanks) {
     EXPECT_EQ(focused(), "txtCaseNum");
 }
 
+/// The server would cut it, and take another result's number for it.
+TEST_P(SaveOnAll, TakesNoLongerCaseNumberThanTheLogBookKeeps) {
+    open(GetParam());
+    type("txtCaseNum", "<Ctrl+A>26-" + QString(20, u'7'));
+    EXPECT_EQ(text("txtCaseNum"), "26-" + QString(17, u'7'));
+}
+
 TEST_P(SaveOnAll, AcceptsTheYearPrefixAlone) {
     open(GetParam());
     EXPECT_EQ(text("txtCaseNum"), "26-");

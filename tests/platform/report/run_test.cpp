@@ -251,7 +251,7 @@ TEST_F(RunTest, ProgressCanGiveUpReadingLayingOutAndExporting) {
               nullptr);
     EXPECT_GE(calls, 3);
     EXPECT_LT(mill.handed(), 1000);
-    mill.rows = 60'000;
+    mill.rows = 6'000;
     EXPECT_EQ(open(details)->run([](const report::Progress& progress) { return progress.pages == 0; }),
               nullptr);
     mill.rows = 3000;
