@@ -1,19 +1,8 @@
 // An ODBC driver for tests: speaks as much of the driver's side of ODBC 3 as the program uses, and asks the
 // test that loaded it for every answer.
-#include "platform/base/Conversion.h"
-#include "tests/support/odbc/driver/FakeDriver.h"
+#include "tests/support/odbc/driver/Values.h"
 
-#ifdef _WIN32
-#include <windows.h>
-#endif
-#include <sql.h>
-#include <sqlext.h>
-#include <sqlucode.h>
-
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
-#include <map>
 
 #ifdef _WIN32
 #define DRIVER_CALL extern "C" __declspec(dllexport)
@@ -21,77 +10,14 @@
 #define DRIVER_CALL extern "C" __attribute__((visibility("default")))
 #endif
 
-namespace {
+using namespace fakeodbc;
 
-using tests::FakeAnswer;
-using tests::FakeDriver;
-using tests::FakeError;
-using tests::FakeStep;
-
-FakeDriver& script() {
+FakeDriver& fakeodbc::script() {
     static FakeDriver driver;
     return driver;
 }
 
-struct Object {
-    std::vector<FakeError> diagnostics;
-    SQLRETURN fail(const FakeError& error) {
-        diagnostics = {error};
-        return SQL_ERROR;
-    }
-    SQLRETURN good() {
-        diagnostics.clear();
-        return SQL_SUCCESS;
-    }
-};
-
-struct Connection : Object {
-    int number = 0;
-    bool autocommit = true;
-    bool dead = false;
-};
-
-struct Binding {
-    SQLSMALLINT target = 0;
-    char* data = nullptr;
-    SQLLEN width = 0;
-    SQLLEN* lengths = nullptr;
-};
-
-struct Statement : Object {
-    Connection* connection = nullptr;
-    std::vector<ado::Result> results;
-    std::optional<FakeError> error;
-    std::size_t current = 0;
-    /// First row of the present block; -1 before the first fetch.
-    qsizetype row = -1;
-    qsizetype blockRow = 0;
-    SQLULEN block = 1;
-    SQLULEN* fetched = nullptr;
-    SQLUSMALLINT* status = nullptr;
-    std::map<int, Binding> bindings;
-    std::map<int, qsizetype> given; ///< units of a column's text that were read already
-
-    const ado::Result* result() const { return current < results.size() ? &results[current] : nullptr; }
-    void drop() {
-        results.clear();
-        error.reset();
-        current = 0;
-        rewind();
-    }
-    void rewind() {
-        row = -1;
-        blockRow = 0;
-        given.clear();
-    }
-};
-
-Connection* connectionOf(SQLHDBC handle) {
-    return static_cast<Connection*>(handle);
-}
-Statement* statementOf(SQLHSTMT handle) {
-    return static_cast<Statement*>(handle);
-}
+namespace {
 
 const FakeError& cutLine() {
     static const FakeError error{0, QStringLiteral("08S01"),
@@ -110,101 +36,6 @@ SQLRETURN step(Connection& connection, FakeStep what, const char* name) {
     return connection.fail(*error);
 }
 
-QString textOf(const SQLWCHAR* text, SQLINTEGER length) {
-    const auto* units = reinterpret_cast<const char16_t*>(text);
-    return length == SQL_NTS ? QString::fromUtf16(units) : QString::fromUtf16(units, length);
-}
-
-/// Copies a text with a closing nought; gives SQL_SUCCESS_WITH_INFO when it was cut.
-template <typename Length>
-SQLRETURN giveText(const QString& text, SQLWCHAR* target, qsizetype units, Length* length) {
-    if (length)
-        *length = Length(text.size());
-    if (!target || units == 0)
-        return SQL_SUCCESS;
-    const qsizetype fits = std::min(text.size(), units - 1);
-    for (qsizetype i = 0; i < fits; ++i)
-        target[i] = text[i].unicode();
-    target[fits] = 0;
-    return fits < text.size() ? SQL_SUCCESS_WITH_INFO : SQL_SUCCESS;
-}
-
-template <typename T>
-void put(void* target, const T& value) {
-    std::memcpy(target, &value, sizeof value);
-}
-
-SQL_TIMESTAMP_STRUCT stampOf(const base::DateTime& moment) {
-    const base::CalendarDate day = base::calendarDate(moment);
-    const base::ClockTime time = base::clockTime(moment);
-    SQL_TIMESTAMP_STRUCT stamp{};
-    stamp.year = SQLSMALLINT(day.year);
-    stamp.month = SQLUSMALLINT(day.month);
-    stamp.day = SQLUSMALLINT(day.day);
-    stamp.hour = SQLUSMALLINT(time.hour);
-    stamp.minute = SQLUSMALLINT(time.minute);
-    stamp.second = SQLUSMALLINT(time.second);
-    stamp.fraction = script().wholeSeconds ? 0 : SQLUINTEGER(time.ms) * 1'000'000;
-    return stamp;
-}
-
-SQLRETURN givePiece(const QString& text, qsizetype& given, SQLWCHAR* target, SQLLEN bytes, SQLLEN* length) {
-    constexpr SQLLEN unit = sizeof(SQLWCHAR);
-    if (given > 0 && given >= text.size())
-        return SQL_NO_DATA;
-    const QString rest = text.mid(given);
-    const SQLRETURN code = giveText<SQLLEN>(rest, target, bytes / unit, nullptr);
-    if (length)
-        *length = rest.size() * unit;
-    given += std::min<qsizetype>(rest.size(), bytes / unit - 1);
-    if (given == 0)
-        given = 1; // an empty text was read
-    return code;
-}
-
-/// One value into a buffer of the program's. `given` counts what was read of a text before.
-SQLRETURN give(const base::Value& value, SQLSMALLINT target, void* data, SQLLEN bytes, SQLLEN* length,
-               qsizetype& given) {
-    if (value.isNull()) {
-        if (length)
-            *length = SQL_NULL_DATA;
-        return SQL_SUCCESS;
-    }
-    const auto number = [&] {
-        if (const qint64* whole = value.asInteger())
-            return double(*whole);
-        if (const double* real = value.asDouble())
-            return *real;
-        if (const bool* flag = value.asBool())
-            return *flag ? 1.0 : 0.0;
-        return value.asText() ? value.asText()->toDouble() : 0.0;
-    };
-    SQLLEN told = 0;
-    switch (target) {
-    case SQL_C_BIT:
-        put(data, static_cast<unsigned char>(number() != 0));
-        told = 1;
-        break;
-    case SQL_C_SBIGINT:
-        put(data, value.asInteger() ? SQLBIGINT(*value.asInteger()) : SQLBIGINT(number()));
-        told = sizeof(SQLBIGINT);
-        break;
-    case SQL_C_DOUBLE:
-        put(data, number());
-        told = sizeof(double);
-        break;
-    case SQL_C_TYPE_TIMESTAMP:
-        put(data, stampOf(value.asDateTime() ? *value.asDateTime() : base::DateTime()));
-        told = sizeof(SQL_TIMESTAMP_STRUCT);
-        break;
-    default:
-        return givePiece(base::textOf(value), given, static_cast<SQLWCHAR*>(data), bytes, length);
-    }
-    if (length)
-        *length = told;
-    return SQL_SUCCESS;
-}
-
 /// Stands on the result `current`, or on the error behind the last one.
 SQLRETURN stand(Statement& statement) {
     statement.rewind();
@@ -220,24 +51,6 @@ SQLRETURN stand(Statement& statement) {
         return statement.fail(error);
     }
     return SQL_NO_DATA;
-}
-
-SQLSMALLINT sqlTypeOf(ado::DataType type) {
-    switch (type) {
-    case ado::DataType::Integer:
-        return SQL_INTEGER;
-    case ado::DataType::Double:
-        return SQL_FLOAT;
-    case ado::DataType::Money:
-        return SQL_DECIMAL;
-    case ado::DataType::Bit:
-        return SQL_BIT;
-    case ado::DataType::DateTime:
-        return SQL_TYPE_TIMESTAMP;
-    case ado::DataType::Text:
-        break;
-    }
-    return SQL_VARCHAR;
 }
 
 } // namespace
