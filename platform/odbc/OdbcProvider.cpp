@@ -176,7 +176,11 @@ void OdbcProvider::commit() {
         d->endByRollback();
         throw unknown ? outcomeUnknown(error) : error;
     }
-    d->watched([&] { d->session.setAutocommit(true); });
+    try {
+        d->session.setAutocommit(true);
+    } catch (const base::RunTimeError&) {
+        d->dead = true; // the commit stands; what comes next is told
+    }
 }
 
 void OdbcProvider::rollback() {

@@ -312,6 +312,19 @@ TEST_F(OdbcProviderTest, ACommitWhoseAnswerIsLostSaysThatTheOutcomeIsNotKnown) {
     EXPECT_EQ(raised([&] { execute("second"); }).number(), 3709);
 }
 
+TEST_F(OdbcProviderTest, ACommitThatWasKeptIsNoErrorWhateverComesBehindIt) {
+    fakeDriver().step = [](int, FakeStep what) -> std::optional<FakeError> {
+        if (what != FakeStep::Autocommit)
+            return std::nullopt;
+        return FakeError{0, QStringLiteral("08S01"), QStringLiteral("[x]Communication link failure"), true};
+    };
+    open();
+    provider->begin();
+    execute("first");
+    EXPECT_NO_THROW(provider->commit());
+    EXPECT_EQ(raised([&] { execute("second"); }).number(), 3709);
+}
+
 TEST_F(OdbcProviderTest, ACommitThatTheServerRefusesRollsBack) {
     fakeDriver().step = [](int, FakeStep what) -> std::optional<FakeError> {
         if (what != FakeStep::Commit)

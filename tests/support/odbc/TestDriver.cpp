@@ -194,6 +194,8 @@ std::optional<FakeError> LoopbackServer::step(int connection, FakeStep what) {
             m_sessions.erase(connection);
             return std::nullopt;
         }
+        if (what == FakeStep::Autocommit)
+            return std::nullopt;
         engine::EmbeddedProvider& provider = *m_sessions.at(connection);
         wire += what == FakeStep::Begin    ? QStringLiteral("BEGIN")
                 : what == FakeStep::Commit ? QStringLiteral("COMMIT")

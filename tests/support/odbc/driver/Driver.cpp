@@ -169,6 +169,10 @@ DRIVER_CALL SQLRETURN SQL_API SQLSetConnectAttrW(SQLHDBC handle, SQLINTEGER what
         return SQL_SUCCESS;
     const bool on = number == SQL_AUTOCOMMIT_ON;
     const bool begins = connection.autocommit && !on;
+    if (on && script().step) {
+        if (const auto error = script().step(connection.number, FakeStep::Autocommit))
+            return connection.fail(*error);
+    }
     connection.autocommit = on;
     return begins ? step(connection, FakeStep::Begin, "begin") : connection.good();
 }

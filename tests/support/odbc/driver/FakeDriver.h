@@ -25,7 +25,8 @@ struct FakeAnswer {
     std::optional<FakeError> error;
 };
 
-enum class FakeStep { Connect, Begin, Commit, Rollback, Disconnect };
+/// Autocommit: back to it, behind a commit or a rollback; it is not written down in the steps.
+enum class FakeStep { Connect, Begin, Commit, Rollback, Autocommit, Disconnect };
 
 /// The script of the test driver: what stands behind every connection that goes through it. The driver and
 /// the test program share one; the program asks for it with fakeDriver().
