@@ -254,7 +254,7 @@ bool PageBuilder::placeBand(const Band& band) {
     const LaidBand laid = m_bands.lay(band, scopeAt(m_at));
     const Length height = laid.height - m_at.offset;
     const bool isHeader = m_at.stage == Stage::GroupHeader;
-    const Length together = isHeader ? height + keptWith(m_at) : height;
+    const Length together = height + (isHeader ? keptWith(m_at) : keptBehind(m_at));
     const bool tears = band.tear && m_bottom - m_y >= leastTorn;
     if (m_y + together > m_bottom && m_hasBody && m_at.offset == Length() && !tears)
         return false;
@@ -284,8 +284,21 @@ Length PageBuilder::keptWith(const Position& header) {
         if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
             height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
         if (at.stage == Stage::Details && std::size_t(at.band) + 1 >= bands.size())
-            return height;
+            return height + keptBehind(at);
     }
+}
+
+/// Height of the footers of the groups that end with the row: they do not stand alone at a page's begin.
+Length PageBuilder::keptBehind(const Position& details) {
+    Length height;
+    if (details.stage != Stage::Details)
+        return height;
+    for (Position at = m_flow.next(details); at.stage == Stage::GroupFooter; at = m_flow.next(at)) {
+        const std::vector<Band>& bands = m_flow.bandsAt(at);
+        if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
+            height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
+    }
+    return height;
 }
 
 Length PageBuilder::bottomBands(const Position& footer) {

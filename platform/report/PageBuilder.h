@@ -39,6 +39,7 @@ class PageBuilder {
     bool nextColumn();
     void leaveColumns();
     Length keptWith(const Position& header);
+    Length keptBehind(const Position& details);
     Length bottomBands(const Position& footer);
     void addSlice(const LaidBand& laid, Length from, Length to);
     void splitBand(const LaidBand& laid);

@@ -204,6 +204,39 @@ TEST(Layout, AGroupHeaderIsRepeatedAndNeverStandsAlone) {
     EXPECT_EQ(document->groupTree()[1].y, Length::fromMm(10));
 }
 
+TEST(Layout, AGroupFooterTakesTheLastRowAlong) {
+    const auto pages = [](int rows) {
+        const QString groups = "<group name=\"Outer\" by=\"{A}\">" + band("footer", field("\"all\"")) +
+                               "</group><group name=\"Inner\" by=\"{A}\">" +
+                               band("header", field("\"head\"")) + band("footer", field("\"sum\"")) +
+                               "</group>";
+        Cells cells;
+        for (int i = 1; i <= rows; ++i)
+            cells.push_back({"NU", i});
+        const auto document = laidOut(groups + band("details", field("{B}")), "A,B", cells);
+        EXPECT_EQ(document->pageCount(), 2);
+        return std::pair(textsOf(*document, 0), textsOf(*document, 1));
+    };
+    // Eight bands a page.
+    EXPECT_EQ(pages(6).second, (QStringList{"6", "sum", "all"}));
+    EXPECT_EQ(pages(7).second, (QStringList{"7", "sum", "all"}));
+    EXPECT_EQ(pages(8).second, (QStringList{"8", "sum", "all"}));
+    EXPECT_EQ(pages(8).first.size(), 8);
+}
+
+TEST(Layout, AHeaderGoesWithItsOnlyRowAndThatRowsFooter) {
+    const QString group = "<group name=\"Dept\" by=\"{A}\">" + band("header", field("\"dept \" & {A}")) +
+                          band("footer", field("\"end \" & {A}")) + "</group>";
+    Cells rows;
+    for (int i = 1; i <= 4; ++i)
+        rows.push_back({"NU", i});
+    rows.push_back({"MD", 5}); // two bands are left
+    const auto document = laidOut(group + band("details", field("{B}")), "A,B", rows);
+    ASSERT_EQ(document->pageCount(), 2);
+    EXPECT_EQ(textsOf(*document, 0).last(), "end NU");
+    EXPECT_EQ(textsOf(*document, 1), (QStringList{"dept MD", "5", "end MD"}));
+}
+
 TEST(Layout, AGroupCanBeginAPage) {
     const QString group =
         "<group name=\"Dept\" by=\"{A}\" newPage=\"yes\">" + band("header", field("{A}")) + "</group>";
