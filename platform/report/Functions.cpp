@@ -13,6 +13,8 @@ namespace {
 using base::Value;
 using Arguments = std::vector<Value>;
 
+constexpr qint64 dayMs = 86'400'000;
+
 qsizetype length(const Value& value) {
     return qsizetype(std::clamp(base::CDbl(value), 0.0, 1e9));
 }
@@ -54,6 +56,35 @@ Value runFormat(const Arguments& a) {
 Value runIsDate(const Arguments& a) {
     return base::IsDate(a[0]);
 }
+/// One part of a date, or of a text that reads as one; Null of Null.
+template <typename Part>
+Value partOf(const Value& value, Part part) {
+    return value.isNull() ? Value() : Value(qint64(part(base::CDate(value))));
+}
+Value runYear(const Arguments& a) {
+    return partOf(a[0], [](base::DateTime moment) { return base::calendarDate(moment).year; });
+}
+Value runMonth(const Arguments& a) {
+    return partOf(a[0], [](base::DateTime moment) { return base::calendarDate(moment).month; });
+}
+Value runDay(const Arguments& a) {
+    return partOf(a[0], [](base::DateTime moment) { return base::calendarDate(moment).day; });
+}
+Value runWeekday(const Arguments& a) {
+    return partOf(a[0], [](base::DateTime moment) { return base::weekday(moment); });
+}
+Value runAddDays(const Arguments& a) {
+    if (a[0].isNull() || a[1].isNull())
+        return {};
+    const double days = std::clamp(base::CDbl(a[1]), -4e6, 4e6);
+    return base::DateTime{base::CDate(a[0]).ms + qint64(days) * dayMs};
+}
+/// Whole calendar days: the hours do not count.
+Value runDaysBetween(const Arguments& a) {
+    if (a[0].isNull() || a[1].isNull())
+        return {};
+    return (base::dateOnly(base::CDate(a[1])).ms - base::dateOnly(base::CDate(a[0])).ms) / dayMs;
+}
 Value runVal(const Arguments& a) {
     return base::Val(base::textOf(a[0]));
 }
@@ -70,14 +101,27 @@ Value runRound(const Arguments& a) {
 }
 
 constexpr std::array functions{
-    Function{"If", 3, 3, runIf},           Function{"IsNull", 1, 1, runIsNull},
-    Function{"IsEmpty", 1, 1, runIsEmpty}, Function{"Upper", 1, 1, runUpper},
-    Function{"Lower", 1, 1, runLower},     Function{"Trim", 1, 1, runTrim},
-    Function{"Left", 2, 2, runLeft},       Function{"Right", 2, 2, runRight},
-    Function{"Mid", 2, 3, runMid},         Function{"Length", 1, 1, runLength},
-    Function{"Format", 2, 2, runFormat},   Function{"Val", 1, 1, runVal},
-    Function{"Abs", 1, 1, runAbs},         Function{"Round", 1, 2, runRound},
+    Function{"If", 3, 3, runIf},
+    Function{"IsNull", 1, 1, runIsNull},
+    Function{"IsEmpty", 1, 1, runIsEmpty},
+    Function{"Upper", 1, 1, runUpper},
+    Function{"Lower", 1, 1, runLower},
+    Function{"Trim", 1, 1, runTrim},
+    Function{"Left", 2, 2, runLeft},
+    Function{"Right", 2, 2, runRight},
+    Function{"Mid", 2, 3, runMid},
+    Function{"Length", 1, 1, runLength},
+    Function{"Format", 2, 2, runFormat},
+    Function{"Val", 1, 1, runVal},
+    Function{"Abs", 1, 1, runAbs},
+    Function{"Round", 1, 2, runRound},
     Function{"IsDate", 1, 1, runIsDate},
+    Function{"Year", 1, 1, runYear},
+    Function{"Month", 1, 1, runMonth},
+    Function{"Day", 1, 1, runDay},
+    Function{"Weekday", 1, 1, runWeekday},
+    Function{"AddDays", 2, 2, runAddDays},
+    Function{"DaysBetween", 2, 2, runDaysBetween},
 };
 
 } // namespace

@@ -58,6 +58,23 @@ TEST(Expression, Functions) {
     EXPECT_EQ(printed("If(IsEmpty(\"  \"), Val(\"12 mg\"), 0)"), "12");
 }
 
+TEST(Expression, FunctionsOfDates) {
+    const auto birthday = *base::makeDateTime({1984, 2, 29}, {23, 30});
+    EXPECT_EQ(
+        printed("Year({A}) & \"/\" & Month({A}) & \"/\" & Day({A}) & \"/\" & Weekday({A})", {}, {{birthday}}),
+        "1984/2/29/4");
+    EXPECT_EQ(printed("Year(\"11/21/2026\") - 1"), "2025");
+    EXPECT_EQ(printed("AddDays({A}, 1)", "mm/dd/yyyy hh:nn", {{birthday}}), "03/01/1984 23:30");
+    EXPECT_EQ(printed("AddDays(\"01/01/2026\", -1)", "mm/dd/yyyy"), "12/31/2025");
+    // The hours do not count.
+    EXPECT_EQ(printed("DaysBetween({A}, \"03/01/1984 00:10\")", {}, {{birthday}}), "1");
+    EXPECT_EQ(printed("DaysBetween(\"03/01/1984\", {A})", {}, {{birthday}}), "-1");
+    EXPECT_EQ(printed("\"[\" & Year({A}) & AddDays({A}, 1) & DaysBetween({A}, PrintDate) & \"]\"", {},
+                      {{base::Value()}}),
+              "[]");
+    EXPECT_THROW(printed("Year({A})", {}, {{"bone scan"}}), RunTimeError);
+}
+
 TEST(Expression, SpecialsTellTheRun) {
     EXPECT_EQ(printed("HeadingName & \", \" & HeadingAddress"), "VALE GENERAL HOSPITAL, 1 Harbour Road");
     EXPECT_EQ(printed("PrintDate", "mm/dd/yyyy"), "11/21/2026");
