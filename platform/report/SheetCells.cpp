@@ -27,7 +27,7 @@ int writeMoment(lxw_worksheet* sheet, CellPlace place, base::DateTime moment, co
     const double serial = base::toSerial(moment);
     const bool midnight = base::dateOnly(moment) == moment;
     if (serial >= 0.0 && serial < 1.0 && !midnight) {
-        check(worksheet_write_number(sheet, place.row, place.column, serial, formats.clock));
+        check(sheets().worksheet_write_number(sheet, place.row, place.column, serial, formats.clock));
         return 9;
     }
     if (serial < 2.0) { // 1900-01-01: a sheet knows nothing before
@@ -37,15 +37,16 @@ int writeMoment(lxw_worksheet* sheet, CellPlace place, base::DateTime moment, co
     }
     // A sheet believes in a 29th of February 1900: days before it count one less.
     const double day = serial < 61.0 ? serial - 1.0 : serial;
-    check(
-        worksheet_write_number(sheet, place.row, place.column, day, midnight ? formats.day : formats.moment));
+    check(sheets().worksheet_write_number(sheet, place.row, place.column, day,
+                                          midnight ? formats.day : formats.moment));
     return midnight ? 10 : 19;
 }
 
 int writeNumber(lxw_worksheet* sheet, CellPlace place, double number, ado::DataType type,
                 const SheetFormats& formats) {
     const bool money = type == ado::DataType::Money;
-    check(worksheet_write_number(sheet, place.row, place.column, number, money ? formats.money : nullptr));
+    check(sheets().worksheet_write_number(sheet, place.row, place.column, number,
+                                          money ? formats.money : nullptr));
     return int(base::textOf(number).size()) + (money ? 4 : 0);
 }
 
@@ -53,28 +54,29 @@ int writeNumber(lxw_worksheet* sheet, CellPlace place, double number, ado::DataT
 
 SheetFormats::SheetFormats(lxw_workbook* workbook) {
     for (lxw_format** format : {&hospital, &title, &quiet, &column, &money, &day, &moment, &clock})
-        *format = workbook_add_format(workbook);
-    format_set_bold(hospital);
-    format_set_font_size(hospital, 13);
-    format_set_bold(title);
-    format_set_font_size(title, 12);
-    format_set_font_color(quiet, 0x5C6B77);
-    format_set_bold(column);
-    format_set_bg_color(column, 0xE7EEF2);
-    format_set_bottom(column, LXW_BORDER_THIN);
-    format_set_num_format(money, "#,##0.00");
-    format_set_num_format(day, "mm/dd/yyyy");
-    format_set_num_format(moment, "mm/dd/yyyy hh:mm:ss");
-    format_set_num_format(clock, "hh:mm:ss");
+        *format = sheets().workbook_add_format(workbook);
+    sheets().format_set_bold(hospital);
+    sheets().format_set_font_size(hospital, 13);
+    sheets().format_set_bold(title);
+    sheets().format_set_font_size(title, 12);
+    sheets().format_set_font_color(quiet, 0x5C6B77);
+    sheets().format_set_bold(column);
+    sheets().format_set_bg_color(column, 0xE7EEF2);
+    sheets().format_set_bottom(column, LXW_BORDER_THIN);
+    sheets().format_set_num_format(money, "#,##0.00");
+    sheets().format_set_num_format(day, "mm/dd/yyyy");
+    sheets().format_set_num_format(moment, "mm/dd/yyyy hh:mm:ss");
+    sheets().format_set_num_format(clock, "hh:mm:ss");
 }
 
 void check(lxw_error error) {
     if (error != LXW_NO_ERROR)
-        throw base::RunTimeError(errorFile, QString::fromUtf8(lxw_strerror(error)));
+        throw base::RunTimeError(errorFile, QString::fromUtf8(sheets().lxw_strerror(error)));
 }
 
 void writeText(lxw_worksheet* sheet, CellPlace place, const QString& text, lxw_format* format) {
-    check(worksheet_write_string(sheet, place.row, place.column, cleaned(text).toUtf8().constData(), format));
+    check(sheets().worksheet_write_string(sheet, place.row, place.column, cleaned(text).toUtf8().constData(),
+                                          format));
 }
 
 int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, ado::DataType type,
@@ -82,7 +84,7 @@ int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, a
     if (value.isNull())
         return 0;
     if (const bool* yes = value.asBool()) {
-        check(worksheet_write_boolean(sheet, place.row, place.column, *yes, nullptr));
+        check(sheets().worksheet_write_boolean(sheet, place.row, place.column, *yes, nullptr));
         return 5;
     }
     if (const base::DateTime* moment = value.asDateTime())

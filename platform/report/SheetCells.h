@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/ado/Provider.h"
+#include "platform/report/SheetLibrary.h"
 
-#include <xlsxwriter.h>
 
 namespace report {
 

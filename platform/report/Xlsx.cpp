@@ -45,19 +45,19 @@ class Workbook {
         lxw_workbook_options options = {};
         options.constant_memory = LXW_TRUE; // a row is on disk when the next one begins
         options.use_zip64 = large ? LXW_TRUE : LXW_FALSE;
-        m_book = workbook_new_opt(name.constData(), &options);
+        m_book = sheets().workbook_new_opt(name.constData(), &options);
         if (!m_book)
             throw base::RunTimeError(errorFile, QStringLiteral("no workbook can be made"));
     }
     ~Workbook() {
         if (m_book)
-            lxw_workbook_free(m_book);
+            sheets().lxw_workbook_free(m_book);
     }
     Workbook(const Workbook&) = delete;
     Workbook& operator=(const Workbook&) = delete;
 
     lxw_workbook* book() const { return m_book; }
-    void finish() { check(workbook_close(std::exchange(m_book, nullptr))); }
+    void finish() { check(sheets().workbook_close(std::exchange(m_book, nullptr))); }
 
   private:
     lxw_workbook* m_book;
@@ -94,7 +94,7 @@ class SheetWriter {
         if (m_sheet)
             end();
         const QString name = sheetName(m_heading.title, ++m_sheets);
-        m_sheet = workbook_add_worksheet(m_workbook.book(), name.toUtf8().constData());
+        m_sheet = sheets().workbook_add_worksheet(m_workbook.book(), name.toUtf8().constData());
         if (!m_sheet)
             throw base::RunTimeError(errorFile, QStringLiteral("no sheet can be added"));
         m_next = 0;
@@ -120,15 +120,15 @@ class SheetWriter {
     void end() {
         const auto last = lxw_col_t(std::max<std::size_t>(m_rows.columns().size(), 1) - 1);
         for (std::size_t i = 0; i < m_widths.size(); ++i)
-            check(worksheet_set_column(m_sheet, lxw_col_t(i), lxw_col_t(i), std::min(m_widths[i], widest),
-                                       nullptr));
-        worksheet_freeze_panes(m_sheet, m_names + 1, 0);
+            check(sheets().worksheet_set_column(m_sheet, lxw_col_t(i), lxw_col_t(i),
+                                                std::min(m_widths[i], widest), nullptr));
+        sheets().worksheet_freeze_panes(m_sheet, m_names + 1, 0);
         if (!m_rows.columns().empty())
-            check(worksheet_autofilter(m_sheet, m_names, 0, m_next - 1, last));
+            check(sheets().worksheet_autofilter(m_sheet, m_names, 0, m_next - 1, last));
         markCodes(last);
-        worksheet_set_landscape(m_sheet);
-        worksheet_fit_to_pages(m_sheet, 1, 0);
-        check(worksheet_repeat_rows(m_sheet, m_names, m_names));
+        sheets().worksheet_set_landscape(m_sheet);
+        sheets().worksheet_fit_to_pages(m_sheet, 1, 0);
+        check(sheets().worksheet_repeat_rows(m_sheet, m_names, m_names));
         // The rows went through a file of the library's own, whose errors it does not look at.
         std::FILE* rows = m_sheet->optimize_tmpfile;
         if (rows && (std::fflush(rows) != 0 || std::ferror(rows)))
@@ -138,8 +138,8 @@ class SheetWriter {
     /// Account numbers are texts of digits: no cell needs a warning sign for that.
     void markCodes(lxw_col_t last) {
         char range[LXW_MAX_CELL_RANGE_LENGTH];
-        lxw_rowcol_to_range(range, m_names, 0, m_next - 1, last);
-        check(worksheet_ignore_errors(m_sheet, LXW_IGNORE_NUMBER_STORED_AS_TEXT, range));
+        sheets().lxw_rowcol_to_range(range, m_names, 0, m_next - 1, last);
+        check(sheets().worksheet_ignore_errors(m_sheet, LXW_IGNORE_NUMBER_STORED_AS_TEXT, range));
     }
 
     Workbook& m_workbook;
@@ -177,7 +177,7 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
     lxw_doc_properties properties = {};
     properties.title = title.data();
     properties.company = hospital.data();
-    check(workbook_set_properties(workbook.book(), &properties));
+    check(sheets().workbook_set_properties(workbook.book(), &properties));
     SheetWriter writer(workbook, rows, heading);
     for (qsizetype row = 0; row < count; ++row) {
         if (progress && row % rowsBetweenCalls == 0 && !progress({row, 0, 0}))

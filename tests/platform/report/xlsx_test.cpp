@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "platform/report/RowExport.h"
+#include "platform/report/SheetLibrary.h"
 #include "tests/platform/report/Bench.h"
 
 #include <QDir>
@@ -274,4 +275,16 @@ TEST(SheetHeading, TellsTheParametersThatSaySomethingNew) {
     EXPECT_EQ(heading.title, "Test");
     EXPECT_EQ(heading.hospital, "VALE");
     EXPECT_EQ(heading.lines, (QStringList{"From day: 11/1/2026", "Remarks: two lines"}));
+}
+
+TEST(SheetLibrary, OneThatIsNotThereIsNamed) {
+    for (const char* name : {"noxlsxwriter", "z"}) {
+        try {
+            report::SheetLibrary library(QString::fromLatin1(name), name[0] == 'z' ? 1 : 4);
+            FAIL();
+        } catch (const base::RunTimeError& error) {
+            EXPECT_TRUE(error.description().contains(name[0] == 'z' ? "workbook_new_opt" : "libnoxlsxwriter"))
+                << qPrintable(error.description());
+        }
+    }
 }
