@@ -3,7 +3,6 @@
 #include "platform/ado/Provider.h"
 #include "platform/report/SheetLibrary.h"
 
-
 namespace report {
 
 /// How the cells of a workbook look. Owned by the workbook.
