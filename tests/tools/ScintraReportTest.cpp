@@ -47,6 +47,32 @@ TEST_F(ScintraReport, WritesPagesOrRows) {
     EXPECT_TRUE(rows.contains("1001,\"BONE SCAN, WHOLE BODY\",IMG,IMAGING,5200,"));
 }
 
+TEST_F(ScintraReport, PrintsTheExampleOfTheDocument) {
+    ASSERT_EQ(run("scintra-server", {"demo", hospital}), 0);
+    const QString document =
+        QString::fromUtf8(contentOf(QStringLiteral(SCINTRA_SOURCE_DIR "/docs/reports.md")));
+    const qsizetype begin = document.indexOf("<report version=\"1\" title=\"Requests of a Day\">");
+    const qsizetype end = document.indexOf("</report>", begin);
+    ASSERT_GE(begin, 0);
+    QFile example(folder.filePath("DayRequests.RPT"));
+    ASSERT_TRUE(example.open(QIODevice::WriteOnly));
+    example.write(document.mid(begin, end + 9 - begin).toUtf8());
+    example.close();
+    QString err;
+    ASSERT_EQ(
+        run("scintra-report",
+            {example.fileName(), "Day=11/20/2026", "--heading", "VALE", "--hospital", hospital, "--to", pdf},
+            &err),
+        0)
+        << err.toStdString();
+    QProcess text;
+    text.start(QStringLiteral("pdftotext"), {"-layout", pdf, "-"});
+    ASSERT_TRUE(text.waitForFinished(60'000)) << "pdftotext is needed";
+    const QString page = QString::fromUtf8(text.readAllStandardOutput());
+    EXPECT_TRUE(page.contains("Requests of 11/20/2026")) << page.toStdString();
+    EXPECT_TRUE(page.contains("Page 1 of ")) << page.toStdString();
+}
+
 TEST_F(ScintraReport, WritesTheRowsAsAWorkbook) {
     ASSERT_EQ(run("scintra-server", {"demo", hospital}), 0);
     const QString xlsx = folder.filePath("out.xlsx");
