@@ -27,7 +27,7 @@ bool pressedByLetter(QObject* receiver, QEvent* event) {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("scintra"));
-    setApplicationDisplayName(QStringLiteral("Visual Kerova - Visual Scintra"));
+    // No display name: the toolkit would add it to the title of every screen and box.
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -83,6 +83,11 @@ TEST(MessageBox, WithoutATitleTheProgramsNameStands) {
     });
 }
 
+TEST(MessageBox, TitlesAreNotLengthened) {
+    // A display name of its own would stand behind the title of every window.
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
+}
+
 TEST(MessageBox, CtrlCCopiesTheText) {
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
     answerOf(vbOKOnly, [](QWidget& window) {
