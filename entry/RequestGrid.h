@@ -87,7 +87,8 @@ class RequestGrid : public QObject {
     void enterDepartment();
     void enterQuantity();
     void LookUpCellCode();
-    LookUp LookUpExamLine(QString code);
+    LookUp LookUpExamLine(const QString& code);
+    LookUp readExamLine(const QString& code);
     bool LookUpDoctorLine(const QString& code);
     bool LookUpInventoryLine(const QString& code);
     bool isOnAnotherRow(const QString& code) const;

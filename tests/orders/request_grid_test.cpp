@@ -125,6 +125,53 @@ TEST_F(RequestGrid, AWrongCodeStaysOpen) {
     EXPECT_EQ(grid().Col(), 2);
 }
 
+/// Raises an error of its own at the next statement.
+class RaisesOnce : public ado::Observer {
+  public:
+    explicit RaisesOnce(base::RunTimeError error) : m_error(std::move(error)) {
+        session::gConnection->addObserver(this);
+    }
+    ~RaisesOnce() override { session::gConnection->removeObserver(this); }
+    void beforeStatement(const QString&, ado::StatementKind) override {
+        if (!std::exchange(m_raised, true))
+            throw m_error;
+    }
+
+  private:
+    base::RunTimeError m_error;
+    bool m_raised = false;
+};
+
+TEST_F(RequestGrid, AnErrorOfTheExamLookupIsABoxAndTheCodeStaysOpen) {
+    openAdmitted();
+    type("NU<Enter>");
+    boxes.expect({"The line is down.", controls::vbCritical, ""});
+    boxes.expect({"Invalid Code.", controls::vbExclamation, ""});
+    {
+        const RaisesOnce raises(base::RunTimeError(50000, "The line is down."));
+        type("1001<Enter>");
+    }
+    EXPECT_TRUE(errors.isEmpty()) << "the program goes on";
+    EXPECT_EQ(cell(1, 2), "1001");
+    EXPECT_TRUE(field("txtEntry").isVisible());
+    type("<Enter>");
+    EXPECT_EQ(cell(1, 5), "5620.00") << "and so does the line";
+}
+
+TEST_F(RequestGrid, NoCurrentRecordInTheExamLookupEmptiesTheCode) {
+    openAdmitted();
+    type("NU<Enter>");
+    boxes.expect({"Invalid Code.", controls::vbExclamation, ""});
+    {
+        const RaisesOnce raises(base::RunTimeError(base::errors::noCurrentRecord));
+        type("1001<Enter>");
+    }
+    EXPECT_TRUE(errors.isEmpty());
+    EXPECT_EQ(cell(1, 2), "");
+    EXPECT_EQ(field("txtEntry").text(), "");
+    EXPECT_TRUE(field("txtEntry").isVisible());
+}
+
 TEST_F(RequestGrid, AWrongDoctorHasItsOwnBox) {
     openAdmitted();
     type("FN<Enter>");
