@@ -126,11 +126,16 @@ void RequestGrid::BeginCellEdit() {
     }
     const QRect place = m_grid.cellRect(row, column);
     if (column == colType) {
-        // A procedure is routine until the clerk says otherwise; other lines show what they hold.
-        const bool isNewProcedure = cell(colType).isEmpty() && cell(colDepartment) == session::gDeptCode;
+        // A procedure that was looked up is routine until the clerk says otherwise; other lines show what
+        // they hold.
+        const bool isNewProcedure = cell(colType).isEmpty() && cell(colDepartment) == session::gDeptCode &&
+                                    !cell(colRoutinePrice).isEmpty();
         const QString type = isNewProcedure ? QStringLiteral("ROUTINE") : cell(colType);
         m_cboEntry.setGeometry(place);
-        m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
+        {
+            const QSignalBlocker opening(m_cboEntry); // to look at a type prices nothing
+            m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
+        }
         if (isNewProcedure)
             cboEntry_Change();
         m_cboEntry.raise();

@@ -321,6 +321,44 @@ TEST_F(RequestGrid, WardLinesAskBeforeTheyAreLeft) {
     EXPECT_TRUE(screen().isUnloaded());
 }
 
+TEST_F(RequestGrid, ToLookAtAWardLinesTypeLeavesItsPrice) {
+    const QString ward = "SELECT IdNum FROM STATION..tbNurseCommunicationFile WHERE RequestNum = '7000001'";
+    open({.PatIdNum = value(ward), .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});
+    const QString line = this->line(1);
+    ASSERT_NE(cell(1, 5), "1");
+    auto& type = tests::child<QComboBox>(screen(), "cboEntry");
+    grid().setFocus();
+    grid().setCurrentCell(1, 2);
+    this->type("<Enter><Tab>");
+    ASSERT_TRUE(type.isVisible());
+    EXPECT_EQ(type.currentText(), "");
+    EXPECT_EQ(this->line(1), line);
+    this->type("R");
+    EXPECT_EQ(cell(1, 4), "ROUTINE");
+    EXPECT_EQ(cell(1, 5), "1") << "without a routine price";
+    grid().setCurrentCell(2, 4);
+    const QString other = this->line(2);
+    this->type("<Esc><Enter>");
+    ASSERT_TRUE(type.isVisible());
+    EXPECT_EQ(this->line(2), other);
+    boxes.expect({"Are you Sure you want to Exit ?", controls::vbYesNo | controls::vbQuestion, "Message",
+                  controls::vbYes});
+    this->type("<Alt+E>");
+}
+
+TEST_F(RequestGrid, ToLookAtAFeesTypeLeavesItsPrice) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>S<Enter>1<Enter>MD<Enter>201<Enter>");
+    grid().setCurrentCell(2, 4);
+    type("<Esc><Enter>");
+    ASSERT_TRUE(tests::child<QComboBox>(screen(), "cboEntry").isVisible());
+    EXPECT_EQ(cell(2, 4), "");
+    EXPECT_EQ(cell(2, 5), "");
+    grid().setCurrentCell(1, 4);
+    type("<Esc><Enter>");
+    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|STAT|7025|1|7025.00");
+}
+
 TEST_F(RequestGrid, AnEmptyPlainScreenClosesSilently) {
     openAdmitted();
     type("NU<Enter><Alt+E>");
