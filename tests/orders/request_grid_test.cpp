@@ -399,6 +399,18 @@ TEST_F(RequestGrid, TheHiddenPackagePairWorks) {
     takeTexts();
     Q_EMIT cboPackage.activated(0);
     EXPECT_EQ(takeTexts(), QStringList{"spNuclear_ShowPackage '','" + cboPackage.itemText(0).left(1) + "'"});
+    ASSERT_GT(grid().Rows(), 2);
+    const int widths[] = {10, 800, 800, 4000, 1000, 1000};
+    for (int column = 0; column < 6; ++column)
+        EXPECT_EQ(grid().ColWidth(column), widths[column]) << column;
+    double gross = 0;
+    for (int row = 1; row < grid().Rows(); ++row)
+        gross += cell(row, 6).toDouble();
+    EXPECT_EQ(field("txtGross").text(), QString::number(gross, 'f', 2));
+    boxes.expect({"No Record Found", controls::vbInformation, "Message"});
+    cboPackage.addItem("?");
+    cboPackage.setCurrentIndex(cboPackage.count() - 1);
+    Q_EMIT cboPackage.activated(cboPackage.currentIndex());
     chkPackage.setChecked(false);
     EXPECT_FALSE(button("cmdSave").isEnabled());
     EXPECT_FALSE(grid().isVisible());
