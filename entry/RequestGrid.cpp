@@ -10,6 +10,8 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -254,7 +256,14 @@ bool RequestGrid::gridKey(QKeyEvent* event) {
     }
     if (typesText(*event) && event->key() != Qt::Key_Space) {
         BeginCellEdit();
-        return m_txtEntry.isVisible() ? (m_txtEntry.event(event), true) : isEditing() && listKey(event);
+        if (m_cboEntry.isVisible())
+            return listKey(event);
+        // The key goes through the rules of the column as if it had been typed there.
+        if (m_txtEntry.isVisible()) {
+            QKeyEvent typed(event->type(), event->key(), event->modifiers(), event->text());
+            QCoreApplication::sendEvent(&m_txtEntry, &typed);
+        }
+        return isEditing();
     }
     return false;
 }

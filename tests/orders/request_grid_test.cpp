@@ -3,6 +3,8 @@
 #include "session/Services.h"
 #include "session/Session.h"
 
+#include <QHeaderView>
+#include <QScrollBar>
 #include <QTest>
 
 using tests::RequestFixture;
@@ -257,6 +259,23 @@ TEST_F(RequestGrid, EscapeLeavesTheCellAndKeysOpenItAgain) {
     type("U");
     EXPECT_TRUE(field("txtEntry").isVisible());
     EXPECT_EQ(cell(1, 1), "U") << "what is typed takes the cell's place";
+}
+
+TEST_F(RequestGrid, TheKeyThatOpensACellFollowsTheRulesOfItsColumn) {
+    openAdmitted();
+    type("<Esc>'");
+    EXPECT_EQ(cell(1, 1), "`");
+    type("<Esc>nu");
+    EXPECT_EQ(cell(1, 1), "NU");
+    type("<Enter>1001<Enter><Enter><Esc>");
+    ASSERT_EQ(grid().Col(), 6);
+    type("x");
+    EXPECT_EQ(cell(1, 6), "1") << "a letter is no quantity";
+    type("<Esc>3");
+    EXPECT_EQ(cell(1, 6), "3");
+    grid().setCurrentCell(1, 4);
+    type("<Esc>s");
+    EXPECT_EQ(cell(1, 4), "STAT");
 }
 
 TEST_F(RequestGrid, ATypedQuoteIsABackQuote) {
