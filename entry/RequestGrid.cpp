@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 namespace entry {
 
@@ -70,6 +71,7 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     : QObject(parent)
     , m_variant(variant)
     , m_grid(*parts.grid)
+    , m_header(parts.grid->horizontalHeader()->viewport())
     , m_txtEntry(*parts.txtEntry)
     , m_cboEntry(*parts.cboEntry)
     , m_txtGross(*parts.txtGross)
@@ -79,8 +81,10 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     m_txtEntry.hide();
     m_cboEntry.hide();
     for (QObject* watched : {static_cast<QObject*>(&m_grid), static_cast<QObject*>(&m_txtEntry),
-                             static_cast<QObject*>(&m_cboEntry)})
+                             static_cast<QObject*>(&m_cboEntry), m_header})
         watched->installEventFilter(this);
+    for (QScrollBar* bar : {m_grid.horizontalScrollBar(), m_grid.verticalScrollBar()})
+        on(bar, &QScrollBar::valueChanged, this, [this] { grdPackage_Scroll(); });
     on(&m_grid, &FlexGrid::Click, this, [this] { BeginCellEdit(); });
     on(&m_txtEntry, &QLineEdit::textChanged, this, [this] { txtEntry_Change(); });
     on(&m_cboEntry, &QComboBox::currentTextChanged, this, [this] { cboEntry_Change(); });
@@ -209,11 +213,14 @@ bool RequestGrid::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::Resize && watched == &m_grid && isEditing()) {
+        const QScopedValueRollback placing(m_placing, true);
         const QRect place = m_grid.cellRect(m_grid.Row(), m_grid.Col());
         m_txtEntry.setGeometry(place);
         m_cboEntry.setGeometry(place);
     }
-    if (event->type() != QEvent::KeyPress)
+    if (watched == m_header && event->type() == QEvent::MouseButtonPress)
+        leaveCell();
+    if (watched == m_header || event->type() != QEvent::KeyPress)
         return false;
     auto* key = static_cast<QKeyEvent*>(event);
     bool handled = false;
@@ -243,6 +250,24 @@ void RequestGrid::goTo(int column) {
 
 bool RequestGrid::isEditing() const {
     return m_txtEntry.isVisible() || m_cboEntry.isVisible();
+}
+
+/// The cell moves away under its editor.
+void RequestGrid::grdPackage_Scroll() {
+    if (!m_placing)
+        leaveCell();
+}
+
+/// Ends an edit; the focus goes to the grid only if it was in the cell.
+void RequestGrid::leaveCell() {
+    if (!isEditing())
+        return;
+    if (m_txtEntry.hasFocus() || m_cboEntry.hasFocus()) {
+        EndCellEdit();
+    } else {
+        m_txtEntry.hide();
+        m_cboEntry.hide();
+    }
 }
 
 bool RequestGrid::gridKey(QKeyEvent* event) {

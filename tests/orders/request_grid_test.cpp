@@ -278,6 +278,36 @@ TEST_F(RequestGrid, TheKeyThatOpensACellFollowsTheRulesOfItsColumn) {
     EXPECT_EQ(cell(1, 4), "STAT");
 }
 
+TEST_F(RequestGrid, ACellThatIsScrolledAwayIsClosed) {
+    openAdmitted();
+    type("<Esc>");
+    for (int row = 0; row < 40; ++row)
+        grid().AddItem("\tMD\t201");
+    grid().setCurrentCell(40, 1);
+    type("<Enter>X");
+    ASSERT_TRUE(field("txtEntry").isVisible());
+    grid().verticalScrollBar()->setValue(0);
+    EXPECT_FALSE(field("txtEntry").isVisible());
+    EXPECT_TRUE(grid().hasFocus());
+    EXPECT_EQ(cell(40, 1), "X") << "what was typed stays in its own line";
+    type("<Enter>");
+    EXPECT_TRUE(field("txtEntry").isVisible());
+    EXPECT_EQ(field("txtEntry").pos(), grid().cellRect(40, 1).topLeft());
+    QTest::mousePress(grid().horizontalHeader()->viewport(), Qt::LeftButton);
+    QTest::mouseRelease(grid().horizontalHeader()->viewport(), Qt::LeftButton);
+    EXPECT_FALSE(field("txtEntry").isVisible());
+}
+
+TEST_F(RequestGrid, TheCellFollowsTheSizeOfTheScreen) {
+    openAdmitted();
+    type("N");
+    screen().resize(screen().size() + QSize(100, 60));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(field("txtEntry").isVisible());
+    EXPECT_EQ(field("txtEntry").pos(), grid().cellRect(1, 1).topLeft());
+    EXPECT_EQ(field("txtEntry").width(), grid().cellRect(1, 1).width());
+}
+
 TEST_F(RequestGrid, ATypedQuoteIsABackQuote) {
     openAdmitted();
     type("N'");
