@@ -366,8 +366,14 @@ bool RequestGrid::rowKey(int key) {
 }
 
 /// Tab and Shift+Tab: to the next or former cell that takes an entry, amounts included; over the line's end
-/// into the next line. Beyond the first and the last cell the focus leaves the grid.
+/// into the next line. Beyond the first and the last cell the focus leaves the grid, and so it does from the
+/// department of a last line that is empty: its quantity is nobody's.
 bool RequestGrid::stepCell(int direction) {
+    if (direction > 0 && m_grid.Row() == m_grid.Rows() - 1 && m_grid.Col() == colDepartment &&
+        cell(colDepartment).isEmpty()) {
+        EndCellEdit();
+        return false;
+    }
     if (cell(colAmountEditable) == u"Y" || isFeeRevenue(cell(colDepartment)))
         SkipColumn[colAmount] = false;
     int row = m_grid.Row();

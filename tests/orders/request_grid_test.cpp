@@ -308,6 +308,15 @@ TEST_F(RequestGrid, TheCellFollowsTheSizeOfTheScreen) {
     EXPECT_EQ(field("txtEntry").width(), grid().cellRect(1, 1).width());
 }
 
+TEST_F(RequestGrid, TabLeavesAnEmptyLastLineAsItIs) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter><Enter>1<Enter>");
+    ASSERT_EQ(grid().Row(), 2);
+    type("<Tab>");
+    EXPECT_EQ(line(2), "||||||");
+    EXPECT_TRUE(button("cmdSave").hasFocus());
+}
+
 TEST_F(RequestGrid, ATypedQuoteIsABackQuote) {
     openAdmitted();
     type("N'");
