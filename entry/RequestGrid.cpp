@@ -132,17 +132,18 @@ void RequestGrid::BeginCellEdit() {
     }
     const QRect place = m_grid.cellRect(row, column);
     if (column == colType) {
-        // A procedure that was looked up is routine until the clerk says otherwise; other lines show what
-        // they hold.
-        const bool isNewProcedure = cell(colType).isEmpty() && cell(colDepartment) == session::gDeptCode &&
-                                    !cell(colRoutinePrice).isEmpty();
-        const QString type = isNewProcedure ? QStringLiteral("ROUTINE") : cell(colType);
+        // A procedure that was looked up is routine until the clerk says otherwise, and priced by its type;
+        // other lines show what they hold.
+        const bool isProcedure =
+            cell(colDepartment) == session::gDeptCode && !cell(colRoutinePrice).isEmpty();
+        const QString type =
+            isProcedure && cell(colType).isEmpty() ? QStringLiteral("ROUTINE") : cell(colType);
         m_cboEntry.setGeometry(place);
         {
-            const QSignalBlocker opening(m_cboEntry); // to look at a type prices nothing
+            const QSignalBlocker opening(m_cboEntry); // to look at another line's type prices nothing
             m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
         }
-        if (isNewProcedure)
+        if (isProcedure)
             cboEntry_Change();
         m_cboEntry.raise();
         m_cboEntry.show();

@@ -317,6 +317,15 @@ TEST_F(RequestGrid, TabLeavesAnEmptyLastLineAsItIs) {
     EXPECT_TRUE(button("cmdSave").hasFocus());
 }
 
+TEST_F(RequestGrid, AFeeLineIsFinishedBehindItsType) {
+    openAdmitted();
+    type("MD<Enter>201<Enter>");
+    grid().setCurrentCell(1, 4);
+    type("<Esc><Enter>R<Enter>");
+    EXPECT_EQ(grid().Row(), 2) << "four columns on there is none";
+    EXPECT_EQ(grid().Col(), 1);
+}
+
 TEST_F(RequestGrid, ATypedQuoteIsABackQuote) {
     openAdmitted();
     type("N'");
@@ -402,6 +411,18 @@ TEST_F(RequestGrid, ToLookAtAWardLinesTypeLeavesItsPrice) {
     boxes.expect({"Are you Sure you want to Exit ?", controls::vbYesNo | controls::vbQuestion, "Message",
                   controls::vbYes});
     this->type("<Alt+E>");
+}
+
+TEST_F(RequestGrid, ACodeThatIsLookedUpAgainIsPricedByItsTypeAgain) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>S<Enter>1<Enter>NU<Enter>1002<Enter>R<Enter>1<Enter>");
+    for (const char* code : {"1001", "1003"}) {
+        grid().setCurrentCell(1, 2);
+        type(QStringLiteral("<Esc><Enter><Ctrl+A>%1<Enter>").arg(code));
+        ASSERT_EQ(grid().Col(), 4);
+        EXPECT_EQ(cell(1, 4), "STAT");
+        EXPECT_EQ(cell(1, 5).toDouble(), cell(1, 13).toDouble() * 1.25) << code;
+    }
 }
 
 TEST_F(RequestGrid, ToLookAtAFeesTypeLeavesItsPrice) {
