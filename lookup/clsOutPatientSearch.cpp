@@ -61,7 +61,7 @@ void clsOutPatientSearch::copy(ado::Recordset& stay) {
     m_dcrTime = timeText(stay, "DcrDate");
     m_billingDate = dateText(stay, "BillingDate");
     m_invoiceNumber = fieldText(stay, "InvoiceNumber");
-    m_lateCharges = fieldText(stay, "LateCharges");
+    m_lateCharges = fieldFlag(stay, "LateCharges");
 }
 
 } // namespace lookup

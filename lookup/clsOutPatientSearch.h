@@ -24,15 +24,16 @@ class clsOutPatientSearch : public FoundPatient {
     /// "" while the bill is open.
     const QString& BillingDate() const { return m_billingDate; }
     const QString& InvoiceNumber() const { return m_invoiceNumber; }
-    /// "True" when a closed bill is open again for late charges.
-    const QString& LateCharges() const { return m_lateCharges; }
+    /// A closed bill is open again for late charges.
+    bool LateCharges() const { return m_lateCharges; }
 
   private:
     void copy(ado::Recordset& stay);
 
     QString m_idNumber, m_accountNum, m_company;
     QString m_admDate, m_admTime, m_dcrDate, m_dcrTime, m_billingDate;
-    QString m_invoiceNumber, m_lateCharges;
+    QString m_invoiceNumber;
+    bool m_lateCharges = false;
 };
 
 } // namespace lookup

@@ -269,7 +269,7 @@ TEST_F(OutPatientSearch, OneRowIsTakenWithoutAList) {
     EXPECT_EQ(search.Age(), "46");
     EXPECT_EQ(search.Province(), "LAGUNA");
     EXPECT_EQ(search.InvoiceNumber(), "");
-    EXPECT_EQ(search.LateCharges(), "False");
+    EXPECT_FALSE(search.LateCharges());
 }
 
 TEST_F(OutPatientSearch, NullDatesReadEmptyAndAnEmptyCivilStatusStaysEmpty) {
@@ -293,7 +293,7 @@ TEST_F(OutPatientSearch, DatesAndTimesOfAClosedStay) {
     EXPECT_EQ(search.DcrTime(), "12:07AM");
     EXPECT_EQ(search.BillingDate(), "11/21/2026");
     EXPECT_EQ(search.InvoiceNumber(), "77");
-    EXPECT_EQ(search.LateCharges(), "True");
+    EXPECT_TRUE(search.LateCharges());
 }
 
 TEST_F(OutPatientSearch, WithoutATextTheListOfOpenStaysComes) {
