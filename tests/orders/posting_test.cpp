@@ -273,6 +273,25 @@ TEST_F(Posting, APackagePutsItsStoreOnTheStockCardAndItsUnusedItemsOnTheirList) 
     EXPECT_EQ(texts.last(), "COMMIT");
 }
 
+TEST_F(Posting, UnusedItemsAreKeptForAPackageOnly) {
+    for (const bool isPackage : {false, true}) {
+        for (const char* firstItem : {"", " ", "101"}) {
+            openAdmitted();
+            type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+            grid().setTextMatrix(1, 15, isPackage ? "P1" : "");
+            auto& unused = tests::child<controls::FlexGrid>(screen(), "mshflexPackageItems");
+            unused.setRows(3);
+            unused.setCols(8);
+            unused.setTextMatrix(1, 1, firstItem);
+            unused.setTextMatrix(2, 1, "102");
+            takeTexts();
+            save(slipText(nextSlip()));
+            const bool kept = isPackage && firstItem == QLatin1String("101");
+            EXPECT_EQ(takeTexts().filter("Unused").size(), kept ? 2 : 0) << isPackage << firstItem;
+        }
+    }
+}
+
 TEST_F(Posting, OnlyADoctorPickedByNameIsSent) {
     const QString attending = value("SELECT DoctorID1 FROM PATIENT_DATA..tbPatient WHERE IdNum = '26004078'");
     const QString other = value("SELECT TOP 1 DoctorID FROM BUILD_FILE..tbcoDoctor WHERE DoctorID <> '" +

@@ -205,6 +205,37 @@ TEST_F(RequestGrid, ACodeWithoutItemsGoesToTheAmount) {
     EXPECT_FALSE(field("txtEntry").isVisible()) << "the amount is skipped on such a line";
 }
 
+TEST_F(RequestGrid, AFeeUnlocksTheAmountOfTheLinesBehindIt) {
+    openAdmitted();
+    type("MD<Enter>201<Enter><Enter>MS<Enter>");
+    EXPECT_EQ(grid().Row(), 2);
+    EXPECT_EQ(grid().Col(), 7);
+    EXPECT_TRUE(field("txtEntry").isVisible()) << "the columns are the grid's, not the line's";
+    type("80<Enter>");
+    EXPECT_EQ(cell(2, 7), "80.00");
+}
+
+TEST_F(RequestGrid, ADoctorLookedUpAgainEmptiesTheAmount) {
+    openAdmitted();
+    type("MD<Enter>201<Enter><Tab>1500<Enter>");
+    grid().setCurrentCell(1, 2);
+    type("<Esc><Enter><Ctrl+A>202<Enter>");
+    EXPECT_EQ(cell(1, 2), "202");
+    EXPECT_EQ(cell(1, 7), "");
+}
+
+TEST_F(RequestGrid, EveryItemIsLookedForAmongTheSupplies) {
+    openAdmitted();
+    session::gFormulist->DrugsORCSR = true;
+    const QString drug =
+        value("SELECT TOP 1 ItemID FROM INVENTORY..tbInvMaster WHERE ItemClass = 'PH' ORDER BY ItemID");
+    boxes.expect({"Item not found on file.", controls::vbInformation, ""});
+    boxes.expect({"Invalid Code.", controls::vbExclamation, ""});
+    tests::runModal([&] { type("MN<Enter>" + drug + "<Enter>"); },
+                    {[](QWidget& list) { tests::keysToFocus(list, "<Esc>"); }});
+    EXPECT_FALSE(session::gFormulist->DrugsORCSR);
+}
+
 TEST_F(RequestGrid, AVariableRateUnlocksTheAmount) {
     const QString exam =
         value("SELECT TOP 1 NucExamID FROM BUILD_FILE..tbcoNucExam WHERE Fixrate = 'N' AND Status = "
