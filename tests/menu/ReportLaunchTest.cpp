@@ -6,7 +6,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDateEdit>
 #include <QMenu>
 #include <QTest>
 
@@ -46,8 +45,10 @@ class Report : public tests::MenuBench {
         inModal([dialog](QWidget& window) {
             EXPECT_EQ(window.objectName(), dialog);
             const bool daily = dialog == "frmDailyReport";
-            window.findChild<QDateEdit*>(daily ? "dtpReportDate" : "dtStart")->setDate(QDate(2026, 11, 1));
-            window.findChild<QDateEdit*>(daily ? "dtpEndDate" : "dtEnd")->setDate(QDate(2026, 11, 20));
+            tests::keys(tests::child<QWidget>(window, daily ? "dtpReportDate" : "dtStart"), "11/01/2026");
+            auto& end = tests::child<QWidget>(window, daily ? "dtpEndDate" : "dtEnd");
+            if (end.isVisible())
+                tests::keys(end, "11202026");
             tests::click(tests::child<QWidget>(window, daily                      ? "cmdOptions_3"
                                                        : dialog == "frmDateEntry" ? "cmdDate_0"
                                                                                   : "cmdEnter"));
