@@ -65,7 +65,7 @@ int MessageDialog::leavingAnswer(int style) {
 MessageDialog::MessageDialog(const QString& prompt, int style, const QString& title, QWidget* parent)
     : QDialog(parent), m_prompt(prompt), m_answer(leavingAnswer(style)) {
     setObjectName(QStringLiteral("messageBox"));
-    setWindowTitle(title.isEmpty() ? QGuiApplication::applicationDisplayName() : title);
+    setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setAccessibleName(windowTitle());
     setAccessibleDescription(prompt);
