@@ -126,11 +126,21 @@ void MessageDialog::addButton(QHBoxLayout* row, const QString& caption, int answ
         m_answer = answer;
         done(answer);
     });
+    button->installEventFilter(this);
     row->addWidget(button);
     m_buttons << button;
 }
 
+/// A key that is still held down from the screen behind must not answer a question that nobody has read.
+bool MessageDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat())
+        return true;
+    return QDialog::eventFilter(watched, event);
+}
+
 void MessageDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat())
+        return;
     if (event->matches(QKeySequence::Copy)) {
         QGuiApplication::clipboard()->setText(m_prompt);
         return;

@@ -189,6 +189,19 @@ TEST_F(Access, NoRowIsNoPassword) {
     EXPECT_FALSE(type(""));
 }
 
+TEST_F(Access, AnEnterThatIsHeldDownAnswersNothing) {
+    hospitalHas("Kerova");
+    auto& dialog = controls::SharedScreen<frmAccess>::fresh();
+    tests::whileModal([&] { dialog.ShowModal(); },
+                      [&](controls::Screen& screen) {
+                          QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+                          QCoreApplication::sendEvent(&childOf(screen, "txtPassword"), &held);
+                          EXPECT_TRUE(screen.isVisible());
+                          EXPECT_TRUE(session.texts().isEmpty());
+                          screen.close();
+                      });
+}
+
 TEST_F(Access, OtherKeysDoNothing) {
     hospitalHas("Kerova");
     auto& dialog = controls::SharedScreen<frmAccess>::fresh();
