@@ -2,14 +2,19 @@
 
 #include "platform/base/Error.h"
 #include "platform/report/Print.h"
+#include "platform/report/Viewer.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
+#include "session/frmReportViewer.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/LoggedOn.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 using namespace session;
 
@@ -152,6 +157,43 @@ TEST_F(Launch, ViewerShowsTheReportAndReleasesItWhenItIsLeft) {
                           EXPECT_FALSE(gReport);
                       });
     EXPECT_FALSE(gReport);
+}
+
+TEST_F(Launch, ViewerStartsUnderItsOwnCaptionAtPageWidthAndFillsTheScreen) {
+    EXPECT_EQ(frmReportViewer().windowTitle(), u"VIEW REPORT");
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+    tests::whileModal([] { ShowReport(false, QStringLiteral("One"), false); },
+                      [](controls::Screen& screen) {
+                          auto& viewer = tests::childOf<report::Viewer>(screen, "CRViewer1");
+                          EXPECT_TRUE(viewer.command(QStringLiteral("fitWidth"))->isChecked());
+                          EXPECT_FALSE(viewer.isGroupTreeShown());
+                          EXPECT_EQ(viewer.geometry(), screen.rect());
+                          screen.resize(screen.width() - 200, screen.height() - 100);
+                          QCoreApplication::processEvents();
+                          EXPECT_EQ(viewer.geometry(), screen.rect());
+                          screen.close();
+                      });
+}
+
+TEST_F(Launch, ValuesThatAreMissingAreAskedForAndNothingIsShownOrPrintedWithoutThem) {
+    const QString target = folder.filePath(QStringLiteral("missing.pdf"));
+    report::setPrintTarget(target);
+    for (const bool directPrint : {false, true}) {
+        PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a"});
+        int asked = 0;
+        QTimer::singleShot(0, [&asked] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            ++asked;
+            EXPECT_EQ(dialog->findChildren<QLineEdit*>().size(), 1) << "the first one has its value";
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        ShowReport(false, QStringLiteral("One"), directPrint);
+        EXPECT_EQ(asked, 1);
+        EXPECT_FALSE(gReport);
+    }
+    EXPECT_FALSE(QFile::exists(target));
+    EXPECT_TRUE(controls::Screen::openScreens().empty());
 }
 
 class NoPrinter : public report::PrintTarget {
