@@ -1,6 +1,7 @@
 #include "platform/controls/MessageDialog.h"
 
 #include "platform/base/Error.h"
+#include "platform/controls/EnterKey.h"
 #include "platform/controls/Look.h"
 #include "platform/controls/MessageBox.h"
 
@@ -126,21 +127,12 @@ void MessageDialog::addButton(QHBoxLayout* row, const QString& caption, int answ
         m_answer = answer;
         done(answer);
     });
-    button->installEventFilter(this);
+    ignoreHeldKeys(button);
     row->addWidget(button);
     m_buttons << button;
 }
 
-/// A key that is still held down from the screen behind must not answer a question that nobody has read.
-bool MessageDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat())
-        return true;
-    return QDialog::eventFilter(watched, event);
-}
-
 void MessageDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->isAutoRepeat())
-        return;
     if (event->matches(QKeySequence::Copy)) {
         QGuiApplication::clipboard()->setText(m_prompt);
         return;

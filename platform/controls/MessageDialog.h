@@ -21,7 +21,6 @@ class MessageDialog : public QDialog {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void addButton(QHBoxLayout* row, const QString& caption, int answer, bool isDefault);
