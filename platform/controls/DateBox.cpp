@@ -108,10 +108,12 @@ void DateBox::setDate(base::DateTime date) {
 }
 
 void DateBox::keyPressEvent(QKeyEvent* event) {
-    const bool alt = event->modifiers().testFlag(Qt::AltModifier);
-    if (event->key() == Qt::Key_F4 || (alt && event->key() == Qt::Key_Down))
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const bool plain = modifiers == Qt::NoModifier; // Alt+F4 closes the window
+    if ((plain && event->key() == Qt::Key_F4) ||
+        (modifiers == Qt::AltModifier && event->key() == Qt::Key_Down))
         openCalendar();
-    else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+    else if (plain && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
         step(event->key() == Qt::Key_Up ? 1 : -1);
     else
         MaskedDate::keyPressEvent(event);

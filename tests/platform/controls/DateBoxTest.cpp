@@ -115,6 +115,16 @@ TEST_F(DateBoxTest, TheCalendarOpensOnTheDateAndTakesAnother) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
+TEST_F(DateBoxTest, AltDownOpensTheCalendarAndAltF4DoesNot) {
+    QTest::keyClick(field, Qt::Key_F4, Qt::AltModifier);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
+    auto* popUp = QApplication::activePopupWidget();
+    ASSERT_NE(popUp, nullptr);
+    popUp->close();
+    EXPECT_EQ(field->text(), "11/21/2026");
+}
+
 TEST_F(DateBoxTest, EscapeLeavesTheCalendarWithTheDateAsItWas) {
     field->findChild<QAction*>("openCalendar")->trigger();
     auto* popUp = QApplication::activePopupWidget();
