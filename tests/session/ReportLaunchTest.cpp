@@ -105,6 +105,37 @@ TEST_F(Launch, TableMovesToTheDatabaseUnderTheUsersOwnLogin) {
     EXPECT_EQ(table.password, gUser->serverpassword());
 }
 
+TEST_F(Launch, ASubReportMovesToTheUsersDatabaseUnderTheFixedLogOn) {
+    write("Two.RPT", R"(<report version="1" title="Two">
+  <page width="140mm" height="100mm" left="10mm" right="10mm" top="10mm" bottom="10mm"/>
+  <parameter name="Day"/>
+  <table name="Rooms" location="BUILD_FILE..tbcoRoom">SELECT TOP 1 RoomID FROM {table} ORDER BY RoomID</table>
+  <reportFooter height="10mm"><insert report="Summary" x="0mm" y="0mm"/></reportFooter>
+  <subReport name="Summary">
+    <parameter name="Database"/>
+    <parameter name="Day"/>
+    <table name="Users" location="PASSWORD..tbNuclearUserRights">SELECT EmployeeID FROM {table}</table>
+    <details height="5mm"/>
+  </subReport>
+</report>)");
+    PrepareReport(reportPath(QStringLiteral("Two.RPT")), QStringLiteral("BUILD_FILE"), {"a"});
+    PrepareSubReport(QStringLiteral("Summary"), {"b"});
+    const report::TableLogOn& main = gReport->tables()[0];
+    EXPECT_EQ(main.location, u"BUILD_FILE..tbcoRoom") << "the report's own tables stay";
+    EXPECT_EQ(main.database, u"BUILD_FILE");
+    report::Report& summary = gReport->subReport(QStringLiteral("Summary"));
+    ASSERT_EQ(summary.tables().size(), 1U);
+    const report::TableLogOn& table = summary.tables()[0];
+    EXPECT_EQ(table.location, u"NUCLEAR..tbNuclearUserRights");
+    EXPECT_EQ(table.server, gUser->ServerName());
+    EXPECT_EQ(table.database, gUser->Database());
+    EXPECT_EQ(table.login, u"sa");
+    EXPECT_EQ(table.password, gServerPassword);
+    EXPECT_EQ(summary.missingParameters(), std::vector<int>{1}) << "its own fields, in their order";
+    EXPECT_TRUE(gReport->missingParameters().empty());
+    EXPECT_NE(errorOf([] { PrepareSubReport(QStringLiteral("Sumary"), {}); }), 0);
+}
+
 TEST_F(Launch, OnlyWhatStandsBeforeTheFirstPointMoves) {
     report::TableLogOn procedure{QStringLiteral("BILLING.dbo.sp_Some"), {}, {}, {}, {}};
     SetReportTableLogOn(procedure, QStringLiteral("NUCLEAR"));
