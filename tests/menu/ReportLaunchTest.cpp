@@ -197,6 +197,28 @@ TEST_F(Report, CensusByStationPreparesItsSummary) {
     EXPECT_FALSE(reports[0].groupTree);
 }
 
+TEST_F(Report, ACensusRunsItsProcedureBeforeTheReportIsOpened) {
+    QList<qsizetype> sent;
+    const auto record = menu::links().prepareReport;
+    menu::links().prepareReport = [&](const auto& path, const auto& database, const auto& values) {
+        sent << texts().size();
+        record(path, database, values);
+    };
+    run("mnuReportCensusAllPatient");
+    run("mnuReportCensusbyStation");
+    EXPECT_EQ(sent, (QList<qsizetype>{1, 2}));
+}
+
+TEST_F(Report, TheAuditGetsItsDatesInFullHoweverTheyStand) {
+    session::gReportFrom = "3/4/2026";
+    session::gReportTo = "2026-03-05";
+    session::gReportOption = "2";
+    escape();
+    run("mnuReportAudit");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{"03/04/2026", "03/05/2026", "2", address}));
+}
+
 TEST_F(Report, TheMenuBarAsksNoRight) {
     takeDates("frmReportDate");
     run("mnuStatisticalReport");
