@@ -2,13 +2,13 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
+#include "platform/controls/DateBox.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/HeaderBand.h"
 #include "platform/controls/KeyFilter.h"
 #include "platform/controls/Look.h"
 #include "results/PageKeys.h"
 #include "results/frmSymbols.h"
-#include "session/DateFields.h"
 #include "session/Services.h"
 #include "session/Session.h"
 
@@ -138,7 +138,7 @@ void ResultScreen::lockCaseNum(bool locked) {
 // ---- opening
 
 void ResultScreen::Form_Load() {
-    session::setToday(qobject_cast<QDateEdit*>(widget("DtResultDate")));
+    qobject_cast<DateBox*>(widget("DtResultDate"))->setDate(base::today());
     auto* caseNum = qobject_cast<QLineEdit*>(widget("txtCaseNum"));
     caseNum->setText(base::Format(base::today(), QStringLiteral("yy")) + u'-');
     if (findChild<QLineEdit*>(QStringLiteral("txtDose")))

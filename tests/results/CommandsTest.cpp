@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QDateEdit>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScrollBar>
@@ -73,7 +72,7 @@ TEST_P(CommandsOn, ANewScreenStartsWithTodayTheYearAndTheUnit) {
     const base::FixedClock newYear(*base::makeDateTime({2027, 1, 2}, {0, 5}));
     open(GetParam());
     EXPECT_EQ(text("txtCaseNum"), "27-");
-    EXPECT_EQ(tests::child<QDateEdit>(screen(), "DtResultDate").date(), QDate(2027, 1, 2));
+    EXPECT_EQ(text("DtResultDate"), "01/02/2027");
     if (GetParam() != Kind::Perfusion) {
         EXPECT_EQ(text("txtDose"), " mCi");
     }

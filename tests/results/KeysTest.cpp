@@ -392,7 +392,7 @@ class WithoutTheMouse : public Keys {
     void enter(Kind kind, const QString& typed) {
         open(kind);
         boxes.expect({"Data Successfully Saved!", controls::vbInformation, "Notification"});
-        type("0001<Tab><Tab><Tab><Tab>" + typed + "<Alt+S>");
+        type("0001<Tab><Tab>" + typed + "<Alt+S>");
     }
     QString stored(const char* columns, const char* table = "tbNucResult") {
         return value(QStringLiteral("SELECT %1 FROM NUCLEAR..%2 WHERE RequestNum = '90001'")

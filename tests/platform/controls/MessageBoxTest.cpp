@@ -75,6 +75,21 @@ TEST(MessageBox, ShowsTitlePromptAndIcon) {
         QStringLiteral("Warning"));
 }
 
+TEST(MessageBox, AKeyThatIsHeldDownAnswersNothing) {
+    const auto answer = answerOf(vbYesNo, [](QWidget& window) {
+        for (const auto& [key, text] : {std::pair{Qt::Key_Return, "\r"},
+                                        {Qt::Key_Space, " "},
+                                        {Qt::Key_Y, "y"},
+                                        {Qt::Key_Escape, ""}}) {
+            QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString::fromLatin1(text), true);
+            QCoreApplication::sendEvent(window.focusWidget(), &held);
+            EXPECT_TRUE(window.isVisible()) << text;
+        }
+        tests::keysToFocus(window, QStringLiteral("y"));
+    });
+    EXPECT_EQ(answer, vbYes);
+}
+
 TEST(MessageBox, WithoutATitleTheProgramsNameStands) {
     answerOf(vbOKOnly, [](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Visual Kerova - Visual Scintra"));
