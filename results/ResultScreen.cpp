@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -146,8 +147,10 @@ void ResultScreen::Form_Load() {
 }
 
 void ResultScreen::showEvent(QShowEvent* event) {
-    showPatient();
-    focusFirst();
+    if (!event->spontaneous()) { // else the window comes back from the task bar, as it was left
+        showPatient();
+        focusFirst();
+    }
     Screen::showEvent(event);
 }
 

@@ -163,6 +163,19 @@ TEST_F(Keys, F5OnTheDoseAppendsBehindTheUnit) {
     EXPECT_EQ(text("txtDose"), QString::fromUtf8("5 mCi³"));
 }
 
+/// As a window manager says that a window is on the screen again.
+TEST_F(Keys, AWindowThatWasMinimisedComesBackAsItWasLeft) {
+    open(Kind::Generic);
+    type("txtConsultation", "Uptake");
+    QShowEvent shown;
+    QSpontaneKeyEvent::setSpontaneous(&shown);
+    qApp->notify(&screen(), &shown); // sendEvent() would say that the program sent it
+    EXPECT_EQ(focused(), "txtConsultation");
+    type(" is normal");
+    EXPECT_EQ(text("txtConsultation"), "Uptake is normal");
+    EXPECT_EQ(text("txtCaseNum"), "26-");
+}
+
 TEST_F(Keys, TheYearStandsInFrontAndTypingGoesBehindIt) {
     open(Kind::Generic);
     EXPECT_EQ(focused(), "txtCaseNum");
