@@ -227,6 +227,24 @@ TEST_F(Keys, SelectKeepsTheSymbolThatThereIs) {
     EXPECT_EQ(text("txtRoute"), "IV") << "the mouse marks, but only its double click takes";
 }
 
+TEST_F(Keys, NoOtherSymbolIsTakenThanTheOneThatIsMarked) {
+    open(Kind::Generic);
+    type("txtRoute", "IV");
+    const auto enterBehind = [&](const char* mouseOver) {
+        tests::runModal([&] { type("<F5>"); }, {[&](QWidget& window) {
+                            tests::keysToFocus(window, "<Right><Right>");
+                            QMouseEvent move(QEvent::MouseMove, QPointF(5, 5), QPointF(5, 5), Qt::NoButton,
+                                             Qt::NoButton, {});
+                            QCoreApplication::sendEvent(&tests::child<QLabel>(window, mouseOver), &move);
+                            tests::keysToFocus(window, "<Alt+S>");
+                        }});
+    };
+    enterBehind("Label1_3"); // the arrows chose the second one
+    EXPECT_EQ(text("txtRoute"), "IV");
+    enterBehind("Label1_1");
+    EXPECT_EQ(text("txtRoute"), QString::fromUtf8("IV¼"));
+}
+
 TEST_F(Keys, TheSymbolsStandInTheirOrderAndTheMouseMarksOne) {
     auto& symbols = controls::SharedScreen<results::frmSymbols>::fresh();
     symbols.Show();
