@@ -171,6 +171,9 @@ TEST_P(Worklist, SelectingListsThePatientsRequests) {
                   EXPECT_EQ(requests.ColWidth(column), widths[column]);
               }
               EXPECT_EQ(requests.TextMatrix(1, 6), QStringLiteral("26-00007"));
+              EXPECT_GT(requests.cellRect(1, 4).width(),
+                        list.fontMetrics().horizontalAdvance("MYOCARDIAL PERFUSION, REST AND STRESS"))
+                  << "the exam takes the width that is left";
               EXPECT_TRUE(requests.hasFocus());
               tests::close(list);
           },
