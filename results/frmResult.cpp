@@ -25,7 +25,7 @@ using controls::SharedScreen;
 namespace {
 
 // The hidden leading column counts as 0.
-enum GridColumn { requestNumber = 1, examCode = 3, examName = 4 };
+enum GridColumn { requestNumber = 1, examCode = 3 };
 
 const QString gridFormat = QStringLiteral(" | Request# | Exam Date | Code | Exam | ResultDate |FileNumber ");
 
@@ -51,7 +51,6 @@ frmResult::~frmResult() = default;
 void frmResult::Form_Load() {
     Init_Grid();
     m_ui->grdTable->setRowSelect(true);
-    m_ui->grdTable->setStretchColumn(examName);
     m_ui->grdTable->setEmptyText(QStringLiteral("Nothing is on file for this patient here."));
     m_ui->grdTable->setFocus();
 }
