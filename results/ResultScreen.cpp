@@ -78,6 +78,8 @@ void ResultScreen::prepare() {
     for (QTabWidget* tabs : findChildren<QTabWidget*>()) {
         tabs->setFocusPolicy(Qt::NoFocus);
         tabs->tabBar()->setFocusPolicy(Qt::NoFocus); // Tab goes from page to page by itself
+        tabs->tabBar()->installEventFilter(this);
+        keepFocusOnPages(*this, *tabs, *widget("btnClose"));
     }
     for (QWidget* field : findChildren<QWidget*>()) {
         if (qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) ||
@@ -192,6 +194,11 @@ bool ResultScreen::eventFilter(QObject* watched, QEvent* event) {
         QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
         watched->event(&plain);
         return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        // Whoever clicks a page means to type there, not into the field that had the focus before.
+        if (auto* bar = qobject_cast<QTabBar*>(watched))
+            focusPage(*this, *qobject_cast<QTabWidget*>(bar->parentWidget()));
     }
     if (event->type() == QEvent::Wheel) {
         if (auto* memo = qobject_cast<QPlainTextEdit*>(watched->parent()); memo && !memo->isEnabled())
