@@ -125,8 +125,12 @@ void ResultScreen::setText(const char* name, const QString& text) {
 }
 
 void ResultScreen::enableFields(FieldNames names, bool enabled) {
-    for (const char* name : names)
-        widget(name)->setEnabled(enabled);
+    for (const char* name : names) {
+        QWidget* field = widget(name);
+        field->setEnabled(enabled);
+        if (auto* line = qobject_cast<QLineEdit*>(field)) // its end cannot be reached by the caret then
+            line->setToolTip(enabled ? QString() : line->text());
+    }
 }
 
 void ResultScreen::showCommands(FieldNames names, bool shown) {
