@@ -246,6 +246,17 @@ TEST_F(Commands, ADisabledMemoCanStillBeReadToItsEnd) {
     EXPECT_EQ(bar->value(), 3);
 }
 
+TEST_F(Commands, ADisabledLineTellsItsWholeText) {
+    fill(Kind::Generic);
+    const QString projections = QStringLiteral("AP, PA, ").repeated(40);
+    screen().setText("txtProjections", projections);
+    screen().enableFields(std::array{"txtProjections"}, false);
+    show();
+    EXPECT_EQ(widget("txtProjections").toolTip(), projections);
+    screen().enableFields(std::array{"txtProjections"}, true);
+    EXPECT_EQ(widget("txtProjections").toolTip(), "");
+}
+
 // ---- revocation
 
 class Revocation : public CommandsOn {
