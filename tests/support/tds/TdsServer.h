@@ -23,8 +23,8 @@ class TdsServer {
         /// 0 takes a port that is free.
         quint16 port = 0;
         /// The one login; empty: any.
-        QString user;
-        QString password;
+        QString user{};
+        QString password{};
     };
     /// Raises std::runtime_error when the port is taken.
     explicit TdsServer(Options options);
