@@ -3,9 +3,24 @@
 #include "platform/base/Error.h"
 #include "platform/odbc/Handle.h"
 
+#include <odbcinst.h>
+
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace odbc {
+namespace {
+
+/// "" when the data source has no such setting.
+QString settingOf(const QString& dataSource, const char* keyword) {
+    std::vector<char> value(512);
+    const int length = SQLGetPrivateProfileString(dataSource.toLocal8Bit().constData(), keyword, "",
+                                                  value.data(), int(value.size()), "odbc.ini");
+    return length > 0 ? QString::fromLocal8Bit(value.data()) : QString();
+}
+
+} // namespace
 
 std::vector<DataSource> dataSources() {
     std::vector<DataSource> found;
@@ -42,11 +57,35 @@ ConnectionText& ConnectionText::add(const char* keyword, const QString& value) {
     const bool plain = std::all_of(value.begin(), value.end(), [](QChar c) {
         return c.isLetterOrNumber() || QStringView(u"_-./\\: ").contains(c);
     });
+    const bool goesBare = value.contains(u'}') && !value.contains(u';') && !value.startsWith(u'{');
     QString safe = value;
-    if (!plain || value.startsWith(u' ') || value.endsWith(u' '))
+    if ((!plain && !goesBare) || value.startsWith(u' ') || value.endsWith(u' '))
         safe = u'{' + safe.replace(u'}', QLatin1StringView("}}")) + u'}';
     m_text += QLatin1StringView(keyword) + u'=' + safe + u';';
     return *this;
+}
+
+QString withOwnLogin(const QString& connection) {
+    static const QRegularExpression source(QStringLiteral(R"((?:^|;)\s*DSN\s*=\s*(\{[^}]*\}|[^;]*))"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const auto match = source.match(connection);
+    if (!match.hasMatch() || hasLogin(connection))
+        return connection;
+    QString name = match.captured(1).trimmed();
+    if (name.startsWith(u'{'))
+        name = name.mid(1, name.size() - 2);
+    const QString user = settingOf(name, "UID");
+    if (user.isEmpty())
+        return connection;
+    ConnectionText login;
+    login.add("UID", user).add("PWD", settingOf(name, "PWD"));
+    return (connection.endsWith(u';') ? connection : connection + u';') + login.text();
+}
+
+bool hasLogin(const QString& connection) {
+    static const QRegularExpression login(QStringLiteral(R"((?:^|;)\s*(?:UID|Trusted_Connection)\s*=)"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    return login.match(connection).hasMatch();
 }
 
 } // namespace odbc
