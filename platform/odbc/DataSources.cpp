@@ -12,12 +12,32 @@
 namespace odbc {
 namespace {
 
-/// "" when the data source has no such setting.
-QString settingOf(const QString& dataSource, const char* keyword) {
+/// "" when the section has no such setting.
+QString settingOf(const QString& section, const char* keyword, const char* file = "odbc.ini") {
     std::vector<char> value(512);
-    const int length = SQLGetPrivateProfileString(dataSource.toLocal8Bit().constData(), keyword, "",
-                                                  value.data(), int(value.size()), "odbc.ini");
+    const int length = section.isEmpty()
+                           ? 0
+                           : SQLGetPrivateProfileString(section.toLocal8Bit().constData(), keyword, "",
+                                                        value.data(), int(value.size()), file);
     return length > 0 ? QString::fromLocal8Bit(value.data()) : QString();
+}
+
+/// A value of a connection string, without its braces; "" when there is none.
+QString valueOf(const QString& connection, const char* keyword) {
+    const QRegularExpression pattern(
+        QStringLiteral(R"((?:^|;)\s*%1\s*=\s*(\{[^}]*\}|[^;]*))").arg(QLatin1StringView(keyword)),
+        QRegularExpression::CaseInsensitiveOption);
+    const QString value = pattern.match(connection).captured(1).trimmed();
+    return value.startsWith(u'{') ? value.mid(1, value.size() - 2) : value;
+}
+
+/// Drivers go by their file or by the name of a section that holds it.
+bool isFreeTds(const QString& connection, const QString& dataSource) {
+    QString driver = valueOf(connection, "Driver");
+    if (driver.isEmpty())
+        driver = settingOf(dataSource, "Driver");
+    return (driver + settingOf(driver, "Driver", "odbcinst.ini"))
+        .contains(QLatin1StringView("tds"), Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -65,27 +85,24 @@ ConnectionText& ConnectionText::add(const char* keyword, const QString& value) {
     return *this;
 }
 
-QString withOwnLogin(const QString& connection) {
-    static const QRegularExpression source(QStringLiteral(R"((?:^|;)\s*DSN\s*=\s*(\{[^}]*\}|[^;]*))"),
-                                           QRegularExpression::CaseInsensitiveOption);
-    const auto match = source.match(connection);
-    if (!match.hasMatch() || hasLogin(connection))
-        return connection;
-    QString name = match.captured(1).trimmed();
-    if (name.startsWith(u'{'))
-        name = name.mid(1, name.size() - 2);
-    const QString user = settingOf(name, "UID");
-    if (user.isEmpty())
-        return connection;
-    ConnectionText login;
-    login.add("UID", user).add("PWD", settingOf(name, "PWD"));
-    return (connection.endsWith(u';') ? connection : connection + u';') + login.text();
+QString completed(const QString& connection, int statementSeconds) {
+    const QString dataSource = valueOf(connection, "DSN");
+    ConnectionText more;
+    if (!dataSource.isEmpty() && !hasLogin(connection)) {
+        const QString user = settingOf(dataSource, "UID");
+        if (!user.isEmpty())
+            more.add("UID", user).add("PWD", settingOf(dataSource, "PWD"));
+    }
+    if (isFreeTds(connection, dataSource) && valueOf(connection, "Timeout").isEmpty() &&
+        settingOf(dataSource, "Timeout").isEmpty())
+        more.add("Timeout", QString::number(statementSeconds));
+    if (more.text().isEmpty() || connection.endsWith(u';'))
+        return connection + more.text();
+    return connection + u';' + more.text();
 }
 
 bool hasLogin(const QString& connection) {
-    static const QRegularExpression login(QStringLiteral(R"((?:^|;)\s*(?:UID|Trusted_Connection)\s*=)"),
-                                          QRegularExpression::CaseInsensitiveOption);
-    return login.match(connection).hasMatch();
+    return !valueOf(connection, "UID").isEmpty() || !valueOf(connection, "Trusted_Connection").isEmpty();
 }
 
 } // namespace odbc

@@ -27,9 +27,10 @@ class ConnectionText {
     QString m_text;
 };
 
-/// The text with the login that its data source names (UID, PWD), where the text has none: FreeTDS 1.3 does
-/// not look for one there.
-QString withOwnLogin(const QString& connection);
+/// The text with what FreeTDS 1.3 lacks: the login that its data source names (UID, PWD), where the text has
+/// none, since it does not look for one there; and the time that a begin or a commit may take, which it takes
+/// from nothing else. A data source with a "Timeout" of its own keeps it.
+QString completed(const QString& connection, int statementSeconds);
 /// Whether the text itself names a login.
 bool hasLogin(const QString& connection);
 

@@ -53,13 +53,21 @@ bool isWarning(const Record& record) {
     return record.state.startsWith(QLatin1StringView("01"));
 }
 
+/// An error that is told with the state of a warning, alone: a driver that cannot be loaded, and with FreeTDS
+/// a line that broke.
+Record onlyWarned(Record record) {
+    constexpr int brokenLines[] = {20004, 20006, 20017, 20047}; // not read, not written, ended, dead
+    if (std::find(std::begin(brokenLines), std::end(brokenLines), record.native) != std::end(brokenLines))
+        record.state = QStringLiteral("08S01");
+    return record;
+}
+
 /// The record that says most of what went wrong: the first that is no warning, with three exceptions.
 Record tellingRecord(const std::vector<Record>& records) {
     constexpr int missingDatabase = 4060;
     const auto first = std::find_if_not(records.begin(), records.end(), isWarning);
-    // a driver that cannot be loaded is told with the state of a warning, alone
     if (first == records.end())
-        return records.front();
+        return onlyWarned(records.front());
     // a missing database refuses the login, too; FreeTDS tells that first
     if (first->native == errors::loginFailed) {
         for (const Record& record : records) {

@@ -19,7 +19,7 @@ Session::Session(const QString& text, const Options& options)
     : m_connection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, m_environment.get()) {
     // a driver without such a time-out says so with an error, which changes nothing
     SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(options.connectSeconds), 0);
-    const QString full = withOwnLogin(text);
+    const QString full = completed(text, options.statementSeconds);
     m_text.assign(full);
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(SQLDriverConnectW(m_connection.get(), nullptr, m_text.data(),
