@@ -53,32 +53,34 @@ bool isWarning(const Record& record) {
     return record.state.startsWith(QLatin1StringView("01"));
 }
 
-/// An error that is told with the state of a warning, alone: a driver that cannot be loaded, and with FreeTDS
-/// a line that broke.
-Record onlyWarned(Record record) {
-    constexpr int brokenLines[] = {20004, 20006, 20017, 20047}; // not read, not written, ended, dead
-    if (std::find(std::begin(brokenLines), std::end(brokenLines), record.native) != std::end(brokenLines))
-        record.state = QStringLiteral("08S01");
-    return record;
+/// FreeTDS: not read, not written, ended, dead.
+bool isBrokenLine(const Record& record) {
+    constexpr int numbers[] = {20004, 20006, 20017, 20047};
+    return std::find(std::begin(numbers), std::end(numbers), record.native) != std::end(numbers);
 }
 
-/// The record that says most of what went wrong: the first that is no warning, with three exceptions.
+/// The record that says most of what went wrong: the first that is no warning, with exceptions.
 Record tellingRecord(const std::vector<Record>& records) {
     constexpr int missingDatabase = 4060;
-    const auto first = std::find_if_not(records.begin(), records.end(), isWarning);
-    if (first == records.end())
-        return onlyWarned(records.front());
+    const auto find = [&](const auto& which) { return std::find_if(records.begin(), records.end(), which); };
+    const auto none = records.end();
+    const auto first = find([](const Record& record) { return !isWarning(record); });
     // a missing database refuses the login, too; FreeTDS tells that first
-    if (first->native == errors::loginFailed) {
-        for (const Record& record : records) {
-            if (record.native == missingDatabase)
-                return record;
-        }
+    if (first != none && first->native == errors::loginFailed) {
+        const auto missing = find([](const Record& record) { return record.native == missingDatabase; });
+        return missing != none ? *missing : *first;
     }
-    // FreeTDS tells why a log-on came to nothing as a warning beside the error
-    const auto numbered =
-        std::find_if(records.begin(), records.end(), [](const Record& record) { return record.native != 0; });
-    if (first->native == 0 && first->state == QLatin1StringView("08001") && numbered != records.end())
+    if (first != none && first->native != 0)
+        return *first;
+    // FreeTDS tells why a line or a log-on came to nothing as a warning, beside an error without a number
+    const auto broken = find(isBrokenLine);
+    if (broken != none)
+        return {broken->native, QStringLiteral("08S01"), broken->words};
+    // a driver that cannot be loaded is told with the state of a warning, alone
+    if (first == none)
+        return records.front();
+    const auto numbered = find([](const Record& record) { return record.native != 0; });
+    if (first->state == QLatin1StringView("08001") && numbered != none)
         return {numbered->native, first->state, numbered->words};
     return *first;
 }
