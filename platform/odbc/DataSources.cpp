@@ -1,6 +1,7 @@
 #include "platform/odbc/DataSources.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/LateLibrary.h"
 #include "platform/odbc/Handle.h"
 
 #include <odbcinst.h>
@@ -12,13 +13,28 @@
 namespace odbc {
 namespace {
 
+/// The part of the driver manager that reads its files; loaded with its first use, as the rest is.
+struct Installer {
+    Installer() {
+        constexpr int notLoaded = 48;
+#ifdef _WIN32
+        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbccp32"), -1);
+#else
+        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbcinst"), 2);
+#endif
+        library.resolve("SQLGetPrivateProfileString", read);
+    }
+    decltype(&::SQLGetPrivateProfileString) read = nullptr;
+};
+
 /// "" when the section has no such setting.
 QString settingOf(const QString& section, const char* keyword, const char* file = "odbc.ini") {
+    if (section.isEmpty())
+        return {};
+    static const Installer installer;
     std::vector<char> value(512);
-    const int length = section.isEmpty()
-                           ? 0
-                           : SQLGetPrivateProfileString(section.toLocal8Bit().constData(), keyword, "",
-                                                        value.data(), int(value.size()), file);
+    const int length =
+        installer.read(section.toLocal8Bit().constData(), keyword, "", value.data(), int(value.size()), file);
     return length > 0 ? QString::fromLocal8Bit(value.data()) : QString();
 }
 
