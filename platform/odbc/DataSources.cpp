@@ -13,9 +13,13 @@
 namespace odbc {
 namespace {
 
-/// The part of the driver manager that reads its files; loaded with its first use, as the rest is.
-struct Installer {
-    Installer() {
+using ReadSetting = decltype(&::SQLGetPrivateProfileString);
+
+/// From the part of the driver manager that reads its files, loaded with its first use as the rest is. Null
+/// where there is none: then drivers read by themselves what they do.
+ReadSetting findReader() {
+    ReadSetting read = nullptr;
+    try {
         constexpr int notLoaded = 48;
 #ifdef _WIN32
         base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbccp32"), -1);
@@ -23,18 +27,20 @@ struct Installer {
         base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbcinst"), 2);
 #endif
         library.resolve("SQLGetPrivateProfileString", read);
+    } catch (const base::RunTimeError&) {
+        return nullptr;
     }
-    decltype(&::SQLGetPrivateProfileString) read = nullptr;
-};
+    return read;
+}
 
 /// "" when the section has no such setting.
 QString settingOf(const QString& section, const char* keyword, const char* file = "odbc.ini") {
-    if (section.isEmpty())
+    static const ReadSetting read = findReader();
+    if (!read || section.isEmpty())
         return {};
-    static const Installer installer;
     std::vector<char> value(512);
     const int length =
-        installer.read(section.toLocal8Bit().constData(), keyword, "", value.data(), int(value.size()), file);
+        read(section.toLocal8Bit().constData(), keyword, "", value.data(), int(value.size()), file);
     return length > 0 ? QString::fromLocal8Bit(value.data()) : QString();
 }
 
