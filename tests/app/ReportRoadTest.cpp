@@ -70,8 +70,8 @@ class ReportRoad : public ReportRoads, public testing::WithParamInterface<Road> 
         const bool daily = name == "frmDailyReport";
         auto& end = child<QDateEdit>(window, daily ? "dtpEndDate" : "dtEnd");
         child<QDateEdit>(window, daily ? "dtpReportDate" : "dtStart")
-            .setDate(QDate(2026, 11, end.isVisible() ? 1 : 19));
-        end.setDate(QDate(2026, 11, 20));
+            .setDate(tests::toServerDays(QDate(2026, 11, end.isVisible() ? 1 : 19)));
+        end.setDate(tests::toServerDays(QDate(2026, 11, 20)));
         click(child<QWidget>(window, daily                    ? "cmdOptions_3"
                                      : name == "frmDateEntry" ? "cmdDate_0"
                                                               : "cmdEnter"));
@@ -80,8 +80,9 @@ class ReportRoad : public ReportRoads, public testing::WithParamInterface<Road> 
         const report::PageDocument& document = paperIn(window);
         EXPECT_EQ(window.windowTitle(), GetParam().title);
         EXPECT_EQ(child<report::Viewer>(window, "CRViewer1").isGroupTreeShown(), GetParam().tree);
-        const QString text = report::textOf(*document.page(0)) + '\n' +
-                             report::textOf(*document.page(document.pageCount() - 1)) + '\n';
+        const QString text =
+            tests::toTestDays(report::textOf(*document.page(0)) + '\n' +
+                              report::textOf(*document.page(document.pageCount() - 1)) + '\n');
         const QStringList heading{"Kerova General Hospital\n", "114 Rizal Avenue, Santa Rosa, Laguna\n"};
         for (const QString& one : heading + GetParam().texts)
             EXPECT_TRUE(text.contains(one)) << qPrintable(one) << "\nin\n" << qPrintable(text.left(3000));

@@ -36,7 +36,6 @@ class WalkInFixture : public LoggedOn {
     static QPushButton& button(const QWidget& screen, const char* name) {
         return child<QPushButton>(screen, name);
     }
-    QString value(const QString& query) const { return hospitalValue(file, query); }
     /// "LASTNAME|FIRSTNAME|..." of one patient, the birth date as m/d/yyyy, Null as "<Null>"; "" for nobody.
     std::string patient(const QString& hospitalNumber);
     /// "W1030/1030"

@@ -282,7 +282,7 @@ TEST_F(Posting, AssessmentsAreAddedOnceAndLinkedByReceipt) {
 
 TEST_F(Posting, TwoWorkstationsNeverDrawTheSameNumber) {
     const auto other = workstation(QStringLiteral("DESK2"));
-    const auto draw = [](engine::EmbeddedProvider& provider) {
+    const auto draw = [](ado::Provider& provider) {
         provider.begin();
         const qint64 number =
             *provider.execute(QStringLiteral("SELECT requestnum FROM tbNucSlip")).rows.at(0, 0).asInteger();
