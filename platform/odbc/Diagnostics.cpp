@@ -1,6 +1,8 @@
 #include "platform/odbc/Diagnostics.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace odbc {
 namespace {
@@ -47,29 +49,57 @@ int numberOf(const Record& record) {
     return record.state == QLatin1StringView("28000") ? errors::loginFailed : errors::unspecified;
 }
 
+bool isWarning(const Record& record) {
+    return record.state.startsWith(QLatin1StringView("01"));
+}
+
+/// An error that is told with the state of a warning, alone: a driver that cannot be loaded, and with FreeTDS
+/// a line that broke.
+Record onlyWarned(Record record) {
+    constexpr int brokenLines[] = {20004, 20006, 20017, 20047}; // not read, not written, ended, dead
+    if (std::find(std::begin(brokenLines), std::end(brokenLines), record.native) != std::end(brokenLines))
+        record.state = QStringLiteral("08S01");
+    return record;
+}
+
+/// The record that says most of what went wrong: the first that is no warning, with three exceptions.
+Record tellingRecord(const std::vector<Record>& records) {
+    constexpr int missingDatabase = 4060;
+    const auto first = std::find_if_not(records.begin(), records.end(), isWarning);
+    if (first == records.end())
+        return onlyWarned(records.front());
+    // a missing database refuses the login, too; FreeTDS tells that first
+    if (first->native == errors::loginFailed) {
+        for (const Record& record : records) {
+            if (record.native == missingDatabase)
+                return record;
+        }
+    }
+    // FreeTDS tells why a log-on came to nothing as a warning beside the error
+    const auto numbered =
+        std::find_if(records.begin(), records.end(), [](const Record& record) { return record.native != 0; });
+    if (first->native == 0 && first->state == QLatin1StringView("08001") && numbered != records.end())
+        return {numbered->native, first->state, numbered->words};
+    return *first;
+}
+
 } // namespace
 
 base::RunTimeError errorOf(SQLSMALLINT kind, SQLHANDLE handle, const QString& statement) {
-    Record found;
-    for (SQLSMALLINT number = 1;; ++number) {
-        Record record;
-        if (!readRecord(kind, handle, number, record))
-            break;
-        // a driver that cannot be loaded is told with the state of a warning, alone
-        if (number == 1)
-            found = record;
-        if (!record.state.startsWith(QLatin1StringView("01"))) {
-            found = record;
-            break;
-        }
-    }
-    if (found.words.isEmpty())
-        found.words = QStringLiteral("The driver failed and did not say why.");
-    return base::RunTimeError(numberOf(found), found.words, found.state, statement);
+    std::vector<Record> records;
+    for (Record record; readRecord(kind, handle, SQLSMALLINT(records.size() + 1), record);)
+        records.push_back(std::exchange(record, {}));
+    const Record found = records.empty() ? Record() : tellingRecord(records);
+    return base::RunTimeError(numberOf(found),
+                              found.words.isEmpty() ? QStringLiteral("The driver failed and did not say why.")
+                                                    : found.words,
+                              found.state, statement);
 }
 
 bool isConnectionError(const base::RunTimeError& error) {
-    return error.sqlState().startsWith(QLatin1StringView("08"));
+    // FreeTDS tells a database that a name does not find (911) as a connection that was refused
+    return error.sqlState().startsWith(QLatin1StringView("08")) &&
+           error.sqlState() != QLatin1StringView("08004");
 }
 
 } // namespace odbc

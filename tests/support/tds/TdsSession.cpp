@@ -29,6 +29,10 @@ bool isBegin(const QString& text) {
     return begin.match(text).hasMatch();
 }
 
+bool asksForTransaction(const QString& text) {
+    return text == QLatin1StringView("SELECT @@TRANCOUNT");
+}
+
 } // namespace
 
 /// Keeps every result of a batch, and asks the line whether they are still wanted.
@@ -101,8 +105,7 @@ void TdsSession::answerText(const QByteArray& data) {
     reader.skipTo(reader.number<quint32>()); // what comes with a request, its own length first
     const QString text = fromUnits(reader.rest());
     Answer answer;
-    const bool isOwnQuestion = text == QLatin1StringView("SELECT @@TRANCOUNT") || isBegin(text);
-    if (!isOwnQuestion && handled(answer, m_diary.step(text)))
+    if (!asksForTransaction(text) && !isBegin(text) && handled(answer, m_diary.step(text)))
         return;
     runText(answer, text);
     if (m_line.takeAttention()) {
@@ -162,8 +165,14 @@ void TdsSession::runText(Answer& answer, const QString& text) {
             answer.done(End::Statement, state(0), None);
             return;
         }
-        startInEngine();
         qint64 affected = -1;
+        if (asksForTransaction(text)) { // no reason to begin one in the engine
+            collector.begin({{QString(), ado::DataType::Integer, {}, {}}});
+            collector.results.back().values.emplace_back(m_open ? 1 : 0);
+            tellResults(answer, collector.results, affected, false);
+            return;
+        }
+        startInEngine();
         if (auto views = catalogueRows(*m_provider, text))
             collector.results.push_back(std::move(views->rows));
         else
