@@ -22,6 +22,8 @@ using controls::SharedScreen;
 using tests::child;
 using tests::click;
 
+constexpr int longest = 60'000; // milliseconds
+
 struct Road {
     const char* command; ///< menu bar item, or "3.0" for a flat button
     const char* dialog;  ///< "" for none
@@ -53,9 +55,12 @@ class ReportRoads : public tests::LoggedOn {
         click(child<QWidget>(menuScreen(), "cmdMainMenu_3"));
         click(child<QWidget>(menuScreen(), qPrintable("fltSubMenu_" + command.section(u'.', 1))));
     }
+    /// Once the report is printed to its end.
     static const report::PageDocument& paperIn(QWidget& window) {
         EXPECT_EQ(window.objectName(), "frmReportViewer");
-        return *child<report::Viewer>(window, "CRViewer1").document();
+        const auto& viewer = child<report::Viewer>(window, "CRViewer1");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !viewer.isRunning(); }, longest));
+        return *viewer.document();
     }
 
     app::AppScreens router;

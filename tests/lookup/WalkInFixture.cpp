@@ -39,7 +39,7 @@ std::string WalkInFixture::focus() {
     return widget ? widget->objectName().toStdString() : "<none>";
 }
 
-std::string WalkInFixture::patient(const QString& hospitalNumber) {
+std::string WalkInFixture::patient(const QString& hospitalNumber) const {
     const ado::Rows rows = hospital.run("SELECT LastName, FirstName, MiddleName, BirthDate, Age, Sex, "
                                         "Civilstatusid, HouseStreet, Barangay, ZipCode FROM "
                                         "PATIENT_DATA..tbCashPatient WHERE hospnum = '" +
@@ -51,7 +51,7 @@ std::string WalkInFixture::patient(const QString& hospitalNumber) {
         const base::Value& cell = rows.at(0, column);
         cells += cell.isNull() ? QStringLiteral("<Null>") : base::textOf(cell);
     }
-    return toTestDays(cells.join(u'|')).toStdString();
+    return cells.join(u'|').toStdString();
 }
 
 std::string WalkInFixture::series() const {

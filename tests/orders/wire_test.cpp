@@ -61,7 +61,7 @@ TEST(Wire, AWholeSaveIsTheSameByteForByte) {
         desk.keyIn();
         desk.takeTexts();
         desk.save();
-        embedded = bytesOf(desk.takeTexts());
+        embedded = bytesOf(desk.recorder->texts);
     }
     Desk desk(Way::Odbc);
     desk.keyIn();

@@ -4,7 +4,6 @@
 #include "platform/base/Format.h"
 #include "platform/report/Print.h"
 #include "server/engine/EmbeddedProvider.h"
-#include "tests/support/hospital/Days.h"
 #include "tests/support/hospital/DemoFile.h"
 #include "tests/support/hospital/Site.h"
 #include "tests/support/hospital/TestHospital.h"

@@ -2,6 +2,7 @@
 
 #include "platform/report/Report.h"
 #include "tests/platform/report/Bench.h"
+#include "tests/support/hospital/Days.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,10 @@
 #include "tests/support/hospital/Days.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
+
+#include <cstdlib>
+#include <optional>
 
 namespace tests {
 namespace {
@@ -10,6 +14,16 @@ const QDate testsToday(2026, 11, 21);
 QDate& today() {
     static QDate day = testsToday;
     return day;
+}
+
+/// A clock that runs on from what the server told.
+struct ServerClock {
+    base::DateTime told;
+    QElapsedTimer since;
+};
+std::optional<ServerClock>& serverClock() {
+    static std::optional<ServerClock> clock;
+    return clock;
 }
 
 /// A date in the same form: "1/5/2026" has no noughts, "01/05/2026" has.
@@ -49,16 +63,22 @@ QString moved(const QString& text, qint64 days) {
 
 } // namespace
 
-QDate serverToday() {
-    return today();
-}
-
-void setServerToday(const QDate& day) {
-    today() = day;
-}
-
 base::DateTime demoMoment() {
     return *base::makeDateTime({today().year(), today().month(), today().day()}, {8, 30});
+}
+
+void setServerNow(base::DateTime now) {
+    const base::CalendarDate day = base::calendarDate(now);
+    today() = QDate(day.year, day.month, day.day);
+    serverClock() = ServerClock{now, {}};
+    serverClock()->since.start();
+}
+
+bool isServerNow(base::DateTime moment) {
+    constexpr qint64 tolerance = 120'000; // milliseconds
+    if (!serverClock())
+        return moment == demoMoment();
+    return std::abs(moment.ms - (serverClock()->told.ms + serverClock()->since.elapsed())) < tolerance;
 }
 
 QString toServerDays(const QString& text) {

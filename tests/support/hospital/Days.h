@@ -12,11 +12,12 @@ namespace tests {
 // where the days are the same they change nothing. In texts they find "2026-11-21", "2026/11/21" and
 // "11/21/2026".
 
-/// The server's today in these tests; November 21, 2026, until setServerToday().
-QDate serverToday();
-void setServerToday(const QDate& today);
-/// 08:30 of the server's today: where the tests hold the program's own clock.
+/// 08:30 of the server's today, where the tests hold the program's own clock. The server's is held with it
+/// until somebody says what that server's now is.
 base::DateTime demoMoment();
+void setServerNow(base::DateTime now);
+/// Whether a moment that the server told or wrote is its now; of a clock of its own, within two minutes.
+bool isServerNow(base::DateTime moment);
 
 QString toServerDays(const QString& text);
 QDate toServerDays(const QDate& day);

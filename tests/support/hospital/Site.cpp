@@ -49,13 +49,12 @@ class Server {
             throw std::runtime_error("another test program holds the server");
         m_session = connect({});
         refuseAnothersHospital(*m_session);
-        ::site::install(*m_session, {});
+        putKitBack();
         const ado::Result asked = m_session->execute(QStringLiteral("SELECT GETDATE()"));
         const base::DateTime* now = asked.rows.at(0, 0).asDateTime();
         if (!now)
             throw std::runtime_error("the server does not tell the time");
-        const base::CalendarDate today = base::calendarDate(*now);
-        setServerToday(QDate(today.year, today.month, today.day));
+        setServerNow(*now);
     }
 
     static std::unique_ptr<ado::Provider> connect(const QString& workstation) {
@@ -68,6 +67,8 @@ class Server {
         auto session = odbc::OdbcProvider::open(text.text(), options);
         return session;
     }
+
+    void putKitBack() { ::site::install(*m_session, {}); }
 
     void put(const QString& file) {
         QStringList& texts = m_texts[file];
@@ -112,6 +113,10 @@ void prepare() {
 
 void put(const QString& hospitalFile) {
     server().put(hospitalFile);
+}
+
+void putKitBack() {
+    server().putKitBack();
 }
 
 std::unique_ptr<ado::Provider> open(const QString& workstation) {

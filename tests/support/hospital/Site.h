@@ -19,6 +19,8 @@ void prepare();
 /// Puts the rows of a hospital file there in the place of all others, their dates moved to the server's
 /// today.
 void put(const QString& hospitalFile);
+/// The kit's procedures again, after a test that has made one of its own.
+void putKitBack();
 /// A session of its own in NUCLEAR.
 std::unique_ptr<ado::Provider> open(const QString& workstation);
 
