@@ -219,7 +219,7 @@ TEST_F(InstalledBoundary, AnOpenTransactionIsGoneBeforeTheBoxIsAnswered) {
     };
     tests::runModal(fail, {[&](QWidget& window) {
                         session::clsCurrentUser neighbour;
-                        EXPECT_TRUE(neighbour.logOn(file, "1002", "scintra"));
+                        EXPECT_EQ(neighbour.logOnTo(server(), "1002", "scintra"), session::LogOnResult::Good);
                         EXPECT_EQ(locationOf(neighbour.sqlconnection()), before);
                         neighbour.sqlconnection().BeginTrans(); // nobody holds the file
                         neighbour.sqlconnection().RollbackTrans();

@@ -21,6 +21,8 @@ using controls::SharedScreen;
 using tests::child;
 using tests::click;
 
+constexpr int longest = 60'000; // milliseconds
+
 struct Road {
     const char* command; ///< menu bar item, or "3.0" for a flat button
     const char* dialog;  ///< "" for none
@@ -52,9 +54,12 @@ class ReportRoads : public tests::LoggedOn {
         click(child<QWidget>(menuScreen(), "cmdMainMenu_3"));
         click(child<QWidget>(menuScreen(), qPrintable("fltSubMenu_" + command.section(u'.', 1))));
     }
+    /// Once the report is printed to its end.
     static const report::PageDocument& paperIn(QWidget& window) {
         EXPECT_EQ(window.objectName(), "frmReportViewer");
-        return *child<report::Viewer>(window, "CRViewer1").document();
+        const auto& viewer = child<report::Viewer>(window, "CRViewer1");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !viewer.isRunning(); }, longest));
+        return *viewer.document();
     }
 
     app::AppScreens router;
@@ -69,9 +74,9 @@ class ReportRoad : public ReportRoads, public testing::WithParamInterface<Road> 
         const bool daily = name == "frmDailyReport";
         auto& end = child<QWidget>(window, daily ? "dtpEndDate" : "dtEnd");
         tests::keys(child<QWidget>(window, daily ? "dtpReportDate" : "dtStart"),
-                    end.isVisible() ? "11/01/2026" : "11/19/2026");
+                    tests::toServerDays(QString(end.isVisible() ? "11/01/2026" : "11/19/2026")));
         if (end.isVisible())
-            tests::keys(end, "11/20/2026");
+            tests::keys(end, tests::toServerDays(QString("11/20/2026")));
         click(child<QWidget>(window, daily                    ? "cmdOptions_3"
                                      : name == "frmDateEntry" ? "cmdDate_0"
                                                               : "cmdEnter"));
@@ -80,8 +85,9 @@ class ReportRoad : public ReportRoads, public testing::WithParamInterface<Road> 
         const report::PageDocument& document = paperIn(window);
         EXPECT_EQ(window.windowTitle(), GetParam().title);
         EXPECT_EQ(child<report::Viewer>(window, "CRViewer1").isGroupTreeShown(), GetParam().tree);
-        const QString text = report::textOf(*document.page(0)) + '\n' +
-                             report::textOf(*document.page(document.pageCount() - 1)) + '\n';
+        const QString text =
+            tests::toTestDays(report::textOf(*document.page(0)) + '\n' +
+                              report::textOf(*document.page(document.pageCount() - 1)) + '\n');
         const QStringList heading{"Kerova General Hospital\n", "114 Rizal Avenue, Santa Rosa, Laguna\n"};
         for (const QString& one : heading + GetParam().texts)
             EXPECT_TRUE(text.contains(one)) << qPrintable(one) << "\nin\n" << qPrintable(text.left(3000));

@@ -22,7 +22,7 @@ using controls::SharedScreen;
 class SessionChange : public testing::Test {
   protected:
     SessionChange() {
-        session::setHospitalFile(tests::demoHospital());
+        session::setHospitalServers({tests::serverOf(hospital)});
         session::setScreens(&screens);
         menu::links() = menu::defaultLinks();
         menu::links().endProgram = [this] { ++ended; };
@@ -32,7 +32,7 @@ class SessionChange : public testing::Test {
         menu::links() = menu::defaultLinks();
         session::forgetSession();
         session::setScreens(nullptr);
-        session::setHospitalFile({});
+        session::setHospitalServers({});
     }
     static tests::Step logOn(const QString& code, const QString& password) {
         return [=](QWidget& window) {
@@ -53,6 +53,7 @@ class SessionChange : public testing::Test {
         tests::runModal([] { QCoreApplication::processEvents(); }, {step});
     }
 
+    tests::TestHospital hospital;
     base::FixedClock clock{tests::demoMoment()};
     app::AppScreens screens;
     int ended = 0;

@@ -1,7 +1,6 @@
 #include "tests/lookup/WalkInFixture.h"
 
 #include "platform/base/Conversion.h"
-#include "session/HospitalServer.h"
 
 #include <QApplication>
 #include <QTest>
@@ -40,18 +39,16 @@ std::string WalkInFixture::focus() {
     return widget ? widget->objectName().toStdString() : "<none>";
 }
 
-std::string WalkInFixture::patient(const QString& hospitalNumber) {
-    const ado::Result result = session::fileServer(file)
-                                   ->open(QStringLiteral("look"))
-                                   ->execute("SELECT LastName, FirstName, MiddleName, BirthDate, Age, Sex, "
-                                             "Civilstatusid, HouseStreet, Barangay, ZipCode FROM "
-                                             "PATIENT_DATA..tbCashPatient WHERE hospnum = '" +
-                                             hospitalNumber + "'");
-    if (result.rows.count() == 0)
+std::string WalkInFixture::patient(const QString& hospitalNumber) const {
+    const ado::Rows rows = hospital.run("SELECT LastName, FirstName, MiddleName, BirthDate, Age, Sex, "
+                                        "Civilstatusid, HouseStreet, Barangay, ZipCode FROM "
+                                        "PATIENT_DATA..tbCashPatient WHERE hospnum = '" +
+                                        hospitalNumber + "'");
+    if (rows.count() == 0)
         return {};
     QStringList cells;
     for (int column = 0; column < 10; ++column) {
-        const base::Value& cell = result.rows.at(0, column);
+        const base::Value& cell = rows.at(0, column);
         cells += cell.isNull() ? QStringLiteral("<Null>") : base::textOf(cell);
     }
     return cells.join(u'|').toStdString();

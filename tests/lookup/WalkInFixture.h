@@ -16,7 +16,8 @@
 
 namespace tests {
 
-/// The two walk-in screens on the demo hospital. Its last walk-in patient is W1030.
+/// The two walk-in screens on the demo hospital. Its last walk-in patient is W1030. The day is November 21,
+/// 2026, on any server: what is typed and kept here are days of birth.
 class WalkInFixture : public LoggedOn {
   public:
     ~WalkInFixture() override;
@@ -36,14 +37,14 @@ class WalkInFixture : public LoggedOn {
     static QPushButton& button(const QWidget& screen, const char* name) {
         return child<QPushButton>(screen, name);
     }
-    QString value(const QString& query) const { return hospitalValue(file, query); }
     /// "LASTNAME|FIRSTNAME|..." of one patient, the birth date as m/d/yyyy, Null as "<Null>"; "" for nobody.
-    std::string patient(const QString& hospitalNumber);
+    std::string patient(const QString& hospitalNumber) const;
     /// "W1030/1030"
     std::string series() const;
     /// The texts since the last call, one a line.
-    std::string trace() { return takeTexts().join(u'\n').toStdString(); }
+    std::string trace() { return std::exchange(recorder->texts, {}).join(u'\n').toStdString(); }
 
+    base::FixedClock birthdays{*base::makeDateTime({2026, 11, 21}, {8, 30})};
     MessageScript boxes;
     ErrorRecorder errors;
 

@@ -6,6 +6,7 @@
 #include "session/Session.h"
 #include "tests/lookup/LookupFixture.h"
 #include "tests/lookup/WalkInFixture.h"
+#include "tests/support/hospital/Site.h"
 
 #include <QComboBox>
 #include <QTabWidget>
@@ -24,7 +25,7 @@ class WalkInMaster : public tests::WalkInFixture {
              {"spNuclearaddcashpatient '0','W8001','AQUINO','BEA','SORIANO','2 LUNA "
               "ST','CENTRO','1100','F','2','02/29/1996','30'",
               "spNuclearaddcashpatient '0','W8002','AQUINO','CARLO','TAN','','','','M','0','','41'"})
-            session::fileServer(file)->open(QStringLiteral("desk"))->execute(QString::fromLatin1(text));
+            hospital.open()->execute(QString::fromLatin1(text));
     }
 
     void type(const QString& text) { keysToFocus(screen, text); }
@@ -250,24 +251,23 @@ TEST_F(WalkInMaster, AFailedSaveChangesNothing) {
 /// Another workstation that changes the patient between the read and the write of a save.
 class Meddler : public ado::Observer {
   public:
-    explicit Meddler(QString file) : m_file(std::move(file)) { session::gConnection->addObserver(this); }
+    explicit Meddler(const tests::TestHospital& hospital) : m_hospital(hospital) {
+        session::gConnection->addObserver(this);
+    }
     ~Meddler() override { session::gConnection->removeObserver(this); }
     void beforeStatement(const QString&, ado::StatementKind kind) override {
         if (kind == ado::StatementKind::WriteBack)
-            session::fileServer(m_file)
-                ->open(QStringLiteral("other"))
-                ->execute(QStringLiteral(
-                    "UPDATE PATIENT_DATA..tbCashPatient SET Age = '99' WHERE hospnum = 'W8001'"));
+            m_hospital.run("UPDATE PATIENT_DATA..tbCashPatient SET Age = '99' WHERE hospnum = 'W8001'");
     }
 
   private:
-    QString m_file;
+    const tests::TestHospital& m_hospital;
 };
 
 TEST_F(WalkInMaster, AChangeByAnotherWorkstationIsNotOverwrittenUnseen) {
     edit("AQUINO");
     type("REAL");
-    const Meddler meddler(file);
+    const Meddler meddler(hospital);
     type("<Alt+S>");
     EXPECT_EQ(errors.take().number(), -2147217864);
     EXPECT_EQ(patient("W8001"), "AQUINO|BEA|SORIANO|2/29/1996|99|F|2|2 LUNA ST|CENTRO|1100");
@@ -296,6 +296,8 @@ TEST_F(WalkInMaster, AListWithoutZipCodesCanBeEdited) {
     edit("AQUINO");
     EXPECT_EQ(text(screen, "txtHospNum"), "W8001");
     EXPECT_EQ(text(screen, "txtZipCode"), "");
+    if (hospital.way() == tests::Way::Site)
+        tests::site::putKitBack();
 }
 
 TEST_F(WalkInMaster, APatientIsRegisteredByKeysAloneAndFound) {

@@ -1,7 +1,5 @@
 #include "tests/orders/RequestFixture.h"
 
-#include "tests/support/screens/Workstations.h"
-
 #include <QCoreApplication>
 #include <QTest>
 
@@ -44,14 +42,6 @@ QString RequestFixture::line(int row) {
     for (int column = 1; column <= 7; ++column)
         cells += cell(row, column);
     return cells.join(u'|');
-}
-
-QString RequestFixture::value(const QString& query) {
-    return hospitalValue(file, query);
-}
-
-int RequestFixture::count(const QString& table, const QString& where) {
-    return value(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(table, where)).toInt();
 }
 
 } // namespace tests

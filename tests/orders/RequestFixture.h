@@ -36,9 +36,6 @@ class RequestFixture : public LoggedOn {
     /// Keys to whatever has the focus on the screen.
     void type(const QString& text) { keysToFocus(screen(), text); }
 
-    /// The one value of a query on the hospital file.
-    QString value(const QString& query);
-    int count(const QString& table, const QString& where);
     int nextSlip() { return value("SELECT ChargeSlip FROM NUCLEAR..tbNucSlip").toInt(); }
     int nextRequest() { return value("SELECT RequestNum FROM NUCLEAR..tbNucSlip").toInt(); }
 

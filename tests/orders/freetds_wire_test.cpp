@@ -31,7 +31,7 @@ class TdsDesk : public Desk {
             session::gConnection->Close();
     }
 
-    tests::TdsServer server{{.file = file}};
+    tests::TdsServer server{{.file = hospital.file()}};
 };
 
 TEST(FreeTdsWire, AWholeSaveIsTheSameByteForByte) {

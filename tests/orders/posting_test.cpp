@@ -1,3 +1,4 @@
+#include "platform/base/Format.h"
 #include "session/ReportLaunch.h"
 #include "session/Session.h"
 #include "tests/orders/RequestFixture.h"
@@ -25,6 +26,10 @@ std::string listed(const QStringList& texts) {
     return texts.join(u'\n').toStdString();
 }
 
+using tests::isServerNow;
+using tests::toTestDays;
+using tests::Way;
+
 class Posting : public RequestFixture {
   public:
     void save(const QString& slip) {
@@ -33,6 +38,29 @@ class Posting : public RequestFixture {
         type("<Alt+S>");
     }
     QString slipText(int slip) const { return QStringLiteral("C%1J").arg(slip); }
+    /// The server dates the save. Where its clock is its own, these are the texts with the time that it told.
+    QStringList atServerTime(QStringList texts, int slip) const {
+        if (hospital.way() != Way::Site)
+            return texts;
+        const auto moment = [&](const char* column, const char* table, const char* reference) {
+            return *hospital
+                        .run(QStringLiteral("SELECT TOP 1 %1 FROM %2 WHERE %3 = '%4'")
+                                 .arg(QLatin1String(column), QLatin1String(table), QLatin1String(reference),
+                                      slipText(slip)))
+                        .at(0, 0)
+                        .asDateTime();
+        };
+        const base::DateTime billed = moment("TransDate", "BILLING..tbDailyBill", "RefNum");
+        EXPECT_TRUE(isServerNow(billed));
+        texts.replaceInStrings(QStringLiteral("11/21/2026 08:30:00 AM"),
+                               toTestDays(base::Format(billed, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM"))));
+        if (texts.filter(QStringLiteral("[processdate] = ")).isEmpty())
+            return texts;
+        const base::DateTime processed = moment("ProcessDate", "STATION..tbNurseLogBook", "ReferenceNum");
+        EXPECT_TRUE(isServerNow(processed));
+        return texts.replaceInStrings(QStringLiteral("2026-11-21T08:30:00.000"),
+                                      toTestDays(base::toIso(processed).replace(u' ', u'T')));
+    }
 };
 
 TEST_F(Posting, AProcedureAndAFeeInOneTransaction) {
@@ -49,24 +77,26 @@ TEST_F(Posting, AProcedureAndAFeeInOneTransaction) {
               "DoctorID = '201'");
     EXPECT_EQ(
         listed(takeTexts()),
-        listed(expected(
-            {"BEGIN", "select getdate() as [server date]", "SELECT chargeslip FROM tbNucSlip",
-             "sp_Nuclear_IncRefNum", "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
-             "sp_Nuclear_AddRequest '104078','26004078','{r1}', '1001','5620','" + doctor +
-                 "','I', '{slip}','1001','{r1}','','1', '','NU'",
-             "sp_addnurselogbook '104078','26004078', '1001','BONE SCAN, WHOLE BODY','5620', '1001','1001', "
-             "'{slip}','NU','I','{r1}','1'",
-             "sp_addbill 'I','26004078','11/21/2026 08:30:00 AM','{slip}', "
-             "'1001','5620','NU','1001','1','','', "
-             "'104078'",
-             "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
-             "sp_addnurselogbook '104078','26004078', '201','" + name +
-                 "','1500', '1001','1001', '{slip}','MD','I','{r2}','1'",
-             "sp_addbill 'I','26004078','11/21/2026 08:30:00 AM','{slip}', "
-             "'201','1500','MD','1001','1','','', "
-             "'104078'",
-             "COMMIT"},
-            slip, request)));
+        listed(atServerTime(
+            expected({"BEGIN", "select getdate() as [server date]", "SELECT chargeslip FROM tbNucSlip",
+                      "sp_Nuclear_IncRefNum", "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
+                      "sp_Nuclear_AddRequest '104078','26004078','{r1}', '1001','5620','" + doctor +
+                          "','I', '{slip}','1001','{r1}','','1', '','NU'",
+                      "sp_addnurselogbook '104078','26004078', '1001','BONE SCAN, WHOLE BODY','5620', "
+                      "'1001','1001', "
+                      "'{slip}','NU','I','{r1}','1'",
+                      "sp_addbill 'I','26004078','11/21/2026 08:30:00 AM','{slip}', "
+                      "'1001','5620','NU','1001','1','','', "
+                      "'104078'",
+                      "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
+                      "sp_addnurselogbook '104078','26004078', '201','" + name +
+                          "','1500', '1001','1001', '{slip}','MD','I','{r2}','1'",
+                      "sp_addbill 'I','26004078','11/21/2026 08:30:00 AM','{slip}', "
+                      "'201','1500','MD','1001','1','','', "
+                      "'104078'",
+                      "COMMIT"},
+                     slip, request),
+            slip)));
     EXPECT_TRUE(screen().isUnloaded());
     EXPECT_EQ(nextSlip(), slip + 1);
     EXPECT_EQ(nextRequest(), request + 2);
@@ -144,28 +174,31 @@ TEST_F(Posting, AWardsRequestIsStampedInItsFiles) {
     save(slipText(slip));
     ASSERT_FALSE(communication.isEmpty());
     ASSERT_FALSE(logBook.isEmpty());
-    EXPECT_EQ(listed(takeTexts()),
-              listed(expected(
-                  {"BEGIN", "select getdate() as [server date]", "SELECT chargeslip FROM tbNucSlip",
-                   "sp_Nuclear_IncRefNum", "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
-                   "sp_Nuclear_AddRequest '" + hospNum + "','" + admission + "','{r1}', '" + item + "','" +
-                       amount + "','" + doctor + "','I', '{slip}','1001','7000003','','1', '','NU'",
-                   "sp_checknursecommunicationfile '0','I','NU','" + item + "','" + admission + "','7000003'",
-                   "UPDATE: UPDATE STATION..tbNurseCommunicationFile SET [referencenum] = '{slip}', "
-                   "[RecordStatus] = 'X' WHERE "
-                   "[CommunicationID] = " +
-                       communication + " AND [referencenum] IS NULL AND [RecordStatus] = 'N'",
-                   "sp_checknurselogbook '0','I','" + admission + "','NU','" + item + "','7000003'",
-                   "UPDATE: UPDATE STATION..tbNurseLogBook SET [referencenum] = '{slip}', [RecordStatus] = "
-                   "'X', [processby] = "
-                   "'1001', [processdate] = '2026-11-21T08:30:00.000' WHERE [LogBookID] = " +
-                       logBook +
-                       " AND [referencenum] IS NULL AND [RecordStatus] = 'N' AND [processby] IS NULL AND "
-                       "[processdate] IS NULL",
-                   "sp_addbill 'I','" + admission + "','11/21/2026 08:30:00 AM','{slip}', '" + item + "','" +
-                       amount + "','NU','1001','1','','', '" + hospNum + "'",
-                   "COMMIT"},
-                  slip, request)));
+    EXPECT_EQ(
+        listed(takeTexts()),
+        listed(atServerTime(
+            expected(
+                {"BEGIN", "select getdate() as [server date]", "SELECT chargeslip FROM tbNucSlip",
+                 "sp_Nuclear_IncRefNum", "SELECT requestnum FROM tbNucSlip", "sp_Nuclear_IncRequestNum",
+                 "sp_Nuclear_AddRequest '" + hospNum + "','" + admission + "','{r1}', '" + item + "','" +
+                     amount + "','" + doctor + "','I', '{slip}','1001','7000003','','1', '','NU'",
+                 "sp_checknursecommunicationfile '0','I','NU','" + item + "','" + admission + "','7000003'",
+                 "UPDATE: UPDATE STATION..tbNurseCommunicationFile SET [referencenum] = '{slip}', "
+                 "[RecordStatus] = 'X' WHERE "
+                 "[CommunicationID] = " +
+                     communication + " AND [referencenum] IS NULL AND [RecordStatus] = 'N'",
+                 "sp_checknurselogbook '0','I','" + admission + "','NU','" + item + "','7000003'",
+                 "UPDATE: UPDATE STATION..tbNurseLogBook SET [referencenum] = '{slip}', [RecordStatus] = "
+                 "'X', [processby] = "
+                 "'1001', [processdate] = '2026-11-21T08:30:00.000' WHERE [LogBookID] = " +
+                     logBook +
+                     " AND [referencenum] IS NULL AND [RecordStatus] = 'N' AND [processby] IS NULL AND "
+                     "[processdate] IS NULL",
+                 "sp_addbill 'I','" + admission + "','11/21/2026 08:30:00 AM','{slip}', '" + item + "','" +
+                     amount + "','NU','1001','1','','', '" + hospNum + "'",
+                 "COMMIT"},
+                slip, request),
+            slip)));
     EXPECT_EQ(value(nurse.arg("RecordStatus")), "X");
     EXPECT_EQ(value(nurse.arg("ReferenceNum")), slipText(slip));
     EXPECT_EQ(value("SELECT ProcessBy FROM STATION..tbNurseLogBook WHERE RequestNum = '7000003'"), "1001");

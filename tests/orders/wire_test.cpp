@@ -1,11 +1,11 @@
 // The save of a request over ODBC: what goes over the wire, and what is left when the line, the time or the
-// server fails at any step. With SCINTRA_TEST_DSN set, the kit goes to that server and the save runs there
-// too.
+// server fails at any step.
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/OdbcProvider.h"
 #include "server/site/Install.h"
 #include "session/Session.h"
 #include "tests/orders/Desk.h"
+#include "tests/support/hospital/Site.h"
 
 #include <gtest/gtest.h>
 
@@ -25,13 +25,13 @@ TEST(Wire, AWholeSaveIsTheSameByteForByte) {
         desk.keyIn();
         desk.takeTexts();
         desk.save();
-        embedded = bytesOf(desk.takeTexts());
+        embedded = bytesOf(desk.recorder->texts);
     }
     Desk desk(Way::Odbc);
     desk.keyIn();
-    desk.loopback->wire.clear();
+    desk.hospital.loopback()->wire.clear();
     desk.save();
-    EXPECT_EQ(bytesOf(desk.loopback->wire), embedded);
+    EXPECT_EQ(bytesOf(desk.hospital.loopback()->wire), embedded);
     EXPECT_GT(embedded.size(), 15);
     EXPECT_EQ(embedded.first(), "BEGIN");
     EXPECT_EQ(embedded.last(), "COMMIT");
@@ -74,7 +74,7 @@ TEST_P(WireMishap, AtAnyStepLeavesNothingHalfDoneAndIsTold) {
     for (;; ++step) {
         ASSERT_LT(step, 40);
         desk->keyIn();
-        desk->loopback->strike(step, mishap.fault);
+        desk->hospital.loopback()->strike(step, mishap.fault);
         desk->boxes.acceptAny();
         desk->type("<Alt+S>");
         if (desk->errors.isEmpty())
@@ -105,45 +105,14 @@ INSTANTIATE_TEST_SUITE_P(Every, WireMishap,
                                          Mishap{"CutLine", Fault::Cut, -2147467259, true}),
                          [](const auto& mishap) { return std::string(mishap.param.name); });
 
-/// On the SQL Server of SCINTRA_TEST_DSN. What it holds afterwards is the kit and the made-up hospital.
+/// Where SCINTRA_TEST_DSN names a SQL Server, whose locks are not the embedded server's.
 class Site : public testing::TestWithParam<QString> {
   protected:
-    static QString connectionText() {
-        return odbc::ConnectionText().add("DSN", qEnvironmentVariable("SCINTRA_TEST_DSN")).text();
-    }
-    static std::unique_ptr<ado::Provider> open(int seconds = 600) {
-        odbc::Options options;
-        options.statementSeconds = seconds;
-        auto provider = odbc::OdbcProvider::open(connectionText(), options);
-        return provider;
-    }
-    static void SetUpTestSuite() {
-        const auto provider = open();
-        site::install(*provider, {});
-        const base::FixedClock clock(tests::demoMoment());
-        if (*provider->execute("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster").rows.at(0, 0).asInteger() == 0)
-            site::installDemo(*provider, {});
-    }
-    static QString value(const QString& query) { return base::textOf(open()->execute(query).rows.at(0, 0)); }
+    tests::TestHospital hospital{Way::Site};
 };
 
 TEST_P(Site, HoldsTheKit) {
-    EXPECT_EQ(site::verify(*open()).join(u'\n').toStdString(), "");
-}
-
-TEST_P(Site, SavesARequest) {
-    Desk desk(Way::Site);
-    desk.keyIn();
-    const int slip = value("SELECT ChargeSlip FROM NUCLEAR..tbNucSlip").toInt();
-    desk.boxes.expect({QStringLiteral("Data Successfully Saved! ChargeSlip No.: 'C%1J'").arg(slip),
-                       controls::vbOKOnly, "Message"});
-    desk.type("<Alt+S>");
-    EXPECT_EQ(
-        value(QStringLiteral("SELECT COUNT(*) FROM STATION..tbNurseLogBook WHERE ReferenceNum = 'C%1J' AND "
-                             "ItemID <> ''")
-                  .arg(slip)),
-        "3");
-    EXPECT_EQ(value("SELECT ChargeSlip FROM NUCLEAR..tbNucSlip").toInt(), slip + 1);
+    EXPECT_EQ(site::verify(*hospital.open()).join(u'\n').toStdString(), "");
 }
 
 TEST_P(Site, EightWorkstationsNeverShareANumber) {
@@ -152,9 +121,8 @@ TEST_P(Site, EightWorkstationsNeverShareANumber) {
     std::vector<std::vector<qint64>> drawn(workstations);
     std::vector<std::thread> threads;
     for (int i = 0; i < workstations; ++i) {
-        threads.emplace_back([&numbers = drawn[std::size_t(i)]] {
-            const auto provider = open();
-            provider->useDatabase(QStringLiteral("NUCLEAR"));
+        threads.emplace_back([this, &numbers = drawn[std::size_t(i)]] {
+            const auto provider = hospital.open();
             for (int round = 0; round < rounds; ++round) {
                 provider->begin();
                 const auto read = provider->execute(QStringLiteral("SELECT chargeslip FROM tbNucSlip"));
@@ -173,10 +141,13 @@ TEST_P(Site, EightWorkstationsNeverShareANumber) {
 }
 
 TEST_P(Site, ASecondReaderOfANumberWaits) {
-    const auto first = open();
+    const auto first = hospital.open();
     first->begin();
     first->execute(QStringLiteral("SELECT chargeslip FROM NUCLEAR..tbNucSlip"));
-    const auto second = open(2);
+    odbc::Options impatient;
+    impatient.statementSeconds = 2;
+    const auto second =
+        odbc::OdbcProvider::open(odbc::ConnectionText().add("DSN", hospital.dataSource()).text(), impatient);
     second->begin();
     EXPECT_THROW(second->execute(QStringLiteral("SELECT chargeslip FROM NUCLEAR..tbNucSlip")),
                  base::RunTimeError);
@@ -185,8 +156,7 @@ TEST_P(Site, ASecondReaderOfANumberWaits) {
 }
 
 QStringList sites() {
-    const QString dsn = qEnvironmentVariable("SCINTRA_TEST_DSN");
-    return dsn.isEmpty() ? QStringList() : QStringList{dsn};
+    return tests::site::name().isEmpty() ? QStringList() : QStringList{tests::site::name()};
 }
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(Site);

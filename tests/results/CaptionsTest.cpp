@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QGuiApplication>

@@ -6,7 +6,6 @@
 #include "results/frmResultEntryMPI.h"
 #include "results/frmResultRadioImmuno.h"
 #include "results/frmSymbols.h"
-#include "session/HospitalServer.h"
 #include "session/ReportLaunch.h"
 
 #include <QDir>
@@ -125,20 +124,6 @@ void ResultFixture::type(const char* name, const QString& typed) {
 QString ResultFixture::focused() const {
     const QWidget* focus = m_screen->focusWidget();
     return focus ? focus->objectName() : QString();
-}
-
-void ResultFixture::run(const QString& statement) {
-    // The statement is the test's own text: the scanner has nothing to check in it.
-    session::fileServer(file)->open("test")->execute(statement);
-}
-
-QString ResultFixture::value(const QString& query) {
-    const ado::Result result = session::fileServer(file)->open("test")->execute(query);
-    return result.rows.count() == 0 ? QString() : base::textOf(result.rows.at(0, 0));
-}
-
-int ResultFixture::count(const QString& table, const QString& where) {
-    return value(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(table, where)).toInt();
 }
 
 std::string ResultFixture::station() {

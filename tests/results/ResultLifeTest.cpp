@@ -349,8 +349,6 @@ TEST_F(LongText, APageIsFilledBeforeTheNextOneBegins) {
 
 class Paper : public LifeFixture {
   protected:
-    /// The text is the test's own: the scanner has nothing to check in it.
-    void runText(const QString& text) { session::fileServer(file)->open("test")->execute(text); }
     static void saveGfr() {
         session::Run(sql(
             "sp_Nuclear_SaveResultGFR '104001','26004001','90001','26-90001','I','201','205','1101',' mCi',"
@@ -428,7 +426,7 @@ TEST_F(Paper, EveryAnalyteStandsInItsLine) {
     for (int i = 0; i < 22; ++i)
         values << QStringLiteral("v%1").arg(i);
     const QString series = u'\'' + values.join(QStringLiteral("','")) + u'\'';
-    runText(
+    hospital.run(
         QStringLiteral("sp_Nuclear_SaveResultRadio '104001','26004001','90001','26-90001','I','201','205',"
                        "'1212','','','','','','','1001','11/21/2026 8:30:00 AM',%1,%1,''")
             .arg(series));

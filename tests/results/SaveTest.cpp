@@ -222,8 +222,9 @@ TEST_F(Save, TakesTheResultDateFromItsFieldAndTheTimeFromTheClock) {
     open(Kind::Generic);
     type("txtCaseNum", "<End>0001<Tab>0305"); // month and day
     save();
-    EXPECT_TRUE(savedAs("sp_Nuclear_SaveResult").value(0).contains("'3/5/2026 3:04:09 PM'"));
-    EXPECT_EQ(station(), "W|W|3/5/2026 3:04:09 PM|1001|W");
+    const QString typed = tests::toTestDays(QStringLiteral("3/5/2026"));
+    EXPECT_TRUE(savedAs("sp_Nuclear_SaveResult").value(0).contains("'" + typed + " 3:04:09 PM'"));
+    EXPECT_EQ(station(), "W|W|" + typed.toStdString() + " 3:04:09 PM|1001|W");
 }
 
 // ---- what holds on all four

@@ -1,5 +1,6 @@
 // The log-on dialog on data sources of the real FreeTDS driver.
 #include "tests/session/LogOnDialog.h"
+#include "tests/support/hospital/DemoFile.h"
 #include "tests/support/tds/TdsServer.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "platform/base/Error.h"
 #include "session/OdbcServer.h"
 #include "tests/session/LogOnDialog.h"
+#include "tests/support/hospital/Site.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -39,7 +40,7 @@ class OdbcLogOn : public tests::LogOnDialog {
         };
     }
 
-    tests::LoopbackServer server{tests::demoHospital()};
+    tests::TestHospital hospital{tests::Way::Odbc};
 };
 
 TEST_F(OdbcLogOn, OffersThisComputerAndEveryDataSource) {
@@ -48,6 +49,7 @@ TEST_F(OdbcLogOn, OffersThisComputerAndEveryDataSource) {
         QStringList names;
         for (int i = 0; i < servers.count(); ++i)
             names += servers.itemText(i);
+        names.removeOne(tests::site::name());
         EXPECT_EQ(names, (QStringList{"This computer", "Archive", "Broken", "Ward"}));
         EXPECT_EQ(servers.currentText(), u"This computer");
         QTest::keyClick(&logOn, Qt::Key_Escape);
@@ -71,11 +73,11 @@ TEST_F(OdbcLogOn, LogsOnToADataSourceAndOffersItFirstNextTime) {
     ASSERT_EQ(fakeDriver().connectionTexts.size(), 1);
     EXPECT_TRUE(
         fakeDriver().connectionTexts[0].startsWith(QStringLiteral("DSN=Ward;APP=Visual Scintra;WSID=")));
-    EXPECT_EQ(server.wire.value(0), u"USE [NUCLEAR]");
+    EXPECT_EQ(hospital.loopback()->wire.value(0), u"USE [NUCLEAR]");
     const auto report = user.openReportConnection(QStringLiteral("Ward"), QStringLiteral("NUCLEAR"),
                                                   QStringLiteral("sa"), user.serverpassword());
     EXPECT_EQ(fakeDriver().connectionTexts.size(), 2);
-    for (const QString& text : server.wire)
+    for (const QString& text : hospital.loopback()->wire)
         EXPECT_FALSE(text.contains(QStringLiteral("kerova"))) << text.toStdString();
     show([](controls::Screen& logOn) {
         EXPECT_EQ(childOf<QComboBox>(logOn, "cmbServer").currentText(), u"Ward");
@@ -130,9 +132,9 @@ TEST_F(OdbcLogOn, SaysWhatIsWrongWithTheServerAndStays) {
     fakeDriver().step = inner;
     EXPECT_TRUE(said("Broken").startsWith(
         QStringLiteral("The data source Broken does not work on this computer. (")));
-    server.strike(1, tests::Fault::TimeOut);
+    hospital.loopback()->strike(1, tests::Fault::TimeOut);
     EXPECT_TRUE(said("Archive").startsWith(QStringLiteral("Archive cannot be reached.")));
-    server.strike(2, tests::Fault::Cut);
+    hospital.loopback()->strike(2, tests::Fault::Cut);
     EXPECT_TRUE(said("Archive").startsWith(QStringLiteral("Archive cannot be reached.")));
 }
 

@@ -308,16 +308,18 @@ TEST_F(OnFile, UserAndHeadingComeFromTheFile) {
 TEST_F(OnFile, WrongTriesStayInTheFileAndLockTheCodeForAnotherDesk) {
     clsCurrentUser guess;
     for (int i = 0; i < 5; ++i)
-        EXPECT_FALSE(guess.logOn(file, QStringLiteral("1002"), QStringLiteral("guess")));
+        EXPECT_NE(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("guess")),
+                  LogOnResult::Good);
     EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")),
               u"5");
     // Another desk has not counted anything itself.
     session::PasswordTries::forgetAll();
-    EXPECT_EQ(guess.logOnTo(fileServer(file), QStringLiteral("1002"), QStringLiteral("scintra")),
-              LogOnResult::Wait);
+    EXPECT_EQ(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("scintra")), LogOnResult::Wait);
     session::PasswordTries::forgetAll();
-    const base::FixedClock later({tests::demoMoment().ms + 31'000});
-    EXPECT_TRUE(guess.logOn(file, QStringLiteral("1002"), QStringLiteral("scintra")));
+    // Half a minute later.
+    hospital.run(QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET LockedUntil = DATEADD(second, -31, "
+                                "LockedUntil) WHERE EmployeeID = '1002'"));
+    EXPECT_EQ(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("scintra")), LogOnResult::Good);
     EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")),
               u"0");
     session::PasswordTries::forgetAll();

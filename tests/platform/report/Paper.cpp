@@ -1,5 +1,7 @@
 #include "tests/platform/report/Paper.h"
 
+#include "tests/support/hospital/Days.h"
+
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -23,7 +25,7 @@ int numberIn(const QString& text) {
 
 Paper::Paper(const report::PageDocument& document) {
     for (int page = 0; page < document.pageCount(); ++page) {
-        for (const QString& line : report::textOf(*document.page(page)).split(u'\n'))
+        for (const QString& line : toTestDays(report::textOf(*document.page(page))).split(u'\n'))
             m_lines.push_back(line.split(u'\t'));
     }
 }

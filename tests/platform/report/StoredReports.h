@@ -2,21 +2,23 @@
 
 #include "platform/report/Report.h"
 #include "tests/platform/report/Bench.h"
+#include "tests/support/hospital/Days.h"
 
 #include <gtest/gtest.h>
 
 namespace tests {
 
-/// The day that the made-up hospital is made on.
-inline const base::DateTime demoMoment = *base::makeDateTime({2026, 11, 21}, {8, 30, 0, 0});
-
-/// The stored definitions, run on a made-up hospital. The file is shared by the tests of a program.
+/// The stored definitions, run on a made-up hospital that the tests of a program share. Values and what is
+/// printed are in the tests' days.
 class StoredReports : public testing::Test {
   protected:
-    /// Made once in this process, removed when it ends.
-    static const QString& demoHospital();
-    /// The file that is read and changed; the made-up hospital itself unless a test says otherwise.
-    virtual const QString& hospitalFile() const { return demoHospital(); }
+    StoredReports();
+
+    /// The file that is read and changed; the made-up hospital itself unless a test says otherwise. Where
+    /// SCINTRA_TEST_DSN names a server, its rows are put there once.
+    virtual const QString& hospitalFile() const;
+    /// A session of its own in NUCLEAR.
+    std::unique_ptr<ado::Provider> openHospital() const;
 
     std::unique_ptr<report::Report> open(const QString& file, const QStringList& values);
     report::LogOn logOn();
@@ -32,7 +34,7 @@ class StoredReports : public testing::Test {
     QString money(const QString& query) const;
     void run(const QString& statement) const { rows(statement); }
 
-    base::FixedClock clock{demoMoment};
+    base::FixedClock clock;
     Folder folder;
     QStringList logOns;
 };

@@ -1,6 +1,8 @@
 #include "tests/platform/report/Totals.h"
 
 #include "platform/base/Conversion.h"
+#include "tests/support/hospital/Days.h"
+#include "tests/support/hospital/DemoFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -23,7 +25,7 @@ void PrintTo(const Period& period, std::ostream* stream) {
 
 const BusyPeriod& Totals::busyPeriod() {
     static const BusyPeriod made = [] {
-        QFile::copy(demoHospital(), busyFile());
+        QFile::copy(originalHospital(), busyFile());
         return BusyPeriod(busyFile());
     }();
     return made;
@@ -40,7 +42,7 @@ std::vector<QStringList> Totals::table(const QString& query) const {
     for (qsizetype i = 0; i < found.count(); ++i) {
         QStringList cells;
         for (qsizetype c = 0; c < qsizetype(found.columns.size()); ++c)
-            cells << (found.at(i, c).isNull() ? QString() : base::textOf(found.at(i, c)));
+            cells << (found.at(i, c).isNull() ? QString() : toTestDays(base::textOf(found.at(i, c))));
         all.push_back(cells);
     }
     return all;

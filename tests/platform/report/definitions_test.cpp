@@ -200,7 +200,7 @@ TEST_F(DefinitionsTest, TheCensusByStationEndsWithItsSummary) {
     report::Report& summary = report->subReport("Summary");
     EXPECT_EQ(summary.parameterNames(), (QStringList{"Database", "Day"}));
     summary.setParameter(0, "PATIENT_DATA");
-    summary.setParameter(1, "2026/11/21");
+    summary.setParameter(1, tests::toServerDays("2026/11/21"));
     const QString present = value("SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL OR "
                                   "DcrDate >= '2026-11-21'");
     const QString text = printed(*report);

@@ -106,7 +106,7 @@ TEST_P(Census, ByClassByStationAndInTheSummaryAllPatientsAreTheSame) {
 
     const auto report = open("CensusByStation_Nvh.RPT", {american});
     report->subReport("Summary").setParameter(0, "PATIENT_DATA");
-    report->subReport("Summary").setParameter(1, slashed);
+    report->subReport("Summary").setParameter(1, tests::toServerDays(slashed));
     const Paper byStation(*report->run());
     EXPECT_EQ(numberIn(byStation.line("All patients: ")[0]), inTheHouse);
     EXPECT_EQ(byStation.groups().count, inTheHouse);

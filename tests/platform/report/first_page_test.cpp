@@ -24,10 +24,11 @@ TEST_P(FirstPageOf, ReadsFromTheHeadingToItsRows) {
     const auto report = open(GetParam().file, GetParam().values);
     for (const QString& name : report->subReportNames()) {
         report->subReport(name).setParameter("Database", "PATIENT_DATA");
-        report->subReport(name).setParameter("Day", "2026/11/21");
+        report->subReport(name).setParameter("Day", tests::toServerDays("2026/11/21"));
     }
-    const QStringList lines =
-        report::textOf(*report->run()->page(0)).replace(u'\t', QStringLiteral(" | ")).split(u'\n');
+    const QStringList lines = tests::toTestDays(report::textOf(*report->run()->page(0)))
+                                  .replace(u'\t', QStringLiteral(" | "))
+                                  .split(u'\n');
     const QStringList& wanted = GetParam().lines;
     ASSERT_GT(lines.size(), wanted.size());
     for (qsizetype i = 0; i < wanted.size(); ++i)

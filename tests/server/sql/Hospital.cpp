@@ -1,45 +1,19 @@
 #include "tests/server/sql/Hospital.h"
 
 #include "platform/base/Conversion.h"
-#include "server/demo/Hospital.h"
-
-#include <QFile>
 
 namespace tests {
 
 namespace {
 
-base::DateTime fixedMoment() {
-    return *base::makeDateTime({2026, 11, 21}, {8, 30, 0, 0});
-}
-
-/// Made once in this process, removed when it ends.
-const QString& masterFile() {
-    static const QTemporaryDir folder;
-    static const QString file = [] {
-        QString name = folder.filePath(QStringLiteral("master.scintra"));
-        demo::createHospital(name);
-        return name;
-    }();
-    return file;
+QString told(const base::Value& value) {
+    return value.isNull() ? QStringLiteral("<Null>") : toTestDays(base::textOf(value));
 }
 
 } // namespace
 
-Hospital::Hospital() : m_clock(fixedMoment()) {
-    m_file = m_folder.filePath(QStringLiteral("hospital.scintra"));
-    if (!QFile::copy(masterFile(), m_file))
-        throw std::runtime_error("the demo hospital could not be copied");
-    m_provider = workstation(QStringLiteral("DESK1"));
-}
-
-std::unique_ptr<engine::EmbeddedProvider> Hospital::workstation(const QString& name) {
-    engine::Options options;
-    options.hostName = name;
-    auto provider = engine::EmbeddedProvider::open(m_file, options);
-    provider->useDatabase(QStringLiteral("NUCLEAR"));
-    return provider;
-}
+Hospital::Hospital(Way way)
+    : m_hospital(way), m_clock(demoMoment()), m_provider(workstation(QStringLiteral("DESK1"))) {}
 
 void Hospital::connect(ado::Connection& connection) {
     connection.Open(std::move(m_provider), QStringLiteral("demo"));
@@ -52,16 +26,14 @@ QString Hospital::value(const QString& text) {
         ADD_FAILURE() << result.count() << " rows from " << text.toStdString();
         return {};
     }
-    const base::Value& only = result.at(0, 0);
-    return only.isNull() ? QStringLiteral("<Null>") : base::textOf(only);
+    return told(result.at(0, 0));
 }
 
 QString Hospital::cell(const ado::Rows& rows, qsizetype row, const char* column) {
     for (std::size_t i = 0; i < rows.columns.size(); ++i) {
         if (rows.columns[i].name.compare(QLatin1String(column), Qt::CaseInsensitive) == 0 &&
             row < rows.count())
-            return rows.at(row, qsizetype(i)).isNull() ? QStringLiteral("<Null>")
-                                                       : base::textOf(rows.at(row, qsizetype(i)));
+            return told(rows.at(row, qsizetype(i)));
     }
     ADD_FAILURE() << "no column " << column << " or no row " << row;
     return {};

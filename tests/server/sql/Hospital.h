@@ -2,9 +2,8 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/base/DateTime.h"
-#include "server/engine/EmbeddedProvider.h"
-
-#include <QTemporaryDir>
+#include "tests/support/hospital/Days.h"
+#include "tests/support/hospital/TestHospital.h"
 
 #include <gtest/gtest.h>
 
@@ -12,28 +11,27 @@
 
 namespace tests {
 
-/// A demo hospital of its own for each test, copied from one that is made once, on 2026-11-21 at 08:30.
+/// A demo hospital of its own for each test, and a session on it. Texts and values are in the tests' days.
 class Hospital : public testing::Test {
   protected:
-    Hospital();
+    explicit Hospital(Way way = usualWay());
 
     /// The result of one text.
-    ado::Rows rows(const QString& text) { return m_provider->execute(text).rows; }
+    ado::Rows rows(const QString& text) { return m_provider->execute(toServerDays(text)).rows; }
     /// The only value of the only row, as text; Null is "<Null>".
     QString value(const QString& text);
     QString cell(const ado::Rows& rows, qsizetype row, const char* column);
     /// Runs a text that gives no rows.
-    void run(const QString& text) { m_provider->execute(text); }
+    void run(const QString& text) { rows(text); }
     int count(const QString& table, const QString& condition);
-    /// A second workstation on the same file.
-    std::unique_ptr<engine::EmbeddedProvider> workstation(const QString& name);
+    /// A second workstation on the same hospital.
+    std::unique_ptr<ado::Provider> workstation(const QString& name) { return m_hospital.open(name); }
     /// Hands the provider to a connection; rows() and the like are over then.
     void connect(ado::Connection& connection);
 
+    TestHospital m_hospital;
     base::FixedClock m_clock;
-    QTemporaryDir m_folder;
-    QString m_file;
-    std::unique_ptr<engine::EmbeddedProvider> m_provider;
+    std::unique_ptr<ado::Provider> m_provider;
 };
 
 } // namespace tests

@@ -48,13 +48,20 @@ const char* const searches[] = {"sp_Nuclear_getpatientbylastname 'I','SA'",
                                 "spGlobal_RegisteredOPD '1','0', ''",
                                 "spGlobal_RegisteredOPD '0','1', 'O002001'"};
 
-class PatientSearchPlan : public tests::Hospital, public testing::WithParamInterface<const char*> {};
+/// Plans are the file's own, so this stays with the file.
+class SearchPlan : public tests::Hospital, public testing::WithParamInterface<const char*> {
+  protected:
+    SearchPlan() : Hospital(tests::Way::File) {}
+    QStringList plan() { return plans(dynamic_cast<engine::EmbeddedProvider&>(*m_provider).handle()); }
+};
+
+class PatientSearchPlan : public SearchPlan {};
 
 INSTANTIATE_TEST_SUITE_P(Searches, PatientSearchPlan, testing::ValuesIn(searches));
 
 TEST_P(PatientSearchPlan, AnIndexAnswers) {
     rows(QString::fromLatin1(GetParam()));
-    const QStringList lines = plans(m_provider->handle());
+    const QStringList lines = plan();
     EXPECT_FALSE(lines.filter(QStringLiteral("SEARCH")).isEmpty());
     EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();
 }
@@ -65,13 +72,13 @@ const char* const resultSearches[] = {"sp_Nuclear_RequestMaster 'SA'",    "sp_Nu
                                       "sp_Nuclear_ResultMaster '104001'", "sp_Nuclear_getRequest '104001'",
                                       "sp_Nuclear_GetResult '104001'",    "sp_Nuclear_ResultEntry '50001'"};
 
-class ResultSearchPlan : public tests::Hospital, public testing::WithParamInterface<const char*> {};
+class ResultSearchPlan : public SearchPlan {};
 
 INSTANTIATE_TEST_SUITE_P(Searches, ResultSearchPlan, testing::ValuesIn(resultSearches));
 
 TEST_P(ResultSearchPlan, AnIndexAnswers) {
     rows(QString::fromLatin1(GetParam()));
-    QStringList lines = plans(m_provider->handle());
+    QStringList lines = plan();
     EXPECT_FALSE(lines.filter(QStringLiteral("SEARCH")).isEmpty());
     // What an index has found, 200 rows at most from each way, or the patients that wait.
     lines.removeIf([](const QString& line) {

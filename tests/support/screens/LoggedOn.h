@@ -3,7 +3,8 @@
 #include "platform/base/DateTime.h"
 #include "session/HospitalServer.h"
 #include "tests/support/core/ScriptedProvider.h"
-#include "tests/support/odbc/TestDriver.h"
+#include "tests/support/hospital/Days.h"
+#include "tests/support/hospital/TestHospital.h"
 #include "tests/support/screens/RecordedScreens.h"
 
 #include <QString>
@@ -14,20 +15,8 @@
 
 namespace tests {
 
-/// The moment at which the demo hospital of the tests was made: Saturday, November 21, 2026, 08:30.
-base::DateTime demoMoment();
-/// A fresh copy of the demo hospital, in a folder that goes when the program ends. The hospital is made once
-/// for all test programs of a build folder, and again when the kit has changed.
-QString demoHospital();
-
-/// How a test's session reaches its demo hospital.
-enum class Way {
-    File, ///< by the server that comes along
-    Odbc, ///< over ODBC: the test driver, behind which the same file stands
-    Site  ///< over ODBC on the SQL Server that SCINTRA_TEST_DSN names; its clock is its own
-};
-/// File; Odbc when SCINTRA_TEST_OVER_ODBC is set.
-Way usualWay();
+/// The server of a test's hospital, as the program logs on to it.
+std::shared_ptr<session::HospitalServer> serverOf(const TestHospital& hospital);
 
 /// Clock fixed at demoMoment(), a demo hospital of its own, 1001 logged on, services wired, screens recorded.
 class LoggedOn : public testing::Test {
@@ -35,19 +24,19 @@ class LoggedOn : public testing::Test {
     explicit LoggedOn(Way way = usualWay());
     ~LoggedOn() override;
 
+    TestHospital hospital;
     base::FixedClock clock{demoMoment()};
-    QString file = demoHospital();
-    /// What stands behind the test driver, on the way Odbc.
-    std::unique_ptr<LoopbackServer> loopback;
     RecordedScreens screens;
-    /// The session's texts since the log-on.
+    /// The session's texts since the log-on, in the server's days.
     std::unique_ptr<StatementRecorder> recorder;
 
-    /// What the recorder holds, which is then empty again.
+    std::shared_ptr<session::HospitalServer> server() const { return serverOf(hospital); }
+    /// What the recorder holds, in the test's days; it is empty then.
     QStringList takeTexts();
-
-  private:
-    std::shared_ptr<session::HospitalServer> hospital(Way way);
+    QString value(const QString& query) const { return hospital.value(query); }
+    int count(const QString& table, const QString& condition) const {
+        return hospital.count(table, condition);
+    }
 };
 
 } // namespace tests

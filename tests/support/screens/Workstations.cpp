@@ -1,12 +1,8 @@
 #include "tests/support/screens/Workstations.h"
 
-#include "platform/base/Conversion.h"
-#include "session/HospitalServer.h"
-#include "tests/support/screens/LoggedOn.h"
 #include "tests/support/workstation/Workstation.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QProcess>
 
 namespace tests {
@@ -18,21 +14,10 @@ constexpr int longest = 120'000; // milliseconds
 
 } // namespace
 
-QString hospitalValue(const QString& file, const QString& query) {
-    const ado::Result result = session::fileServer(file)->open(QStringLiteral("look"))->execute(query);
-    return result.rows.count() == 0 ? QString() : base::textOf(result.rows.at(0, 0));
-}
-
-Workstations::Workstations() : file(demoHospital()) {}
-
-Workstations::~Workstations() {
-    for (const char* end : {"", "-wal", "-shm"})
-        QFile::remove(file + QString::fromLatin1(end));
-}
-
 std::unique_ptr<QProcess> Workstations::start(const QString& program, const QStringList& arguments) const {
     auto process = std::make_unique<QProcess>();
-    process->start(QCoreApplication::applicationDirPath() + u'/' + program, QStringList{file} + arguments);
+    process->start(QCoreApplication::applicationDirPath() + u'/' + program,
+                   QStringList{hospital.file()} + arguments);
     return process;
 }
 

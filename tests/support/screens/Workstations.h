@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/hospital/TestHospital.h"
+
 #include <QSet>
 #include <QString>
 
@@ -12,29 +14,21 @@ class QProcess;
 
 namespace tests {
 
-/// The one value of a query on a hospital file, "" without a row. The query is the test's own text.
-QString hospitalValue(const QString& file, const QString& query);
-
 /// A demo hospital of its own that workstations of their own work on: programs of the build's tests folder
 /// that run tests::Workstation.
 class Workstations : public testing::Test {
   public:
-    ~Workstations() override;
-
     /// The numbers that tell what a save left behind.
     using Counts = std::function<QList<int>()>;
 
-    int value(const QString& query) const { return hospitalValue(file, query).toInt(); }
+    int value(const QString& query) const { return hospital.value(query).toInt(); }
     /// One save for each step, cut right before it, until one is not cut. The counts stay as they were up to
     /// then. Returns the steps of the whole save.
     int cutAtEveryStep(const QString& program, const Counts& counts);
     /// What all of them said. No line may come twice.
     QSet<QString> saveAtOnce(const QString& program, int workstations, int saves);
 
-    QString file;
-
-  protected:
-    Workstations();
+    TestHospital hospital;
 
   private:
     std::unique_ptr<QProcess> start(const QString& program, const QStringList& arguments) const;

@@ -4,6 +4,7 @@
 #include "platform/controls/ErrorBoundary.h"
 #include "platform/controls/MessageBox.h"
 #include "session/HospitalServer.h"
+#include "session/OdbcServer.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
 
@@ -32,9 +33,12 @@ class PowerCut : public ado::Observer {
 
 bool logOn(const QString& file) {
     session::setHospitalFile(file);
+    const auto server = file.isEmpty() ? session::odbcServer(qEnvironmentVariable("SCINTRA_TEST_DSN"))
+                                       : session::fileServer(file);
     auto user = std::make_unique<session::clsCurrentUser>();
     user->setPasswordDeptCode(QStringLiteral("5"));
-    return user->logOn(file, QStringLiteral("1001"), QStringLiteral("kerova")) &&
+    return user->logOnTo(server, QStringLiteral("1001"), QStringLiteral("kerova")) ==
+               session::LogOnResult::Good &&
            session::wireSession(std::move(user));
 }
 

@@ -9,6 +9,7 @@ namespace tests {
 /// A workstation in a process of its own: logs 1001 on to a hospital file, does its work a number of times
 /// and says what came of it, line by line. It can be made to die right before a step of a save, as when the
 /// power goes.
+/// An empty name of the file stands for the server that SCINTRA_TEST_DSN names.
 ///     PROGRAM FILE SAVES [STEP]
 class Workstation {
   public:
