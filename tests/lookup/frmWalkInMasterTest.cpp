@@ -6,7 +6,6 @@
 #include "session/Session.h"
 #include "tests/lookup/LookupFixture.h"
 #include "tests/lookup/WalkInFixture.h"
-#include "tests/support/hospital/Site.h"
 
 #include <QComboBox>
 #include <QTabWidget>
@@ -290,14 +289,12 @@ TEST_F(WalkInMaster, CancelAndEscapeLeaveTheEditAndWriteNothing) {
 
 TEST_F(WalkInMaster, AListWithoutZipCodesCanBeEdited) {
     // As a hospital's own procedure may give it.
-    session::Run(
-        ado::sql("CREATE OR ALTER PROCEDURE spGlobal_CashPatient @By varchar(1), @Text varchar(50) AS SELECT "
-                 "hospnum AS HospNum, LastName FROM PATIENT_DATA..tbCashPatient WHERE LastName = @Text"));
+    hospital.replaceProcedure(
+        "CREATE OR ALTER PROCEDURE spGlobal_CashPatient @By varchar(1), @Text varchar(50) AS SELECT "
+        "hospnum AS HospNum, LastName FROM PATIENT_DATA..tbCashPatient WHERE LastName = @Text");
     edit("AQUINO");
     EXPECT_EQ(text(screen, "txtHospNum"), "W8001");
     EXPECT_EQ(text(screen, "txtZipCode"), "");
-    if (hospital.way() == tests::Way::Site)
-        tests::site::putKitBack();
 }
 
 TEST_F(WalkInMaster, APatientIsRegisteredByKeysAloneAndFound) {

@@ -25,7 +25,10 @@ class Printer : public report::PrintTarget {
   public:
     Printer(bool ready, QStringList& texts) : m_ready(ready), m_texts(texts) {}
     bool isReady() const override { return m_ready; }
-    void print(const report::PageDocument& document) override { m_texts += textsOf(document); }
+    void print(const report::PageDocument& document) override {
+        for (const QString& text : textsOf(document))
+            m_texts += tests::toTestDays(text);
+    }
 
   private:
     bool m_ready;

@@ -42,7 +42,7 @@ TEST(FreeTdsWire, AWholeSaveIsTheSameByteForByte) {
         desk.keyIn();
         desk.takeTexts();
         desk.save();
-        embedded = bytesOf(desk.takeTexts());
+        embedded = bytesOf(desk.recorder->texts);
         rows = desk.state();
     }
     TdsDesk desk;

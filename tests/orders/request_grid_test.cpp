@@ -470,10 +470,10 @@ TEST_F(RequestGrid, ToLookAtAFeesTypeLeavesItsPrice) {
 }
 
 TEST_F(RequestGrid, TextsOfPaddedColumnsAreTrimmed) {
-    session::Run(
-        ado::sql("CREATE OR ALTER PROCEDURE sp_Nuclear_commsearchexam @IdNum varchar(20), @Classification "
-                 "varchar(10) AS SELECT 'NU  ' AS RevenueID, ' 1001 ' AS ItemID, 'BONE SCAN ' AS Exam, "
-                 "'5620 ' AS Amount, '1 ' AS Quantity, '7000001   ' AS RequestNum"));
+    hospital.replaceProcedure(
+        "CREATE OR ALTER PROCEDURE sp_Nuclear_commsearchexam @IdNum varchar(20), @Classification "
+        "varchar(10) AS SELECT 'NU  ' AS RevenueID, ' 1001 ' AS ItemID, 'BONE SCAN ' AS Exam, "
+        "'5620 ' AS Amount, '1 ' AS Quantity, '7000001   ' AS RequestNum");
     open({.PatIdNum = admitted, .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});
     EXPECT_EQ(line(1), "NU|1001|BONE SCAN||5620|1|5620");
     EXPECT_EQ(cell(1, 11), "7000001");

@@ -43,7 +43,7 @@ void refuseAnothersHospital(ado::Provider& server) {
 /// What one program of the tests keeps of the server, and the server for itself.
 class Server {
   public:
-    Server() : m_lock(QDir::temp().filePath(QStringLiteral("scintra-test-server.lock"))) {
+    Server() : m_lock(QDir::temp().filePath(QStringLiteral("scintra-test-%1.lock").arg(name()))) {
         m_lock.setStaleLockTime(0);
         if (!m_lock.lock())
             throw std::runtime_error("another test program holds the server");

@@ -8,9 +8,7 @@
 namespace tests {
 
 Way usualWay() {
-    if (!site::name().isEmpty())
-        return Way::Site;
-    return qEnvironmentVariableIsSet("SCINTRA_TEST_OVER_ODBC") ? Way::Odbc : Way::File;
+    return site::name().isEmpty() ? Way::File : Way::Site;
 }
 
 TestHospital::TestHospital(Way way) : m_way(way) {
@@ -29,6 +27,8 @@ TestHospital::~TestHospital() {
     m_loopback.reset();
     if (m_way != Way::Site)
         forgetHospital(m_file);
+    else if (m_kitChanged)
+        site::putKitBack();
 }
 
 QString TestHospital::dataSource() const {
@@ -47,6 +47,11 @@ std::unique_ptr<ado::Provider> TestHospital::open(const QString& workstation) co
 
 ado::Rows TestHospital::run(const QString& text) const {
     return open()->execute(toServerDays(text)).rows;
+}
+
+void TestHospital::replaceProcedure(const QString& text) {
+    m_kitChanged = true;
+    open()->execute(text);
 }
 
 QString TestHospital::value(const QString& query) const {

@@ -15,7 +15,7 @@ enum class Way {
     Odbc, ///< over ODBC: the test driver, behind which the same file stands
     Site  ///< over ODBC on the SQL Server that SCINTRA_TEST_DSN names; its clock is its own
 };
-/// Site when SCINTRA_TEST_DSN is set; Odbc when SCINTRA_TEST_OVER_ODBC is; File.
+/// Site when SCINTRA_TEST_DSN is set, else File.
 Way usualWay();
 
 /// A demo hospital as new, for one test.
@@ -38,6 +38,8 @@ class TestHospital {
     std::unique_ptr<ado::Provider> open(const QString& workstation = QStringLiteral("look")) const;
     /// A text of the test's own, in its own days.
     ado::Rows run(const QString& text) const;
+    /// A procedure of the test's own in the place of the kit's, as long as this hospital lasts.
+    void replaceProcedure(const QString& text);
     /// The first value of the first row, as text, in the test's days; Null and no row are "".
     QString value(const QString& query) const;
     int count(const QString& table, const QString& condition) const;
@@ -46,6 +48,7 @@ class TestHospital {
     Way m_way;
     QString m_file;
     std::unique_ptr<LoopbackServer> m_loopback;
+    bool m_kitChanged = false;
 };
 
 } // namespace tests
