@@ -1,4 +1,6 @@
 // The tool on a data source of the real FreeTDS driver, behind which tds-hospital serves a file.
+#include "server/demo/Hospital.h"
+#include "server/engine/EmbeddedProvider.h"
 #include "tests/support/tds/TdsServer.h"
 
 #include <QDate>
@@ -75,6 +77,33 @@ TEST_F(TdsHospital, RefusesAnotherLoginAndRunsAhead) {
     const Outcome year = run({"sql", "SELECT YEAR(GETDATE())"});
     EXPECT_TRUE(year.said.contains(QString::number(today.addDays(400).year()))) << year.said.toStdString();
     EXPECT_FALSE(year.said.contains(QString::number(today.year())));
+}
+
+/// Tests write and delete as they like: not in a hospital that somebody works in.
+TEST(TestsOnAServer, RefuseAnybodysHospitalButTheMadeUpOne) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("other.scintra"));
+    demo::createHospital(file);
+    const auto value = [&](const QString& text) {
+        return engine::EmbeddedProvider::open(file, {})->execute(text).rows;
+    };
+    value(QStringLiteral("UPDATE PATIENT_DATA..tbHospitalInfo SET Company = 'St. Lucia''s Hospital'"));
+    value(QStringLiteral("UPDATE PATIENT_DATA..tbMaster SET LastName = 'KEPT'"));
+    QProcess tests;
+    tests.setProcessChannelMode(QProcess::MergedChannels);
+    tests.start(QStringLiteral(SCINTRA_BINARY_DIR "/tests/tds-hospital"),
+                {"--file", file, "--", QStringLiteral(SCINTRA_BINARY_DIR "/tests/test_server_sql"),
+                 "--gtest_filter=Posting.NumbersAreReadThenAdvanced"});
+    ASSERT_TRUE(tests.waitForFinished(60'000));
+    EXPECT_EQ(tests.exitCode(), 1);
+    const QString said = QString::fromUtf8(tests.readAll());
+    EXPECT_TRUE(said.contains(QStringLiteral("names the server of \"St. Lucia's Hospital\": the tests would "
+                                             "delete its rows.")))
+        << said.toStdString();
+    EXPECT_EQ(*value(QStringLiteral("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster WHERE LastName <> 'KEPT'"))
+                   .at(0, 0)
+                   .asInteger(),
+              0);
 }
 
 } // namespace
