@@ -41,7 +41,8 @@ function(scintra_precompiled kind)
     file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/precompiled/${kind}.cpp CONTENT "")
     add_library(precompiled_${kind} OBJECT ${CMAKE_BINARY_DIR}/precompiled/${kind}.cpp)
     target_link_libraries(precompiled_${kind} PRIVATE scintra_options ${ARGN})
-    target_precompile_headers(precompiled_${kind} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled/${kind}.h)
+    # not by its full path, which would keep two working copies from sharing a compiler cache
+    target_precompile_headers(precompiled_${kind} PRIVATE <cmake/precompiled/${kind}.h>)
     set_target_properties(precompiled_${kind} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
 endfunction()
 
