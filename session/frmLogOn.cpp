@@ -19,9 +19,14 @@
 namespace session {
 
 frmLogOn::frmLogOn(clsCurrentUser& user, QWidget* parent)
-    : Screen(parent), m_ui(std::make_unique<Ui::frmLogOn>()), m_user(user), m_waitTimer(new QTimer(this)) {
+    : Screen(parent)
+    , m_ui(std::make_unique<Ui::frmLogOn>())
+    , m_user(user)
+    , m_listTimer(new QTimer(this))
+    , m_waitTimer(new QTimer(this)) {
     m_ui->setupUi(this);
     setEscapeCloses(true);
+    m_listTimer->setSingleShot(true);
     m_waitTimer->setInterval(1000);
     controls::setKeyRules(m_ui->txtEmployeeCode,
                           controls::KeyRules(controls::KeyRule::UpperCase) | controls::KeyRule::BackQuote);
@@ -35,6 +40,7 @@ frmLogOn::frmLogOn(clsCurrentUser& user, QWidget* parent)
     controls::on(m_ui->txtPassword, &QLineEdit::returnPressed, this, [this] { cmdLogOn_Click(); });
     controls::on(m_ui->cmdLogOn, &QPushButton::clicked, this, [this] { cmdLogOn_Click(); });
     controls::on(m_ui->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    controls::on(m_listTimer, &QTimer::timeout, this, [this] { listServers(); });
     controls::on(m_waitTimer, &QTimer::timeout, this, [this] { sayWait(); });
 }
 
@@ -44,7 +50,6 @@ void frmLogOn::Form_Load() {
     setMinimumWidth(controls::look::scaled(440));
     controls::look::setPrimary(m_ui->cmdLogOn);
     showLogo();
-    listServers();
     for (QLabel* label : {m_ui->lblEmployeeCode, m_ui->lblPassword, m_ui->lblServer, m_ui->lblHelp})
         label->setProperty("kind", QStringLiteral("help"));
     m_ui->lblCapsLock->setProperty("kind", QStringLiteral("warn"));
@@ -54,8 +59,17 @@ void frmLogOn::Form_Load() {
     m_ui->txtEmployeeCode->setFocus();
 }
 
+/// Asking the driver manager takes as long as drawing the dialog: it is asked when the dialog is seen.
+void frmLogOn::paintEvent(QPaintEvent* event) {
+    Screen::paintEvent(event);
+    if (m_servers.empty())
+        m_listTimer->start(0);
+}
+
 /// Chosen is the server of the last log-on; before that, a data source called as the hospital's system.
 void frmLogOn::listServers() {
+    if (!m_servers.empty())
+        return;
     m_servers = hospitalServers();
     for (const auto& server : m_servers)
         m_ui->cmbServer->addItem(server->name());
@@ -105,6 +119,7 @@ void frmLogOn::cmdLogOn_Click() {
         return;
     }
     m_ui->cmdLogOn->setEnabled(false);
+    listServers();
     const auto server = m_servers.at(std::size_t(m_ui->cmbServer->currentIndex()));
     try {
         logOn(server);

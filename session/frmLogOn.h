@@ -27,6 +27,7 @@ class frmLogOn : public controls::Screen {
   protected:
     void Form_Load() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     enum class Tone { Plain, Wrong };
@@ -45,7 +46,8 @@ class frmLogOn : public controls::Screen {
 
     std::unique_ptr<Ui::frmLogOn> m_ui;
     clsCurrentUser& m_user;
-    HospitalServers m_servers; ///< as they stand in cmbServer
+    HospitalServers m_servers; ///< as they stand in cmbServer; empty until the dialog is seen
+    QTimer* m_listTimer;
     QTimer* m_waitTimer;
     QString m_waitingCode;
 };

@@ -5,7 +5,6 @@
 #include <QFontMetrics>
 #include <QPalette>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QStyle>
 #include <QStyleFactory>
 
@@ -53,11 +52,9 @@ QPalette palette() {
     return colors;
 }
 
-QString styleSheet() {
-    QFile file(QStringLiteral(":/scintra/look.qss"));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QString sheet = QString::fromUtf8(file.readAll());
+/// What stands behind "@" in the sheet: the name of a color, or "12px", a measure that grows with the font.
+/// ("1px" without "@" is a hair line that does not.)
+QString valueOf(QStringView token) {
     static const std::array tokens{
         ColorToken{"ink", &ink},
         ColorToken{"muted", &muted},
@@ -78,16 +75,32 @@ QString styleSheet() {
         ColorToken{"readOnly", &readOnly},
         ColorToken{"marked", &marked},
     };
-    for (const ColorToken& token : tokens)
-        sheet.replace(QRegularExpression(QStringLiteral("@%1\\b").arg(QLatin1String(token.name))),
-                      token.color->name());
-    // "@12px" is a measure that grows with the font; "1px" is a hair line that does not.
-    static const QRegularExpression measure(QStringLiteral("@(\\d+)px"));
-    qsizetype from = 0;
-    for (auto match = measure.match(sheet); match.hasMatch(); match = measure.match(sheet, from)) {
-        const QString pixels = QString::number(scaled(match.captured(1).toInt())) + QStringLiteral("px");
-        sheet.replace(match.capturedStart(), match.capturedLength(), pixels);
-        from = match.capturedStart() + pixels.size();
+    for (const ColorToken& color : tokens)
+        if (token == QLatin1StringView(color.name))
+            return color.color->name();
+    const int pixels = token.endsWith(QLatin1StringView("px")) ? token.chopped(2).toInt() : 0;
+    if (pixels > 0)
+        return QString::number(scaled(pixels)) + QStringLiteral("px");
+    return QString(u'@').append(token);
+}
+
+/// Read in one go by hand: a pattern for each color took longer than all the rest of the look.
+QString styleSheet() {
+    QFile file(QStringLiteral(":/scintra/look.qss"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QString drawn = QString::fromUtf8(file.readAll());
+    QString sheet;
+    sheet.reserve(drawn.size());
+    for (qsizetype at = 0; at < drawn.size();) {
+        const qsizetype found = drawn.indexOf(u'@', at);
+        const qsizetype mark = found < 0 ? drawn.size() : found;
+        sheet += QStringView(drawn).sliced(at, mark - at);
+        at = mark + 1;
+        while (at < drawn.size() && drawn[at].isLetterOrNumber())
+            ++at;
+        if (found >= 0)
+            sheet += valueOf(QStringView(drawn).sliced(mark + 1, at - mark - 1));
     }
     return sheet;
 }

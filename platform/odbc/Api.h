@@ -16,7 +16,54 @@
 
 #include <vector>
 
+// What of the driver manager is used; every name is one of its functions.
+#define SCINTRA_ODBC_FUNCTIONS(X)                                                                            \
+    X(SQLAllocHandle)                                                                                        \
+    X(SQLFreeHandle)                                                                                         \
+    X(SQLSetEnvAttr)                                                                                         \
+    X(SQLDataSourcesW)                                                                                       \
+    X(SQLDriverConnectW)                                                                                     \
+    X(SQLDisconnect)                                                                                         \
+    X(SQLGetInfoW)                                                                                           \
+    X(SQLSetConnectAttrW)                                                                                    \
+    X(SQLGetConnectAttrW)                                                                                    \
+    X(SQLEndTran)                                                                                            \
+    X(SQLSetStmtAttrW)                                                                                       \
+    X(SQLFreeStmt)                                                                                           \
+    X(SQLExecDirectW)                                                                                        \
+    X(SQLMoreResults)                                                                                        \
+    X(SQLRowCount)                                                                                           \
+    X(SQLNumResultCols)                                                                                      \
+    X(SQLDescribeColW)                                                                                       \
+    X(SQLBindCol)                                                                                            \
+    X(SQLFetch)                                                                                              \
+    X(SQLSetPos)                                                                                             \
+    X(SQLGetData)                                                                                            \
+    X(SQLGetDiagRecW)
+
 namespace odbc {
+
+/// The driver manager, loaded with its first use and kept: a desk that works on its own has no use for it.
+struct Api {
+    /// Raises 48 when there is no library of that name and version, or none that has all of the functions.
+    Api(const QString& name, int version);
+
+#define SCINTRA_DECLARE(function) decltype(&::function) function = nullptr;
+    SCINTRA_ODBC_FUNCTIONS(SCINTRA_DECLARE)
+#undef SCINTRA_DECLARE
+};
+
+/// Raises as the constructor does, as long as the library is missing.
+const Api& api();
+
+// Each under its own name: what is called in this namespace goes through the table.
+#define SCINTRA_CALL(function)                                                                               \
+    template <typename... Arguments>                                                                         \
+    SQLRETURN function(Arguments... arguments) {                                                             \
+        return api().function(arguments...);                                                                 \
+    }
+SCINTRA_ODBC_FUNCTIONS(SCINTRA_CALL)
+#undef SCINTRA_CALL
 
 /// A text as the wide functions take it; reused, so that a statement costs no allocation of its own.
 class WideText {

@@ -22,6 +22,8 @@ void whileModal(const std::function<void()>& opener, const std::function<void(co
         }
         screen->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(screen));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(screen));
+        QCoreApplication::processEvents(); // nobody types before the screen is seen
         try {
             driver(*screen);
         } catch (const std::exception& error) {

@@ -127,6 +127,24 @@ TEST_F(LogOn, EnterMovesFromTheCodeToThePasswordAndLogsOn) {
     EXPECT_EQ(server->logins, QStringList{QStringLiteral("1001")});
 }
 
+TEST_F(LogOn, ServersAreListedOnceTheDialogIsSeenOrWhenTheyAreNeeded) {
+    frmLogOn unseen(user);
+    unseen.load();
+    const auto& servers = childOf<QComboBox>(unseen, "cmbServer");
+    EXPECT_EQ(servers.count(), 0) << "asking for them must not hold up the first picture";
+    type(unseen, "1001", "secret");
+    EXPECT_TRUE(unseen.isUnloaded());
+    EXPECT_EQ(servers.currentText(), u"Scripted");
+    EXPECT_TRUE(user.Connected());
+    show([](controls::Screen& logOn) {
+        EXPECT_EQ(childOf<QComboBox>(logOn, "cmbServer").currentText(), u"Scripted");
+        logOn.repaint();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(childOf<QComboBox>(logOn, "cmbServer").count(), 1) << "listed once";
+        QTest::keyClick(&logOn, Qt::Key_Escape);
+    });
+}
+
 TEST_F(LogOn, FileMaintenanceBringsItsOwnDepartment) {
     show([](controls::Screen& logOn) { type(logOn, "1900", "files"); });
     EXPECT_EQ(user.PasswordDeptCode(), u"00");

@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
+#include "platform/odbc/Api.h"
 #include "platform/odbc/DataSources.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/odbc/TestDriver.h"
@@ -393,6 +394,16 @@ TEST_F(OdbcProviderTest, AsksForAKeyOnce) {
     EXPECT_TRUE(fakeDriver().texts[2].contains(QStringLiteral("FROM INFORMATION_SCHEMA.")));
     provider->useDatabase(QStringLiteral("NUC]LEAR"));
     EXPECT_EQ(fakeDriver().texts[3], QStringLiteral("USE [NUC]]LEAR]"));
+}
+
+TEST(Api, SaysWhatIsMissing) {
+    const base::RunTimeError none = raised([] { odbc::Api(QStringLiteral("noodbc"), 2); });
+    EXPECT_EQ(none.number(), 48);
+    EXPECT_EQ(none.description(), QStringLiteral("Data sources need libnoodbc, which is not installed."));
+    const base::RunTimeError other = raised([] { odbc::Api(QStringLiteral("z"), 1); });
+    EXPECT_EQ(other.number(), 48);
+    EXPECT_TRUE(other.description().contains(QStringLiteral("SQLAllocHandle is missing")))
+        << other.description().toStdString();
 }
 
 TEST(DataSources, AreThoseOfTheDriverManagerByName) {
