@@ -1,6 +1,7 @@
 #include "app/ErrorBox.h"
 
 #include "app/ui_ErrorBox.h"
+#include "platform/controls/EnterKey.h"
 #include "platform/controls/ErrorBoundary.h"
 #include "platform/controls/HeaderBand.h"
 #include "platform/controls/Look.h"
@@ -84,6 +85,7 @@ ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
     m_ui->cmdDetails->setVisible(!detailsOf(error).isEmpty());
     controls::look::setPrimary(m_ui->cmdEnd);
     m_ui->cmdEnd->setFocus();
+    controls::ignoreHeldKeys(m_ui->cmdEnd);
     connect(m_ui->cmdDetails, &QPushButton::toggled, this, [this](bool shown) {
         m_ui->txtDetails->setVisible(shown);
         adjustSize();

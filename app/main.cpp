@@ -10,7 +10,6 @@
 
 int main(int argc, char** argv) {
     controls::Application application(argc, argv);
-    QCoreApplication::setApplicationName("Visual Kerova - Visual Scintra");
     QGuiApplication::setDesktopFileName("visual-scintra");
     // Between two users no window is open for a moment; the menu says when the program ends.
     QGuiApplication::setQuitOnLastWindowClosed(false);

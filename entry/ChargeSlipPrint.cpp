@@ -1,6 +1,7 @@
 #include "entry/ChargeSlipPrint.h"
 
 #include "entry/RequestColumns.h"
+#include "lookup/FieldText.h"
 #include "platform/base/Conversion.h"
 #include "platform/controls/FlexGrid.h"
 #include "session/ReportLaunch.h"
@@ -32,7 +33,8 @@ void dumpLines(controls::FlexGrid& lines) {
 QString nurseText(const QString& employeeId) {
     ado::Recordset nurse =
         session::Read(sql("SELECT Name FROM PASSWORD..tbPasswordMain WHERE Employeeid = '{}'", employeeId));
-    return nurse.Eof() ? QString() : QStringLiteral("(%1)%2").arg(employeeId, nurse.Fields("Name").text());
+    return nurse.Eof() ? QString()
+                       : QStringLiteral("(%1)%2").arg(employeeId, lookup::fieldText(nurse, "Name"));
 }
 
 } // namespace

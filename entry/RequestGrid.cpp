@@ -10,9 +10,9 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QKeyEvent>
+#include <QHeaderView>
 #include <QLineEdit>
-#include <QScopedValueRollback>
+#include <QScrollBar>
 
 namespace entry {
 
@@ -48,26 +48,13 @@ constexpr std::array columnLayout{
     ColumnLayout{16, "", 0},
 };
 
-bool isEnter(int key) {
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-bool isBackTab(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
-}
-
-/// A key that would leave a character in a text box.
-bool typesText(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text()[0] >= u' ' && event.text()[0] != QChar(0x7f) &&
-           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-}
-
 } // namespace
 
 RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& parts, QObject* parent)
     : QObject(parent)
     , m_variant(variant)
     , m_grid(*parts.grid)
+    , m_header(parts.grid->horizontalHeader()->viewport())
     , m_txtEntry(*parts.txtEntry)
     , m_cboEntry(*parts.cboEntry)
     , m_txtGross(*parts.txtGross)
@@ -77,8 +64,10 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     m_txtEntry.hide();
     m_cboEntry.hide();
     for (QObject* watched : {static_cast<QObject*>(&m_grid), static_cast<QObject*>(&m_txtEntry),
-                             static_cast<QObject*>(&m_cboEntry)})
+                             static_cast<QObject*>(&m_cboEntry), m_header})
         watched->installEventFilter(this);
+    for (QScrollBar* bar : {m_grid.horizontalScrollBar(), m_grid.verticalScrollBar()})
+        on(bar, &QScrollBar::valueChanged, this, [this] { grdPackage_Scroll(); });
     on(&m_grid, &FlexGrid::Click, this, [this] { BeginCellEdit(); });
     on(&m_txtEntry, &QLineEdit::textChanged, this, [this] { txtEntry_Change(); });
     on(&m_cboEntry, &QComboBox::currentTextChanged, this, [this] { cboEntry_Change(); });
@@ -126,12 +115,18 @@ void RequestGrid::BeginCellEdit() {
     }
     const QRect place = m_grid.cellRect(row, column);
     if (column == colType) {
-        // A procedure is routine until the clerk says otherwise; other lines show what they hold.
-        const bool isNewProcedure = cell(colType).isEmpty() && cell(colDepartment) == session::gDeptCode;
-        const QString type = isNewProcedure ? QStringLiteral("ROUTINE") : cell(colType);
+        // A procedure that was looked up is routine until the clerk says otherwise, and priced by its type;
+        // other lines show what they hold.
+        const bool isProcedure =
+            cell(colDepartment) == session::gDeptCode && !cell(colRoutinePrice).isEmpty();
+        const QString type =
+            isProcedure && cell(colType).isEmpty() ? QStringLiteral("ROUTINE") : cell(colType);
         m_cboEntry.setGeometry(place);
-        m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
-        if (isNewProcedure)
+        {
+            const QSignalBlocker opening(m_cboEntry); // to look at another line's type prices nothing
+            m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
+        }
+        if (isProcedure)
             cboEntry_Change();
         m_cboEntry.raise();
         m_cboEntry.show();
@@ -191,36 +186,6 @@ void RequestGrid::recomputeGross() {
     m_txtGross.setText(Format(gross, amountFormat));
 }
 
-bool RequestGrid::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel && watched == &m_cboEntry)
-        return true; // a turn of the wheel must not change a price
-    if (event->type() == QEvent::ShortcutOverride && watched != &m_grid) {
-        // Keys of an open editor are the editor's, whatever the window has on them.
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape || isEnter(key) || key == Qt::Key_F3)
-            event->accept();
-        return false;
-    }
-    if (event->type() == QEvent::Resize && watched == &m_grid && isEditing()) {
-        const QRect place = m_grid.cellRect(m_grid.Row(), m_grid.Col());
-        m_txtEntry.setGeometry(place);
-        m_cboEntry.setGeometry(place);
-    }
-    if (event->type() != QEvent::KeyPress)
-        return false;
-    auto* key = static_cast<QKeyEvent*>(event);
-    bool handled = false;
-    ErrorBoundary::guard([&] {
-        if (watched == &m_grid)
-            handled = gridKey(key);
-        else if (watched == &m_txtEntry)
-            handled = entryKey(key);
-        else
-            handled = listKey(key);
-    });
-    return handled;
-}
-
 QString RequestGrid::cell(int column) const {
     return m_grid.TextMatrix(m_grid.Row(), column);
 }
@@ -238,120 +203,22 @@ bool RequestGrid::isEditing() const {
     return m_txtEntry.isVisible() || m_cboEntry.isVisible();
 }
 
-bool RequestGrid::gridKey(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F3) {
-        deleteRow();
-        return true;
-    }
-    if (isEnter(event->key()) || event->key() == Qt::Key_F2) {
-        BeginCellEdit();
-        return true;
-    }
-    if (typesText(*event) && event->key() != Qt::Key_Space) {
-        BeginCellEdit();
-        return m_txtEntry.isVisible() ? (m_txtEntry.event(event), true) : isEditing() && listKey(event);
-    }
-    return false;
+/// The cell moves away under its editor.
+void RequestGrid::grdPackage_Scroll() {
+    if (!m_placing)
+        leaveCell();
 }
 
-bool RequestGrid::entryKey(QKeyEvent* event) {
-    const int key = event->key();
-    if (rowKey(key))
-        return true;
-    if (key == Qt::Key_F3) {
-        if (m_grid.Rows() >= 3)
-            deleteRow();
-        return true;
-    }
-    if (key == Qt::Key_Escape) {
+/// Ends an edit; the focus goes to the grid only if it was in the cell.
+void RequestGrid::leaveCell() {
+    if (!isEditing())
+        return;
+    if (m_txtEntry.hasFocus() || m_cboEntry.hasFocus()) {
         EndCellEdit();
-        return true;
+    } else {
+        m_txtEntry.hide();
+        m_cboEntry.hide();
     }
-    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(isBackTab(*event) ? -1 : 1);
-    if (isEnter(key)) {
-        txtEntry_Enter();
-        return true;
-    }
-    if (m_grid.Col() == colQuantity && typesText(*event) && !m_txtEntry.hasSelectedText() &&
-        m_txtEntry.text().size() >= 1)
-        return true; // one digit only
-    return false;
-}
-
-bool RequestGrid::listKey(QKeyEvent* event) {
-    const int key = event->key();
-    if (rowKey(key))
-        return true;
-    if (key == Qt::Key_Escape) {
-        EndCellEdit();
-        return true;
-    }
-    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(isBackTab(*event) ? -1 : 1);
-    if (isEnter(key)) {
-        EndCellEdit();
-        AdvanceCell();
-        return true;
-    }
-    if (!typesText(*event))
-        return false;
-    const QString typed = event->text().toUpper();
-    if (typed == u"S")
-        m_cboEntry.setCurrentText(QStringLiteral("STAT"));
-    else if (typed == u"R")
-        m_cboEntry.setCurrentText(QStringLiteral("ROUTINE"));
-    if (typed == u"S" || typed == u"R")
-        cboEntry_Change();
-    return true;
-}
-
-/// Up and Down move one line, on both editors.
-bool RequestGrid::rowKey(int key) {
-    const int row = m_grid.Row();
-    if (key == Qt::Key_Up) {
-        if (row >= 2) {
-            m_grid.setRow(row - 1);
-            BeginCellEdit();
-        }
-        return true;
-    }
-    if (key == Qt::Key_Down) {
-        if (row < m_grid.Rows() - 1) {
-            m_grid.setRow(row + 1);
-            BeginCellEdit();
-        }
-        return true;
-    }
-    return false;
-}
-
-/// Tab and Shift+Tab: to the next or former cell that takes an entry, amounts included; over the line's end
-/// into the next line. Beyond the first and the last cell the focus leaves the grid.
-bool RequestGrid::stepCell(int direction) {
-    if (cell(colAmountEditable) == u"Y" || isFeeRevenue(cell(colDepartment)))
-        SkipColumn[colAmount] = false;
-    int row = m_grid.Row();
-    int column = m_grid.Col();
-    for (;;) {
-        column += direction;
-        if (column > colAmount) {
-            column = colDepartment;
-            ++row;
-        } else if (column < colDepartment) {
-            column = colAmount;
-            --row;
-        }
-        if (row < 1 || row >= m_grid.Rows()) {
-            EndCellEdit();
-            return false;
-        }
-        if (!SkipColumn[size_t(column)])
-            break;
-    }
-    m_grid.setCurrentCell(row, column);
-    BeginCellEdit();
-    return true;
 }
 
 void RequestGrid::deleteRow() {

@@ -78,6 +78,8 @@ class RequestGrid : public QObject {
     bool entryKey(QKeyEvent* event);
     bool listKey(QKeyEvent* event);
     bool rowKey(int key);
+    void grdPackage_Scroll();
+    void leaveCell();
     void txtEntry_Change();
     void txtEntry_Enter();
     void cboEntry_Change();
@@ -87,19 +89,22 @@ class RequestGrid : public QObject {
     void enterDepartment();
     void enterQuantity();
     void LookUpCellCode();
-    LookUp LookUpExamLine(QString code);
+    LookUp LookUpExamLine(const QString& code);
+    LookUp readExamLine(const QString& code);
     bool LookUpDoctorLine(const QString& code);
     bool LookUpInventoryLine(const QString& code);
     bool isOnAnotherRow(const QString& code) const;
 
     RequestGridVariant m_variant;
     controls::FlexGrid& m_grid;
+    QObject* m_header; ///< of the grid; compared only, it goes with the grid
     QLineEdit& m_txtEntry;
     QComboBox& m_cboEntry;
     QLineEdit& m_txtGross;
     QAbstractButton& m_cmdSave;
     QAbstractButton& m_cmdSavePrint;
     QString m_roomClass;
+    bool m_placing = false; ///< the editor follows its cell
     std::array<bool, requestColumnCount> SkipColumn{};
     std::array<bool, requestColumnCount> LookupColumn{};
     std::array<ColumnKind, requestColumnCount> ColumnKinds{};

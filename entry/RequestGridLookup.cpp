@@ -84,19 +84,23 @@ void RequestGrid::LookUpCellCode() {
     AdvanceCell();
 }
 
-RequestGrid::LookUp RequestGrid::LookUpExamLine(QString code) {
+/// The one lookup with an error trap of its own.
+RequestGrid::LookUp RequestGrid::LookUpExamLine(const QString& code) {
+    try {
+        return readExamLine(code);
+    } catch (const base::RunTimeError& error) {
+        if (error.number() != base::errors::noCurrentRecord)
+            MsgBox(error.description(), vbCritical);
+        else if (!code.isEmpty())
+            m_txtEntry.clear();
+        return LookUp::NotFound;
+    }
+}
+
+RequestGrid::LookUp RequestGrid::readExamLine(const QString& code) {
     gCodeFind->SearchMode = true;
     gCodeFind->OtherSectionID = cell(colDepartment);
-    bool found = false;
-    try {
-        found = gCodeFind->SearchListing(code, session::clsLookupPad::exams);
-    } catch (const base::RunTimeError& error) {
-        if (error.number() == base::errors::noCurrentRecord)
-            code.clear();
-        else
-            MsgBox(error.description(), vbCritical);
-    }
-    if (!found)
+    if (!gCodeFind->SearchListing(code, session::clsLookupPad::exams))
         return LookUp::NotFound;
 
     const session::NuclearExamRecord exam = gCodeFind->NuclearExamRecord;

@@ -45,7 +45,7 @@ void RequestPosting::post() {
     saveUnusedItems();
 }
 
-/// A package brings items of two stores; the last of them that is met stays for the lines behind it.
+/// A package brings items of two stores; the last of its lines decides for all of them.
 void RequestPosting::SetStockDept() {
     for (int row = 1; row < m_lines.Rows(); ++row) {
         const QString revenue = m_lines.TextMatrix(row, colDepartment);

@@ -1,5 +1,6 @@
 #include "lookup/clsLoadExam.h"
 
+#include "lookup/FieldText.h"
 #include "platform/base/Conversion.h"
 #include "session/Session.h"
 
@@ -30,16 +31,16 @@ void clsLoadExam::LoadExam(const QString& examID) {
     m_found = !rows.Eof();
     if (!m_found)
         return;
-    m_examId = rows.Fields("ExamID").text();
-    m_exam = rows.Fields("Exam").text();
-    m_status = rows.Fields("Status").text();
+    m_examId = fieldText(rows, "ExamID");
+    m_exam = fieldText(rows, "Exam");
+    m_status = fieldText(rows, "Status");
     m_rateA = rate(rows, "RateA");
     m_rateB = rate(rows, "RateB");
     m_rateC = rate(rows, "RateC");
     m_rateD = rate(rows, "RateD");
     m_rateE = rate(rows, "RateE");
     const base::Value classification = rows.Fields("Classification").Value();
-    m_classification = classification.isNull() ? QStringLiteral("A") : base::textOf(classification);
+    m_classification = classification.isNull() ? QStringLiteral("A") : fieldText(rows, "Classification");
 }
 
 } // namespace lookup

@@ -2,6 +2,7 @@
 
 #include "entry/ChargeSlipPrint.h"
 #include "entry/RequestPosting.h"
+#include "lookup/FieldText.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/FlexGrid.h"
@@ -20,6 +21,7 @@ using ado::sql;
 using base::Format;
 using base::Val;
 using namespace controls;
+using lookup::fieldText;
 using session::gAdmission;
 using session::gCodeFind;
 using session::gConnection;
@@ -122,11 +124,11 @@ void frmRequest::fillOutPatient() {
     m_ui->txtRoom->setText(QStringLiteral("OPD"));
     if (stay.Eof())
         return;
-    m_ui->txtHospNum->setText(base::Trim(stay.Fields("HospNum").text()));
+    m_ui->txtHospNum->setText(fieldText(stay, "HospNum"));
     m_ui->txtAdmDate->setText(Format(stay.Fields("AdmDate").Value(), dateFormat));
-    DoctorCode = base::Trim(stay.Fields("doctorid1").text());
+    DoctorCode = fieldText(stay, "doctorid1");
     m_ui->txtDoctorID->setText(DoctorCode);
-    AccountName = base::Trim(stay.Fields("AccountNum").text());
+    AccountName = fieldText(stay, "AccountNum");
     m_ui->txtCompany->setText(AccountName.isEmpty() ? QStringLiteral("Personal") : AccountName);
     if (!gPatientMaster->LoadPatient(m_ui->txtHospNum->text()))
         return;
@@ -145,7 +147,7 @@ void frmRequest::fillWalkIn() {
     m_ui->txtCompany->setText(QStringLiteral("Personal"));
     if (patient.Eof())
         return;
-    const auto text = [&](const char* name) { return base::Trim(patient.Fields(name).text()); };
+    const auto text = [&](const char* name) { return fieldText(patient, name); };
     m_ui->txtHospNum->setText(text("HospNum"));
     showMaster(text("LastName"), text("FirstName"), text("MiddleName"));
     m_ui->txtAge->setText(text("Age"));
@@ -162,7 +164,7 @@ void frmRequest::showMaster(const QString& lastName, const QString& firstName, c
 void frmRequest::readRoomClass() {
     ado::Recordset room =
         Read(sql("Select * From Build_file..tbcoRoom where roomid = '{}'", m_ui->txtRoom->text()));
-    RoomClass = room.Eof() ? QStringLiteral("OPD") : base::Trim(room.Fields("RoomClassID").text());
+    RoomClass = room.Eof() ? QStringLiteral("OPD") : fieldText(room, "RoomClassID");
     m_grid->setRoomClass(RoomClass);
 }
 
@@ -175,13 +177,13 @@ void frmRequest::loadNurseLines() {
     FlexGrid& grid = *m_ui->grdPackage;
     grid.setRows(lines.RecordCount() + 1);
     for (int row = 1; !lines.Eof(); ++row, lines.MoveNext()) {
-        grid.setTextMatrix(row, entry::colDepartment, lines.Fields("RevenueID").text());
-        grid.setTextMatrix(row, entry::colCode, lines.Fields("ItemID").text());
-        grid.setTextMatrix(row, entry::colParticular, lines.Fields("Exam").text());
-        grid.setTextMatrix(row, entry::colPrice, lines.Fields("Amount").text());
-        grid.setTextMatrix(row, entry::colQuantity, lines.Fields("Quantity").text());
-        grid.setTextMatrix(row, entry::colAmount, lines.Fields("Amount").text());
-        grid.setTextMatrix(row, entry::colLink, lines.Fields("RequestNum").text());
+        grid.setTextMatrix(row, entry::colDepartment, fieldText(lines, "RevenueID"));
+        grid.setTextMatrix(row, entry::colCode, fieldText(lines, "ItemID"));
+        grid.setTextMatrix(row, entry::colParticular, fieldText(lines, "Exam"));
+        grid.setTextMatrix(row, entry::colPrice, fieldText(lines, "Amount"));
+        grid.setTextMatrix(row, entry::colQuantity, fieldText(lines, "Quantity"));
+        grid.setTextMatrix(row, entry::colAmount, fieldText(lines, "Amount"));
+        grid.setTextMatrix(row, entry::colLink, fieldText(lines, "RequestNum"));
     }
     m_grid->recomputeGross();
     enableSaves(true);
@@ -201,11 +203,11 @@ void frmRequest::loadCashLines() {
         if (row >= grid.Rows())
             grid.AddItem({});
         grid.setTextMatrix(row, entry::colDepartment, session::gDeptCode);
-        grid.setTextMatrix(row, entry::colCode, lines.Fields("ItemID").text());
-        grid.setTextMatrix(row, entry::colParticular, lines.Fields("Exam").text());
-        grid.setTextMatrix(row, entry::colQuantity, lines.Fields("Quantity").text());
-        grid.setTextMatrix(row, entry::colAmount, lines.Fields("Amount").text());
-        GrossAmount += Val(lines.Fields("Amount").text());
+        grid.setTextMatrix(row, entry::colCode, fieldText(lines, "ItemID"));
+        grid.setTextMatrix(row, entry::colParticular, fieldText(lines, "Exam"));
+        grid.setTextMatrix(row, entry::colQuantity, fieldText(lines, "Quantity"));
+        grid.setTextMatrix(row, entry::colAmount, fieldText(lines, "Amount"));
+        GrossAmount += Val(fieldText(lines, "Amount"));
     }
     const QString gross = Format(GrossAmount, QStringLiteral("##,###.00"));
     m_ui->txtGross->setText(gross);
@@ -285,7 +287,7 @@ void frmRequest::chkPackage_Click() {
     }
     ado::Recordset packages = Read(sql("spNuclear_PackageList"));
     for (; !packages.Eof(); packages.MoveNext())
-        m_ui->cboPackage->addItem(packages.Fields("PackageName").text());
+        m_ui->cboPackage->addItem(fieldText(packages, "PackageName"));
 }
 
 void frmRequest::cboPackage_Click() {

@@ -75,8 +75,10 @@ bool CellEntry::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_txtEntry && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         // Another window, or the box's own menu, gives the focus back.
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
             m_txtEntry.hide();
+            m_txtEntry.clearFocus(); // else its page gives it the focus when it comes back
+        }
     }
     if (event->type() != QEvent::KeyPress)
         return false;

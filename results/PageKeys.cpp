@@ -1,5 +1,7 @@
 #include "results/PageKeys.h"
 
+#include "platform/controls/Connect.h"
+
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -19,17 +21,17 @@ QTabWidget* tabsOfPage(const QWidget* widget) {
     return tabs && tabs->indexOf(const_cast<QWidget*>(widget)) >= 0 ? tabs : nullptr;
 }
 
-bool takesTab(const QWidget& widget) {
+bool takesTab(const QWidget& widget, const QWidget& part) {
     return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isEnabled() &&
-           widget.isVisible() && !widget.focusProxy();
+           widget.isVisibleTo(&part) && !widget.focusProxy();
 }
 
-/// What Tab reaches below `part`, in the window's order.
+/// What Tab reaches below `part`, or would reach if it were shown, in the window's order.
 std::vector<QWidget*> stopsIn(QWidget& window, const QWidget& part) {
     std::vector<QWidget*> stops;
     for (QWidget* widget = window.nextInFocusChain(); widget && widget != &window;
          widget = widget->nextInFocusChain()) {
-        if (part.isAncestorOf(widget) && takesTab(*widget))
+        if (part.isAncestorOf(widget) && takesTab(*widget, part))
             stops.push_back(widget);
     }
     return stops;
@@ -40,15 +42,13 @@ bool stepPage(QWidget& window, QTabWidget& tabs, int step) {
     for (int index = tabs.currentIndex() + step; index >= 0 && index < tabs.count(); index += step) {
         for (auto* inner : tabs.widget(index)->findChildren<QTabWidget*>())
             inner->setCurrentIndex(step > 0 ? 0 : inner->count() - 1);
-        const int before = tabs.currentIndex();
-        tabs.setCurrentIndex(index);
         const std::vector<QWidget*> stops = stopsIn(window, *tabs.widget(index));
-        if (!stops.empty()) {
-            QWidget* stop = step > 0 ? stops.front() : stops.back();
-            stop->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-            return true;
-        }
-        tabs.setCurrentIndex(before);
+        if (stops.empty())
+            continue;
+        tabs.setCurrentIndex(index);
+        QWidget* stop = step > 0 ? stops.front() : stops.back();
+        stop->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
     }
     return false;
 }
@@ -94,6 +94,24 @@ bool pageKey(QWidget& window, const QKeyEvent& event) {
         return false;
     tabs->setCurrentIndex((tabs->currentIndex() + (back ? tabs->count() - 1 : 1)) % tabs->count());
     return true;
+}
+
+bool focusPage(QWidget& window, QTabWidget& tabs) {
+    const QWidget* page = tabs.currentWidget();
+    if (!page || page->isAncestorOf(window.focusWidget()))
+        return page;
+    const std::vector<QWidget*> stops = stopsIn(window, *page);
+    if (!stops.empty())
+        stops.front()->setFocus();
+    return !stops.empty();
+}
+
+void keepFocusOnPages(QWidget& window, QTabWidget& tabs, QWidget& otherwise) {
+    controls::on(&tabs, &QTabWidget::currentChanged, &window, [&window, &tabs, &otherwise] {
+        // What the tabs do when a page has no field that takes the focus: the page itself has it.
+        if (window.focusWidget() == tabs.currentWidget())
+            otherwise.setFocus();
+    });
 }
 
 void scrollDisabled(QPlainTextEdit& memo, const QWheelEvent& event) {

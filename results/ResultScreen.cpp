@@ -2,13 +2,13 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
+#include "platform/controls/DateBox.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/HeaderBand.h"
 #include "platform/controls/KeyFilter.h"
 #include "platform/controls/Look.h"
 #include "results/PageKeys.h"
 #include "results/frmSymbols.h"
-#include "session/DateFields.h"
 #include "session/Services.h"
 #include "session/Session.h"
 
@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -77,6 +78,8 @@ void ResultScreen::prepare() {
     for (QTabWidget* tabs : findChildren<QTabWidget*>()) {
         tabs->setFocusPolicy(Qt::NoFocus);
         tabs->tabBar()->setFocusPolicy(Qt::NoFocus); // Tab goes from page to page by itself
+        tabs->tabBar()->installEventFilter(this);
+        keepFocusOnPages(*this, *tabs, *widget("btnClose"));
     }
     for (QWidget* field : findChildren<QWidget*>()) {
         if (qobject_cast<QLineEdit*>(field) || qobject_cast<QPlainTextEdit*>(field) ||
@@ -122,8 +125,12 @@ void ResultScreen::setText(const char* name, const QString& text) {
 }
 
 void ResultScreen::enableFields(FieldNames names, bool enabled) {
-    for (const char* name : names)
-        widget(name)->setEnabled(enabled);
+    for (const char* name : names) {
+        QWidget* field = widget(name);
+        field->setEnabled(enabled);
+        if (auto* line = qobject_cast<QLineEdit*>(field)) // its end cannot be reached by the caret then
+            line->setToolTip(enabled ? QString() : line->text());
+    }
 }
 
 void ResultScreen::showCommands(FieldNames names, bool shown) {
@@ -138,7 +145,7 @@ void ResultScreen::lockCaseNum(bool locked) {
 // ---- opening
 
 void ResultScreen::Form_Load() {
-    session::setToday(qobject_cast<QDateEdit*>(widget("DtResultDate")));
+    qobject_cast<DateBox*>(widget("DtResultDate"))->setDate(base::today());
     auto* caseNum = qobject_cast<QLineEdit*>(widget("txtCaseNum"));
     caseNum->setText(base::Format(base::today(), QStringLiteral("yy")) + u'-');
     if (findChild<QLineEdit*>(QStringLiteral("txtDose")))
@@ -146,8 +153,10 @@ void ResultScreen::Form_Load() {
 }
 
 void ResultScreen::showEvent(QShowEvent* event) {
-    showPatient();
-    focusFirst();
+    if (!event->spontaneous()) { // else the window comes back from the task bar, as it was left
+        showPatient();
+        focusFirst();
+    }
     Screen::showEvent(event);
 }
 
@@ -189,6 +198,11 @@ bool ResultScreen::eventFilter(QObject* watched, QEvent* event) {
         QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
         watched->event(&plain);
         return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        // Whoever clicks a page means to type there, not into the field that had the focus before.
+        if (auto* bar = qobject_cast<QTabBar*>(watched))
+            focusPage(*this, *qobject_cast<QTabWidget*>(bar->parentWidget()));
     }
     if (event->type() == QEvent::Wheel) {
         if (auto* memo = qobject_cast<QPlainTextEdit*>(watched->parent()); memo && !memo->isEnabled())

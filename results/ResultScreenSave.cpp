@@ -1,11 +1,10 @@
 #include "platform/base/Conversion.h"
+#include "platform/controls/DateBox.h"
 #include "results/ResultScreen.h"
 #include "results/frmResultEntry.h"
 #include "session/ReportLaunch.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
-
-#include <QDateEdit>
 
 #include <vector>
 
@@ -22,11 +21,6 @@ using session::Run;
 
 namespace {
 
-base::DateTime dateOf(const QDateEdit& field) {
-    const QDate date = field.date();
-    return *base::makeDateTime({date.year(), date.month(), date.day()});
-}
-
 /// The workstation's time of day as text: "8:30:00 AM".
 QString timeText() {
     return base::CStr(*base::makeDateTime({1899, 12, 30}, base::clockTime(base::now())));
@@ -37,8 +31,7 @@ QString timeText() {
 // ---- save
 
 void ResultScreen::btnSave_Click() {
-    m_resultMoment =
-        base::CStr(dateOf(*qobject_cast<QDateEdit*>(widget("DtResultDate")))) + u' ' + timeText();
+    m_resultMoment = base::CStr(qobject_cast<DateBox*>(widget("DtResultDate"))->date()) + u' ' + timeText();
     if (Trim(text("txtCaseNum")).isEmpty()) {
         MsgBox(QStringLiteral("Cannot save incomplete data. Please enter Case Number."), vbExclamation,
                QStringLiteral("Message"));

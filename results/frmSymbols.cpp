@@ -48,8 +48,11 @@ bool frmSymbols::eventFilter(QObject* watched, QEvent* event) {
     for (int i = 0; i < symbolCount; ++i) {
         if (watched != Label1[size_t(i)])
             continue;
-        if (event->type() == QEvent::MouseMove)
+        if (event->type() == QEvent::MouseMove) {
+            if (i != m_marked)
+                m_symbol.clear(); // Enter must not take another one than it shows
             mark(i);
+        }
         if (event->type() == QEvent::MouseButtonDblClick)
             controls::ErrorBoundary::guard([&] { Label1_DblClick(i); });
     }

@@ -14,7 +14,8 @@ class frmSymbols;
 namespace results {
 
 /// Picks one of the commonly used symbols. The mouse marks and a double click takes; the arrow keys mark and
-/// choose at once, so that Enter and the select command take what they chose.
+/// choose at once, so that Enter and the select command take what they chose; the mouse on another one undoes
+/// that.
 class frmSymbols : public controls::Screen {
     Q_OBJECT
 

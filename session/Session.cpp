@@ -1,5 +1,6 @@
 #include "session/Session.h"
 
+#include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/controls/MessageBox.h"
 #include "session/Screens.h"
@@ -37,10 +38,10 @@ namespace {
 
 void readHospitalInfo() {
     ado::Recordset hospital = Read(ado::sql("Select * from PATIENT_DATA..tbHospitalInfo"));
-    gHospitalName = hospital.Fields("Company").text();
-    gHospitalAddress = hospital.Fields("Address1").text();
-    gHospitalTitle = hospital.Fields("Title").text();
-    gHospitalTin = hospital.Fields("TinNo").text();
+    gHospitalName = base::Trim(hospital.Fields("Company").text());
+    gHospitalAddress = base::Trim(hospital.Fields("Address1").text());
+    gHospitalTitle = base::Trim(hospital.Fields("Title").text());
+    gHospitalTin = base::Trim(hospital.Fields("TinNo").text());
     hospital.Close();
     gCodeFindDummy.clear();
 }

@@ -19,8 +19,10 @@ frmAccess::~frmAccess() = default;
 bool frmAccess::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_ui->txtPassword || event->type() != QEvent::KeyPress)
         return Screen::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (enter && key.isAutoRepeat())
+        return true; // the Enter that opened the gate answers nothing
     controls::ErrorBoundary::guard([&] { txtPassword_KeyPress(enter); });
     return enter;
 }

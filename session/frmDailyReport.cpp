@@ -1,6 +1,6 @@
 #include "session/frmDailyReport.h"
 
-#include "session/DateFields.h"
+#include "platform/controls/EnterKey.h"
 #include "session/ReportLaunch.h"
 #include "ui_frmDailyReport.h"
 
@@ -18,7 +18,7 @@ frmDailyReport::frmDailyReport(QWidget* parent)
     : Screen(parent), m_ui(std::make_unique<Ui::frmDailyReport>()) {
     m_ui->setupUi(this);
     setEscapeCloses(true);
-    enterMovesOn({m_ui->dtpReportDate, m_ui->dtpEndDate}, m_ui->cmdOptions_0);
+    controls::enterMovesOn({m_ui->dtpReportDate, m_ui->dtpEndDate});
     const std::array buttons = {m_ui->cmdOptions_0, m_ui->cmdOptions_1, m_ui->cmdOptions_2,
                                 m_ui->cmdOptions_3, m_ui->cmdOptions_4};
     for (std::size_t i = 0; i < buttons.size(); ++i)
@@ -28,14 +28,14 @@ frmDailyReport::frmDailyReport(QWidget* parent)
 frmDailyReport::~frmDailyReport() = default;
 
 void frmDailyReport::Form_Load() {
-    setToday(m_ui->dtpReportDate);
-    setToday(m_ui->dtpEndDate);
+    m_ui->dtpReportDate->setDate(base::today());
+    m_ui->dtpEndDate->setDate(base::today());
     m_ui->dtpReportDate->setFocus();
 }
 
 void frmDailyReport::cmdOptions_Click(int index) {
-    gReportFrom = dateText(m_ui->dtpReportDate);
-    gReportTo = dateText(m_ui->dtpEndDate);
+    gReportFrom = m_ui->dtpReportDate->dateText();
+    gReportTo = m_ui->dtpEndDate->dateText();
     gReportOption = QString::number(index);
     if (std::size_t(index) < optionTitles.size())
         gReportOptionTitle = QString::fromLatin1(optionTitles[std::size_t(index)]);

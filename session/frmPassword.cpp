@@ -1,5 +1,6 @@
 #include "session/frmPassword.h"
 
+#include "platform/controls/EnterKey.h"
 #include "platform/controls/Look.h"
 #include "session/clsCurrentUser.h"
 #include "ui_frmPassword.h"
@@ -10,7 +11,7 @@ frmPassword::frmPassword(clsCurrentUser& user, QWidget* parent)
     : Screen(parent), m_ui(std::make_unique<Ui::frmPassword>()), m_user(user) {
     m_ui->setupUi(this);
     setEscapeCloses(true);
-    controls::on(m_ui->txtPassword, &QLineEdit::returnPressed, this, [this] { cmdOk_Click(); });
+    controls::onEnter(m_ui->txtPassword, [this] { cmdOk_Click(); });
     controls::on(m_ui->cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
     controls::on(m_ui->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
 }

@@ -1,6 +1,7 @@
 #include "session/frmPickList.h"
 
 #include "platform/base/Format.h"
+#include "platform/controls/EnterKey.h"
 #include "platform/controls/KeyFilter.h"
 #include "platform/controls/Look.h"
 #include "session/Session.h"
@@ -37,10 +38,15 @@ frmPickList::frmPickList(const PickListing& listing, Search search, QWidget* par
                           controls::KeyRules(controls::KeyRule::UpperCase) | controls::KeyRule::BackQuote);
     m_ui->txtSearch->installEventFilter(this);
     controls::on(m_ui->txtSearch, &QLineEdit::textEdited, this, [this] { m_pause->start(); });
-    controls::on(m_ui->txtSearch, &QLineEdit::returnPressed, this, [this] { txtSearch_Enter(); });
+    controls::onEnter(m_ui->txtSearch, [this] { cmdSelect_Click(); });
     controls::on(m_pause, &QTimer::timeout, this, [this] { find(); });
     controls::on(m_ui->grdTable, &controls::FlexGrid::DblClick, this, [this] { cmdSelect_Click(); });
     controls::on(m_ui->grdTable, &controls::FlexGrid::EnterPressed, this, [this] { cmdSelect_Click(); });
+    // The Enter that opened the list, still held down, must not take a row that nobody has read yet.
+    controls::on(m_ui->grdTable, &controls::FlexGrid::KeyDown, this, [](QKeyEvent* event) {
+        if (event->isAutoRepeat() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+            event->accept();
+    });
     controls::on(m_ui->cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
     controls::on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
 }
@@ -116,14 +122,10 @@ bool frmPickList::moveInGrid(int key) {
     return true;
 }
 
-/// Enter right behind the last letter must not take a row that nobody has seen yet, unless there is only one.
-void frmPickList::txtSearch_Enter() {
+void frmPickList::cmdSelect_Click() {
+    // Right behind the last letter it must not take a row that nobody has seen yet, unless there is only one.
     if (findWhatIsTyped() && m_count != 1)
         return;
-    cmdSelect_Click();
-}
-
-void frmPickList::cmdSelect_Click() {
     const int row = chosenRow();
     if (row < 0)
         return;

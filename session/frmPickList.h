@@ -44,7 +44,6 @@ class frmPickList : public controls::Screen {
     QString cellText(const PickColumn& column);
     void sayHits();
     bool findWhatIsTyped();
-    void txtSearch_Enter();
     void cmdSelect_Click();
     bool moveInGrid(int key);
     int chosenRow() const;

@@ -1,7 +1,7 @@
 #include "session/frmReportDate.h"
 
+#include "platform/controls/EnterKey.h"
 #include "platform/controls/Look.h"
-#include "session/DateFields.h"
 #include "ui_frmReportDate.h"
 
 namespace session {
@@ -9,7 +9,7 @@ namespace session {
 frmReportDate::frmReportDate(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmReportDate>()) {
     m_ui->setupUi(this);
     setEscapeCloses(true);
-    enterMovesOn({m_ui->dtStart, m_ui->dtEnd}, m_ui->cmdEnter);
+    controls::enterMovesOn({m_ui->dtStart, m_ui->dtEnd});
     controls::on(m_ui->cmdEnter, &QPushButton::clicked, this, [this] { cmdEnter_Click(); });
     controls::on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
 }
@@ -19,8 +19,8 @@ frmReportDate::~frmReportDate() = default;
 void frmReportDate::Form_Load() {
     setMinimumWidth(controls::look::scaled(360));
     controls::look::setPrimary(m_ui->cmdEnter);
-    setToday(m_ui->dtStart);
-    setToday(m_ui->dtEnd);
+    m_ui->dtStart->setDate(base::today());
+    m_ui->dtEnd->setDate(base::today());
     m_ui->dtStart->setFocus();
 }
 
@@ -30,8 +30,8 @@ void frmReportDate::hideEndDate() {
 }
 
 void frmReportDate::cmdEnter_Click() {
-    startdate = dateText(m_ui->dtStart);
-    enddate = dateText(m_ui->dtEnd);
+    startdate = m_ui->dtStart->dateText();
+    enddate = m_ui->dtEnd->dateText();
     Cancel = false;
     hideScreen();
 }

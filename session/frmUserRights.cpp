@@ -60,6 +60,8 @@ frmUserRights::~frmUserRights() = default;
 
 void frmUserRights::connectControls() {
     on(m_ui->txtEmployeeID, &QLineEdit::returnPressed, this, [this] { cmdSearch_Click(); });
+    // The rights that are ticked are those of the user chosen: they must not be saved under another code.
+    on(m_ui->txtEmployeeID, &QLineEdit::textChanged, this, [this] { allowSave(); });
     on(m_ui->cmdSearch, &QPushButton::clicked, this, [this] { cmdSearch_Click(); });
     on(m_ui->grdUsers, &controls::FlexGrid::Click, this, [this] { grdUsers_Click(); });
     on(m_ui->grdUsers, &controls::FlexGrid::EnterPressed, this, [this] { grdUsers_Click(); });
@@ -78,7 +80,7 @@ void frmUserRights::Form_Load() {
     m_ui->header->setSubtitle(gHospitalName);
     m_ui->fmeUsers->hide();
     m_ui->Frame2->hide();
-    m_ui->cmdSave->setEnabled(false);
+    allowSave();
     m_ui->txtEmployeeID->setFocus();
 }
 
@@ -124,10 +126,11 @@ void frmUserRights::grdUsers_Click() {
     m_ui->txtEmployee->setText(m_ui->grdUsers->TextMatrix(row, userName));
     ado::Recordset saved =
         Read(sql("SELECT * FROM NUCLEAR..tbNuclearUserRights WHERE EmployeeID = '{}'", employeeID()));
-    tickRights(saved.Eof() ? QString() : saved.Fields("EmployeeRights").text());
+    tickRights(saved.Eof() ? QString() : base::Trim(saved.Fields("EmployeeRights").text()));
     saved.Close();
     m_ui->Frame2->show();
-    m_ui->cmdSave->setEnabled(true);
+    m_chosen = employeeID();
+    allowSave();
     m_ui->lstRights->setCurrentRow(0);
     m_ui->lstRights->setFocus();
     m_ui->fmeUsers->hide();
@@ -152,9 +155,9 @@ void frmUserRights::LoadRights() {
     m_ui->lstRights->clear();
     ado::Recordset rights = Read(sql("Select * From  NUCLEAR..tbNuclearUserSettings Where Status = 'A'"));
     for (; !rights.Eof(); rights.MoveNext()) {
-        const QString description = rights.Fields("Description").text();
-        auto* entry =
-            new QListWidgetItem(description + codeGap + rights.Fields("ItemID").text(), m_ui->lstRights);
+        const QString description = base::Trim(rights.Fields("Description").text());
+        const QString code = base::Trim(rights.Fields("ItemID").text());
+        auto* entry = new QListWidgetItem(description + codeGap + code, m_ui->lstRights);
         entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         entry->setCheckState(Qt::Unchecked);
         entry->setData(Qt::AccessibleTextRole, description);
@@ -198,6 +201,10 @@ QString frmUserRights::employeeID() const {
 }
 
 // ---- save
+
+void frmUserRights::allowSave() {
+    m_ui->cmdSave->setEnabled(!m_chosen.isEmpty() && employeeID() == m_chosen);
+}
 
 void frmUserRights::cmdSave_Click() {
     Run(sql("NUCLEAR..spNuclear_SaveUserRights '{}','{}','{}'", employeeID(), tickedRights(),

@@ -30,6 +30,7 @@ class frmUserRights : public controls::Screen {
     void chkSelectAll_Click();
     void cmdSave_Click();
     void openProgSettings();
+    void allowSave();
 
     void LoadRights();
     void tickRights(const QString& employeeRights);
@@ -39,6 +40,7 @@ class frmUserRights : public controls::Screen {
     QString employeeID() const;
 
     std::unique_ptr<Ui::frmUserRights> m_ui;
+    QString m_chosen; ///< the code of the user whose rights are shown; "" before one was chosen
 };
 
 } // namespace session

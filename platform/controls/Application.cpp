@@ -26,8 +26,8 @@ bool pressedByLetter(QObject* receiver, QEvent* event) {
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
-    setApplicationName(QStringLiteral("scintra"));
-    setApplicationDisplayName(QStringLiteral("Visual Kerova - Visual Scintra"));
+    // No display name beside it: the toolkit would put it behind the caption of every window.
+    setApplicationName(QStringLiteral("Visual Kerova - Visual Scintra"));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

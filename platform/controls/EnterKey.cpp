@@ -32,6 +32,14 @@ class EnterKey : public QObject {
     std::function<void()> m_handler;
 };
 
+class HeldKeys : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    }
+};
+
 } // namespace
 
 void onEnter(QWidget* field, std::function<void()> handler) {
@@ -46,6 +54,10 @@ void sendTab(QWidget* from) {
 void enterMovesOn(std::initializer_list<QWidget*> fields) {
     for (QWidget* field : fields)
         onEnter(field, [field] { sendTab(field); });
+}
+
+void ignoreHeldKeys(QWidget* widget) {
+    widget->installEventFilter(new HeldKeys(widget));
 }
 
 } // namespace controls

@@ -14,5 +14,8 @@ void onEnter(QWidget* field, std::function<void()> handler);
 void sendTab(QWidget* from);
 /// Enter in each of these is a Tab.
 void enterMovesOn(std::initializer_list<QWidget*> fields);
+/// A key that is still held down from the screen behind does nothing to the widget: it must not answer what
+/// nobody has read.
+void ignoreHeldKeys(QWidget* widget);
 
 } // namespace controls

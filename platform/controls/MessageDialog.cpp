@@ -1,6 +1,7 @@
 #include "platform/controls/MessageDialog.h"
 
 #include "platform/base/Error.h"
+#include "platform/controls/EnterKey.h"
 #include "platform/controls/Look.h"
 #include "platform/controls/MessageBox.h"
 
@@ -65,7 +66,7 @@ int MessageDialog::leavingAnswer(int style) {
 MessageDialog::MessageDialog(const QString& prompt, int style, const QString& title, QWidget* parent)
     : QDialog(parent), m_prompt(prompt), m_answer(leavingAnswer(style)) {
     setObjectName(QStringLiteral("messageBox"));
-    setWindowTitle(title.isEmpty() ? QGuiApplication::applicationDisplayName() : title);
+    setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setAccessibleName(windowTitle());
     setAccessibleDescription(prompt);
@@ -126,6 +127,7 @@ void MessageDialog::addButton(QHBoxLayout* row, const QString& caption, int answ
         m_answer = answer;
         done(answer);
     });
+    ignoreHeldKeys(button);
     row->addWidget(button);
     m_buttons << button;
 }

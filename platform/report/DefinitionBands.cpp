@@ -30,6 +30,7 @@ Band DefinitionReader::readBand(Attributes& attributes) {
     band.atBottom = attributes.yes("atBottom");
     band.withRows = attributes.yes("withRows");
     band.tear = attributes.yes("tear");
+    band.keepWithNext = attributes.yes("keepWithNext");
     attributes.finish();
     readChildren([&](const QString& name, Attributes& own) {
         static const QStringList known{QStringLiteral("text"),    QStringLiteral("field"),

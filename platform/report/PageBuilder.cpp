@@ -254,7 +254,7 @@ bool PageBuilder::placeBand(const Band& band) {
     const LaidBand laid = m_bands.lay(band, scopeAt(m_at));
     const Length height = laid.height - m_at.offset;
     const bool isHeader = m_at.stage == Stage::GroupHeader;
-    const Length together = height + (isHeader ? keptWith(m_at) : keptBehind(m_at));
+    const Length together = height + (isHeader ? keptWith(m_at) : keptBehind(m_at)) + keptNext(m_at, height);
     const bool tears = band.tear && m_bottom - m_y >= leastTorn;
     if (m_y + together > m_bottom && m_hasBody && m_at.offset == Length() && !tears)
         return false;
@@ -299,6 +299,44 @@ Length PageBuilder::keptBehind(const Position& details) {
             height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
     }
     return height;
+}
+
+/// Height of the bands of the same stage that go to the next page rather than being parted from the one at
+/// hand; of more than a page holds only the first one counts.
+Length PageBuilder::keptNext(const Position& position, Length height) {
+    if (!isKept(position) || isKept(shownBefore(position)))
+        return {}; // what is kept together was placed as one
+    const std::vector<Band>& bands = m_flow.bandsAt(position);
+    const Length fresh = m_bottom - m_bodyTop;
+    Length next, first;
+    bool keeps = true;
+    for (Position at = position; keeps && std::size_t(at.band) + 1 < bands.size();) {
+        at = m_flow.next(at);
+        const Band& band = bands[std::size_t(at.band)];
+        if (!m_bands.isVisible(band, scopeAt(at)))
+            continue;
+        const Length whole = m_bands.lay(band, scopeAt(at)).height;
+        next += band.tear ? std::min(whole, leastTorn) : whole;
+        first = first == Length() ? next : first;
+        keeps = band.keepWithNext;
+    }
+    return height + next <= fresh ? next : height + first <= fresh ? first : Length();
+}
+
+bool PageBuilder::isKept(const std::optional<Position>& position) const {
+    return position && m_flow.bandsAt(*position)[std::size_t(position->band)].keepWithNext;
+}
+
+/// The last band of the same stage that shows above the one at hand.
+std::optional<Position> PageBuilder::shownBefore(const Position& position) const {
+    const std::vector<Band>& bands = m_flow.bandsAt(position);
+    for (Position at = position; at.band > 0;) {
+        --at.band;
+        at.offset = {};
+        if (m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
+            return at;
+    }
+    return std::nullopt;
 }
 
 Length PageBuilder::bottomBands(const Position& footer) {

@@ -4,6 +4,8 @@
 #include "platform/report/BandLayout.h"
 #include "platform/report/PageDocument.h"
 
+#include <optional>
+
 namespace report {
 
 /// Builds one page from the place where it begins. A page depends on nothing but that place, its number and
@@ -40,6 +42,9 @@ class PageBuilder {
     void leaveColumns();
     Length keptWith(const Position& header);
     Length keptBehind(const Position& details);
+    Length keptNext(const Position& position, Length height);
+    bool isKept(const std::optional<Position>& position) const;
+    std::optional<Position> shownBefore(const Position& position) const;
     Length bottomBands(const Position& footer);
     void addSlice(const LaidBand& laid, Length from, Length to);
     void splitBand(const LaidBand& laid);

@@ -72,6 +72,8 @@ struct Band {
     bool withRows = false;
     bool atBottom = false; ///< report footers: stands right above the page footer
     bool tear = false;     ///< begins where the page has room for a few lines, and goes on on the next one
+    /// Begins a page rather than being parted from the band that shows next, where one page holds both.
+    bool keepWithNext = false;
 };
 
 struct Group {

@@ -92,6 +92,18 @@ TEST_F(ErrorBoxTest, KeepsTheStatementInTheDetails) {
     EXPECT_FALSE(details->isVisible());
 }
 
+TEST_F(ErrorBoxTest, AnEnterThatIsHeldDownDoesNotEndTheProgram) {
+    app::ErrorBox box(plainError);
+    box.show();
+    auto* end = child<QPushButton>(box, "cmdEnd");
+    EXPECT_EQ(box.focusWidget(), end);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    QCoreApplication::sendEvent(end, &held);
+    EXPECT_TRUE(box.isVisible());
+    QTest::keyClick(end, Qt::Key_Return);
+    EXPECT_FALSE(box.isVisible());
+}
+
 TEST_F(ErrorBoxTest, HasNoDetailsWithoutAStatement) {
     app::ErrorBox box(plainError);
     box.show();

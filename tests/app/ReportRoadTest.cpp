@@ -11,7 +11,6 @@
 #include "tests/support/screens/LoggedOn.h"
 
 #include <QAction>
-#include <QDateEdit>
 #include <QTest>
 
 #include <ostream>
@@ -68,10 +67,11 @@ class ReportRoad : public ReportRoads, public testing::WithParamInterface<Road> 
         const QString name = window.objectName();
         EXPECT_EQ(name, GetParam().dialog);
         const bool daily = name == "frmDailyReport";
-        auto& end = child<QDateEdit>(window, daily ? "dtpEndDate" : "dtEnd");
-        child<QDateEdit>(window, daily ? "dtpReportDate" : "dtStart")
-            .setDate(QDate(2026, 11, end.isVisible() ? 1 : 19));
-        end.setDate(QDate(2026, 11, 20));
+        auto& end = child<QWidget>(window, daily ? "dtpEndDate" : "dtEnd");
+        tests::keys(child<QWidget>(window, daily ? "dtpReportDate" : "dtStart"),
+                    end.isVisible() ? "11/01/2026" : "11/19/2026");
+        if (end.isVisible())
+            tests::keys(end, "11/20/2026");
         click(child<QWidget>(window, daily                    ? "cmdOptions_3"
                                      : name == "frmDateEntry" ? "cmdDate_0"
                                                               : "cmdEnter"));

@@ -6,7 +6,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDateEdit>
 #include <QMenu>
 #include <QTest>
 
@@ -46,8 +45,10 @@ class Report : public tests::MenuBench {
         inModal([dialog](QWidget& window) {
             EXPECT_EQ(window.objectName(), dialog);
             const bool daily = dialog == "frmDailyReport";
-            window.findChild<QDateEdit*>(daily ? "dtpReportDate" : "dtStart")->setDate(QDate(2026, 11, 1));
-            window.findChild<QDateEdit*>(daily ? "dtpEndDate" : "dtEnd")->setDate(QDate(2026, 11, 20));
+            tests::keys(tests::child<QWidget>(window, daily ? "dtpReportDate" : "dtStart"), "11/01/2026");
+            auto& end = tests::child<QWidget>(window, daily ? "dtpEndDate" : "dtEnd");
+            if (end.isVisible())
+                tests::keys(end, "11202026");
             tests::click(tests::child<QWidget>(window, daily                      ? "cmdOptions_3"
                                                        : dialog == "frmDateEntry" ? "cmdDate_0"
                                                                                   : "cmdEnter"));
@@ -194,6 +195,28 @@ TEST_F(Report, CensusByStationPreparesItsSummary) {
     EXPECT_EQ(reports[0].subValues, (std::vector<Value>{"PATIENT_DATA", "2026/11/21"}));
     EXPECT_EQ(reports[0].title, "Census by Station");
     EXPECT_FALSE(reports[0].groupTree);
+}
+
+TEST_F(Report, ACensusRunsItsProcedureBeforeTheReportIsOpened) {
+    QList<qsizetype> sent;
+    const auto record = menu::links().prepareReport;
+    menu::links().prepareReport = [&](const auto& path, const auto& database, const auto& values) {
+        sent << texts().size();
+        record(path, database, values);
+    };
+    run("mnuReportCensusAllPatient");
+    run("mnuReportCensusbyStation");
+    EXPECT_EQ(sent, (QList<qsizetype>{1, 2}));
+}
+
+TEST_F(Report, TheAuditGetsItsDatesInFullHoweverTheyStand) {
+    session::gReportFrom = "3/4/2026";
+    session::gReportTo = "2026-03-05";
+    session::gReportOption = "2";
+    escape();
+    run("mnuReportAudit");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].values, (std::vector<Value>{"03/04/2026", "03/05/2026", "2", address}));
 }
 
 TEST_F(Report, TheMenuBarAsksNoRight) {

@@ -293,6 +293,18 @@ TEST_F(UserSettings, AskOnceMoreAndStayClosedEvenIfTheSecondAnswerIsRight) {
     EXPECT_EQ(texts().filter("PasswordHash").size(), 2);
 }
 
+TEST_F(UserSettings, AnEnterThatIsHeldDownIsNoTry) {
+    inModal([this](QWidget& window) {
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+        QCoreApplication::sendEvent(&tests::child<QWidget>(window, "txtPassword"), &held);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(texts().filter("PasswordHash"), QStringList());
+        tests::keys(tests::child<QWidget>(window, "txtPassword"), "secret<Enter>");
+    });
+    clickSubMenu(2);
+    EXPECT_EQ(opened(), QStringList{nameOf(MenuScreen::UserRights)});
+}
+
 // --- leaving
 
 TEST_F(MenuScreenTest, QuitApplicationOnTheSubMenuAsks) {

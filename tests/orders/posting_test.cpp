@@ -273,6 +273,67 @@ TEST_F(Posting, APackagePutsItsStoreOnTheStockCardAndItsUnusedItemsOnTheirList) 
     EXPECT_EQ(texts.last(), "COMMIT");
 }
 
+TEST_F(Posting, UnusedItemsAreKeptForAPackageOnly) {
+    for (const bool isPackage : {false, true}) {
+        for (const char* firstItem : {"", " ", "101"}) {
+            openAdmitted();
+            type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+            grid().setTextMatrix(1, 15, isPackage ? "P1" : "");
+            auto& unused = tests::child<controls::FlexGrid>(screen(), "mshflexPackageItems");
+            unused.setRows(3);
+            unused.setCols(8);
+            unused.setTextMatrix(1, 1, firstItem);
+            unused.setTextMatrix(2, 1, "102");
+            takeTexts();
+            save(slipText(nextSlip()));
+            const bool kept = isPackage && firstItem == QLatin1String("101");
+            EXPECT_EQ(takeTexts().filter("Unused").size(), kept ? 2 : 0) << isPackage << firstItem;
+        }
+    }
+}
+
+TEST_F(Posting, OnlyADoctorPickedByNameIsSent) {
+    const QString attending = value("SELECT DoctorID1 FROM PATIENT_DATA..tbPatient WHERE IdNum = '26004078'");
+    const QString other = value("SELECT TOP 1 DoctorID FROM BUILD_FILE..tbcoDoctor WHERE DoctorID <> '" +
+                                attending + "' ORDER BY DoctorID");
+    for (const char* picked : {"txtDoctorID", "cmdDoctor", "txtDoctor"}) {
+        openAdmitted();
+        const bool byName = picked == QLatin1String("txtDoctor");
+        QLineEdit& box = field(byName ? "txtDoctor" : "txtDoctorID");
+        tests::keys(box, "<Ctrl+A>" + other);
+        if (picked == QLatin1String("cmdDoctor"))
+            tests::click(button("cmdDoctor"));
+        else
+            type("<Enter>");
+        grid().setFocus();
+        type("<Enter>NU<Enter>1001<Enter>R<Enter>1<Enter>");
+        takeTexts();
+        save(slipText(nextSlip()));
+        const QStringList requests = takeTexts().filter("sp_Nuclear_AddRequest");
+        ASSERT_EQ(requests.size(), 1);
+        EXPECT_TRUE(requests[0].contains("'5620','" + (byName ? other : attending) + "','I'"))
+            << picked << ": " << requests[0].toStdString();
+    }
+}
+
+TEST_F(Posting, TheLastStoreOfAPackageStandsForAllItsLines) {
+    openAdmitted();
+    const QString drug =
+        value("SELECT TOP 1 ItemID FROM INVENTORY..tbInvMaster WHERE ItemClass = 'PH' ORDER BY ItemID");
+    grid().AddItem("\tMN\t" + drug + "\tTABLET\t\t\t4\t100");
+    grid().RemoveItem(1);
+    grid().AddItem("\tUR\t40001\tSYRINGE\t\t\t1\t12");
+    grid().AddItem("\tZZ\t40001\tANOTHER\t\t\t1\t12");
+    button("cmdSave").setEnabled(true);
+    session::gInventoryEntry = true;
+    save(slipText(nextSlip()));
+    session::gInventoryEntry = false;
+    const QStringList moved = takeTexts().filter("sp_AppendStockCard");
+    ASSERT_EQ(moved.size(), 3);
+    for (const QString& text : moved)
+        EXPECT_TRUE(text.contains(",'205','224','','','0','CS','CS','',")) << text.toStdString();
+}
+
 TEST_F(Posting, ASecondPressNeverPostsTwice) {
     openAdmitted();
     type("NU<Enter>1001<Enter>R<Enter>1<Enter>");

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QTabBar>
 #include <QTest>
 
 using tests::Kind;
@@ -71,6 +72,10 @@ class Keys : public tests::ResultFixture {
                 &tests::child<QLabel>(window, qPrintable(QStringLiteral("Label1_%1").arg(index))),
                 Qt::LeftButton);
         };
+    }
+    void clickTab(const char* tabs, int index) {
+        QTabBar* bar = tests::child<QTabWidget>(screen(), tabs).tabBar();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
     }
     static tests::Step closeSymbols() {
         return [](QWidget& window) { tests::keysToFocus(window, "<Alt+C>"); };
@@ -163,6 +168,19 @@ TEST_F(Keys, F5OnTheDoseAppendsBehindTheUnit) {
     EXPECT_EQ(text("txtDose"), QString::fromUtf8("5 mCi³"));
 }
 
+/// As a window manager says that a window is on the screen again.
+TEST_F(Keys, AWindowThatWasMinimisedComesBackAsItWasLeft) {
+    open(Kind::Generic);
+    type("txtConsultation", "Uptake");
+    QShowEvent shown;
+    QSpontaneKeyEvent::setSpontaneous(&shown);
+    qApp->notify(&screen(), &shown); // sendEvent() would say that the program sent it
+    EXPECT_EQ(focused(), "txtConsultation");
+    type(" is normal");
+    EXPECT_EQ(text("txtConsultation"), "Uptake is normal");
+    EXPECT_EQ(text("txtCaseNum"), "26-");
+}
+
 TEST_F(Keys, TheYearStandsInFrontAndTypingGoesBehindIt) {
     open(Kind::Generic);
     EXPECT_EQ(focused(), "txtCaseNum");
@@ -212,6 +230,24 @@ TEST_F(Keys, SelectKeepsTheSymbolThatThereIs) {
                         tests::click(tests::child<QPushButton>(window, "cmdSelect"));
                     }});
     EXPECT_EQ(text("txtRoute"), "IV") << "the mouse marks, but only its double click takes";
+}
+
+TEST_F(Keys, NoOtherSymbolIsTakenThanTheOneThatIsMarked) {
+    open(Kind::Generic);
+    type("txtRoute", "IV");
+    const auto enterBehind = [&](const char* mouseOver) {
+        tests::runModal([&] { type("<F5>"); }, {[&](QWidget& window) {
+                            tests::keysToFocus(window, "<Right><Right>");
+                            QMouseEvent move(QEvent::MouseMove, QPointF(5, 5), QPointF(5, 5), Qt::NoButton,
+                                             Qt::NoButton, {});
+                            QCoreApplication::sendEvent(&tests::child<QLabel>(window, mouseOver), &move);
+                            tests::keysToFocus(window, "<Alt+S>");
+                        }});
+    };
+    enterBehind("Label1_3"); // the arrows chose the second one
+    EXPECT_EQ(text("txtRoute"), "IV");
+    enterBehind("Label1_1");
+    EXPECT_EQ(text("txtRoute"), QString::fromUtf8("IV¼"));
 }
 
 TEST_F(Keys, TheSymbolsStandInTheirOrderAndTheMouseMarksOne) {
@@ -386,13 +422,79 @@ TEST_F(Keys, PagesTurnByKeyWhereverTheFocusIs) {
     EXPECT_EQ(focused(), "txtConclusion");
 }
 
+/// The first field of the page that a tab leads to has the focus: what is typed next belongs there.
+TEST_F(Keys, AClickOnATabGoesToItsPage) {
+    open(Kind::Generic);
+    EXPECT_EQ(focused(), "txtCaseNum");
+    clickTab("SSTab1", 1);
+    type("Normal");
+    EXPECT_EQ(text("txtConclusion"), "Normal");
+    EXPECT_EQ(text("txtCaseNum"), "26-");
+    clickTab("SSTab1", 1);
+    EXPECT_EQ(focused(), "txtConclusion");
+    screen().enableFields(std::array{"txtClinicalHistory"}, false);
+    clickTab("SSTab1", 2);
+    EXPECT_EQ(focused(), "btnClose");
+    type("txtRoute", {});
+    clickTab("SSTab1", 1);
+    type("txtRoute", {});
+    clickTab("SSTab1", 2);
+    EXPECT_EQ(focused(), "txtRoute") << "a page that is only read leaves it";
+    screen().Unload();
+
+    open(Kind::Radio);
+    clickTab("SSTab1", 1);
+    EXPECT_EQ(focused(), "txtNormal_11");
+    screen().Unload();
+
+    open(Kind::Perfusion);
+    clickTab("SSTab1", 3);
+    EXPECT_EQ(focused(), "txtStressImages");
+    clickTab("SSTab2", 3);
+    EXPECT_EQ(focused(), "grdTable");
+}
+
+TEST_F(Keys, APageThatIsTurnedWithAnOpenCellComesBackToItsGrid) {
+    open(Kind::Perfusion);
+    type("grdTable", "60");
+    EXPECT_EQ(focused(), "txtEntry");
+    clickTab("SSTab2", 0);
+    EXPECT_EQ(focused(), "txtStressImages");
+    clickTab("SSTab2", 3);
+    EXPECT_EQ(focused(), "grdTable");
+    type("61<Ctrl+PageDown>");
+    EXPECT_EQ(focused(), "txtConclusion");
+    type("<Ctrl+PageUp>");
+    EXPECT_EQ(focused(), "grdTable");
+    type("<Right>65");
+    EXPECT_EQ(tests::child<controls::FlexGrid>(screen(), "grdTable").TextMatrix(1, 1), "61");
+    EXPECT_EQ(tests::child<controls::FlexGrid>(screen(), "grdTable").TextMatrix(1, 2), "65");
+}
+
+TEST_F(Keys, AResultToRevokeNeverComesNearItsCommandByTurningPages) {
+    fill(Kind::Perfusion);
+    screen().showCommands(std::array{"btnRevoke"}, true);
+    screen().showCommands(std::array{"btnSave", "btnSavePrint", "btnClear"}, false);
+    screen().enableFields(std::array{"txtClinicalHistory", "txtConclusion", "txtRemarks"}, false);
+    show();
+    type("txtTechnique", "<Ctrl+PageUp>");
+    EXPECT_EQ(focused(), "btnClose");
+    type("txtTechnique", {});
+    clickTab("SSTab1", 4);
+    EXPECT_EQ(focused(), "btnClose");
+    type("txtStressDetails", "<Shift+Tab>");
+    EXPECT_EQ(focused(), "txtTechnique");
+    type("<Shift+Tab>");
+    EXPECT_EQ(focused(), "txtProtocol") << "over the page that takes nothing";
+}
+
 class WithoutTheMouse : public Keys {
   public:
     /// Types a whole result from the case number on, and saves.
     void enter(Kind kind, const QString& typed) {
         open(kind);
         boxes.expect({"Data Successfully Saved!", controls::vbInformation, "Notification"});
-        type("0001<Tab><Tab><Tab><Tab>" + typed + "<Alt+S>");
+        type("0001<Tab><Tab>" + typed + "<Alt+S>");
     }
     QString stored(const char* columns, const char* table = "tbNucResult") {
         return value(QStringLiteral("SELECT %1 FROM NUCLEAR..%2 WHERE RequestNum = '90001'")

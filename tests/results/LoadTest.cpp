@@ -1,3 +1,4 @@
+#include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
 #include "results/frmResultRadioImmuno.h"
 #include "tests/results/ListFixture.h"
@@ -378,6 +379,25 @@ TEST_F(LoadedResult, EditOpensTheFieldsAndTheCaseNumberOfTheGenericScreenOnly) {
             EXPECT_TRUE(child<QPushButton>(screen, "btnClear").isEnabled());
             EXPECT_TRUE(child<QLineEdit>(screen, "txtCaseNum").isEnabled());
             EXPECT_EQ(isLocked(screen), QLatin1String(entry.name) != u"frmResultEntry") << entry.name;
+        });
+}
+
+/// The one that btnEdit of another screen made is the one that the next request opens.
+TEST_F(LoadedResult, TheHiddenGenericScreenIsFilledAndShownLater) {
+    answerResult("tbNucResult");
+    controls::SharedScreen<results::frmResultEntry>::release();
+    open(entries[2], QStringLiteral("R"),
+         [&](ResultScreen& screen) { tests::click(child<QPushButton>(screen, "btnEdit")); });
+    ASSERT_TRUE(controls::SharedScreen<results::frmResultEntry>::exists());
+    const ResultScreen* hidden = &controls::SharedScreen<results::frmResultEntry>::current();
+    for (const bool first : {true, false})
+        open(entries[0], QStringLiteral("R"), [&](ResultScreen& screen) {
+            EXPECT_EQ(&screen == hidden, first);
+            EXPECT_TRUE(screen.isVisible());
+            EXPECT_EQ(screen.text("txtCaseNum"), QStringLiteral("<casenumber>"));
+            EXPECT_TRUE(isLocked(screen));
+            EXPECT_EQ(shown(screen, commands),
+                      QStringLiteral("btnSave btnSavePrint btnEdit btnPrint btnClear btnClose"));
         });
 }
 

@@ -8,6 +8,7 @@
 #include "results/frmResultEntryMPI.h"
 #include "results/frmResultMaster.h"
 #include "results/frmResultRadioImmuno.h"
+#include "session/HospitalServer.h"
 #include "session/ReportLaunch.h"
 #include "session/Session.h"
 #include "tests/results/ListFixture.h"
@@ -348,6 +349,8 @@ TEST_F(LongText, APageIsFilledBeforeTheNextOneBegins) {
 
 class Paper : public LifeFixture {
   protected:
+    /// The text is the test's own: the scanner has nothing to check in it.
+    void runText(const QString& text) { session::fileServer(file)->open("test")->execute(text); }
     static void saveGfr() {
         session::Run(sql(
             "sp_Nuclear_SaveResultGFR '104001','26004001','90001','26-90001','I','201','205','1101',' mCi',"
@@ -401,12 +404,132 @@ TEST_F(Paper, AnalytesShowOneValueOrBothWhereTheyDiffer) {
     EXPECT_TRUE(text.contains(QStringLiteral("Examination\tRESULT\tRESULT\n")));
 }
 
+/// All eight pairs of a renal study, told apart by their values.
+TEST_F(Paper, EveryMeasurementStandsInItsLineAndColumn) {
+    session::Run(sql(
+        "sp_Nuclear_SaveResultGFR '104001','26004001','90001','26-90001','I','201','205','1101','5 mCi',"
+        "'DTPA','IV','PA','60','165','1001','11/21/2026 8:30:00 AM','Tc-99m', 'L1', 'L2', 'L3', 'L4', 'L5', "
+        "'L6', 'L7', 'R1','R2','R3','R4','R5', 'R6','R7', 'S8'"));
+    const QString text = printed("NucResultGFR.rpt");
+    const QString table = QString::fromUtf8("Measurement\tLEFT\tRIGHT\n"
+                                            "Kidney Area (cm²)\tL1\tR1\n"
+                                            "Kidney Depth (cm)\tL2\tR2\n"
+                                            "Perfusion Index\tL3\tR3\n"
+                                            "Perfusion % (Int)\tL4\tR4\n"
+                                            "Perfusion % (Slo)\tL5\tR5\n"
+                                            "Uptake % (Int)\tL6\tR6\n"
+                                            "GFR\tL7\tR7\n"
+                                            "Scaled GFR (ml/min)\tS8\n");
+    EXPECT_TRUE(text.contains(table)) << qPrintable(text);
+}
+
+TEST_F(Paper, EveryAnalyteStandsInItsLine) {
+    QStringList values;
+    for (int i = 0; i < 22; ++i)
+        values << QStringLiteral("v%1").arg(i);
+    const QString series = u'\'' + values.join(QStringLiteral("','")) + u'\'';
+    runText(
+        QStringLiteral("sp_Nuclear_SaveResultRadio '104001','26004001','90001','26-90001','I','201','205',"
+                       "'1212','','','','','','','1001','11/21/2026 8:30:00 AM',%1,%1,''")
+            .arg(series));
+    const char* const captions[] = {"Calcitonin",
+                                    "Anti-TG",
+                                    "TG (Thyroglobulin)",
+                                    "Anti-TPO (Thyroid Peroxidase)",
+                                    "TSH (Thyroid Stimulating Hormone)",
+                                    "Free T4",
+                                    "Free T3",
+                                    "T4",
+                                    "T3",
+                                    "Progesterone",
+                                    "Cortisol",
+                                    "DHEA-SO4 (Dehydroepiandrosterone)",
+                                    "hGH (Growth Hormone)",
+                                    "hLH (Luteinizing Hormone)",
+                                    "hFSH (Follicle Stimulating Hormone)",
+                                    "AFP (Alpha Fetoprotein)",
+                                    "bHCG (Beta Human Chorionic Gonadotropin)",
+                                    "PSA (Prostate Specific Antigen)",
+                                    "Osteocalcin",
+                                    "C-Peptide",
+                                    "SHBG (Sex Hormone Binding Globulin)",
+                                    "Insulin"};
+    QString table;
+    for (int i = 0; i < 22; ++i)
+        table += QStringLiteral("%1\tv%2\n").arg(QLatin1String(captions[i])).arg(i);
+    const QString text = printed("NucResultRadio.rpt");
+    EXPECT_TRUE(text.contains(table)) << qPrintable(text);
+}
+
+/// A perfusion result whose table would begin low on the first page: without its headings a value does not
+/// tell rest from stress.
+TEST_F(Paper, AParameterTableIsNeverPartedFromItsHeadings) {
+    int moved = 0;
+    for (int lines = 20; lines < 44; ++lines) {
+        session::Run(sql(
+            "sp_Nuclear_SaveResultMPI '104001','26004001','90001','26-90001','I','201','205','1024','MIBI',"
+            "'Bruce','{}','','','','','','60|65','100|90','50|40','|5','normal|','','60','165','1001',"
+            "'11/21/2026 8:30:00 AM',''",
+            QStringLiteral("History.\n").repeated(lines)));
+        session::PrepareReport(session::reportPath(QStringLiteral("NucResultMPI.rpt")),
+                               QStringLiteral("NUCLEAR"), {"26004001", "90001"});
+        const auto pages = session::gReport->run();
+        const QString table = QStringLiteral("Visual Analysis (Spect)\n"
+                                             "Functional Parameters\n"
+                                             "Parameter\tRESTING\tSTRESS\n"
+                                             "Ejection Fraction\t60\t65\n"
+                                             "EDV\t100\t90\n"
+                                             "ESV\t50\t40\n"
+                                             "SV\t5\n"
+                                             "Wall Motion\tnormal\n");
+        const bool onFirst = report::textOf(*pages->page(0)).contains(table);
+        const bool onSecond = pages->pageCount() > 1 && report::textOf(*pages->page(1)).contains(table);
+        EXPECT_NE(onFirst, onSecond) << lines << '\n' << qPrintable(textOf(*pages));
+        moved += onSecond ? 1 : 0;
+    }
+    EXPECT_GT(moved, 0);
+    EXPECT_LT(moved, 24);
+}
+
+TEST_F(Paper, LongNamesAreNeverCut) {
+    const QString last = QStringLiteral("VILLANUEVA-SANTIAGO DELOS ANGELES");
+    session::Run(
+        sql("UPDATE PATIENT_DATA..tbMaster SET LastName = '{}', FirstName = 'MARIA CONSOLACION "
+            "PURIFICACION', MiddleName = 'MAGSAYSAY-BUENAVENTURA', HouseStreet = 'UNIT 1204 TOWER B, SAN "
+            "LORENZO RUIZ RESIDENCES, 18 MAHOGANY STREET CORNER NARRA AVENUE' WHERE HospNum = '104001'",
+            last));
+    session::Run(sql("UPDATE BUILD_FILE..tbcoDoctor SET LastName = '{}', FirstName = 'FELIPE BUENAVENTURA "
+                     "PURIFICACION', MiddleName = 'MAGSAYSAY' WHERE DoctorID IN ('201', '205')",
+                     last));
+    session::Run(sql("sp_Nuclear_SaveResult "
+                     "'104001','26004001','90001','26-90001','I','201','205','1001','','','','','{}',"
+                     "'','','','','1001','11/21/2026 8:30:00 AM',''",
+                     QStringLiteral("One line.\n").repeated(60)));
+    session::PrepareReport(session::reportPath(QStringLiteral("NucResult.rpt")), QStringLiteral("NUCLEAR"),
+                           {"26004001", "90001"});
+    const auto pages = session::gReport->run();
+    ASSERT_EQ(pages->pageCount(), 2);
+    for (int i = 0; i < 2; ++i) {
+        const QString page = withoutBlanks(report::textOf(*pages->page(i)));
+        EXPECT_TRUE(page.contains(withoutBlanks(last) + QStringLiteral(",MARIA"))) << qPrintable(page);
+        EXPECT_TRUE(page.contains(QStringLiteral("MAGSAYSAY-BUENAVENTURA"))) << qPrintable(page);
+        EXPECT_TRUE(page.contains(QStringLiteral("NMNo.26-90001VILLANUEVA"))) << "in the page's foot";
+    }
+    const QString first = report::textOf(*pages->page(0));
+    EXPECT_TRUE(first.contains(QStringLiteral("NARRA"))) << qPrintable(first);
+    EXPECT_EQ(first.count(QStringLiteral("MAGSAYSAY\n")) + first.count(QStringLiteral("MAGSAYSAY\t")), 2)
+        << qPrintable(first);
+    EXPECT_TRUE(withoutBlanks(report::textOf(*pages->page(1))).contains(QStringLiteral("MAGSAYSAYEncodedby")))
+        << qPrintable(report::textOf(*pages->page(1)));
+}
+
 TEST_F(Paper, WithoutAResultThereIsNothingToSign) {
     for (const Kind& kind : kinds) {
         const QString text = printed(kind.report);
         EXPECT_TRUE(text.contains(QStringLiteral("No result is on file for this request.")))
             << qPrintable(text);
         EXPECT_FALSE(text.contains(QStringLiteral("Nuclear Medicine Physician")));
+        EXPECT_FALSE(text.contains(QStringLiteral("NM No."))) << "nor a number in the page's foot";
     }
 }
 

@@ -175,6 +175,16 @@ TEST_F(Save, OfRadioImmunoassaySendsTheShbgBoxTwiceAndNeverTheLastOne) {
     EXPECT_EQ(value("SELECT Insulin FROM NUCLEAR..tbNucRadioResult WHERE RequestNum = '90001'"), "");
 }
 
+TEST_F(Save, ABlankInTheFirstBoxOfAnAnalyteHidesNoValue) {
+    open(Kind::Radio);
+    type("txtLeft_4", " ");
+    type("txtNormal_4", "2.75");
+    type("txtLeft_5", "14.1");
+    save();
+    EXPECT_EQ(value("SELECT TSH + '/' + FreeT4 FROM NUCLEAR..tbNucRadioResult WHERE RequestNum = '90001'"),
+              "2.75/14.1");
+}
+
 TEST_F(Save, TrimsTheKeysAndNothingElse) {
     fill(Kind::Generic);
     screen().RequestNum = " 90001 ";

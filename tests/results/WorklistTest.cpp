@@ -171,6 +171,10 @@ TEST_P(Worklist, SelectingListsThePatientsRequests) {
                   EXPECT_EQ(requests.ColWidth(column), widths[column]);
               }
               EXPECT_EQ(requests.TextMatrix(1, 6), QStringLiteral("26-00007"));
+              EXPECT_GT(requests.cellRect(1, 4).width(),
+                        list.fontMetrics().horizontalAdvance("MYOCARDIAL PERFUSION, REST AND STRESS"))
+                  << "whole";
+              EXPECT_GT(requests.cellRect(1, 2).width(), list.fontMetrics().horizontalAdvance("12/28/2026"));
               EXPECT_TRUE(requests.hasFocus());
               tests::close(list);
           },
@@ -179,6 +183,18 @@ TEST_P(Worklist, SelectingListsThePatientsRequests) {
               EXPECT_EQ(grid(window).Rows(), 3);
           }});
     EXPECT_EQ(lines(takeTexts()), lines({search("SANTOS"), requests("104001")}));
+}
+
+TEST_P(Worklist, ALongNameTakesASecondLine) {
+    const QString part = QString(QStringLiteral("MAGSAYSAY ")).repeated(5);
+    answer(GetParam().search, patientColumns, {{"104001", part, part, part, "90001"}});
+    answerRequests();
+    open({searching("MAG"), selecting(), [](QWidget& list) {
+              EXPECT_LE(list.width(), 1366);
+              auto& name = child<QLabel>(list, "lblName");
+              EXPECT_GE(name.height(), name.heightForWidth(name.width()));
+              tests::close(list);
+          }});
 }
 
 TEST_P(Worklist, ADoubleClickAndEnterSelectToo) {

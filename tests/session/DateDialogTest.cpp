@@ -6,7 +6,6 @@
 #include "tests/session/Drive.h"
 #include "tests/support/screens/ScriptedSession.h"
 
-#include <QDateEdit>
 #include <QPushButton>
 
 using namespace session;
@@ -41,12 +40,12 @@ class DateDialogs : public testing::Test {
 TEST_F(DateDialogs, RangeStartsWithTodayAndEnterStoresIt) {
     show<frmReportDate>([](controls::Screen& screen) {
         EXPECT_EQ(screen.windowTitle(), u"Reports: Date Range");
-        auto& start = childOf<QDateEdit>(screen, "dtStart");
-        EXPECT_EQ(start.date(), QDate(2026, 3, 5));
-        EXPECT_EQ(childOf<QDateEdit>(screen, "dtEnd").date(), QDate(2026, 3, 5));
+        auto& start = childOf<QLineEdit>(screen, "dtStart");
+        EXPECT_EQ(start.text(), u"03/05/2026");
+        EXPECT_EQ(childOf<QLineEdit>(screen, "dtEnd").text(), u"03/05/2026");
         EXPECT_EQ(childOf<QPushButton>(screen, "cmdEnter").text(), u"&Enter");
         EXPECT_EQ(childOf<QPushButton>(screen, "cmdClose").text(), u"&Close");
-        start.setDate(QDate(2026, 2, 28));
+        QTest::keyClicks(&start, "2/28/26");
         QTest::keyClick(&start, Qt::Key_Return);
         EXPECT_TRUE(childOf(screen, "dtEnd").hasFocus());
         QTest::keyClick(&childOf(screen, "dtEnd"), Qt::Key_Return);
@@ -97,7 +96,8 @@ TEST_F(DateDialogs, DateEntryWritesOnOkAndCancelsByWord) {
         EXPECT_EQ(screen.windowTitle(), u"Date Entry");
         EXPECT_EQ(childOf<QPushButton>(screen, "cmdDate_0").text(), u"&Ok");
         EXPECT_EQ(childOf<QPushButton>(screen, "cmdDate_1").text(), u"&Cancel");
-        childOf<QDateEdit>(screen, "dtEnd").setDate(QDate(2026, 3, 31));
+        QTest::keyClick(&childOf(screen, "dtStart"), Qt::Key_Return);
+        QTest::keyClicks(&childOf(screen, "dtEnd"), "03/31/2026");
         click(screen, "cmdDate_0");
     });
     EXPECT_EQ(gReportFrom, u"03/05/2026");
@@ -127,7 +127,8 @@ TEST_P(DailyReport, WritesItsChoice) {
     show<frmDailyReport>([](controls::Screen& screen) {
         EXPECT_EQ(screen.windowTitle(), u"Daily Transaction Report");
         EXPECT_EQ(childOf<QPushButton>(screen, GetParam().button).text(), QLatin1String(GetParam().caption));
-        childOf<QDateEdit>(screen, "dtpEndDate").setDate(QDate(2026, 12, 1));
+        QTest::keyClick(&childOf(screen, "dtpReportDate"), Qt::Key_Return);
+        QTest::keyClicks(&childOf(screen, "dtpEndDate"), "12/01/2026");
         click(screen, GetParam().button);
     });
     EXPECT_EQ(gReportFrom, QLatin1String(GetParam().from));
@@ -186,6 +187,19 @@ TEST_F(Access, NoRowIsNoPassword) {
     session.server().answer(QStringLiteral("SELECT OPDPassword"),
                             ScriptedProvider::rowsOf(QStringLiteral("OPDPassword")));
     EXPECT_FALSE(type(""));
+}
+
+TEST_F(Access, AnEnterThatIsHeldDownAnswersNothing) {
+    hospitalHas("Kerova");
+    auto& dialog = controls::SharedScreen<frmAccess>::fresh();
+    tests::whileModal([&] { dialog.ShowModal(); },
+                      [&](controls::Screen& screen) {
+                          QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+                          QCoreApplication::sendEvent(&childOf(screen, "txtPassword"), &held);
+                          EXPECT_TRUE(screen.isVisible());
+                          EXPECT_TRUE(session.texts().isEmpty());
+                          screen.close();
+                      });
 }
 
 TEST_F(Access, OtherKeysDoNothing) {

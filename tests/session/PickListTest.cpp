@@ -105,6 +105,36 @@ TEST_F(Doctors, EnterBehindTheLastLetterShowsTheHitsFirst) {
     EXPECT_EQ(gCodeFind->ResultCode, u"D1");
 }
 
+TEST_F(Doctors, NoWayTakesARowThatTheTypingHasLeftBehind) {
+    for (const auto& take : std::vector<std::function<void(controls::Screen&)>>{
+             [](controls::Screen& list) { QTest::keyClick(&list, Qt::Key_S, Qt::AltModifier); },
+             [](controls::Screen& list) {
+                 childOf(list, "grdTable").setFocus(Qt::TabFocusReason);
+                 QTest::keyClick(&childOf(list, "grdTable"), Qt::Key_Return);
+             }}) {
+        EXPECT_TRUE(list("", [&](controls::Screen& list) {
+            QTest::keyClicks(&childOf(list, "txtSearch"), QStringLiteral("cr"));
+            take(list);
+            EXPECT_TRUE(list.isVisible()) << "the row was of another text";
+            EXPECT_EQ(hits(list), u"2 doctors");
+            take(list);
+        }));
+        EXPECT_EQ(gCodeFind->ResultCode, u"D1");
+    }
+}
+
+TEST_F(Doctors, AnEnterThatIsHeldDownTakesNothing) {
+    EXPECT_FALSE(list("", [](controls::Screen& list) {
+        for (const char* on : {"txtSearch", "grdTable"}) {
+            childOf(list, on).setFocus();
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+            QCoreApplication::sendEvent(&childOf(list, on), &held);
+            EXPECT_TRUE(list.isVisible()) << on;
+        }
+        QTest::keyClick(&list, Qt::Key_Escape);
+    }));
+}
+
 TEST_F(Doctors, OneHitIsTakenByTheSameEnter) {
     EXPECT_TRUE(list("", [](controls::Screen& list) {
         auto& search = childOf<QLineEdit>(list, "txtSearch");

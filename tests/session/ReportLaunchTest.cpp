@@ -2,14 +2,19 @@
 
 #include "platform/base/Error.h"
 #include "platform/report/Print.h"
+#include "platform/report/Viewer.h"
 #include "session/Session.h"
 #include "session/clsCurrentUser.h"
+#include "session/frmReportViewer.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/LoggedOn.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 using namespace session;
 
@@ -100,6 +105,37 @@ TEST_F(Launch, TableMovesToTheDatabaseUnderTheUsersOwnLogin) {
     EXPECT_EQ(table.password, gUser->serverpassword());
 }
 
+TEST_F(Launch, ASubReportMovesToTheUsersDatabaseUnderTheFixedLogOn) {
+    write("Two.RPT", R"(<report version="1" title="Two">
+  <page width="140mm" height="100mm" left="10mm" right="10mm" top="10mm" bottom="10mm"/>
+  <parameter name="Day"/>
+  <table name="Rooms" location="BUILD_FILE..tbcoRoom">SELECT TOP 1 RoomID FROM {table} ORDER BY RoomID</table>
+  <reportFooter height="10mm"><insert report="Summary" x="0mm" y="0mm"/></reportFooter>
+  <subReport name="Summary">
+    <parameter name="Database"/>
+    <parameter name="Day"/>
+    <table name="Users" location="PASSWORD..tbNuclearUserRights">SELECT EmployeeID FROM {table}</table>
+    <details height="5mm"/>
+  </subReport>
+</report>)");
+    PrepareReport(reportPath(QStringLiteral("Two.RPT")), QStringLiteral("BUILD_FILE"), {"a"});
+    PrepareSubReport(QStringLiteral("Summary"), {"b"});
+    const report::TableLogOn& main = gReport->tables()[0];
+    EXPECT_EQ(main.location, u"BUILD_FILE..tbcoRoom") << "the report's own tables stay";
+    EXPECT_EQ(main.database, u"BUILD_FILE");
+    report::Report& summary = gReport->subReport(QStringLiteral("Summary"));
+    ASSERT_EQ(summary.tables().size(), 1U);
+    const report::TableLogOn& table = summary.tables()[0];
+    EXPECT_EQ(table.location, u"NUCLEAR..tbNuclearUserRights");
+    EXPECT_EQ(table.server, gUser->ServerName());
+    EXPECT_EQ(table.database, gUser->Database());
+    EXPECT_EQ(table.login, u"sa");
+    EXPECT_EQ(table.password, gServerPassword);
+    EXPECT_EQ(summary.missingParameters(), std::vector<int>{1}) << "its own fields, in their order";
+    EXPECT_TRUE(gReport->missingParameters().empty());
+    EXPECT_NE(errorOf([] { PrepareSubReport(QStringLiteral("Sumary"), {}); }), 0);
+}
+
 TEST_F(Launch, OnlyWhatStandsBeforeTheFirstPointMoves) {
     report::TableLogOn procedure{QStringLiteral("BILLING.dbo.sp_Some"), {}, {}, {}, {}};
     SetReportTableLogOn(procedure, QStringLiteral("NUCLEAR"));
@@ -152,6 +188,43 @@ TEST_F(Launch, ViewerShowsTheReportAndReleasesItWhenItIsLeft) {
                           EXPECT_FALSE(gReport);
                       });
     EXPECT_FALSE(gReport);
+}
+
+TEST_F(Launch, ViewerStartsUnderItsOwnCaptionAtPageWidthAndFillsTheScreen) {
+    EXPECT_EQ(frmReportViewer().windowTitle(), u"VIEW REPORT");
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+    tests::whileModal([] { ShowReport(false, QStringLiteral("One"), false); },
+                      [](controls::Screen& screen) {
+                          auto& viewer = tests::childOf<report::Viewer>(screen, "CRViewer1");
+                          EXPECT_TRUE(viewer.command(QStringLiteral("fitWidth"))->isChecked());
+                          EXPECT_FALSE(viewer.isGroupTreeShown());
+                          EXPECT_EQ(viewer.geometry(), screen.rect());
+                          screen.resize(screen.width() - 200, screen.height() - 100);
+                          QCoreApplication::processEvents();
+                          EXPECT_EQ(viewer.geometry(), screen.rect());
+                          screen.close();
+                      });
+}
+
+TEST_F(Launch, ValuesThatAreMissingAreAskedForAndNothingIsShownOrPrintedWithoutThem) {
+    const QString target = folder.filePath(QStringLiteral("missing.pdf"));
+    report::setPrintTarget(target);
+    for (const bool directPrint : {false, true}) {
+        PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a"});
+        int asked = 0;
+        QTimer::singleShot(0, [&asked] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            ++asked;
+            EXPECT_EQ(dialog->findChildren<QLineEdit*>().size(), 1) << "the first one has its value";
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        ShowReport(false, QStringLiteral("One"), directPrint);
+        EXPECT_EQ(asked, 1);
+        EXPECT_FALSE(gReport);
+    }
+    EXPECT_FALSE(QFile::exists(target));
+    EXPECT_TRUE(controls::Screen::openScreens().empty());
 }
 
 class NoPrinter : public report::PrintTarget {

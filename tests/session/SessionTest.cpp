@@ -202,6 +202,18 @@ TEST_F(Start, PatientServiceThatFailsEndsSilently) {
     EXPECT_EQ(screens.mainMenus, 0);
 }
 
+TEST_F(Start, TheHeadingIsReadWithoutItsBlanksAndNullIsEmpty) {
+    server->answer(
+        QStringLiteral("Select * from PATIENT_DATA..tbHospitalInfo"),
+        ScriptedProvider::rowsOf(QStringLiteral("Company,Address1,Title,TinNo"),
+                                 {{" Kerova General Hospital   ", "1 Main Street  ", nullptr, "1 "}}));
+    mainAs("1001", "secret");
+    EXPECT_EQ(gHospitalName, u"Kerova General Hospital");
+    EXPECT_EQ(gHospitalAddress, u"1 Main Street");
+    EXPECT_EQ(gHospitalTitle, u"");
+    EXPECT_EQ(gHospitalTin, u"1");
+}
+
 TEST_F(Start, NoHeadingRowIsARunTimeError) {
     server->answer(QStringLiteral("Select * from PATIENT_DATA..tbHospitalInfo"),
                    ScriptedProvider::rowsOf(QStringLiteral("Company,Address1,Title,TinNo")));

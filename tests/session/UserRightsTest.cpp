@@ -208,6 +208,7 @@ TEST(UserRightsTicks, ComeFromThePartsBetweenTheBars) {
     EXPECT_EQ(tickedFor("|1|17|99"), u"1 17");
     EXPECT_EQ(tickedFor("1|7"), u"1 7");
     EXPECT_EQ(tickedFor("| 7"), u"") << "a part is compared as it is";
+    EXPECT_EQ(tickedFor("|1|7   "), u"1 7") << "the column's blanks belong to no part";
 }
 
 TEST(UserRightsTicks, ATextShorterThanTwoCharactersTicksNothing) {
@@ -215,6 +216,47 @@ TEST(UserRightsTicks, ATextShorterThanTwoCharactersTicksNothing) {
     EXPECT_EQ(tickedFor("7"), u"");
     EXPECT_EQ(tickedFor("|"), u"");
     EXPECT_EQ(tickedFor(nullptr), u"");
+}
+
+TEST(UserRightsSave, TheBlanksOfAWideColumnHideNoNumber) {
+    tests::ScriptedSession session;
+    session.server().answer(readCatalogue,
+                            ScriptedProvider::rowsOf(QStringLiteral("ItemID,Description,Status"),
+                                                     {{"7    ", "Request Cancellation   ", "A"}}));
+    session.server().answer(QStringLiteral("NUCLEAR..spNuclear_SearchNuclearUsers"),
+                            ScriptedProvider::rowsOf(QStringLiteral("Employee Code,Employee Name,Position"),
+                                                     {{"1002", "BAUTISTA, MARICEL O.", "ENCODER"}}));
+    session.server().answer(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearUserRights"),
+                            ScriptedProvider::rowsOf(QStringLiteral("EmployeeID,EmployeeRights")));
+    tests::MessageScript boxes{
+        {QStringLiteral("User Rights Updated"), controls::vbInformation, QStringLiteral("Message")}};
+    runModal(open, {[&session](QWidget& screen) {
+                 keys(child<QLineEdit>(screen, "txtEmployeeID"), QStringLiteral("BA<Enter><Enter>"));
+                 session.texts().clear();
+                 keysToFocus(screen, QStringLiteral("<Alt+A><Alt+S>"));
+             }});
+    ASSERT_FALSE(session.texts().isEmpty());
+    EXPECT_EQ(session.texts()[0], u"NUCLEAR..spNuclear_SaveUserRights '1002','|7','1001'");
+}
+
+TEST_F(UserRights, RightsAreNotSavedUnderACodeThatWasTypedOverTheChosenOne) {
+    runModal(open, {[this](QWidget& screen) {
+                 auto& code = child<QLineEdit>(screen, "txtEmployeeID");
+                 auto& save = child<QPushButton>(screen, "cmdSave");
+                 keys(code, QStringLiteral("BA<Enter><Enter><Alt+A>"));
+                 EXPECT_TRUE(save.isEnabled());
+                 code.selectAll();
+                 keys(code, QStringLiteral("1007"));
+                 EXPECT_FALSE(save.isEnabled());
+                 session.texts().clear();
+                 keysToFocus(screen, QStringLiteral("<Alt+S>"));
+                 EXPECT_EQ(session.texts(), QStringList());
+                 EXPECT_EQ(ticked(screen), u"1 7 17") << "nothing is lost";
+                 code.selectAll();
+                 keys(code, QStringLiteral("1002"));
+                 EXPECT_TRUE(save.isEnabled());
+                 keysToFocus(screen, QStringLiteral("<Alt+C>"));
+             }});
 }
 
 TEST_F(UserRights, SelectAllTicksAndClearsEveryEntry) {

@@ -117,7 +117,6 @@ int runTour(const QString& folder) {
 /// scintra-tour [FOLDER]
 int main(int argc, char** argv) {
     controls::Application application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("scintra-tour"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);

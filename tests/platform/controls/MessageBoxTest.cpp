@@ -75,12 +75,32 @@ TEST(MessageBox, ShowsTitlePromptAndIcon) {
         QStringLiteral("Warning"));
 }
 
+TEST(MessageBox, AKeyThatIsHeldDownAnswersNothing) {
+    const auto answer = answerOf(vbYesNo, [](QWidget& window) {
+        for (const auto& [key, text] : {std::pair{Qt::Key_Return, "\r"},
+                                        {Qt::Key_Space, " "},
+                                        {Qt::Key_Y, "y"},
+                                        {Qt::Key_Escape, ""}}) {
+            QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString::fromLatin1(text), true);
+            QCoreApplication::sendEvent(window.focusWidget(), &held);
+            EXPECT_TRUE(window.isVisible()) << text;
+        }
+        tests::keysToFocus(window, QStringLiteral("y"));
+    });
+    EXPECT_EQ(answer, vbYes);
+}
+
 TEST(MessageBox, WithoutATitleTheProgramsNameStands) {
     answerOf(vbOKOnly, [](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Visual Kerova - Visual Scintra"));
         EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("messageIcon")), nullptr);
         tests::keysToFocus(window, QStringLiteral("<Esc>"));
     });
+}
+
+TEST(MessageBox, TitlesAreNotLengthened) {
+    // A display name of its own would stand behind the title of every window.
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
 }
 
 TEST(MessageBox, CtrlCCopiesTheText) {

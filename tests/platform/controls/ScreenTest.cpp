@@ -288,6 +288,15 @@ TEST(Screen, AListThatIsFilledWhileLoadingHasTheHousesRows) {
     screen.Unload();
 }
 
+TEST(Screen, CaptionsStandAloneOnTheirWindows) {
+    const QString name = QCoreApplication::applicationName();
+    EXPECT_EQ(name, QStringLiteral("Visual Kerova - Visual Scintra"));
+    // A display name of its own would not follow, and would be drawn behind every caption.
+    QCoreApplication::setApplicationName(QStringLiteral("another"));
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QStringLiteral("another"));
+    QCoreApplication::setApplicationName(name);
+}
+
 TEST(Screen, SelectAllTextStartsAtTheFirstCharacter) {
     QLineEdit field;
     field.setText(QStringLiteral("1012"));

@@ -246,6 +246,41 @@ TEST(Layout, AGroupCanBeginAPage) {
     EXPECT_EQ(textsOf(*document, 1), (QStringList{"MD", "line", "line"}));
 }
 
+TEST(Layout, ABandIsKeptWithTheNextOneThatShows) {
+    const QString keeps = QStringLiteral("keepWithNext=\"yes\"");
+    const auto text = [](const QString& words) { return field(u'"' + words + u'"'); };
+    const QString table = band("details", text("head"), "10mm", keeps) +
+                          band("details", text("hidden"), "10mm", "visible=\"1 = 2\"") +
+                          band("details", text("first"), "10mm", keeps) + band("details", text("last")) +
+                          band("details", text("behind"));
+    const auto pages = [&](int before, const QString& kept) {
+        const auto document = laidOut(band("details", text("before")).repeated(before) + kept, "A", {{"x"}});
+        return std::pair(textsOf(*document, 0).mid(before), textsOf(*document, 1));
+    };
+    // Eight bands a page.
+    EXPECT_EQ(pages(5, table).first, (QStringList{"head", "first", "last"}));
+    EXPECT_EQ(pages(5, table).second, QStringList{"behind"});
+    EXPECT_EQ(pages(6, table).first, QStringList());
+    EXPECT_EQ(pages(6, table).second, (QStringList{"head", "first", "last", "behind"}));
+    EXPECT_EQ(pages(7, table).first, QStringList());
+
+    const QString tooMuch = band("details", text("row"), "10mm", keeps).repeated(9);
+    EXPECT_EQ(pages(6, tooMuch).first, (QStringList{"row", "row"})) << "no page would hold it";
+    EXPECT_EQ(pages(6, tooMuch).second.size(), 7);
+    EXPECT_EQ(pages(7, tooMuch).first, QStringList()) << "but the first one never stands alone";
+
+    // Of a text that tears the first lines are enough.
+    const QString torn = band("details", text("head"), "10mm", keeps) +
+                         band("details", field("{A}", "grow=\"yes\""), "5mm", "tear=\"yes\"");
+    const auto lines = [&](int before) {
+        const auto document = laidOut(band("details", text("before")).repeated(before) + torn, "A",
+                                      {{QStringLiteral("line\n").repeated(20).trimmed()}});
+        return std::pair(textsOf(*document, 0).count("head"), textsOf(*document, 0).count("line") > 0);
+    };
+    EXPECT_EQ(lines(5), std::pair(qsizetype(1), true));
+    EXPECT_EQ(lines(6), std::pair(qsizetype(0), false));
+}
+
 TEST(Layout, ABandHigherThanThePageIsCutBetweenLines) {
     QString text;
     for (int i = 1; i <= 60; ++i)

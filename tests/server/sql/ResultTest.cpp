@@ -132,6 +132,19 @@ TEST_F(Results, ARevokedRadioImmunoassayKeepsBothItsSeries) {
     EXPECT_EQ(count(QStringLiteral("tbNucRevokedResult"), QStringLiteral("RequestNum = '90002'")), 0);
 }
 
+/// On paper there is none either: one that was taken out must not come back by itself.
+TEST_F(Results, AResultSavedWithoutAnAttendingDoctorShowsNone) {
+    const QString ask = QStringLiteral("sp_Nuclear_ResultEntry '90001'");
+    EXPECT_NE(cell(rows(ask), 0, "AttendingDocCode"), QStringLiteral("<Null>")) << "the stay's";
+    saveGeneric("90001", "26-90001");
+    run(QStringLiteral("UPDATE tbNucResult SET AttendingDocCode = '' WHERE RequestNum = '90001'"));
+    EXPECT_EQ(cell(rows(ask), 0, "AttendingDocCode"), QStringLiteral("<Null>"));
+    run(QStringLiteral("UPDATE tbNucResult SET CardiologistCode = '204' WHERE RequestNum = '90001'"));
+    EXPECT_NE(cell(rows(ask), 0, "AttendingDocCode"), QStringLiteral("<Null>"))
+        << "a perfusion result has none of its own";
+    EXPECT_EQ(cell(rows(ask), 0, "CardiologistCode"), QStringLiteral("204"));
+}
+
 TEST_F(Results, TheDoctorsOfARevokedResultAreOver) {
     const QString ask = QStringLiteral("sp_Nuclear_ResultEntry '90001'");
     const QString before = cell(rows(ask), 0, "requestdoccode");

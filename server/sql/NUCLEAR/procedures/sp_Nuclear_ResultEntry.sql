@@ -1,5 +1,6 @@
--- One request with everything that a result screen shows of it. The doctors of a saved result go before the stay's;
--- those of a revoked one are over.
+-- One request with everything that a result screen shows of it. The doctors of a saved result go before the stay's,
+-- also where the result names none; a perfusion result has no attending doctor of its own, the others no cardiologist.
+-- Those of a revoked result are over.
 USE NUCLEAR
 GO
 
@@ -17,8 +18,11 @@ FROM vwNuclearResultRequest N
 LEFT JOIN tbNucResult R ON R.RequestNum = N.RequestNum AND N.RequestStatus = 'W'
 LEFT JOIN tbNucRadioResult S ON S.RequestNum = N.RequestNum AND N.RequestStatus = 'W'
 LEFT JOIN BUILD_FILE..tbcoDoctor D
-    ON D.DoctorID = COALESCE(NULLIF(R.AttendingDocCode, ''), S.AttendingDocCode, N.AttendingDocCode)
-LEFT JOIN BUILD_FILE..tbcoDoctor K ON K.DoctorID = COALESCE(NULLIF(R.CardiologistCode, ''), N.CardiologistCode)
+    ON D.DoctorID = CASE WHEN R.AttendingDocCode = '' AND R.CardiologistCode <> '' THEN N.AttendingDocCode
+        ELSE COALESCE(R.AttendingDocCode, S.AttendingDocCode, N.AttendingDocCode) END
+LEFT JOIN BUILD_FILE..tbcoDoctor K
+    ON K.DoctorID = CASE WHEN R.CardiologistCode = '' AND R.AttendingDocCode <> '' THEN N.CardiologistCode
+        ELSE COALESCE(R.CardiologistCode, N.CardiologistCode) END
 LEFT JOIN BUILD_FILE..tbcoDoctor Q
     ON Q.DoctorID = COALESCE(R.RequestDocCode, S.RequestDocCode, N.RequestDocCode)
 WHERE N.RequestNum = @RequestNum

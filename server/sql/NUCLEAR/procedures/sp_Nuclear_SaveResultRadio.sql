@@ -1,5 +1,5 @@
--- A radio-immunoassay result, new or changed. Each analyte has two boxes; the first one that holds something is the
--- result, and the second series is kept beside it. The last value of the first series is no analyte's own.
+-- A radio-immunoassay result, new or changed. Each analyte has two boxes; the first one that holds more than blanks is
+-- the result, and the second series is kept beside it. The last value of the first series is no analyte's own.
 USE NUCLEAR
 GO
 
@@ -73,18 +73,18 @@ UPDATE tbNucRadioResult
 SET HospNum = @HospNum, IdNum = @IdNum, CaseNumber = @CaseNumber, PatientType = @PatientType, AttendingDocCode =
     @AttendingDocCode, RequestDocCode = @RequestDocCode, ItemID = @ItemID, Dose = @Dose, Radiopharmaceutical =
     @Radiopharmaceutical, Route = @Route, Projections = @Projections, Weight = @Weight, Height = @Height, UserID =
-    @UserID, ResultDate = @ResultDate, Calcitonin = ISNULL(NULLIF(@FirstCalcitonin, ''), @SecondCalcitonin), AntiTG
-    = ISNULL(NULLIF(@FirstAntiTG, ''), @SecondAntiTG), TG = ISNULL(NULLIF(@FirstTG, ''), @SecondTG), AntiTPO =
-    ISNULL(NULLIF(@FirstAntiTPO, ''), @SecondAntiTPO), TSH = ISNULL(NULLIF(@FirstTSH, ''), @SecondTSH), FreeT4 =
-    ISNULL(NULLIF(@FirstFreeT4, ''), @SecondFreeT4), FreeT3 = ISNULL(NULLIF(@FirstFreeT3, ''), @SecondFreeT3), T4 =
-    ISNULL(NULLIF(@FirstT4, ''), @SecondT4), T3 = ISNULL(NULLIF(@FirstT3, ''), @SecondT3), Progesterone =
-    ISNULL(NULLIF(@FirstProgesterone, ''), @SecondProgesterone), Cortisol = ISNULL(NULLIF(@FirstCortisol, ''),
-    @SecondCortisol), DHEA = ISNULL(NULLIF(@FirstDHEA, ''), @SecondDHEA), HGH = ISNULL(NULLIF(@FirstHGH, ''),
-    @SecondHGH), HLH = ISNULL(NULLIF(@FirstHLH, ''), @SecondHLH), HFSH = ISNULL(NULLIF(@FirstHFSH, ''),
-    @SecondHFSH), AFP = ISNULL(NULLIF(@FirstAFP, ''), @SecondAFP), BHCG = ISNULL(NULLIF(@FirstBHCG, ''),
-    @SecondBHCG), PSA = ISNULL(NULLIF(@FirstPSA, ''), @SecondPSA), Osteocalcin = ISNULL(NULLIF(@FirstOsteocalcin,
-    ''), @SecondOsteocalcin), CPeptide = ISNULL(NULLIF(@FirstCPeptide, ''), @SecondCPeptide), SHBG =
-    ISNULL(NULLIF(@FirstSHBG, ''), @SecondSHBG), Insulin = @SecondInsulin, Technologist = @Technologist
+    @UserID, ResultDate = @ResultDate, Calcitonin = ISNULL(NULLIF(RTRIM(@FirstCalcitonin), ''), @SecondCalcitonin), AntiTG
+    = ISNULL(NULLIF(RTRIM(@FirstAntiTG), ''), @SecondAntiTG), TG = ISNULL(NULLIF(RTRIM(@FirstTG), ''), @SecondTG), AntiTPO =
+    ISNULL(NULLIF(RTRIM(@FirstAntiTPO), ''), @SecondAntiTPO), TSH = ISNULL(NULLIF(RTRIM(@FirstTSH), ''), @SecondTSH), FreeT4 =
+    ISNULL(NULLIF(RTRIM(@FirstFreeT4), ''), @SecondFreeT4), FreeT3 = ISNULL(NULLIF(RTRIM(@FirstFreeT3), ''), @SecondFreeT3), T4 =
+    ISNULL(NULLIF(RTRIM(@FirstT4), ''), @SecondT4), T3 = ISNULL(NULLIF(RTRIM(@FirstT3), ''), @SecondT3), Progesterone =
+    ISNULL(NULLIF(RTRIM(@FirstProgesterone), ''), @SecondProgesterone), Cortisol = ISNULL(NULLIF(RTRIM(@FirstCortisol), ''),
+    @SecondCortisol), DHEA = ISNULL(NULLIF(RTRIM(@FirstDHEA), ''), @SecondDHEA), HGH = ISNULL(NULLIF(RTRIM(@FirstHGH), ''),
+    @SecondHGH), HLH = ISNULL(NULLIF(RTRIM(@FirstHLH), ''), @SecondHLH), HFSH = ISNULL(NULLIF(RTRIM(@FirstHFSH), ''),
+    @SecondHFSH), AFP = ISNULL(NULLIF(RTRIM(@FirstAFP), ''), @SecondAFP), BHCG = ISNULL(NULLIF(RTRIM(@FirstBHCG), ''),
+    @SecondBHCG), PSA = ISNULL(NULLIF(RTRIM(@FirstPSA), ''), @SecondPSA), Osteocalcin = ISNULL(NULLIF(RTRIM(@FirstOsteocalcin),
+    ''), @SecondOsteocalcin), CPeptide = ISNULL(NULLIF(RTRIM(@FirstCPeptide), ''), @SecondCPeptide), SHBG =
+    ISNULL(NULLIF(RTRIM(@FirstSHBG), ''), @SecondSHBG), Insulin = @SecondInsulin, Technologist = @Technologist
 WHERE RequestNum = @RequestNum
 IF @@ROWCOUNT = 0
     INSERT INTO tbNucRadioResult (RequestNum,
@@ -95,17 +95,17 @@ IF @@ROWCOUNT = 0
     VALUES (@RequestNum,
         @HospNum, @IdNum, @CaseNumber, @PatientType, @AttendingDocCode, @RequestDocCode, @ItemID, @Dose,
         @Radiopharmaceutical, @Route, @Projections, @Weight, @Height, @UserID, @ResultDate,
-        ISNULL(NULLIF(@FirstCalcitonin, ''), @SecondCalcitonin), ISNULL(NULLIF(@FirstAntiTG, ''), @SecondAntiTG),
-        ISNULL(NULLIF(@FirstTG, ''), @SecondTG), ISNULL(NULLIF(@FirstAntiTPO, ''), @SecondAntiTPO),
-        ISNULL(NULLIF(@FirstTSH, ''), @SecondTSH), ISNULL(NULLIF(@FirstFreeT4, ''), @SecondFreeT4),
-        ISNULL(NULLIF(@FirstFreeT3, ''), @SecondFreeT3), ISNULL(NULLIF(@FirstT4, ''), @SecondT4),
-        ISNULL(NULLIF(@FirstT3, ''), @SecondT3), ISNULL(NULLIF(@FirstProgesterone, ''), @SecondProgesterone),
-        ISNULL(NULLIF(@FirstCortisol, ''), @SecondCortisol), ISNULL(NULLIF(@FirstDHEA, ''), @SecondDHEA),
-        ISNULL(NULLIF(@FirstHGH, ''), @SecondHGH), ISNULL(NULLIF(@FirstHLH, ''), @SecondHLH),
-        ISNULL(NULLIF(@FirstHFSH, ''), @SecondHFSH), ISNULL(NULLIF(@FirstAFP, ''), @SecondAFP),
-        ISNULL(NULLIF(@FirstBHCG, ''), @SecondBHCG), ISNULL(NULLIF(@FirstPSA, ''), @SecondPSA),
-        ISNULL(NULLIF(@FirstOsteocalcin, ''), @SecondOsteocalcin), ISNULL(NULLIF(@FirstCPeptide, ''),
-        @SecondCPeptide), ISNULL(NULLIF(@FirstSHBG, ''), @SecondSHBG), @SecondInsulin, @Technologist)
+        ISNULL(NULLIF(RTRIM(@FirstCalcitonin), ''), @SecondCalcitonin), ISNULL(NULLIF(RTRIM(@FirstAntiTG), ''), @SecondAntiTG),
+        ISNULL(NULLIF(RTRIM(@FirstTG), ''), @SecondTG), ISNULL(NULLIF(RTRIM(@FirstAntiTPO), ''), @SecondAntiTPO),
+        ISNULL(NULLIF(RTRIM(@FirstTSH), ''), @SecondTSH), ISNULL(NULLIF(RTRIM(@FirstFreeT4), ''), @SecondFreeT4),
+        ISNULL(NULLIF(RTRIM(@FirstFreeT3), ''), @SecondFreeT3), ISNULL(NULLIF(RTRIM(@FirstT4), ''), @SecondT4),
+        ISNULL(NULLIF(RTRIM(@FirstT3), ''), @SecondT3), ISNULL(NULLIF(RTRIM(@FirstProgesterone), ''), @SecondProgesterone),
+        ISNULL(NULLIF(RTRIM(@FirstCortisol), ''), @SecondCortisol), ISNULL(NULLIF(RTRIM(@FirstDHEA), ''), @SecondDHEA),
+        ISNULL(NULLIF(RTRIM(@FirstHGH), ''), @SecondHGH), ISNULL(NULLIF(RTRIM(@FirstHLH), ''), @SecondHLH),
+        ISNULL(NULLIF(RTRIM(@FirstHFSH), ''), @SecondHFSH), ISNULL(NULLIF(RTRIM(@FirstAFP), ''), @SecondAFP),
+        ISNULL(NULLIF(RTRIM(@FirstBHCG), ''), @SecondBHCG), ISNULL(NULLIF(RTRIM(@FirstPSA), ''), @SecondPSA),
+        ISNULL(NULLIF(RTRIM(@FirstOsteocalcin), ''), @SecondOsteocalcin), ISNULL(NULLIF(RTRIM(@FirstCPeptide), ''),
+        @SecondCPeptide), ISNULL(NULLIF(RTRIM(@FirstSHBG), ''), @SecondSHBG), @SecondInsulin, @Technologist)
 UPDATE tbNucResultRadio
 SET HospNum = @HospNum, IdNum = @IdNum, CaseNumber = @CaseNumber, PatientType = @PatientType, AttendingDocCode =
     @AttendingDocCode, RequestDocCode = @RequestDocCode, ItemID = @ItemID, Dose = @Dose, Radiopharmaceutical =
