@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "platform/odbc/DataSources.h"
+#include "platform/odbc/Diagnostics.h"
 #include "platform/odbc/OdbcProvider.h"
 
 #include <QHash>
@@ -22,7 +23,7 @@ QHash<QString, DatabaseLogin>& askedLogins() {
 }
 
 /// The kinds of failure that a clerk can tell somebody about.
-enum class Trouble { None, Login, Line, Driver, Database, Objects, Permission };
+enum class Trouble { None, Login, Line, Encryption, Driver, Database, Objects, Permission };
 
 Trouble troubleOf(const base::RunTimeError& error) {
     struct Kind {
@@ -42,6 +43,8 @@ Trouble troubleOf(const base::RunTimeError& error) {
     case 262:
     case 916:
         return Trouble::Permission;
+    case odbc::errors::notAgreed:
+        return Trouble::Encryption;
     default:
         break;
     }
@@ -113,6 +116,10 @@ QString OdbcServer::sentence(const base::RunTimeError& error) const {
         return QStringLiteral(
                    "%1 cannot be reached. Is the server running, and this computer on the network? "
                    "(%2)")
+            .arg(m_dataSource, words);
+    case Trouble::Encryption:
+        return QStringLiteral("%1 answers, but it and the data source do not agree on encryption or on the "
+                              "version of the protocol. (%2)")
             .arg(m_dataSource, words);
     case Trouble::Driver:
         return QStringLiteral("The data source %1 does not work on this computer. (%2)")

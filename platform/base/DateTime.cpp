@@ -17,6 +17,11 @@ std::optional<DateTime>& fixedNow() {
     return moment;
 }
 
+qint64& msAhead() {
+    static qint64 ms = 0;
+    return ms;
+}
+
 qint64 floorDay(qint64 ms) {
     return ms >= 0 ? ms / msPerDay : -((-ms + msPerDay - 1) / msPerDay);
 }
@@ -115,7 +120,7 @@ DateTime now() {
         knownMinute = utc / msPerMinute;
         offset = QDateTime::fromMSecsSinceEpoch(utc).offsetFromUtc() * 1000LL;
     }
-    return DateTime{utc + offset};
+    return DateTime{utc + offset + msAhead()};
 }
 
 DateTime today() {
@@ -128,6 +133,14 @@ FixedClock::FixedClock(DateTime moment) : m_outer(fixedNow()) {
 
 FixedClock::~FixedClock() {
     fixedNow() = m_outer;
+}
+
+ClockAhead::ClockAhead(int days) : m_ms(days * msPerDay) {
+    msAhead() += m_ms;
+}
+
+ClockAhead::~ClockAhead() {
+    msAhead() -= m_ms;
 }
 
 } // namespace base

@@ -64,4 +64,16 @@ class FixedClock {
     std::optional<DateTime> m_outer;
 };
 
+/// Lets now() run ahead of the computer's clock by so many days, while it lives.
+class ClockAhead {
+  public:
+    explicit ClockAhead(int days);
+    ~ClockAhead();
+    ClockAhead(const ClockAhead&) = delete;
+    ClockAhead& operator=(const ClockAhead&) = delete;
+
+  private:
+    qint64 m_ms;
+};
+
 } // namespace base

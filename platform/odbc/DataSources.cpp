@@ -1,11 +1,68 @@
 #include "platform/odbc/DataSources.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/LateLibrary.h"
 #include "platform/odbc/Handle.h"
+
+#include <odbcinst.h>
+
+#include <QRegularExpression>
 
 #include <algorithm>
 
 namespace odbc {
+namespace {
+
+using ReadSetting = decltype(&::SQLGetPrivateProfileString);
+
+/// From the part of the driver manager that reads its files, loaded with its first use as the rest is. Null
+/// where there is none: then drivers read by themselves what they do.
+ReadSetting findReader() {
+    ReadSetting read = nullptr;
+    try {
+        constexpr int notLoaded = 48;
+#ifdef _WIN32
+        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbccp32"), -1);
+#else
+        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbcinst"), 2);
+#endif
+        library.resolve("SQLGetPrivateProfileString", read);
+    } catch (const base::RunTimeError&) {
+        return nullptr;
+    }
+    return read;
+}
+
+/// "" when the section has no such setting.
+QString settingOf(const QString& section, const char* keyword, const char* file = "odbc.ini") {
+    static const ReadSetting read = findReader();
+    if (!read || section.isEmpty())
+        return {};
+    std::vector<char> value(512);
+    const int length =
+        read(section.toLocal8Bit().constData(), keyword, "", value.data(), int(value.size()), file);
+    return length > 0 ? QString::fromLocal8Bit(value.data()) : QString();
+}
+
+/// A value of a connection string, without its braces; "" when there is none.
+QString valueOf(const QString& connection, const char* keyword) {
+    const QRegularExpression pattern(
+        QStringLiteral(R"((?:^|;)\s*%1\s*=\s*(\{[^}]*\}|[^;]*))").arg(QLatin1StringView(keyword)),
+        QRegularExpression::CaseInsensitiveOption);
+    const QString value = pattern.match(connection).captured(1).trimmed();
+    return value.startsWith(u'{') ? value.mid(1, value.size() - 2) : value;
+}
+
+/// Drivers go by their file or by the name of a section that holds it.
+bool isFreeTds(const QString& connection, const QString& dataSource) {
+    QString driver = valueOf(connection, "Driver");
+    if (driver.isEmpty())
+        driver = settingOf(dataSource, "Driver");
+    return (driver + settingOf(driver, "Driver", "odbcinst.ini"))
+        .contains(QLatin1StringView("tds"), Qt::CaseInsensitive);
+}
+
+} // namespace
 
 std::vector<DataSource> dataSources() {
     std::vector<DataSource> found;
@@ -42,11 +99,32 @@ ConnectionText& ConnectionText::add(const char* keyword, const QString& value) {
     const bool plain = std::all_of(value.begin(), value.end(), [](QChar c) {
         return c.isLetterOrNumber() || QStringView(u"_-./\\: ").contains(c);
     });
+    const bool goesBare = value.contains(u'}') && !value.contains(u';') && !value.startsWith(u'{');
     QString safe = value;
-    if (!plain || value.startsWith(u' ') || value.endsWith(u' '))
+    if ((!plain && !goesBare) || value.startsWith(u' ') || value.endsWith(u' '))
         safe = u'{' + safe.replace(u'}', QLatin1StringView("}}")) + u'}';
     m_text += QLatin1StringView(keyword) + u'=' + safe + u';';
     return *this;
+}
+
+QString completed(const QString& connection, int statementSeconds) {
+    const QString dataSource = valueOf(connection, "DSN");
+    ConnectionText more;
+    if (!dataSource.isEmpty() && !hasLogin(connection)) {
+        const QString user = settingOf(dataSource, "UID");
+        if (!user.isEmpty())
+            more.add("UID", user).add("PWD", settingOf(dataSource, "PWD"));
+    }
+    if (isFreeTds(connection, dataSource) && valueOf(connection, "Timeout").isEmpty() &&
+        settingOf(dataSource, "Timeout").isEmpty())
+        more.add("Timeout", QString::number(statementSeconds));
+    if (more.text().isEmpty() || connection.endsWith(u';'))
+        return connection + more.text();
+    return connection + u';' + more.text();
+}
+
+bool hasLogin(const QString& connection) {
+    return !valueOf(connection, "UID").isEmpty() || !valueOf(connection, "Trusted_Connection").isEmpty();
 }
 
 } // namespace odbc

@@ -11,6 +11,8 @@ inline constexpr int unspecified = -2147467259;
 inline constexpr int timeOut = -2147217871;
 inline constexpr int loginFailed = 18456;
 inline constexpr int truncated = 8152;
+/// FreeTDS: the server answers, but the log-on came to nothing, for the encryption or the version.
+inline constexpr int notAgreed = 20002;
 inline constexpr int noTransaction = -2147168242;
 } // namespace errors
 

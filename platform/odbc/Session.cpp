@@ -1,5 +1,6 @@
 #include "platform/odbc/Session.h"
 
+#include "platform/odbc/DataSources.h"
 #include "platform/odbc/Diagnostics.h"
 
 #include <algorithm>
@@ -18,17 +19,28 @@ Session::Session(const QString& text, const Options& options)
     : m_connection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, m_environment.get()) {
     // a driver without such a time-out says so with an error, which changes nothing
     SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(options.connectSeconds), 0);
-    m_text.assign(text);
+    const QString full = completed(text, options.statementSeconds);
+    m_text.assign(full);
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(SQLDriverConnectW(m_connection.get(), nullptr, m_text.data(),
                                          SQLSMALLINT(m_text.size()), nullptr, 0, &length,
                                          SQL_DRIVER_NOPROMPT)))
-        throw errorOf(SQL_HANDLE_DBC, m_connection.get());
+        throw logOnError(full);
     m_connected = true;
     m_isSqlServer = info(SQL_DBMS_NAME).contains(QLatin1StringView("SQL Server"), Qt::CaseInsensitive);
     m_statement = Handle(SQL_HANDLE_STMT, SQL_HANDLE_DBC, m_connection.get());
     SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(options.statementSeconds), 0);
     m_reader = std::make_unique<ResultReader>(m_statement.get());
+}
+
+/// Without a login FreeTDS asks for a Kerberos ticket, and says of its lack no more than that it failed.
+base::RunTimeError Session::logOnError(const QString& text) const {
+    const base::RunTimeError error = errorOf(SQL_HANDLE_DBC, m_connection.get());
+    if (error.number() != errors::notAgreed || hasLogin(text))
+        return error;
+    return base::RunTimeError(errors::loginFailed,
+                              QStringLiteral("The data source names no login, and there is no ticket."),
+                              QStringLiteral("28000"), {});
 }
 
 Session::~Session() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Error.h"
 #include "platform/odbc/Handle.h"
 #include "platform/odbc/OdbcProvider.h"
 #include "platform/odbc/ResultReader.h"
@@ -38,6 +39,8 @@ class Session {
     QString info(SQLUSMALLINT what) const;
 
   private:
+    base::RunTimeError logOnError(const QString& text) const;
+
     Handle m_environment = makeEnvironment();
     Handle m_connection;
     Handle m_statement;

@@ -1,10 +1,6 @@
 #include "platform/base/Error.h"
 #include "session/OdbcServer.h"
-#include "session/PasswordCheck.h"
-#include "session/clsCurrentUser.h"
-#include "tests/session/Drive.h"
-#include "tests/support/odbc/TestDriver.h"
-#include "tests/support/screens/LoggedOn.h"
+#include "tests/session/LogOnDialog.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -18,50 +14,14 @@ using tests::FakeStep;
 namespace {
 
 /// The log-on dialog on this computer's data sources; behind each stands the demo hospital.
-class OdbcLogOn : public testing::Test {
+class OdbcLogOn : public tests::LogOnDialog {
   protected:
     OdbcLogOn() {
-        PasswordTries::forgetAll();
-        setHospitalServers({});
-        setLastServer({});
         tests::setDataSources(QStringLiteral("[Ward]\nDriver=%1\n[Archive]\nDriver=%1\n"
                                              "[Broken]\nDriver=/no/such/driver.so\n")
                                   .arg(tests::testDriver()));
-        user.setPasswordDeptCode(QStringLiteral("5"));
-    }
-    ~OdbcLogOn() override {
-        PasswordTries::forgetAll();
-        setLastServer({});
-        tests::setDataSources({});
     }
 
-    void show(const std::function<void(controls::Screen&)>& driver) {
-        tests::whileModal([this] { user.ShowMain(); }, driver);
-    }
-    static void choose(controls::Screen& logOn, const char* server) {
-        auto& servers = childOf<QComboBox>(logOn, "cmbServer");
-        servers.setFocus();
-        for (int i = 0; i < servers.count() && servers.currentText() != QLatin1String(server); ++i)
-            QTest::keyClick(&servers, i == 0 ? Qt::Key_Home : Qt::Key_Down);
-        ASSERT_EQ(servers.currentText(), QLatin1String(server));
-    }
-    static void type(controls::Screen& logOn) {
-        auto& code = childOf<QLineEdit>(logOn, "txtEmployeeCode");
-        code.clear();
-        QTest::keyClicks(&code, QStringLiteral("1001"));
-        auto& password = childOf<QLineEdit>(logOn, "txtPassword");
-        password.clear();
-        QTest::keyClicks(&password, QStringLiteral("kerova"));
-        QTest::keyClick(&password, Qt::Key_Return);
-    }
-    static QString message(controls::Screen& logOn) { return childOf<QLabel>(logOn, "lblMessage").text(); }
-    static void typeLogin(controls::Screen& dialog, const char* name, const char* password) {
-        QTest::keyClicks(&childOf(dialog, "txtUser"), QLatin1String(name));
-        QTest::keyClick(&childOf(dialog, "txtUser"), Qt::Key_Return);
-        EXPECT_TRUE(childOf(dialog, "txtPassword").hasFocus());
-        QTest::keyClicks(&childOf(dialog, "txtPassword"), QLatin1String(password));
-        QTest::keyClick(&childOf(dialog, "txtPassword"), Qt::Key_Return);
-    }
     /// From now on a connection without that login is refused.
     void wantLogin(const QString& text) {
         fakeDriver().step = [text, inner = fakeDriver().step](int connection, FakeStep what) {
@@ -79,9 +39,7 @@ class OdbcLogOn : public testing::Test {
         };
     }
 
-    base::FixedClock clock{tests::demoMoment()};
     tests::LoopbackServer server{tests::demoHospital()};
-    clsCurrentUser user;
 };
 
 TEST_F(OdbcLogOn, OffersThisComputerAndEveryDataSource) {

@@ -422,6 +422,24 @@ TEST(ConnectionText, PutsOddValuesInBraces) {
     text.add("DSN", QStringLiteral("Main Server")).add("UID", QStringLiteral("kerova"));
     text.add("PWD", QStringLiteral("a;b}c")).add("APP", QStringLiteral(" x"));
     EXPECT_EQ(text.text(), QStringLiteral("DSN=Main Server;UID=kerova;PWD={a;b}}c};APP={ x};"));
+    EXPECT_EQ(odbc::ConnectionText().add("PWD", QStringLiteral("a}b")).text(), u"PWD=a}b;")
+        << "not every driver knows doubled braces";
+}
+
+TEST(ConnectionText, IsCompletedForFreeTdsOnly) {
+    tests::setDataSources(QStringLiteral(
+        "[Plain]\nDriver=/drivers/libmsodbcsql.so\n[Named]\nDriver=/drivers/libtdsodbc.so\nUID=ann\n"
+        "PWD=se;cret\n[Timed]\nDriver=/drivers/libtdsodbc.so\nTimeout=90\n"));
+    const auto completed = [](const char* text) { return odbc::completed(QString::fromLatin1(text), 30); };
+    EXPECT_EQ(completed("DSN=Plain;UID=x;"), u"DSN=Plain;UID=x;");
+    EXPECT_EQ(completed("DSN=Named"), u"DSN=Named;UID=ann;PWD={se;cret};Timeout=30;");
+    EXPECT_EQ(completed("APP=y;dsn={Named};uid=bob;"), u"APP=y;dsn={Named};uid=bob;Timeout=30;");
+    EXPECT_EQ(completed("DSN=Named;Trusted_Connection=yes;"),
+              u"DSN=Named;Trusted_Connection=yes;Timeout=30;");
+    EXPECT_EQ(completed("DSN=Timed;"), u"DSN=Timed;");
+    EXPECT_EQ(completed("Driver=/drivers/libtdsodbc.so;Timeout=5;"),
+              u"Driver=/drivers/libtdsodbc.so;Timeout=5;");
+    tests::setDataSources({});
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "platform/odbc/OdbcProvider.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "tests/support/odbc/TestDriver.h"
+#include "tests/support/tds/TdsServer.h"
 
 #include <QTemporaryDir>
 
@@ -22,37 +23,48 @@ struct Quirks {
     const char* longText = "varchar(max)";
 };
 
+/// What stands behind the driver.
+enum class Behind { Itself, Loopback, Tds };
+
+/// Where a side finds its server.
+struct Place {
+    QString file;
+    QString connectionText; ///< to what stands behind the driver
+};
+
 struct Side {
     const char* name;
     Quirks quirks;
-    std::function<std::unique_ptr<ado::Provider>(const QString& file)> open;
-    bool loopback = false;
+    std::function<std::unique_ptr<ado::Provider>(const Place& place)> open;
+    Behind behind = Behind::Itself;
 };
 
 void PrintTo(const Side& side, std::ostream* out) {
     *out << side.name;
 }
 
+std::unique_ptr<ado::Provider> overOdbc(const Place& place) {
+    return odbc::OdbcProvider::open(place.connectionText);
+}
+
 std::vector<Side> sides() {
     std::vector<Side> all{
         {"Embedded",
          {},
-         [](const QString& file) {
+         [](const Place& place) {
              engine::Options options;
              options.createIfMissing = true;
-             return engine::EmbeddedProvider::open(file, options);
+             return engine::EmbeddedProvider::open(place.file, options);
          }},
-        {"OdbcTsql",
-         {},
-         [](const QString&) { return odbc::OdbcProvider::open(tests::LoopbackServer::connectionText()); },
-         true},
-        {"OdbcSqlite", {false, false, "text"}, [](const QString& file) {
+        {"OdbcTsql", {}, overOdbc, Behind::Loopback},
+        {"OdbcFreeTds", {}, overOdbc, Behind::Tds},
+        {"OdbcSqlite", {false, false, "text"}, [](const Place& place) {
              return odbc::OdbcProvider::open(
-                 QStringLiteral("Driver=%1;Database=%2;").arg(tests::sqliteDriver(), file));
+                 QStringLiteral("Driver=%1;Database=%2;").arg(tests::sqliteDriver(), place.file));
          }}};
     const QString dsn = qEnvironmentVariable("SCINTRA_TEST_DSN");
     if (!dsn.isEmpty())
-        all.push_back({"OdbcSite", {}, [dsn](const QString&) {
+        all.push_back({"OdbcSite", {}, [dsn](const Place&) {
                            return odbc::OdbcProvider::open(QStringLiteral("DSN=%1;").arg(dsn));
                        }});
     return all;
@@ -67,10 +79,15 @@ std::vector<Side> tsqlSides() {
 class ProviderTest : public testing::TestWithParam<Side> {
   protected:
     ProviderTest() {
-        const QString file = m_folder.filePath(QStringLiteral("probe.scintra"));
-        if (GetParam().loopback)
-            m_loopback = std::make_unique<tests::LoopbackServer>(file);
-        m_provider = GetParam().open(file);
+        m_place.file = m_folder.filePath(QStringLiteral("probe.scintra"));
+        if (GetParam().behind == Behind::Loopback) {
+            m_loopback = std::make_unique<tests::LoopbackServer>(m_place.file);
+            m_place.connectionText = tests::LoopbackServer::connectionText();
+        } else if (GetParam().behind == Behind::Tds) {
+            m_tds = std::make_unique<tests::TdsServer>(tests::TdsServer::Options{.file = m_place.file});
+            m_place.connectionText = m_tds->connectionText();
+        }
+        m_provider = GetParam().open(m_place);
         if (quirks().speaksTsql) {
             m_provider->useDatabase(QStringLiteral("NUCLEAR"));
             run("IF OBJECT_ID('tbProbe') IS NOT NULL DROP TABLE tbProbe");
@@ -111,7 +128,9 @@ class ProviderTest : public testing::TestWithParam<Side> {
     }
 
     QTemporaryDir m_folder;
+    Place m_place;
     std::unique_ptr<tests::LoopbackServer> m_loopback;
+    std::unique_ptr<tests::TdsServer> m_tds;
     std::unique_ptr<ado::Provider> m_provider;
 };
 
@@ -336,7 +355,7 @@ TEST_P(TsqlProviderTest, WritesARowBack) {
         EXPECT_EQ(caught.number(), -2147217864);
     }
     connection.Close();
-    m_provider = GetParam().open(m_folder.filePath(QStringLiteral("probe.scintra")));
+    m_provider = GetParam().open(m_place);
 }
 
 constexpr auto nameOfSide = [](const auto& side) { return std::string(side.param.name); };

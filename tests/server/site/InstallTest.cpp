@@ -8,6 +8,7 @@
 #include "server/site/Blueprint.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/odbc/TestDriver.h"
+#include "tests/support/tds/TdsServer.h"
 
 #include <QTemporaryDir>
 
@@ -128,6 +129,28 @@ TEST_F(Install, NamesTheFileAndTheLineOfAnError) {
     EXPECT_TRUE(error.description().contains(QStringLiteral("/tables.sql (batch at line ")))
         << error.description().toStdString();
     EXPECT_TRUE(error.description().endsWith(QStringLiteral("Injected failure.")));
+}
+
+TEST(InstallOverFreeTds, MakesTheKitAndTheMadeUpHospital) {
+    const base::FixedClock clock(*base::makeDateTime({2026, 11, 21}, {8, 30}));
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("tds.scintra"));
+    tests::TdsServer server({.file = file});
+    const auto provider = odbc::OdbcProvider::open(server.connectionText());
+    site::install(*provider, {});
+    site::installDemo(*provider, {});
+    EXPECT_EQ(site::verify(*provider), QStringList());
+    const auto embedded = engine::EmbeddedProvider::open(file, {});
+    EXPECT_EQ(embedded->check(), QStringList());
+    const QString names = QStringLiteral("SELECT LastName, FirstName, BirthDate FROM PATIENT_DATA..tbMaster "
+                                         "ORDER BY HospNum");
+    const ado::Result patients = provider->execute(names);
+    EXPECT_GT(patients.rows.count(), 250);
+    EXPECT_EQ(patients.rows.values, embedded->execute(names).rows.values);
+    provider->execute(QStringLiteral("USE NUCLEAR"));
+    provider->execute(QStringLiteral("DROP PROCEDURE sp_Nuclear_IncRefNum"));
+    EXPECT_EQ(site::verify(*provider),
+              QStringList{QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum: is missing")});
 }
 
 TEST(InstallDatabases, AreMadeWhereTheyAreMissing) {

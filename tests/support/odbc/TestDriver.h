@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/odbc/Fault.h"
 #include "tests/support/odbc/driver/FakeDriver.h"
 
 #include "server/engine/EmbeddedProvider.h"
@@ -19,14 +20,6 @@ void setDataSources(const QString& text);
 
 /// The script of the test driver, as the driver sees it.
 FakeDriver& fakeDriver();
-
-/// What a loopback server does at one step of its work, for once.
-enum class Fault {
-    Error,    ///< the statement fails, the transaction stays
-    Deadlock, ///< the statement fails and the server has rolled back
-    TimeOut,  ///< no answer in time; the line and the transaction stay
-    Cut       ///< the line goes, before the statement is done
-};
 
 /// Stands behind the test driver while it lives: each connection is a session of its own on one hospital file
 /// of the server that comes along. So T-SQL can go over ODBC where no SQL Server is.
