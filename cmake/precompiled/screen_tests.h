@@ -4,6 +4,10 @@
 
 #include "cmake/precompiled/widgets.h"
 
+// not QTest itself: what is in it depends on the parts of Qt that a target links
+#include <QCborMap>
 #include <QTemporaryDir>
-#include <QTest>
+#include <QTestEventList>
+#include <QUrl>
+#include <QUuid>
 #include <gtest/gtest.h>
