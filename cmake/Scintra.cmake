@@ -40,6 +40,11 @@ if(SCINTRA_SANITIZE)
     target_link_options(scintra_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# GCC 12 warns at -O3 of a strange length where it joins strings out of a precompiled header (GCC bug 105329 again).
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+
 # scintra_precompiled(core Qt6::Core): cmake/precompiled/core.h, read once for all targets of its kind
 function(scintra_precompiled kind)
     file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/precompiled/${kind}.cpp CONTENT "")
