@@ -15,7 +15,7 @@ orders::frmRequest& RequestFixture::screen() {
     return controls::SharedScreen<orders::frmRequest>::current();
 }
 
-orders::frmRequest& RequestFixture::open(const session::RequestEntry& entry) {
+orders::frmRequest& RequestFixture::prepared(const session::RequestEntry& entry) {
     auto& request = controls::SharedScreen<orders::frmRequest>::fresh();
     request.PatIdNum = entry.PatIdNum;
     request.PatientType = entry.PatientType;
@@ -25,6 +25,11 @@ orders::frmRequest& RequestFixture::open(const session::RequestEntry& entry) {
     request.NursingRemarks = entry.NursingRemarks;
     request.RequestingNurse = entry.RequestingNurse;
     request.Classification = entry.Classification;
+    return request;
+}
+
+orders::frmRequest& RequestFixture::open(const session::RequestEntry& entry) {
+    auto& request = prepared(entry);
     request.Show();
     request.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&request));

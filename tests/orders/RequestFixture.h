@@ -22,6 +22,8 @@ class RequestFixture : public LoggedOn {
     explicit RequestFixture(Way way = usualWay());
     ~RequestFixture() override;
 
+    /// A fresh screen that knows what it is for, not shown yet.
+    static orders::frmRequest& prepared(const session::RequestEntry& entry);
     /// The screen, shown and ready for keys.
     orders::frmRequest& open(const session::RequestEntry& entry);
     orders::frmRequest& openAdmitted(const QString& admission = QString::fromLatin1(admitted));

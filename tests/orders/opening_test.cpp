@@ -10,13 +10,7 @@ class Opening : public tests::RequestFixture {
   public:
     /// Opens the screen and tells what it sent; the texts of the services are the session's own.
     QStringList opened(const session::RequestEntry& entry) {
-        auto& request = controls::SharedScreen<orders::frmRequest>::fresh();
-        request.PatIdNum = entry.PatIdNum;
-        request.PatientType = entry.PatientType;
-        request.CashBasis = entry.CashBasis;
-        request.NurseCommnunication = entry.NurseCommnunication;
-        request.CashOrNum = entry.CashOrNum;
-        request.Classification = entry.Classification;
+        auto& request = prepared(entry);
         takeTexts();
         request.Show();
         QStringList own;

@@ -4,6 +4,7 @@
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/Diagnostics.h"
 #include "platform/odbc/OdbcProvider.h"
+#include "tests/support/core/Raised.h"
 #include "tests/support/odbc/TestDriver.h"
 #include "tests/support/tds/TdsServer.h"
 
@@ -22,18 +23,10 @@ static void PrintTo(const QString& text, std::ostream* out) {
 
 namespace {
 
+using tests::raised;
+
 using tests::Fault;
 using tests::TdsServer;
-
-base::RunTimeError raised(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const base::RunTimeError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was raised";
-    return base::RunTimeError(0);
-}
 
 class FreeTds : public testing::Test {
   protected:

@@ -5,6 +5,7 @@
 #include "platform/base/Error.h"
 #include "platform/odbc/Api.h"
 #include "platform/odbc/DataSources.h"
+#include "tests/support/core/Raised.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/odbc/TestDriver.h"
 
@@ -26,15 +27,7 @@ static void PrintTo(const QString& text, std::ostream* out) {
 
 namespace {
 
-base::RunTimeError raised(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const base::RunTimeError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was raised";
-    return base::RunTimeError(0);
-}
+using tests::raised;
 
 ado::Result rowCount(qint64 affected) {
     ado::Result result;

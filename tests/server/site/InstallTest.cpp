@@ -6,6 +6,7 @@
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/site/Blueprint.h"
+#include "tests/support/core/Raised.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/odbc/TestDriver.h"
 #include "tests/support/tds/TdsServer.h"
@@ -23,15 +24,7 @@ static void PrintTo(const QString& text, std::ostream* out) {
 
 namespace {
 
-base::RunTimeError raised(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const base::RunTimeError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "nothing was raised";
-    return base::RunTimeError(0);
-}
+using tests::raised;
 
 /// A server over ODBC; an empty file stands behind it.
 class Install : public testing::Test {
