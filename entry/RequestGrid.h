@@ -12,6 +12,8 @@ class QKeyEvent;
 class QLabel;
 class QLineEdit;
 
+#include <optional>
+
 namespace controls {
 class FlexGrid;
 }
@@ -75,6 +77,9 @@ class RequestGrid : public QObject {
     bool isEditing() const;
 
     bool gridKey(QKeyEvent* event);
+    /// The keys that a typed cell and the list of types have in common: whether it was taken, or none of
+    /// them.
+    std::optional<bool> openCellKey(QKeyEvent* event);
     bool entryKey(QKeyEvent* event);
     bool listKey(QKeyEvent* event);
     bool rowKey(int key);

@@ -89,21 +89,28 @@ bool RequestGrid::gridKey(QKeyEvent* event) {
     return false;
 }
 
-bool RequestGrid::entryKey(QKeyEvent* event) {
+std::optional<bool> RequestGrid::openCellKey(QKeyEvent* event) {
     const int key = event->key();
     if (rowKey(key))
         return true;
-    if (key == Qt::Key_F3) {
-        if (m_grid.Rows() >= 3)
-            deleteRow();
-        return true;
-    }
     if (key == Qt::Key_Escape) {
         EndCellEdit();
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
         return stepCell(isBackTab(*event) ? -1 : 1);
+    return std::nullopt;
+}
+
+bool RequestGrid::entryKey(QKeyEvent* event) {
+    const int key = event->key();
+    if (const auto answered = openCellKey(event))
+        return *answered;
+    if (key == Qt::Key_F3) {
+        if (m_grid.Rows() >= 3)
+            deleteRow();
+        return true;
+    }
     if (isEnter(key)) {
         txtEntry_Enter();
         return true;
@@ -116,14 +123,8 @@ bool RequestGrid::entryKey(QKeyEvent* event) {
 
 bool RequestGrid::listKey(QKeyEvent* event) {
     const int key = event->key();
-    if (rowKey(key))
-        return true;
-    if (key == Qt::Key_Escape) {
-        EndCellEdit();
-        return true;
-    }
-    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(isBackTab(*event) ? -1 : 1);
+    if (const auto answered = openCellKey(event))
+        return *answered;
     if (isEnter(key)) {
         EndCellEdit();
         AdvanceCell();
