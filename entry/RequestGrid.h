@@ -5,14 +5,13 @@
 #include <QObject>
 
 #include <array>
+#include <optional>
 
 class QAbstractButton;
 class QComboBox;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
-
-#include <optional>
 
 namespace controls {
 class FlexGrid;
