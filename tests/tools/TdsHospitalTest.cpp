@@ -79,31 +79,36 @@ TEST_F(TdsHospital, RefusesAnotherLoginAndRunsAhead) {
     EXPECT_FALSE(year.said.contains(QString::number(today.year())));
 }
 
-/// Tests write and delete as they like: not in a hospital that somebody works in.
+/// Tests write and delete as they like: not in a hospital that somebody works in, nor in one that somebody
+/// has begun to set up and that has no patients yet.
 TEST(TestsOnAServer, RefuseAnybodysHospitalButTheMadeUpOne) {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("other.scintra"));
-    demo::createHospital(file);
-    const auto value = [&](const QString& text) {
-        return engine::EmbeddedProvider::open(file, {})->execute(text).rows;
-    };
-    value(QStringLiteral("UPDATE PATIENT_DATA..tbHospitalInfo SET Company = 'St. Lucia''s Hospital'"));
-    value(QStringLiteral("UPDATE PATIENT_DATA..tbMaster SET LastName = 'KEPT'"));
-    QProcess tests;
-    tests.setProcessChannelMode(QProcess::MergedChannels);
-    tests.start(QStringLiteral(SCINTRA_BINARY_DIR "/tests/tds-hospital"),
-                {"--file", file, "--", QStringLiteral(SCINTRA_BINARY_DIR "/tests/test_server_sql"),
-                 "--gtest_filter=Posting.NumbersAreReadThenAdvanced"});
-    ASSERT_TRUE(tests.waitForFinished(60'000));
-    EXPECT_EQ(tests.exitCode(), 1);
-    const QString said = QString::fromUtf8(tests.readAll());
-    EXPECT_TRUE(said.contains(QStringLiteral("names the server of \"St. Lucia's Hospital\": the tests would "
-                                             "delete its rows.")))
-        << said.toStdString();
-    EXPECT_EQ(*value(QStringLiteral("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster WHERE LastName <> 'KEPT'"))
-                   .at(0, 0)
-                   .asInteger(),
-              0);
+    for (const bool hasPatients : {true, false}) {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("other.scintra"));
+        demo::createHospital(file);
+        const auto run = [&](const QString& text) {
+            return engine::EmbeddedProvider::open(file, {})->execute(text).rows;
+        };
+        run(QStringLiteral("UPDATE PATIENT_DATA..tbHospitalInfo SET Company = 'St. Lucia''s Hospital'"));
+        run(QStringLiteral("UPDATE BUILD_FILE..tbcoNucExam SET NucExam = 'KEPT'"));
+        if (!hasPatients)
+            run(QStringLiteral("DELETE FROM PATIENT_DATA..tbMaster"));
+        QProcess tests;
+        tests.setProcessChannelMode(QProcess::MergedChannels);
+        tests.start(QStringLiteral(SCINTRA_BINARY_DIR "/tests/tds-hospital"),
+                    {"--file", file, "--", QStringLiteral(SCINTRA_BINARY_DIR "/tests/test_server_sql"),
+                     "--gtest_filter=Posting.NumbersAreReadThenAdvanced"});
+        ASSERT_TRUE(tests.waitForFinished(60'000));
+        EXPECT_EQ(tests.exitCode(), 1);
+        const QString said = QString::fromUtf8(tests.readAll());
+        EXPECT_TRUE(said.contains(QStringLiteral("names the server of \"St. Lucia's Hospital\": the tests "
+                                                 "would delete its rows.")))
+            << said.toStdString();
+        EXPECT_EQ(*run(QStringLiteral("SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE NucExam <> 'KEPT'"))
+                       .at(0, 0)
+                       .asInteger(),
+                  0);
+    }
 }
 
 } // namespace

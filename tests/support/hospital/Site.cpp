@@ -20,21 +20,27 @@ namespace tests::site {
 namespace {
 
 const char* const madeUp = "Kerova General Hospital";
+const char* const asInstalled = "Hospital";
 
 QString only(ado::Provider& server, const QString& query) {
     const ado::Result result = server.execute(query);
     return result.rows.count() == 1 ? base::textOf(result.rows.at(0, 0)) : QString();
 }
 
-/// Before anything is written: nobody's patients are there but made-up ones.
+/// Before anything is written: what is there is the made-up hospital, or nobody's yet, with neither a patient
+/// nor a name of its own.
 void refuseAnothersHospital(ado::Provider& server) {
-    if (only(server, QStringLiteral("SELECT DB_ID('PATIENT_DATA')")).isEmpty() ||
-        only(server, QStringLiteral("SELECT OBJECT_ID('PATIENT_DATA..tbMaster')")).isEmpty() ||
-        only(server, QStringLiteral("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster")) == u"0")
+    const auto isThere = [&](const char* what) {
+        return !only(server, QStringLiteral("SELECT ") + QLatin1StringView(what)).isEmpty();
+    };
+    if (!isThere("DB_ID('PATIENT_DATA')") || !isThere("OBJECT_ID('PATIENT_DATA..tbHospitalInfo')"))
         return;
     const QString hospital =
         only(server, QStringLiteral("SELECT Company FROM PATIENT_DATA..tbHospitalInfo")).trimmed();
-    if (hospital != QLatin1StringView(madeUp))
+    if (hospital == QLatin1StringView(madeUp))
+        return;
+    const bool isNobodys = hospital.isEmpty() || hospital == QLatin1StringView(asInstalled);
+    if (!isNobodys || only(server, QStringLiteral("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster")) != u"0")
         throw base::RunTimeError(58, QStringLiteral("SCINTRA_TEST_DSN names the server of \"%1\": the tests "
                                                     "would delete its rows.")
                                          .arg(hospital));
@@ -60,6 +66,7 @@ class Server {
     static std::unique_ptr<ado::Provider> connect(const QString& workstation) {
         odbc::ConnectionText text;
         text.add("DSN", name());
+        text.add("Language", QStringLiteral("us_english")); // as the program's own sessions
         if (!workstation.isEmpty())
             text.add("WSID", workstation);
         odbc::Options options;
