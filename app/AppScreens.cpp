@@ -4,10 +4,10 @@
 #include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
 #include "orders/frmRequest.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 #include "results/frmRequestMaster.h"
 #include "results/frmResultMaster.h"
-#include "session/frmUserRights.h"
+#include "session/rights/frmUserRights.h"
 
 namespace app {
 

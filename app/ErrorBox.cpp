@@ -1,13 +1,13 @@
 #include "app/ErrorBox.h"
 
 #include "app/ui_ErrorBox.h"
-#include "platform/controls/EnterKey.h"
-#include "platform/controls/ErrorBoundary.h"
-#include "platform/controls/HeaderBand.h"
-#include "platform/controls/Look.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/fields/EnterKey.h"
+#include "platform/controls/look/HeaderBand.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

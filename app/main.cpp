@@ -2,10 +2,10 @@
 #include "app/ErrorBox.h"
 #include "app/MenuWiring.h"
 #include "menu/MenuLinks.h"
-#include "platform/controls/Application.h"
-#include "platform/controls/ErrorBoundary.h"
-#include "platform/controls/Look.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Application.h"
+#include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
 
 int main(int argc, char** argv) {

@@ -3,7 +3,7 @@
 #include "bench/Measures.h"
 
 #include "platform/ado/Connection.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "tests/support/core/ScriptedProvider.h"
 
 #include <QApplication>

@@ -7,7 +7,7 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/base/Error.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "session/Session.h"
 

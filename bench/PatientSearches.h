@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Statement.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <sqlite3.h>
 

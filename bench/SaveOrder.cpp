@@ -6,12 +6,12 @@
 #include "orders/frmRequest.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/MessageBox.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/MessageBox.h"
 #include "server/engine/EmbeddedProvider.h"
-#include "session/Services.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/services/Services.h"
 
 #include <QPushButton>
 

@@ -2,8 +2,8 @@
 #include "bench/Measures.h"
 
 #include "platform/base/Error.h"
-#include "platform/controls/Application.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Application.h"
 
 #include <cstdio>
 

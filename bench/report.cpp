@@ -2,11 +2,11 @@
 #include "bench/ReportRows.h"
 
 #include "platform/base/Format.h"
-#include "platform/controls/Application.h"
-#include "platform/controls/Look.h"
-#include "platform/report/PageDocument.h"
-#include "platform/report/Print.h"
-#include "platform/report/Viewer.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Application.h"
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/output/Print.h"
+#include "platform/report/viewer/Viewer.h"
 
 #include <QPainter>
 #include <QPdfWriter>

@@ -2,11 +2,11 @@
 
 #include "app/AppScreens.h"
 #include "app/ErrorBox.h"
-#include "platform/controls/Application.h"
-#include "platform/controls/ErrorBoundary.h"
-#include "platform/controls/Look.h"
-#include "session/HospitalServer.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Application.h"
+#include "platform/controls/screen/ErrorBoundary.h"
 #include "session/Session.h"
+#include "session/logon/HospitalServer.h"
 
 /// The program's own start, up to the first painted window: bench-start FILE.
 int main(int argc, char** argv) {

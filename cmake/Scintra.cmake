@@ -70,10 +70,10 @@ function(scintra_see_new_files name sources)
 endfunction()
 
 # scintra_library(platform_ado DEPENDS scintra::platform_base Qt6::Core)
-# takes every source, form and resource of the folder that calls it; SCINTRA_PRECOMPILED is the kind of the folder.
+# takes every source, form and resource of the folder that calls it and of its themes; SCINTRA_PRECOMPILED is the kind of the folder.
 function(scintra_library name)
     cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
     add_library(${name} STATIC ${sources})
     add_library(scintra::${name} ALIAS ${name})
     scintra_see_new_files(${name} "${sources}")

@@ -3,10 +3,10 @@
 #include "entry/RequestColumns.h"
 #include "lookup/FieldText.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/FlexGrid.h"
-#include "session/ReportLaunch.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/reports/ReportLaunch.h"
 
 namespace entry {
 

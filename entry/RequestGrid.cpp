@@ -2,10 +2,10 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/controls/Connect.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/Connect.h"
+#include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
 
 #include <QAbstractButton>

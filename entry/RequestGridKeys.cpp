@@ -2,8 +2,8 @@
 
 #include "entry/RequestGrid.h"
 
-#include "platform/controls/ErrorBoundary.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/ErrorBoundary.h"
 
 #include <QComboBox>
 #include <QCoreApplication>

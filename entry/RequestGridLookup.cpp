@@ -7,12 +7,12 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/Look.h"
-#include "platform/controls/MessageBox.h"
-#include "platform/controls/Screen.h"
-#include "session/Services.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/MessageBox.h"
+#include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -3,10 +3,10 @@
 #include "entry/RequestColumns.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "session/Routines.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
 
 namespace entry {
 

@@ -3,8 +3,8 @@
 #include "lookup/PickerKeys.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "ui_PatientPicker.h"
 

@@ -1,9 +1,9 @@
 #include "lookup/PickerKeys.h"
 
-#include "platform/controls/Connect.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/Look.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Connect.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/Services.h"
+#include "session/services/Services.h"
 
 #include <QString>
 

@@ -2,11 +2,11 @@
 
 #include "lookup/frmAddWalkIn.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/Connect.h"
-#include "platform/controls/EnterKey.h"
-#include "platform/controls/MaskedDate.h"
-#include "platform/controls/MessageBox.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/fields/EnterKey.h"
+#include "platform/controls/fields/MaskedDate.h"
+#include "platform/controls/screen/Connect.h"
+#include "platform/controls/screen/MessageBox.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <QLineEdit>
 #include <QRegularExpressionValidator>

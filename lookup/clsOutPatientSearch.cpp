@@ -3,7 +3,7 @@
 #include "lookup/FieldText.h"
 #include "lookup/frmRegisteredOPD.h"
 #include "platform/base/Format.h"
-#include "platform/controls/MessageBox.h"
+#include "platform/controls/screen/MessageBox.h"
 #include "session/Session.h"
 
 namespace lookup {

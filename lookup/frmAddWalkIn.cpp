@@ -2,11 +2,11 @@
 
 #include "lookup/WalkInChecks.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/EnterKey.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
-#include "session/Services.h"
+#include "platform/controls/fields/EnterKey.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/look/Look.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 #include "ui_frmAddWalkIn.h"
 
 #include <array>

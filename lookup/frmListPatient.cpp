@@ -2,11 +2,11 @@
 
 #include "lookup/PickerKeys.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/look/Look.h"
 #include "session/Screens.h"
-#include "session/Services.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 #include "ui_frmListPatient.h"
 
 #include <QScopedValueRollback>

@@ -1,8 +1,8 @@
 #include "lookup/frmSearch.h"
 
 #include "lookup/PickerKeys.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "ui_frmSearch.h"
 

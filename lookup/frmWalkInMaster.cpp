@@ -4,9 +4,9 @@
 #include "lookup/WalkInChecks.h"
 #include "lookup/frmAddWalkIn.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/EnterKey.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/EnterKey.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "ui_frmWalkInMaster.h"
 

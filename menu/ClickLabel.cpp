@@ -1,6 +1,6 @@
 #include "menu/ClickLabel.h"
 
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

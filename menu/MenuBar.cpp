@@ -1,6 +1,6 @@
 #include "menu/MenuBar.h"
 
-#include "platform/controls/Connect.h"
+#include "platform/controls/screen/Connect.h"
 
 #include <QAction>
 #include <QKeySequence>

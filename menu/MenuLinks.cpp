@@ -1,7 +1,7 @@
 #include "menu/MenuLinks.h"
 
 #include "menu/Monitors.h"
-#include "session/ReportLaunch.h"
+#include "session/reports/ReportLaunch.h"
 
 namespace menu {
 

@@ -4,13 +4,13 @@
 #include "menu/Monitors.h"
 #include "platform/ado/Statement.h"
 #include "platform/base/Format.h"
-#include "platform/controls/Screen.h"
-#include "session/ReportLaunch.h"
+#include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
-#include "session/frmDailyReport.h"
-#include "session/frmDateEntry.h"
-#include "session/frmReportDate.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/reports/ReportLaunch.h"
+#include "session/reports/frmDailyReport.h"
+#include "session/reports/frmDateEntry.h"
+#include "session/reports/frmReportDate.h"
 
 namespace menu {
 

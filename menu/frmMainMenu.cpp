@@ -8,11 +8,11 @@
 #include "menu/ReportLauncher.h"
 #include "menu/ui_frmMainMenu.h"
 #include "platform/base/Format.h"
-#include "platform/controls/Look.h"
-#include "session/CheckAccess.h"
+#include "platform/controls/look/Look.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
-#include "session/frmAccess.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/rights/CheckAccess.h"
+#include "session/rights/frmAccess.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "menu/MenuTable.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <array>
 #include <memory>

@@ -5,12 +5,12 @@
 #include "lookup/FieldText.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/Look.h"
 #include "session/Screens.h"
-#include "session/Services.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 #include "ui_frmRequest.h"
 
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "entry/RequestGrid.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 #include "session/PackageHandOver.h"
 
 #include <memory>

@@ -1,9 +1,9 @@
 #include "results/CellEntry.h"
 
-#include "platform/controls/Connect.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/Connect.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "results/PageKeys.h"
 
-#include "platform/controls/Connect.h"
+#include "platform/controls/screen/Connect.h"
 
 #include <QKeyEvent>
 #include <QPlainTextEdit>

@@ -1,6 +1,6 @@
 #include "results/PatientFrames.h"
 
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
 #include "ui_PatientFrames.h"
 
 namespace results {

@@ -2,8 +2,8 @@
 
 #include "lookup/PickerKeys.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/look/Look.h"
 #include "results/frmResult.h"
 #include "session/Session.h"
 #include "ui_ResultPicker.h"

@@ -2,15 +2,15 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/controls/DateBox.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/HeaderBand.h"
-#include "platform/controls/KeyFilter.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/fields/DateBox.h"
+#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/HeaderBand.h"
+#include "platform/controls/look/Look.h"
 #include "results/PageKeys.h"
 #include "results/frmSymbols.h"
-#include "session/Services.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 
 #include <QKeyEvent>
 #include <QLabel>

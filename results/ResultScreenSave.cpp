@@ -1,10 +1,10 @@
 #include "platform/base/Conversion.h"
-#include "platform/controls/DateBox.h"
+#include "platform/controls/fields/DateBox.h"
 #include "results/ResultScreen.h"
 #include "results/frmResultEntry.h"
-#include "session/ReportLaunch.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/reports/ReportLaunch.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "results/frmResult.h"
 
 #include "platform/base/Conversion.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
 #include "results/ResultLoad.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"

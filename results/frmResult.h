@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "results/frmResultRadioImmuno.h"
 
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
 #include "results/BoxLine.h"
 #include "results/TechnicalKeys.h"
 #include "ui_frmResultRadioImmuno.h"

@@ -1,7 +1,7 @@
 #include "results/frmSymbols.h"
 
 #include "platform/base/Conversion.h"
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
 #include "ui_frmSymbols.h"
 
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <array>
 #include <memory>

@@ -2,10 +2,10 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/controls/MessageBox.h"
-#include "session/Services.h"
+#include "platform/controls/screen/MessageBox.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/services/Services.h"
 
 namespace session {
 namespace {

@@ -1,8 +1,8 @@
 // A stored report run on a hospital file, without a window: pages into PDF, rows into a workbook or CSV.
 #include "platform/base/Error.h"
-#include "platform/report/Print.h"
 #include "platform/report/Report.h"
-#include "platform/report/RowExport.h"
+#include "platform/report/output/Print.h"
+#include "platform/report/output/RowExport.h"
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
 

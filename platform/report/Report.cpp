@@ -2,10 +2,10 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
-#include "platform/report/Evaluator.h"
-#include "platform/report/Layout.h"
-#include "platform/report/ReportError.h"
 #include "platform/report/Run.h"
+#include "platform/report/definition/ReportError.h"
+#include "platform/report/evaluation/Evaluator.h"
+#include "platform/report/layout/Layout.h"
 
 #include <QDir>
 #include <QFile>

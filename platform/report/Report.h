@@ -2,9 +2,9 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/base/Value.h"
-#include "platform/report/LinkedValues.h"
 #include "platform/report/Progress.h"
-#include "platform/report/SheetHeading.h"
+#include "platform/report/evaluation/LinkedValues.h"
+#include "platform/report/output/SheetHeading.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "platform/report/Run.h"
 
 #include "platform/base/Error.h"
-#include "platform/report/Layout.h"
+#include "platform/report/layout/Layout.h"
 
 namespace report {
 

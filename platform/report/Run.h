@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/report/LaidPages.h"
-#include "platform/report/RowReader.h"
+#include "platform/report/layout/LaidPages.h"
+#include "platform/report/rows/RowReader.h"
 
 namespace report {
 

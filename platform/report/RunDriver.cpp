@@ -1,6 +1,6 @@
 #include "platform/report/RunDriver.h"
 
-#include "platform/controls/Connect.h"
+#include "platform/controls/screen/Connect.h"
 
 #include <QScopeGuard>
 

@@ -1,5 +1,5 @@
 #include "app/AppScreens.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/Screen.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 

@@ -1,10 +1,10 @@
 #include "app/ErrorBox.h"
-#include "platform/controls/ErrorBoundary.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/Screen.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryMPI.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 

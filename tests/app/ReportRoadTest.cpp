@@ -3,10 +3,10 @@
 #include "app/AppScreens.h"
 #include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
-#include "platform/report/PageDocument.h"
-#include "platform/report/Viewer.h"
-#include "session/ReportLaunch.h"
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/viewer/Viewer.h"
 #include "session/Session.h"
+#include "session/reports/ReportLaunch.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 

@@ -8,9 +8,9 @@
 #include "lookup/frmSearch.h"
 
 #include "platform/base/Conversion.h"
-#include "platform/controls/FlexGrid.h"
-#include "session/Services.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 #include "tests/support/screens/MessageScript.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Connection.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/MessageScript.h"

@@ -1,6 +1,6 @@
 #include "lookup/frmAddWalkIn.h"
 
-#include "platform/controls/MaskedDate.h"
+#include "platform/controls/fields/MaskedDate.h"
 #include "session/Session.h"
 #include "tests/lookup/WalkInFixture.h"
 

@@ -1,9 +1,9 @@
 #include "lookup/frmWalkInMaster.h"
 
 #include "lookup/frmAddWalkIn.h"
-#include "platform/controls/MaskedDate.h"
-#include "session/HospitalServer.h"
+#include "platform/controls/fields/MaskedDate.h"
 #include "session/Session.h"
+#include "session/logon/HospitalServer.h"
 #include "tests/lookup/LookupFixture.h"
 #include "tests/lookup/WalkInFixture.h"
 

@@ -1,7 +1,7 @@
 #include "tests/menu/MenuBench.h"
 
-#include "session/ReportLaunch.h"
 #include "session/Session.h"
+#include "session/reports/ReportLaunch.h"
 
 #include <QAction>
 #include <QTest>

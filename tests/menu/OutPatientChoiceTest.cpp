@@ -1,4 +1,4 @@
-#include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/screen/ErrorBoundary.h"
 #include "tests/menu/MenuBench.h"
 #include "tests/support/screens/ErrorRecorder.h"
 

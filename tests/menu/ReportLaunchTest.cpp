@@ -1,6 +1,6 @@
-#include "session/ReportLaunch.h"
+#include "session/reports/ReportLaunch.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
 #include "tests/menu/MenuBench.h"
 #include "tests/support/screens/ErrorRecorder.h"
 

@@ -1,6 +1,6 @@
 #include "menu/Monitors.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
 #include "tests/menu/MenuBench.h"
 
 #include <QAbstractButton>

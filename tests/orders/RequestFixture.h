@@ -1,7 +1,7 @@
 #pragma once
 
 #include "orders/frmRequest.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "session/Screens.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"

@@ -1,6 +1,6 @@
 #include "results/frmSymbols.h"
-#include "session/Services.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 #include "tests/results/ResultFixture.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "results/frmResult.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/MessageScript.h"

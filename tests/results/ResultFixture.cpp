@@ -1,12 +1,12 @@
 #include "tests/results/ResultFixture.h"
 
-#include "platform/report/PageDocument.h"
+#include "platform/report/layout/PageDocument.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
 #include "results/frmResultEntryMPI.h"
 #include "results/frmResultRadioImmuno.h"
 #include "results/frmSymbols.h"
-#include "session/ReportLaunch.h"
+#include "session/reports/ReportLaunch.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 // A result from its request to its second life, on the embedded server, as a clerk works: keys only.
-#include "platform/report/PageDocument.h"
-#include "platform/report/Viewer.h"
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/viewer/Viewer.h"
 #include "results/frmRequestMaster.h"
 #include "results/frmResult.h"
 #include "results/frmResultEntry.h"
@@ -8,9 +8,9 @@
 #include "results/frmResultEntryMPI.h"
 #include "results/frmResultMaster.h"
 #include "results/frmResultRadioImmuno.h"
-#include "session/HospitalServer.h"
-#include "session/ReportLaunch.h"
 #include "session/Session.h"
+#include "session/logon/HospitalServer.h"
+#include "session/reports/ReportLaunch.h"
 #include "tests/results/ListFixture.h"
 #include "tests/support/screens/LoggedOn.h"
 

@@ -1,5 +1,5 @@
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
 #include "tests/results/ResultFixture.h"
 
 #include <gtest/gtest.h>

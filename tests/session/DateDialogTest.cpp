@@ -1,8 +1,8 @@
-#include "session/ReportLaunch.h"
-#include "session/frmAccess.h"
-#include "session/frmDailyReport.h"
-#include "session/frmDateEntry.h"
-#include "session/frmReportDate.h"
+#include "session/reports/ReportLaunch.h"
+#include "session/reports/frmDailyReport.h"
+#include "session/reports/frmDateEntry.h"
+#include "session/reports/frmReportDate.h"
+#include "session/rights/frmAccess.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/ScriptedSession.h"
 

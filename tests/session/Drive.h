@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/controls/MessageBox.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/MessageBox.h"
+#include "platform/controls/screen/Screen.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "session/HospitalServer.h"
-#include "session/PasswordCheck.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/HospitalServer.h"
+#include "session/logon/PasswordCheck.h"
+#include "session/logon/clsCurrentUser.h"
 #include "tests/session/Drive.h"
 #include "tests/support/odbc/TestDriver.h"
 #include "tests/support/screens/LoggedOn.h"

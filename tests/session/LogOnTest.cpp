@@ -1,9 +1,9 @@
 #include "platform/base/Error.h"
-#include "session/PasswordCheck.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
-#include "session/frmLogOn.h"
-#include "session/frmPassword.h"
+#include "session/logon/PasswordCheck.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/logon/frmLogOn.h"
+#include "session/rights/frmPassword.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/ScriptedSession.h"
 

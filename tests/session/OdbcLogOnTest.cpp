@@ -1,5 +1,5 @@
 #include "platform/base/Error.h"
-#include "session/OdbcServer.h"
+#include "session/logon/OdbcServer.h"
 #include "tests/session/LogOnDialog.h"
 #include "tests/support/hospital/Site.h"
 

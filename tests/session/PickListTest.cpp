@@ -1,8 +1,8 @@
-#include "session/frmPickList.h"
+#include "session/services/frmPickList.h"
 
-#include "platform/controls/FlexGrid.h"
-#include "session/Services.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "session/Session.h"
+#include "session/services/Services.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/LoggedOn.h"
 #include "tests/support/screens/ScriptedSession.h"

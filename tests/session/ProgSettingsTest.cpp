@@ -1,8 +1,8 @@
-#include "session/frmProgSettings.h"
+#include "session/rights/frmProgSettings.h"
 
 #include "platform/base/Error.h"
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/HeaderBand.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "session/Session.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"

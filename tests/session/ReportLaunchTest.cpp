@@ -1,11 +1,11 @@
-#include "session/ReportLaunch.h"
+#include "session/reports/ReportLaunch.h"
 
 #include "platform/base/Error.h"
-#include "platform/report/Print.h"
-#include "platform/report/Viewer.h"
+#include "platform/report/output/Print.h"
+#include "platform/report/viewer/Viewer.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
-#include "session/frmReportViewer.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/reports/frmReportViewer.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/LoggedOn.h"
 

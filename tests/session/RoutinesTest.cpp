@@ -1,8 +1,8 @@
 #include "session/Routines.h"
 
-#include "session/CheckAccess.h"
-#include "session/Services.h"
 #include "session/Session.h"
+#include "session/rights/CheckAccess.h"
+#include "session/services/Services.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/ScriptedSession.h"
 

@@ -2,8 +2,8 @@
 
 #include "platform/base/Error.h"
 #include "session/Screens.h"
-#include "session/Services.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/services/Services.h"
 #include "tests/session/Drive.h"
 #include "tests/support/screens/ScriptedSession.h"
 

@@ -1,9 +1,9 @@
-#include "session/frmUserRights.h"
+#include "session/rights/frmUserRights.h"
 
-#include "platform/controls/FlexGrid.h"
-#include "platform/controls/HeaderBand.h"
-#include "session/CheckAccess.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "session/Session.h"
+#include "session/rights/CheckAccess.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 #include "tests/support/screens/MessageScript.h"

@@ -1,6 +1,6 @@
 #include "tools/scintra-tour/RequestWalk.h"
 
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "tools/scintra-tour/Steps.h"
 
 #include <QApplication>

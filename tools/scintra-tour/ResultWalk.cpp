@@ -1,8 +1,8 @@
 #include "tools/scintra-tour/ResultWalk.h"
 
-#include "platform/controls/FlexGrid.h"
-#include "platform/report/PageDocument.h"
-#include "platform/report/Viewer.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/viewer/Viewer.h"
 #include "tools/scintra-tour/Steps.h"
 
 #include <QApplication>

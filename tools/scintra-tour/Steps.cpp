@@ -1,6 +1,6 @@
 #include "tools/scintra-tour/Steps.h"
 
-#include "platform/controls/FlatButton.h"
+#include "platform/controls/look/FlatButton.h"
 
 #include <QTest>
 

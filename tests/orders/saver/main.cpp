@@ -1,7 +1,7 @@
 // Saves the same request again and again, and says what the box told of each.
 
 #include "orders/frmRequest.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "tests/support/workstation/Workstation.h"
 
 #include <QPushButton>

@@ -1,4 +1,4 @@
-#include "platform/controls/DateBox.h"
+#include "platform/controls/fields/DateBox.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QAction>

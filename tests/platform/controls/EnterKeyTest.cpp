@@ -1,4 +1,4 @@
-#include "platform/controls/EnterKey.h"
+#include "platform/controls/fields/EnterKey.h"
 
 #include "platform/base/Error.h"
 #include "tests/support/screens/Driver.h"

@@ -1,7 +1,7 @@
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/grid/FlexGrid.h"
 
 #include "platform/base/Error.h"
-#include "platform/controls/Connect.h"
+#include "platform/controls/screen/Connect.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/screens/Driver.h"
 

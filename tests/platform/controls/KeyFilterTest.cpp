@@ -1,4 +1,4 @@
-#include "platform/controls/KeyFilter.h"
+#include "platform/controls/fields/KeyFilter.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QClipboard>

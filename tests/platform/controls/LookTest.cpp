@@ -1,7 +1,7 @@
-#include "platform/controls/Look.h"
+#include "platform/controls/look/Look.h"
 
-#include "platform/controls/FlatButton.h"
-#include "platform/controls/HeaderBand.h"
+#include "platform/controls/look/FlatButton.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "platform/controls/MaskedDate.h"
+#include "platform/controls/fields/MaskedDate.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
-#include "platform/controls/MessageBox.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/screen/MessageBox.h"
+#include "platform/controls/screen/Screen.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 #include "tests/support/screens/MessageScript.h"

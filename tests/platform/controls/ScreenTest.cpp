@@ -1,5 +1,5 @@
-#include "platform/controls/Screen.h"
-#include "platform/controls/FlexGrid.h"
+#include "platform/controls/screen/Screen.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 

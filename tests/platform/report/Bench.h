@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/report/Layout.h"
-#include "platform/report/PageDocument.h"
 #include "platform/report/Report.h"
+#include "platform/report/layout/Layout.h"
+#include "platform/report/layout/PageDocument.h"
 #include "tests/support/core/ScriptedProvider.h"
 
 #include <QStringList>

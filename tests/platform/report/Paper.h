@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/report/PageDocument.h"
+#include "platform/report/layout/PageDocument.h"
 
 #include <QStringList>
 

@@ -2,7 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
-#include "platform/report/Print.h"
+#include "platform/report/output/Print.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "tests/support/hospital/DemoFile.h"
 #include "tests/support/hospital/Site.h"

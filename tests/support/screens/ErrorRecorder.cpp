@@ -1,6 +1,6 @@
 #include "tests/support/screens/ErrorRecorder.h"
 
-#include "platform/controls/ErrorBoundary.h"
+#include "platform/controls/screen/ErrorBoundary.h"
 
 #include <gtest/gtest.h>
 

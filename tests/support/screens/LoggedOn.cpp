@@ -1,8 +1,8 @@
 #include "tests/support/screens/LoggedOn.h"
 
-#include "session/OdbcServer.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/OdbcServer.h"
+#include "session/logon/clsCurrentUser.h"
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/DateTime.h"
-#include "session/HospitalServer.h"
+#include "session/logon/HospitalServer.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/hospital/Days.h"
 #include "tests/support/hospital/TestHospital.h"

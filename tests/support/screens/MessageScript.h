@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/MessageBox.h"
+#include "platform/controls/screen/MessageBox.h"
 
 #include <functional>
 #include <vector>

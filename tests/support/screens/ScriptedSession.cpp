@@ -1,9 +1,9 @@
 #include "tests/support/screens/ScriptedSession.h"
 
 #include "platform/base/Error.h"
-#include "session/PasswordCheck.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/PasswordCheck.h"
+#include "session/logon/clsCurrentUser.h"
 
 #include <sodium.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/HospitalServer.h"
+#include "session/logon/HospitalServer.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/screens/RecordedScreens.h"
 

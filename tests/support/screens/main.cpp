@@ -1,6 +1,6 @@
-#include "platform/controls/Application.h"
-#include "platform/controls/Look.h"
-#include "platform/controls/Screen.h"
+#include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Application.h"
+#include "platform/controls/screen/Screen.h"
 #include "tests/support/screens/ErrorRecorder.h"
 #include "tests/support/screens/MessageScript.h"
 

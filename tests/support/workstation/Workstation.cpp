@@ -1,12 +1,12 @@
 #include "tests/support/workstation/Workstation.h"
 
-#include "platform/controls/Application.h"
-#include "platform/controls/ErrorBoundary.h"
-#include "platform/controls/MessageBox.h"
-#include "session/HospitalServer.h"
-#include "session/OdbcServer.h"
+#include "platform/controls/screen/Application.h"
+#include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/MessageBox.h"
 #include "session/Session.h"
-#include "session/clsCurrentUser.h"
+#include "session/logon/HospitalServer.h"
+#include "session/logon/OdbcServer.h"
+#include "session/logon/clsCurrentUser.h"
 
 #include <QTextStream>
 

@@ -1,0 +1,45 @@
+#include "platform/controls/fields/KeyFilter.h"
+
+#include "platform/controls/fields/TextIntake.h"
+
+namespace controls {
+
+namespace {
+
+QChar ruled(QChar c, KeyRules rules) {
+    if (rules.testFlag(KeyRule::BackQuote) && c == QLatin1Char('\''))
+        c = QLatin1Char('`');
+    if (rules.testFlag(KeyRule::UpperCase))
+        c = c.toUpper();
+    return c;
+}
+
+bool passes(QChar c, KeyRules rules) {
+    const bool digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    if (rules.testFlag(KeyRule::Digits))
+        return digit;
+    if (rules.testFlag(KeyRule::Number))
+        return digit || c == QLatin1Char('.') || c == QLatin1Char('+') || c == QLatin1Char('-');
+    return true;
+}
+
+} // namespace
+
+QString filtered(const QString& text, KeyRules rules) {
+    QString result;
+    result.reserve(text.size());
+    for (const QChar c : text)
+        if (passes(c, rules))
+            result += ruled(c, rules);
+    return result;
+}
+
+void setKeyRules(QLineEdit* field, KeyRules rules) {
+    TextIntake::attach(field, rules);
+}
+
+void setKeyRules(QPlainTextEdit* field, KeyRules rules) {
+    TextIntake::attach(field, rules);
+}
+
+} // namespace controls

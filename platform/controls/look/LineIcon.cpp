@@ -1,0 +1,57 @@
+#include "platform/controls/look/LineIcon.h"
+
+#include "platform/controls/look/Look.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace controls {
+
+namespace {
+
+QByteArray readDrawing(const QString& name) {
+    QFile file(QStringLiteral(":/scintra/icons/%1.svg").arg(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+LineIcon::LineIcon(QByteArray drawing, const QColor& color) : m_drawing(std::move(drawing)), m_color(color) {}
+
+void LineIcon::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) {
+    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+}
+
+QPixmap LineIcon::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) {
+    const QColor color = mode == QIcon::Disabled ? look::fieldLine : m_color;
+    const QString key = QStringLiteral("line %1 %2 %3x%4")
+                            .arg(qHash(m_drawing))
+                            .arg(color.rgba())
+                            .arg(size.width())
+                            .arg(size.height());
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture))
+        return picture;
+    picture = QPixmap(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    QSvgRenderer(QByteArray(m_drawing).replace("currentColor", color.name().toLatin1()))
+        .render(&painter, QRectF(QPointF(), QSizeF(size)));
+    painter.end();
+    QPixmapCache::insert(key, picture);
+    return picture;
+}
+
+QIconEngine* LineIcon::clone() const {
+    return new LineIcon(m_drawing, m_color);
+}
+
+QIcon look::icon(const QString& name, const QColor& color) {
+    QByteArray drawing = readDrawing(name);
+    return drawing.isEmpty() ? QIcon() : QIcon(new LineIcon(std::move(drawing), color));
+}
+
+} // namespace controls

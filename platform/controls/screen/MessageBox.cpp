@@ -1,0 +1,44 @@
+#include "platform/controls/screen/MessageBox.h"
+
+#include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/MessageDialog.h"
+
+#include <QApplication>
+#include <QPointer>
+
+namespace controls {
+
+namespace {
+
+MessageScript& currentScript() {
+    static MessageScript script;
+    return script;
+}
+
+} // namespace
+
+int MsgBox(const QString& prompt, int style, const QString& title) {
+    // A copy: an answer may replace the script.
+    if (const MessageScript script = currentScript())
+        return script(prompt, style, title);
+    ErrorBoundary::throwIfStopping();
+    const QPointer<MessageDialog> dialog(
+        new MessageDialog(prompt, style, title, QApplication::activeWindow()));
+    int answer = MessageDialog::leavingAnswer(style);
+    {
+        const ModalLevel level;
+        dialog->exec();
+    }
+    if (dialog) {
+        answer = dialog->answer();
+        delete dialog.data();
+    }
+    ErrorBoundary::throwIfStopping();
+    return answer;
+}
+
+void setMessageScript(MessageScript script) {
+    currentScript() = std::move(script);
+}
+
+} // namespace controls

@@ -1,0 +1,254 @@
+#include "platform/controls/screen/Screen.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QToolButton>
+#include <QWindow>
+
+namespace controls {
+
+namespace {
+
+constexpr int objectWasUnloaded = 364;
+
+bool isEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+/// Enter presses the button that it was typed on, and no other that has the focus by the time it arrives
+/// there.
+class ButtonKeys : public QObject {
+  public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* button = qobject_cast<QAbstractButton*>(watched);
+        if (!button || event->type() != QEvent::KeyPress)
+            return false;
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (!isEnter(key))
+            return false;
+        // A key that is held down goes on repeating itself on the button that took the focus meanwhile.
+        if (!key.isAutoRepeat())
+            button->click();
+        return true;
+    }
+};
+
+std::vector<Screen*>& openList() {
+    static std::vector<Screen*> screens;
+    return screens;
+}
+
+/// What a screen may fill: the desktop without its bars.
+QRect roomFor(const QWidget* parent) {
+    // The window-less platform has a desktop of no use; the hospital's smallest one stands in.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return QRect(0, 0, 1366, 768);
+    const QScreen* screen = parent ? parent->screen() : QGuiApplication::primaryScreen();
+    return screen ? screen->availableGeometry() : QRect(0, 0, 1366, 768);
+}
+
+QWidget* openerOf(const Screen* screen) {
+    if (QWidget* parent = screen->parentWidget())
+        return parent->window();
+    QWidget* active = QApplication::activeWindow();
+    if (active && active != screen)
+        return active;
+    for (auto it = openList().rbegin(); it != openList().rend(); ++it)
+        if (*it != screen)
+            return *it;
+    return nullptr;
+}
+
+} // namespace
+
+Screen::Screen(QWidget* parent) : QDialog(parent), m_buttonKeys(new ButtonKeys(this)) {
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+    setSizeGripEnabled(false);
+}
+
+Screen::~Screen() {
+    std::erase(openList(), this);
+}
+
+const std::vector<Screen*>& Screen::openScreens() {
+    return openList();
+}
+
+void Screen::load() {
+    if (m_unloaded)
+        throw base::RunTimeError(objectWasUnloaded, QStringLiteral("Object was unloaded"));
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    calmButtons();
+    // Lists that are filled and scrolled before they are seen keep the row heights of that moment.
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->ensurePolished();
+    Form_Load();
+    calmButtons();
+}
+
+void Screen::calmButtons() {
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        button->setAutoDefault(false);
+        button->setDefault(false);
+        button->installEventFilter(m_buttonKeys);
+    }
+    for (QToolButton* button : findChildren<QToolButton*>())
+        button->installEventFilter(m_buttonKeys);
+}
+
+void Screen::ShowModal() {
+    if (isVisible())
+        throw base::RunTimeError(base::errors::formAlreadyDisplayed);
+    const QPointer<Screen> self(this);
+    load();
+    if (!self || m_unloaded)
+        return; // Form_Load refused
+    {
+        const ModalLevel level;
+        exec();
+    }
+    if (self && isVisible())
+        QDialog::setVisible(false); // the loop was ended from outside
+    if (self)
+        std::erase(openList(), this);
+    ErrorBoundary::throwIfStopping();
+}
+
+void Screen::Show() {
+    const QPointer<Screen> self(this);
+    load();
+    if (!self || m_unloaded)
+        return;
+    if (isVisible()) {
+        raise();
+        activateWindow();
+        return;
+    }
+    setModal(false);
+    show();
+}
+
+bool Screen::Unload() {
+    if (m_unloaded || m_unloading)
+        return m_unloaded;
+    if (!m_loaded) {
+        m_unloaded = true;
+        return true;
+    }
+    m_unloading = true;
+    const QPointer<Screen> self(this);
+    try {
+        bool cancel = false;
+        Form_QueryUnload(cancel);
+        if (!self)
+            return true;
+        if (cancel) {
+            m_unloading = false;
+            return false;
+        }
+        Form_Unload();
+    } catch (...) {
+        if (self)
+            m_unloading = false;
+        throw;
+    }
+    if (!self)
+        return true;
+    m_unloading = false;
+    m_unloaded = true;
+    hide();
+    return true;
+}
+
+void Screen::hideScreen() {
+    hide();
+}
+
+void Screen::Form_QueryUnload(bool&) {}
+
+void Screen::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        std::erase(openList(), this);
+        QWidget* opener = openerOf(this);
+        placeOver(opener);
+        openList().push_back(this);
+        if (opener && opener->windowHandle() && !parentWidget()) {
+            winId();
+            windowHandle()->setTransientParent(opener->windowHandle());
+        }
+    } else if (!visible) {
+        std::erase(openList(), this);
+    }
+    QDialog::setVisible(visible);
+}
+
+void Screen::placeOver(QWidget* opener) {
+    if (m_placed)
+        return;
+    m_placed = true;
+    ensurePolished();
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+    const QRect room = roomFor(opener);
+    // The window's own bar and frame need some of it.
+    const QSize most(room.width() - 16, room.height() - 48);
+    resize(size().expandedTo(minimumSizeHint()).boundedTo(most));
+    const QPoint middle = opener && opener->isVisible() ? opener->frameGeometry().center() : room.center();
+    QRect place(QPoint(), size() + QSize(0, 32));
+    place.moveCenter(middle);
+    place.moveLeft(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())));
+    place.moveTop(qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
+    move(place.topLeft());
+}
+
+void Screen::closeEvent(QCloseEvent* event) {
+    if (ErrorBoundary::isStopping()) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    const QPointer<Screen> self(this);
+    bool closed = false;
+    ErrorBoundary::guard([&] { closed = Unload(); });
+    if (closed)
+        event->accept();
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && isEnter(*event))
+        event->accept(); // a field's Enter ends at its screen
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void Screen::reject() {
+    if (!m_escapeCloses)
+        return;
+    ErrorBoundary::guard([this] { Unload(); });
+}
+
+Screen::Hourglass::Hourglass() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+Screen::Hourglass::~Hourglass() {
+    QApplication::restoreOverrideCursor();
+}
+
+void SelectAllText(QLineEdit* field) {
+    field->setSelection(0, int(field->text().size()));
+}
+
+} // namespace controls

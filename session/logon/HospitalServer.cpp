@@ -1,0 +1,106 @@
+#include "session/logon/HospitalServer.h"
+
+#include "server/demo/Hospital.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "session/logon/OdbcServer.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSysInfo>
+
+namespace session {
+namespace {
+
+/// The server that comes along, on one hospital file.
+class FileServer : public HospitalServer {
+  public:
+    /// "" is the program's hospital file, wherever that is when it is asked for.
+    explicit FileServer(QString path) : m_path(std::move(path)) {}
+
+    QString name() const override { return QStringLiteral("This computer"); }
+    QString serverName() const override { return QStringLiteral("(local)"); }
+    QString connectionString() const override {
+        return QStringLiteral("Provider=Scintra;Data Source=") + QDir::toNativeSeparators(file());
+    }
+    bool isThere() const override { return QFileInfo::exists(file()); }
+    void prepare(const std::function<void(int)>& progress) override {
+        demo::createHospital(file(), [&](int percent, const QString&) { progress(percent); });
+    }
+    std::unique_ptr<ado::Provider> open(const QString& login) override {
+        engine::Options options;
+        options.hostName = QSysInfo::machineHostName();
+        options.programName = QStringLiteral("Visual Scintra");
+        options.loginName = login;
+        auto provider = engine::EmbeddedProvider::open(file(), options);
+        demo::ensureKit(*provider);
+        return provider;
+    }
+
+  private:
+    QString file() const { return m_path.isEmpty() ? hospitalFile() : m_path; }
+
+    QString m_path;
+};
+
+QString& otherHospitalFile() {
+    static QString path;
+    return path;
+}
+
+/// Servers that were set; empty for those of this computer.
+HospitalServers& serversSet() {
+    static HospitalServers servers;
+    return servers;
+}
+
+QString& lastServerName() {
+    static QString name;
+    return name;
+}
+
+} // namespace
+
+void HospitalServer::setLogin(const QString&, const QString&) {}
+
+bool HospitalServer::refusedLogin(const base::RunTimeError&) const {
+    return false;
+}
+
+QString HospitalServer::sentence(const base::RunTimeError& error) const {
+    return error.description();
+}
+
+HospitalServers hospitalServers() {
+    if (!serversSet().empty())
+        return serversSet();
+    HospitalServers servers{std::make_shared<FileServer>(QString())};
+    for (auto& server : odbcServers())
+        servers.push_back(std::move(server));
+    return servers;
+}
+
+void setHospitalServers(HospitalServers servers) {
+    serversSet() = std::move(servers);
+}
+
+QString lastServer() {
+    return lastServerName();
+}
+
+void setLastServer(const QString& name) {
+    lastServerName() = name;
+}
+
+QString hospitalFile() {
+    return otherHospitalFile().isEmpty() ? demo::defaultHospitalFile() : otherHospitalFile();
+}
+
+void setHospitalFile(const QString& path) {
+    otherHospitalFile() = path;
+}
+
+std::shared_ptr<HospitalServer> fileServer(const QString& path) {
+    return std::make_shared<FileServer>(path);
+}
+
+} // namespace session

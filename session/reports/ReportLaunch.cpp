@@ -1,0 +1,127 @@
+#include "session/reports/ReportLaunch.h"
+
+#include "platform/base/Error.h"
+#include "platform/report/output/Print.h"
+#include "session/Session.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/reports/frmReportViewer.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <algorithm>
+
+namespace session {
+
+std::unique_ptr<report::Report> gReport;
+QString gReportFrom;
+QString gReportTo;
+QString gReportOption;
+QString gReportOptionTitle;
+
+namespace {
+
+QString otherProgramFolder;
+
+clsCurrentUser& user() {
+    if (!gUser)
+        throw base::RunTimeError(base::errors::objectNotSet);
+    return *gUser;
+}
+
+report::Report& openReport() {
+    if (!gReport)
+        throw base::RunTimeError(base::errors::objectNotSet);
+    return *gReport;
+}
+
+/// In stored order; values beyond the fields are ignored, fields beyond the values stay without one.
+void feedParameters(report::Report& report, const std::vector<base::Value>& values) {
+    const std::size_t count = std::min(values.size(), std::size_t(report.parameterNames().size()));
+    for (std::size_t i = 0; i < count; ++i)
+        report.setParameter(int(i), values[i]);
+}
+
+/// The table's new place: the database, and the old place from its first "." on.
+QString movedTo(const QString& database, const QString& location) {
+    const qsizetype point = location.indexOf(u'.');
+    return point < 0 ? database + u'.' + location : database + location.mid(point);
+}
+
+} // namespace
+
+QString programFolder() {
+    if (!otherProgramFolder.isEmpty())
+        return otherProgramFolder;
+    const QString beside = QCoreApplication::applicationDirPath();
+    if (QDir(beside + QStringLiteral("/Reports")).exists())
+        return beside;
+    const QString share = QDir::cleanPath(beside + QStringLiteral("/../share/visual-scintra"));
+    return QDir(share + QStringLiteral("/Reports")).exists() ? share : beside;
+}
+
+void setProgramFolder(const QString& folder) {
+    otherProgramFolder = folder;
+}
+
+QString reportPath(const QString& file) {
+    return programFolder() + QStringLiteral("\\Reports\\") + file;
+}
+
+void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters) {
+    gReport = report::Report::open(
+        path, [](const QString& server, const QString& base, const QString& login, const QString& password) {
+            return user().openReportConnection(server, base, login, password);
+        });
+    gReport->headingName = gHospitalName;
+    gReport->headingAddress = gHospitalAddress;
+    for (report::TableLogOn& table : gReport->tables()) {
+        table.server = user().ServerName();
+        table.database = database;
+        table.login = QStringLiteral("sa");
+        table.password = gServerPassword;
+    }
+    gReport->testLogOn();
+    feedParameters(*gReport, parameters);
+}
+
+void PrepareSubReport(const QString& name, const std::vector<base::Value>& parameters) {
+    report::Report& subReport = openReport().subReport(name);
+    for (report::TableLogOn& table : subReport.tables()) {
+        table.location = movedTo(user().Database(), table.location);
+        table.server = user().ServerName();
+        table.database = user().Database();
+        table.login = QStringLiteral("sa");
+        table.password = gServerPassword;
+    }
+    subReport.testLogOn();
+    feedParameters(subReport, parameters);
+}
+
+void SetReportTableLogOn(report::TableLogOn& table, const QString& database) {
+    table.location = movedTo(database, table.location);
+    table.server = user().ServerName();
+    table.database = database;
+    table.login = user().UserID();
+    table.password = user().serverpassword();
+    user().openReportConnection(table.server, table.database, table.login, table.password)->Close();
+}
+
+void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
+    report::Report& report = openReport();
+    if (directPrint) {
+        report.discardSavedData();
+        if (report::printDirect(report)) {
+            gReport.reset();
+            return;
+        }
+    }
+    frmReportViewer viewer;
+    viewer.ShowGroupTree = showGroupTree;
+    viewer.setWindowTitle(title);
+    viewer.DirectPrint = false;
+    viewer.ShowModal();
+    gReport.reset();
+}
+
+} // namespace session

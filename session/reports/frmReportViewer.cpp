@@ -1,0 +1,46 @@
+#include "session/reports/frmReportViewer.h"
+
+#include "platform/controls/look/Look.h"
+#include "platform/report/viewer/Viewer.h"
+#include "session/reports/ReportLaunch.h"
+
+#include <QAction>
+#include <QVBoxLayout>
+
+namespace session {
+
+frmReportViewer::frmReportViewer(QWidget* parent) : Screen(parent), CRViewer1(new report::Viewer(this)) {
+    setObjectName(QStringLiteral("frmReportViewer"));
+    setWindowTitle(QStringLiteral("VIEW REPORT"));
+    setEscapeCloses(true);
+    CRViewer1->setObjectName(QStringLiteral("CRViewer1"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(CRViewer1);
+}
+
+frmReportViewer::~frmReportViewer() = default;
+
+void frmReportViewer::Form_Load() {
+    resize(controls::look::scaled(1180), controls::look::scaled(760));
+    CRViewer1->setGroupTreeShown(ShowGroupTree);
+    bool shown = false;
+    {
+        const Hourglass busy;
+        shown = CRViewer1->showReport(*gReport);
+    }
+    if (!shown) {
+        Unload();
+        return;
+    }
+    if (QAction* pageWidth = CRViewer1->command(QStringLiteral("fitWidth")))
+        pageWidth->trigger();
+    if (DirectPrint)
+        CRViewer1->print();
+}
+
+void frmReportViewer::Form_Unload() {
+    gReport.reset();
+}
+
+} // namespace session

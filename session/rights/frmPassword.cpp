@@ -1,0 +1,36 @@
+#include "session/rights/frmPassword.h"
+
+#include "platform/controls/fields/EnterKey.h"
+#include "platform/controls/look/Look.h"
+#include "session/logon/clsCurrentUser.h"
+#include "ui_frmPassword.h"
+
+namespace session {
+
+frmPassword::frmPassword(clsCurrentUser& user, QWidget* parent)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmPassword>()), m_user(user) {
+    m_ui->setupUi(this);
+    setEscapeCloses(true);
+    controls::onEnter(m_ui->txtPassword, [this] { cmdOk_Click(); });
+    controls::on(m_ui->cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
+    controls::on(m_ui->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+frmPassword::~frmPassword() = default;
+
+void frmPassword::Form_Load() {
+    setMinimumWidth(controls::look::scaled(400));
+    controls::look::setPrimary(m_ui->cmdOk);
+    m_ui->header->setSubtitle(QStringLiteral("(%1)  %2").arg(m_user.employeecode(), m_user.employeename()));
+    m_ui->txtPassword->setFocus();
+}
+
+void frmPassword::cmdOk_Click() {
+    {
+        const Hourglass busy;
+        Valid = m_user.checkPassword(m_ui->txtPassword->text()) == LogOnResult::Good;
+    }
+    Unload();
+}
+
+} // namespace session

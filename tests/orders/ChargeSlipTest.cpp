@@ -1,0 +1,182 @@
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/output/Print.h"
+#include "session/Session.h"
+#include "session/reports/ReportLaunch.h"
+#include "tests/orders/RequestFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <variant>
+
+namespace {
+
+QStringList textsOf(const report::PageDocument& document) {
+    QStringList texts;
+    for (const report::Item& item : document.page(0)->items)
+        if (const auto* run = std::get_if<report::TextRun>(&item))
+            texts += run->text;
+    return texts;
+}
+
+/// A printer that is there or not, and keeps the texts of what it was given.
+class Printer : public report::PrintTarget {
+  public:
+    Printer(bool ready, QStringList& texts) : m_ready(ready), m_texts(texts) {}
+    bool isReady() const override { return m_ready; }
+    void print(const report::PageDocument& document) override {
+        for (const QString& text : textsOf(document))
+            m_texts += tests::toTestDays(text);
+    }
+
+  private:
+    bool m_ready;
+    QStringList& m_texts;
+};
+
+/// The charge slip's place is taken by a report that shows its ten values, one a line.
+class ChargeSlip : public tests::RequestFixture {
+  public:
+    ChargeSlip() {
+        QDir(m_programFolder.path()).mkdir("Reports");
+        QFile definition(m_programFolder.filePath("Reports/Chargeslip.RPT"));
+        EXPECT_TRUE(definition.open(QIODevice::WriteOnly));
+        QString parameters, fields;
+        for (int i = 0; i < 10; ++i) {
+            parameters += QStringLiteral("<parameter name=\"P%1\"/>").arg(i);
+            fields += QStringLiteral("<field x=\"0mm\" y=\"%2mm\" width=\"150mm\" height=\"6mm\" "
+                                     "value=\"&quot;%1: &quot; &amp; {?P%1}\"/>")
+                          .arg(i)
+                          .arg(i * 7);
+        }
+        definition.write(
+            QStringLiteral("<report version=\"1\" title=\"Slip\"><page width=\"180mm\" height=\"120mm\" "
+                           "left=\"10mm\" right=\"10mm\" top=\"10mm\" bottom=\"10mm\"/>%1<table "
+                           "name=\"Rooms\" location=\"BUILD_FILE..tbcoRoom\">SELECT TOP 1 RoomID FROM "
+                           "{table} ORDER BY RoomID</table><details height=\"80mm\">%2</details></report>")
+                .arg(parameters, fields)
+                .toUtf8());
+        session::setProgramFolder(m_programFolder.path());
+        usePrinter(true);
+    }
+    ~ChargeSlip() override {
+        report::setPrintTarget(QString());
+        session::setProgramFolder({});
+    }
+
+    void usePrinter(bool ready) { report::setPrintTarget(std::make_unique<Printer>(ready, printed)); }
+    void expectSaved() {
+        boxes.expect({QStringLiteral("Data Successfully Saved! ChargeSlip No.: 'C%1J'").arg(nextSlip()),
+                      controls::vbOKOnly, "Message"});
+    }
+    /// What was sent once the save was committed.
+    QStringList printTexts() {
+        const QStringList texts = takeTexts();
+        return texts.mid(texts.indexOf("COMMIT") + 1);
+    }
+
+    QStringList printed;
+
+  private:
+    QTemporaryDir m_programFolder;
+};
+
+TEST_F(ChargeSlip, TakesTheLinesDownToTheFirstWithoutACode) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>2<Enter>MD<Enter>201<Enter><Tab>1500<Enter>");
+    grid().setTextMatrix(2, 5, "99.00");
+    const QString doctor = cell(2, 3);
+    grid().RemoveItem(3);
+    grid().AddItem("\tUR\t40001\tSYRINGE\t\t\t\t40");
+    grid().AddItem("\tFN\t201\tREADER\t\t7\t\t350.5");
+    grid().AddItem("\tUR\t\tNO CODE\t\t1\t1\t1");
+    grid().AddItem("\tNU\t1002\tBEHIND THE GAP\t\t1\t1\t1");
+    expectSaved();
+    takeTexts();
+    type("<Alt+P>");
+    EXPECT_EQ(
+        printTexts().join(u'\n').toStdString(),
+        QStringList({"delete from tbNucChargeSlip",
+                     "sp_Nuclear_DumpChargeSlip '1001','BONE SCAN, WHOLE "
+                     "BODY','2','5620.00','11240.00', '1001', 'NU'",
+                     "sp_Nuclear_DumpChargeSlip '201','" + doctor + "','1','1500.00','1500.00', '1001', 'MD'",
+                     "sp_Nuclear_DumpChargeSlip '40001','SYRINGE','1','40','40', '1001', 'UR'",
+                     "sp_Nuclear_DumpChargeSlip '201','READER','1','350.5','350.5', '1001', 'FN'",
+                     "SELECT Name FROM PASSWORD..tbPasswordMain WHERE Employeeid = ''"})
+            .join(u'\n')
+            .toStdString());
+    EXPECT_TRUE(screen().isUnloaded());
+}
+
+TEST_F(ChargeSlip, IsPrintedAtOnceWithItsTenValues) {
+    open({.PatIdNum = admitted,
+          .PatientType = "I",
+          .NursingRemarks = "FASTING SINCE MIDNIGHT",
+          .RequestingNurse = "1002"});
+    const QString nurse = value("SELECT Name FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'");
+    ASSERT_FALSE(nurse.isEmpty());
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    const int slip = nextSlip();
+    const QString doctor = field("txtDoctor").text();
+    expectSaved();
+    takeTexts();
+    type("<Alt+P>");
+    EXPECT_EQ(printed, (QStringList{"0: NUCLEAR MEDICINE COST CENTER SLIP", "1: AGUILAR, VIRGILIO AVELINO",
+                                    "2: Personal", "3: 26004078", "4: REYES, JOAN P.",
+                                    "5: FASTING SINCE MIDNIGHT", "6: 11/21/2026", "7: " + doctor,
+                                    QStringLiteral("8: C%1J").arg(slip), "9: (1002)" + nurse}))
+        << printed.join(u'\n').toStdString();
+    EXPECT_EQ(printTexts().last(), "SELECT Name FROM PASSWORD..tbPasswordMain WHERE Employeeid = '1002'");
+    EXPECT_EQ(session::gReport, nullptr);
+}
+
+TEST_F(ChargeSlip, ANurseWhoIsNotOnFileIsLeftOut) {
+    open({.PatIdNum = admitted, .PatientType = "I", .RequestingNurse = "9999"});
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    expectSaved();
+    type("<Alt+P>");
+    EXPECT_EQ(printed.value(9), "9: ");
+}
+
+TEST_F(ChargeSlip, WithoutAPrinterItIsShownUnderItsTitle) {
+    usePrinter(false);
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    expectSaved();
+    QString title;
+    tests::runModal([&] { type("<Alt+P>"); }, {[&](QWidget& viewer) {
+                        title = viewer.windowTitle();
+                        EXPECT_FALSE(screen().isUnloaded()) << "the screen goes behind the print";
+                        viewer.close();
+                    }});
+    EXPECT_EQ(title, "Charge Slip Printing");
+    EXPECT_EQ(printed, QStringList());
+    EXPECT_TRUE(screen().isUnloaded());
+}
+
+TEST_F(ChargeSlip, ASaveAlonePrintsNothing) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    expectSaved();
+    takeTexts();
+    type("<Alt+S>");
+    EXPECT_EQ(printTexts(), QStringList());
+    EXPECT_EQ(printed, QStringList());
+}
+
+TEST_F(ChargeSlip, ASaveThatFailedPrintsNothing) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    takeTexts();
+    {
+        const tests::FaultInjector fault(*session::gConnection, 4);
+        type("<Alt+P>");
+    }
+    EXPECT_EQ(errors.take().number(), 50000);
+    session::gConnection->RollbackTrans();
+    EXPECT_EQ(takeTexts().filter("ChargeSlip ").size(), 0);
+    EXPECT_EQ(printed, QStringList());
+}
+
+} // namespace
