@@ -1,8 +1,10 @@
 #include "app/AppScreens.h"
 
+#include "lookup/clsOutPatientSearch.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
+#include "orders/frmOutRequest.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/screen/Screen.h"
 #include "results/frmRequestMaster.h"
@@ -40,34 +42,50 @@ void AppScreens::showMainMenu() {
     SharedScreen<menu::frmMainMenu>::fresh().Show();
 }
 
+void AppScreens::endProgram() {
+    QCoreApplication::exit(0);
+}
+
 void AppScreens::open(session::MenuScreen screen, const QString& formMode) {
     if (const auto opener = m_table.find(screen); opener != m_table.end())
         opener->second(formMode);
 }
 
 void AppScreens::openRequest(const session::RequestEntry& entry) {
-    orders::frmRequest& screen = SharedScreen<orders::frmRequest>::fresh();
-    screen.PatIdNum = entry.PatIdNum;
-    screen.PatientType = entry.PatientType;
-    screen.CashBasis = entry.CashBasis;
-    screen.NurseCommnunication = entry.NurseCommnunication;
-    screen.CashOrNum = entry.CashOrNum;
-    screen.CashPrice = entry.CashPrice;
-    screen.NursingRemarks = entry.NursingRemarks;
-    screen.RequestingNurse = entry.RequestingNurse;
-    screen.PatientClass = entry.PatientClass;
-    screen.Classification = entry.Classification;
+    auto& screen = SharedScreen<orders::frmRequest>::fresh();
+    screen.entry = entry;
     screen.ShowModal();
 }
 
-void AppScreens::openOutRequest(const session::OutRequestEntry&) {}
-
-bool AppScreens::openNuclearPackage(session::PackageHandOver&) {
-    return false;
+void AppScreens::openOutRequest(const session::OutRequestEntry& entry) {
+    auto& screen = SharedScreen<orders::frmOutRequest>::fresh();
+    screen.take(entry);
+    screen.ShowModal();
 }
 
-bool AppScreens::openNucCharges(session::PackageHandOver&) {
-    return false;
+void AppScreens::openNuclearPackage(const session::PackageHandOver&) {}
+
+void AppScreens::openNucCharges(const session::PackageHandOver&) {}
+
+void AppScreens::enableRequestSaves() {
+    SharedScreen<orders::frmRequest>::current().enableSaves(true);
+    SharedScreen<orders::frmOutRequest>::current().enableSaves(true);
+}
+
+session::ChosenPatient AppScreens::openDischargeNotice() {
+    return {};
+}
+
+void AppScreens::openClearPatient(const QString&) {}
+
+std::optional<session::FoundOutPatient> AppScreens::findOutPatient(const QString& searchText) {
+    lookup::clsOutPatientSearch search;
+    if (!search.ValidatePatient(searchText))
+        return std::nullopt;
+    return session::FoundOutPatient{.IdNumber = search.IdNumber(),
+                                    .BillingDate = search.BillingDate(),
+                                    .InvoiceNumber = search.InvoiceNumber(),
+                                    .LateCharges = search.LateCharges()};
 }
 
 } // namespace app

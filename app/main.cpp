@@ -1,7 +1,5 @@
 #include "app/AppScreens.h"
 #include "app/ErrorBox.h"
-#include "app/MenuWiring.h"
-#include "menu/MenuLinks.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/ErrorBoundary.h"
@@ -17,8 +15,6 @@ int main(int argc, char** argv) {
 
     app::AppScreens screens;
     session::setScreens(&screens);
-    app::linkMenu();
-    menu::links().endProgram = [] { QCoreApplication::exit(0); };
     app::installBoundary();
 
     controls::ErrorBoundary::guard([] { session::Main(); });

@@ -94,8 +94,8 @@ void fill(controls::FlexGrid& grid, const std::vector<OrderLine>& lines) {
 /// From the press of "Save" to the box that tells the slip number: everything is on disk then.
 qint64 saveOnce(const QString& idNumber, const std::vector<OrderLine>& lines, QString* chargeSlip = nullptr) {
     orders::frmRequest screen;
-    screen.PatIdNum = idNumber;
-    screen.PatientType = QStringLiteral("I");
+    screen.entry.PatIdNum = idNumber;
+    screen.entry.PatientType = QStringLiteral("I");
     screen.load();
     fill(*screen.findChild<controls::FlexGrid*>(QStringLiteral("grdPackage")), lines);
     auto* cmdSave = screen.findChild<QPushButton*>(QStringLiteral("cmdSave"));

@@ -31,6 +31,7 @@ struct RequestGridVariant {
 };
 
 inline constexpr RequestGridVariant inPatientGrid{RateRule::ByRoomClass};
+inline constexpr RequestGridVariant outPatientGrid{RateRule::AlwaysRateA};
 
 /// The entry grid of the request screens: a grid without cell editing, a text box and a list that float over
 /// its current cell, and the rules by which a line is looked up, priced and totalled. The controls belong to

@@ -6,6 +6,7 @@
 #include "platform/controls/grid/FlexGrid.h"
 #include "session/Routines.h"
 #include "session/Session.h"
+#include "session/StampRow.h"
 #include "session/logon/clsCurrentUser.h"
 
 namespace entry {
@@ -15,15 +16,7 @@ using base::Trim;
 using session::gSectionCode;
 using session::gUser;
 using session::ReadForUpdate;
-
-namespace {
-
-/// A cell as a double; an empty one is 0. Raises 13 for a text that is no number.
-double numberIn(const QString& cell) {
-    return cell.isEmpty() ? 0 : base::CDbl(cell);
-}
-
-} // namespace
+using session::stampRow;
 
 RequestPosting::RequestPosting(const PostingVariant& variant, const PostingHeader& header,
                                controls::FlexGrid& lines, controls::FlexGrid& unusedItems)
@@ -34,14 +27,12 @@ void RequestPosting::post() {
         SetStockDept();
     ServerNow =
         base::CDate(ReadForUpdate(sql("select getdate() as [server date]")).Fields("server date").Value());
-    if (m_variant.onlyAdmitted && m_header.PatientType != u"I")
+    if (m_variant.onlyAdmitted && m_header.entry.PatientType != u"I")
         return;
-    if (!m_header.CashBasis)
+    if (!m_header.entry.CashBasis)
         takeChargeSlip();
-    for (int row = 1; row < m_lines.Rows(); ++row) {
-        m_lines.setRow(row);
-        postLine(readLine(row));
-    }
+    for (int row = 1; row < m_lines.Rows(); ++row)
+        postLine(row);
     saveUnusedItems();
 }
 
@@ -68,30 +59,20 @@ QString RequestPosting::takeRequestNum() {
     return Trim(number);
 }
 
-RequestPosting::Line RequestPosting::readLine(int row) const {
-    const auto cell = [&](int column) { return m_lines.TextMatrix(row, column); };
-    Line line;
-    line.ItemCode = cell(colCode);
-    line.ItemName = cell(colParticular);
-    line.Quantity = numberIn(cell(colQuantity));
-    line.Amount = numberIn(cell(colAmount));
-    line.Revenue = cell(colDepartment);
-    line.LinkNum = cell(m_variant.nurseLinkColumn);
-    return line;
-}
-
-void RequestPosting::postLine(const Line& given) {
-    Line line = given;
+void RequestPosting::postLine(int row) {
+    m_lines.setRow(row);
+    PostedLine line = readLine(m_lines, row, m_variant.nurseLinkColumn);
     gSectionCode = line.Revenue;
     line.RequestNum = takeRequestNum();
     addRequest(line);
-    if (m_header.NurseCommnunication && !m_header.CashBasis)
+    if (m_header.entry.NurseCommnunication && !m_header.entry.CashBasis)
         stampNurseFiles(line);
     else
         addNurseLogBook(line);
-    if (m_header.CashBasis)
+    if (m_header.entry.CashBasis)
         return;
-    if (line.Revenue == u"NU" || isFeeRevenue(line.Revenue)) {
+    const QString billed = m_variant.billsDeptCode ? session::gDeptCode : QStringLiteral("NU");
+    if (line.Revenue == billed || isFeeRevenue(line.Revenue)) {
         addBill(line);
     } else if (!line.ItemCode.isEmpty()) {
         addStockMovement(line);
@@ -100,58 +81,51 @@ void RequestPosting::postLine(const Line& given) {
     }
 }
 
-void RequestPosting::addRequest(const Line& line) {
-    if (m_header.CashBasis) {
+void RequestPosting::addRequest(const PostedLine& line) {
+    if (m_header.entry.CashBasis) {
         ReadForUpdate(
             sql("sp_Nuclear_AddRequest '{}','{}','{}', '{}','{}','{}','I', '{}','{}','','','{}','','{}'",
                 Trim(m_header.txtHospNum), Trim(m_header.txtIdNum), line.RequestNum, Trim(line.ItemCode),
-                line.Amount, m_header.DoctorCode, m_header.CashOrNum, gUser->employeecode(), line.Quantity,
-                line.Revenue));
-    } else if (m_header.NurseCommnunication) {
+                line.Amount, m_header.DoctorCode, m_header.entry.CashOrNum, gUser->employeecode(),
+                line.Quantity, line.Revenue));
+    } else if (m_header.entry.NurseCommnunication) {
         addRequestRow(line, line.LinkNum, line.Revenue);
     } else if (gSectionCode == u"NU") {
         addRequestRow(line, line.RequestNum, gSectionCode);
     }
 }
 
-void RequestPosting::addRequestRow(const Line& line, const QString& link, const QString& revenue) {
+void RequestPosting::addRequestRow(const PostedLine& line, const QString& link, const QString& revenue) {
     ReadForUpdate(sql(
         "sp_Nuclear_AddRequest '{}','{}','{}', '{}','{}','{}','I', '{}','{}','{}','','{}', '','{}'",
         Trim(m_header.txtHospNum), Trim(m_header.txtIdNum), line.RequestNum, Trim(line.ItemCode), line.Amount,
         m_header.DoctorCode, m_chargeSlip, gUser->employeecode(), link, line.Quantity, revenue));
 }
 
-void RequestPosting::stampNurseFiles(const Line& line) {
+void RequestPosting::stampNurseFiles(const PostedLine& line) {
     ado::Recordset communication = ReadForUpdate(
         sql("sp_checknursecommunicationfile '0','{}','{}','{}','{}','{}'", m_variant.patientType,
-            gSectionCode, line.ItemCode, m_header.PatIdNum, line.LinkNum));
-    if (communication.State() == ado::Recordset::adStateOpen && !communication.Eof()) {
-        communication.setUniqueTable(QStringLiteral("STATION..tbNurseCommunicationFile"));
-        communication.Fields("referencenum").setValue(m_chargeSlip);
-        communication.Fields("RecordStatus").setValue("X");
-        communication.Update();
-    }
+            gSectionCode, line.ItemCode, m_header.entry.PatIdNum, line.LinkNum));
+    stampRow(communication, "STATION..tbNurseCommunicationFile",
+             {{"referencenum", m_chargeSlip}, {"RecordStatus", "X"}});
     ado::Recordset logBook =
         ReadForUpdate(sql("sp_checknurselogbook '0','{}','{}','{}','{}','{}'", m_variant.patientType,
                           m_header.txtIdNum, gSectionCode, line.ItemCode, line.LinkNum));
-    if (logBook.State() == ado::Recordset::adStateOpen && !logBook.Eof()) {
-        logBook.setUniqueTable(QStringLiteral("STATION..tbNurseLogBook"));
-        logBook.Fields("referencenum").setValue(m_chargeSlip);
-        logBook.Fields("RecordStatus").setValue("X");
-        logBook.Fields("processby").setValue(gUser->employeecode());
-        logBook.Fields("processdate").setValue(ServerNow);
-        logBook.Update();
-    }
+    stampRow(logBook, "STATION..tbNurseLogBook",
+             {{"referencenum", m_chargeSlip},
+              {"RecordStatus", "X"},
+              {"processby", gUser->employeecode()},
+              {"processdate", ServerNow}});
 }
 
-void RequestPosting::addNurseLogBook(const Line& line) {
+void RequestPosting::addNurseLogBook(const PostedLine& line) {
     const QString& user = gUser->employeecode();
     ReadForUpdate(sql("sp_addnurselogbook '{}','{}', '{}','{}','{}', '{}','{}', '{}','{}','I','{}','{}'",
-                      m_header.txtHospNum, m_header.PatIdNum, Trim(line.ItemCode), Trim(line.ItemName),
+                      m_header.txtHospNum, m_header.entry.PatIdNum, Trim(line.ItemCode), Trim(line.ItemName),
                       line.Amount, user, user, m_chargeSlip, gSectionCode, line.RequestNum, line.Quantity));
 }
 
-void RequestPosting::addBill(const Line& line) {
+void RequestPosting::addBill(const PostedLine& line) {
     ReadForUpdate(sql("sp_addbill '{}','{}','{}','{}', '{}','{}','{}','{}','{}','','', '{}'",
                       m_variant.patientType, m_header.txtIdNum,
                       base::Format(ServerNow, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM")), m_chargeSlip,
@@ -159,7 +133,7 @@ void RequestPosting::addBill(const Line& line) {
                       m_header.txtHospNum));
 }
 
-void RequestPosting::addStockMovement(const Line& line) {
+void RequestPosting::addStockMovement(const PostedLine& line) {
     StockClass = StockDeptCode == u"179" ? QStringLiteral("PH") : QStringLiteral("CS");
     session::AppendStockCard(StockClass, Trim(m_header.txtHospNum), Trim(m_header.txtIdNum), line.ItemCode,
                              m_chargeSlip, base::Val(base::Str(line.Quantity)),

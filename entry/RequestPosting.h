@@ -1,13 +1,11 @@
 #pragma once
 
+#include "entry/PostedLine.h"
 #include "platform/ado/Connection.h"
 #include "platform/base/DateTime.h"
+#include "session/Screens.h"
 
 #include <QString>
-
-namespace controls {
-class FlexGrid;
-}
 
 namespace entry {
 
@@ -17,21 +15,19 @@ struct PostingVariant {
     int nurseLinkColumn;     ///< the column with the ward's own request number
     bool stockLineIsRequest; ///< a supply line leaves a request beside its stock movement
     bool onlyAdmitted;       ///< any other patient type than "I" posts nothing
+    bool billsDeptCode;      ///< the procedures on the bill are those of gDeptCode, not those of "NU"
 };
 
-inline constexpr PostingVariant inPatientPosting{"I", 11, true, true};
+inline constexpr PostingVariant inPatientPosting{"I", 11, true, true, false};
+inline constexpr PostingVariant outPatientPosting{"O", 12, false, false, true};
 
 /// What a save takes from its screen; texts as the screen shows them.
 struct PostingHeader {
-    QString PatIdNum;
-    QString PatientType;
+    const session::RequestEntry& entry;
     QString txtHospNum;
     QString txtIdNum;
     QString txtRoom;
     QString DoctorCode;
-    QString CashOrNum;
-    bool CashBasis = false;
-    bool NurseCommnunication = false;
 };
 
 /// Posts the lines of a request grid within the caller's transaction: numbers, requests, ward files, bill,
@@ -47,23 +43,16 @@ class RequestPosting {
     const QString& ChargeSlip() const { return m_chargeSlip; }
 
   private:
-    struct Line {
-        QString ItemCode, ItemName, Revenue, LinkNum, RequestNum;
-        double Quantity = 0;
-        double Amount = 0;
-    };
-
     void SetStockDept();
     void takeChargeSlip();
     QString takeRequestNum();
-    Line readLine(int row) const;
-    void postLine(const Line& line);
-    void addRequest(const Line& line);
-    void addRequestRow(const Line& line, const QString& link, const QString& revenue);
-    void stampNurseFiles(const Line& line);
-    void addNurseLogBook(const Line& line);
-    void addBill(const Line& line);
-    void addStockMovement(const Line& line);
+    void postLine(int row);
+    void addRequest(const PostedLine& line);
+    void addRequestRow(const PostedLine& line, const QString& link, const QString& revenue);
+    void stampNurseFiles(const PostedLine& line);
+    void addNurseLogBook(const PostedLine& line);
+    void addBill(const PostedLine& line);
+    void addStockMovement(const PostedLine& line);
     void saveUnusedItems();
 
     const PostingVariant& m_variant;

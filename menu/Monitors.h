@@ -1,6 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+
 namespace menu {
+
+class frmMainMenu;
 
 /// What watches the server while the menu is open and shows it on the menu's indicators. Lives as long as the
 /// menu is loaded.
@@ -12,5 +17,10 @@ class Monitors {
     /// At the end of loading with a connection: one immediate round.
     virtual void checkNow() = 0;
 };
+
+/// The monitors of a menu that loads; null for none.
+std::unique_ptr<Monitors> makeMonitors(frmMainMenu& mainMenu);
+/// Tests only: monitors of another make; null for the program's own.
+void setMonitorMaker(std::function<std::unique_ptr<Monitors>(frmMainMenu&)> maker);
 
 } // namespace menu

@@ -1,7 +1,5 @@
 #include "menu/ReportLauncher.h"
 
-#include "menu/MenuLinks.h"
-#include "menu/Monitors.h"
 #include "platform/ado/Statement.h"
 #include "platform/base/Format.h"
 #include "platform/controls/screen/Screen.h"
@@ -118,11 +116,10 @@ Launch launchReport(const ReportRow& row) {
     if (!askDates(row.dialog) && row.stopsOnCancel)
         return Launch::Cancelled;
     runCensus(row.census);
-    const MenuLinks& link = links();
-    link.prepareReport(session::reportPath(row.file), row.database, parametersOf(row));
+    session::PrepareReport(session::reportPath(row.file), row.database, parametersOf(row));
     if (row.census == Census::ByStation)
-        link.prepareSubReport(QStringLiteral("Summary"), {"PATIENT_DATA", todayAs(yearFirst)});
-    link.showReport(row.groupTree, row.title, false);
+        session::PrepareSubReport(QStringLiteral("Summary"), {"PATIENT_DATA", todayAs(yearFirst)});
+    session::ShowReport(row.groupTree, row.title, false);
     return Launch::Shown;
 }
 

@@ -3,7 +3,6 @@
 #include "menu/BirthdayGreeting.h"
 #include "menu/MenuBar.h"
 #include "menu/MenuKeys.h"
-#include "menu/MenuLinks.h"
 #include "menu/Monitors.h"
 #include "menu/ReportLauncher.h"
 #include "menu/ui_frmMainMenu.h"
@@ -33,8 +32,8 @@ constexpr int outPatientButton = 1;
 void startNextSession() {
     ErrorBoundary::guard([] {
         session::Main();
-        if (Screen::openScreens().empty() && links().endProgram)
-            links().endProgram();
+        if (Screen::openScreens().empty())
+            session::screens().endProgram();
     });
 }
 
@@ -132,10 +131,9 @@ void frmMainMenu::buildMenuBar() {
 }
 
 void frmMainMenu::Form_Load() {
-    if (links().makeMonitors) {
-        m_monitors = links().makeMonitors(*this);
+    m_monitors = makeMonitors(*this);
+    if (m_monitors)
         m_monitors->start();
-    }
     m_group = groupAtLoad;
     m_subMenuBase = menuGroup(groupAtLoad).subMenuBase;
     m_ui->hdrMain->setTitle(windowTitle());
@@ -168,8 +166,8 @@ void frmMainMenu::greet() {
 
 void frmMainMenu::Form_Unload() {
     m_monitors.reset();
-    if (!m_changingUser && links().endProgram)
-        links().endProgram();
+    if (!m_changingUser)
+        session::screens().endProgram();
 }
 
 void frmMainMenu::showDate() {
@@ -397,8 +395,7 @@ void frmMainMenu::btnChargeEntry_Click() {
 }
 
 void frmMainMenu::enterOutPatientCharges() {
-    const auto search = links().findOutPatient;
-    const std::optional<FoundOutPatient> patient = search ? search(QString()) : std::nullopt;
+    const std::optional<session::FoundOutPatient> patient = session::screens().findOutPatient({});
     if (!patient)
         return;
     if (!patient->BillingDate.isEmpty()) {

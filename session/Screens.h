@@ -2,23 +2,29 @@
 
 #include <QString>
 
+#include <optional>
+
+namespace controls {
+class FlexGrid;
+}
+
 namespace session {
 
-/// What a caller gives the in-patient request screen.
+/// What a caller gives a request screen: the screen's public properties.
 struct RequestEntry {
     QString PatIdNum = {};
     QString PatientType = {}; ///< "I", "O" or "W"
-    bool CashBasis = false;
+    bool CashBasis = false;   ///< the lines are those of a paid assessment
     bool NurseCommnunication = false;
-    QString CashOrNum = {};
-    double CashPrice = 0;
+    QString CashOrNum = {}; ///< official receipt
+    double CashPrice = 0;   ///< of the receipt; kept only
     QString NursingRemarks = {};
-    QString RequestingNurse = {};
+    QString RequestingNurse = {}; ///< employee id
     QString PatientClass = {};
     QString Classification = {};
 };
 
-/// What a caller gives the out-patient request screen.
+/// The same for a patient without a bed: the type is fixed.
 struct OutRequestEntry {
     QString IdNumber = {};
     bool CashBasis = false;
@@ -26,6 +32,29 @@ struct OutRequestEntry {
     double CashPrice = 0;
     bool NurseCommnunication = false;
     bool chargeEntry = false;
+    QString NursingRemarks = {};
+    QString RequestingNurse = {};
+    bool ShowListPatient = false; ///< kept only
+};
+
+/// The grids of a request screen that a package screen fills. Not owned.
+struct PackageHandOver {
+    controls::FlexGrid* SourceGrid = nullptr;
+    controls::FlexGrid* PackageGrid = nullptr;
+};
+
+/// What a list of patients came back with.
+struct ChosenPatient {
+    bool Valid = false;
+    QString IdNum = {}; ///< "" when none was chosen
+};
+
+/// The out-patient that a search came back with; texts as the search object has them.
+struct FoundOutPatient {
+    QString IdNumber = {};
+    QString BillingDate = {}; ///< "" while the bill is open
+    QString InvoiceNumber = {};
+    bool LateCharges = false;
 };
 
 /// The screens that the menu opens by themselves.
@@ -52,25 +81,33 @@ enum class MenuScreen {
     ListDeposits
 };
 
-/// A package screen works on the request screen's grids.
-struct PackageHandOver;
-
-/// Opens screens of other folders. The program implements it, a test records it. Every call returns when the
-/// screen has closed; a screen that does not exist yet does nothing.
+/// The one way from a folder of screens to another: the program implements it, a test records it. Every call
+/// returns when its screen has closed, with what that gave back; a screen that does not exist yet does
+/// nothing.
 class Screens {
   public:
     virtual ~Screens() = default;
     virtual void showMainMenu() = 0;
+    /// The menu is gone and no user follows.
+    virtual void endProgram() = 0;
+
     virtual void open(MenuScreen screen, const QString& formMode = {}) = 0;
     virtual void openRequest(const RequestEntry& entry) = 0;
     virtual void openOutRequest(const OutRequestEntry& entry) = 0;
-    /// False when there is no such screen yet: the caller then leaves gInventoryEntry as it is.
-    virtual bool openNuclearPackage(PackageHandOver& grids) = 0;
-    virtual bool openNucCharges(PackageHandOver& grids) = 0;
+    virtual void openNuclearPackage(const PackageHandOver& grids) = 0;
+    virtual void openNucCharges(const PackageHandOver& grids) = 0;
+    /// The save commands of every request screen come on; one that was not there yet is made for it.
+    virtual void enableRequestSaves() = 0;
+    virtual ChosenPatient openDischargeNotice() = 0;
+    virtual void openClearPatient(const QString& IdNum) = 0;
+
+    /// Looks for a registered out-patient, with a list where that is needed; nothing when none was chosen.
+    virtual std::optional<FoundOutPatient> findOutPatient(const QString& searchText) = 0;
 };
 
+/// Raises 91 while none is installed.
 Screens& screens();
-/// Not owned; null makes screens() raise 91.
+/// Not owned; null for none.
 void setScreens(Screens* screens);
 
 } // namespace session

@@ -50,6 +50,11 @@ QString movedTo(const QString& database, const QString& location) {
 
 } // namespace
 
+ReportLaunchers& otherReportLaunchers() {
+    static ReportLaunchers launchers;
+    return launchers;
+}
+
 QString programFolder() {
     if (!otherProgramFolder.isEmpty())
         return otherProgramFolder;
@@ -69,6 +74,8 @@ QString reportPath(const QString& file) {
 }
 
 void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters) {
+    if (const auto& other = otherReportLaunchers().prepareReport)
+        return other(path, database, parameters);
     gReport = report::Report::open(
         path, [](const QString& server, const QString& base, const QString& login, const QString& password) {
             return user().openReportConnection(server, base, login, password);
@@ -86,6 +93,8 @@ void PrepareReport(const QString& path, const QString& database, const std::vect
 }
 
 void PrepareSubReport(const QString& name, const std::vector<base::Value>& parameters) {
+    if (const auto& other = otherReportLaunchers().prepareSubReport)
+        return other(name, parameters);
     report::Report& subReport = openReport().subReport(name);
     for (report::TableLogOn& table : subReport.tables()) {
         table.location = movedTo(user().Database(), table.location);
@@ -108,6 +117,8 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database) {
 }
 
 void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
+    if (const auto& other = otherReportLaunchers().showReport)
+        return other(showGroupTree, title, directPrint);
     report::Report& report = openReport();
     if (directPrint) {
         report.discardSavedData();

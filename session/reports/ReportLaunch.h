@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -38,5 +39,14 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database);
 /// A machine without a printer gets the viewer; fields without a value are asked for first, and nothing is
 /// shown when that is given up. Raises 91 without an open report.
 void ShowReport(bool showGroupTree, const QString& title, bool directPrint);
+
+/// Tests only: what is launched instead of the three above; an empty one is the program's own.
+struct ReportLaunchers {
+    std::function<void(const QString& path, const QString& database, const std::vector<base::Value>& values)>
+        prepareReport = {};
+    std::function<void(const QString& name, const std::vector<base::Value>& values)> prepareSubReport = {};
+    std::function<void(bool showGroupTree, const QString& title, bool directPrint)> showReport = {};
+};
+ReportLaunchers& otherReportLaunchers();
 
 } // namespace session

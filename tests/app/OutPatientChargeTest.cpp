@@ -1,5 +1,4 @@
-#include "app/MenuWiring.h"
-#include "menu/MenuLinks.h"
+#include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
 #include "platform/base/Conversion.h"
 #include "session/Session.h"
@@ -18,8 +17,7 @@ using controls::SharedScreen;
 class OutPatientCharge : public tests::LoggedOn {
   protected:
     OutPatientCharge() {
-        menu::links() = menu::defaultLinks();
-        app::linkMenu();
+        screens.outPatientSearch = [this](const QString& text) { return program.findOutPatient(text); };
         auto& menuScreen = SharedScreen<menu::frmMainMenu>::fresh();
         menuScreen.Show();
         menuScreen.activateWindow();
@@ -30,10 +28,7 @@ class OutPatientCharge : public tests::LoggedOn {
                 .Fields(0)
                 .text());
     }
-    ~OutPatientCharge() override {
-        SharedScreen<menu::frmMainMenu>::release();
-        menu::links() = menu::defaultLinks();
-    }
+    ~OutPatientCharge() override { SharedScreen<menu::frmMainMenu>::release(); }
     /// Charge Entry by keyboard, and what is typed in the list of out-patients.
     void chargeEntry(const QString& typed) {
         auto& menuScreen = SharedScreen<menu::frmMainMenu>::current();
@@ -60,6 +55,7 @@ class OutPatientCharge : public tests::LoggedOn {
                               invoiceNumber, lateCharges ? 1 : 0, idNumber));
     }
 
+    app::AppScreens program;
     QString idNumber;
 };
 

@@ -1,7 +1,6 @@
 // Every report command of the menu, over its dialog into the viewer, on the hospital that comes along: what
 // is printed shows that each value arrived where the definition takes it.
 #include "app/AppScreens.h"
-#include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/viewer/Viewer.h"

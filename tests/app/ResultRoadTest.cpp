@@ -1,6 +1,5 @@
 // A result without the mouse: from the main menu to the viewer, in the program as main() puts it together.
 #include "app/AppScreens.h"
-#include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/report/layout/PageDocument.h"
@@ -32,7 +31,6 @@ class ResultRoad : public tests::LoggedOn {
     ResultRoad() {
         session::setScreens(&appScreens);
         session::setProgramFolder(QStringLiteral(SCINTRA_SOURCE_DIR));
-        menu::links() = menu::defaultLinks();
         session::screens().showMainMenu();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&mainMenu()));
         ado::Recordset request = session::Read(ado::sql(
@@ -51,7 +49,6 @@ class ResultRoad : public tests::LoggedOn {
         SharedScreen<results::frmResultMaster>::release();
         SharedScreen<results::frmResult>::release();
         SharedScreen<results::frmResultEntry>::release();
-        menu::links() = menu::defaultLinks();
         session::gReport.reset();
         session::setProgramFolder({});
         session::setScreens(nullptr);

@@ -1,5 +1,4 @@
 #include "app/AppScreens.h"
-#include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
@@ -18,18 +17,22 @@ namespace {
 
 using controls::SharedScreen;
 
+/// The program's screens; it does not end with them.
+class ProgramScreens : public app::AppScreens {
+  public:
+    void endProgram() override { ++ended; }
+    int ended = 0;
+};
+
 /// The program as main() puts it together, on a demo hospital.
 class SessionChange : public testing::Test {
   protected:
     SessionChange() {
         session::setHospitalServers({tests::serverOf(hospital)});
         session::setScreens(&screens);
-        menu::links() = menu::defaultLinks();
-        menu::links().endProgram = [this] { ++ended; };
     }
     ~SessionChange() override {
         SharedScreen<menu::frmMainMenu>::release();
-        menu::links() = menu::defaultLinks();
         session::forgetSession();
         session::setScreens(nullptr);
         session::setHospitalServers({});
@@ -55,8 +58,7 @@ class SessionChange : public testing::Test {
 
     tests::TestHospital hospital;
     base::FixedClock clock{tests::demoMoment()};
-    app::AppScreens screens;
-    int ended = 0;
+    ProgramScreens screens;
 };
 
 TEST_F(SessionChange, TheLogOnOpensTheMenu) {
@@ -64,7 +66,7 @@ TEST_F(SessionChange, TheLogOnOpensTheMenu) {
     EXPECT_TRUE(menuScreen().isVisible());
     EXPECT_TRUE(panel("StatusBar1_Panel1").startsWith("CurrentUser Name:  (1001)  REYES"));
     EXPECT_EQ(panel("StatusBar1_Panel2"), "");
-    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(screens.ended, 0);
 }
 
 TEST_F(SessionChange, GivingUpTheLogOnShowsNothing) {
@@ -89,13 +91,13 @@ TEST_F(SessionChange, ChangeActiveUserBringsANewUserWithNothingOfTheFormer) {
     EXPECT_TRUE(panel("StatusBar1_Panel1").startsWith("CurrentUser Name:  (1002)  BAUTISTA"));
     EXPECT_EQ(panel("StatusBar1_Panel2"), "Happy BirthDay!!!");
     EXPECT_EQ(menuScreen().currentGroup(), 4);
-    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(screens.ended, 0);
 }
 
 TEST_F(SessionChange, GivingUpTheNextLogOnEndsTheProgram) {
     startAs("1001", "kerova");
     changeUser(giveUp);
-    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(screens.ended, 1);
     EXPECT_TRUE(controls::Screen::openScreens().empty());
 }
 

@@ -1,7 +1,6 @@
 // From the main menu over the user's own password to the rights and their catalogue, on the hospital that
 // comes along.
 #include "app/AppScreens.h"
-#include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"

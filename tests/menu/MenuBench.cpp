@@ -9,7 +9,8 @@
 namespace tests {
 
 MenuBench::MenuBench() {
-    linkMenu();
+    recordReports();
+    server.screens.whenEnding = [this] { events += "end"; };
     session::gHospitalName = "Kerova General Hospital";
     session::gHospitalAddress = "1 Harbour Road";
     session::gReportFrom.clear();
@@ -19,15 +20,14 @@ MenuBench::MenuBench() {
 
 MenuBench::~MenuBench() {
     controls::SharedScreen<menu::frmMainMenu>::release();
-    menu::links() = menu::defaultLinks();
+    session::otherReportLaunchers() = {};
+    menu::setMonitorMaker({});
 }
 
-void MenuBench::linkMenu() {
-    menu::MenuLinks& links = menu::links();
-    links = menu::defaultLinks();
-    links.endProgram = [this] { events += "end"; };
-    links.prepareReport = [this](const QString& path, const QString& database,
-                                 const std::vector<base::Value>& values) {
+void MenuBench::recordReports() {
+    session::ReportLaunchers& launchers = session::otherReportLaunchers();
+    launchers.prepareReport = [this](const QString& path, const QString& database,
+                                     const std::vector<base::Value>& values) {
         events += "prepare";
         RecordedReport report;
         report.path = path;
@@ -35,12 +35,12 @@ void MenuBench::linkMenu() {
         report.values = values;
         reports.push_back(report);
     };
-    links.prepareSubReport = [this](const QString& name, const std::vector<base::Value>& values) {
+    launchers.prepareSubReport = [this](const QString& name, const std::vector<base::Value>& values) {
         events += "sub-report";
         reports.back().subReport = name;
         reports.back().subValues = values;
     };
-    links.showReport = [this](bool groupTree, const QString& title, bool directPrint) {
+    launchers.showReport = [this](bool groupTree, const QString& title, bool directPrint) {
         events += "show";
         reports.back().groupTree = groupTree;
         reports.back().title = title;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "menu/MenuLinks.h"
+#include "menu/Monitors.h"
 #include "menu/frmMainMenu.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/MessageScript.h"
@@ -63,10 +63,10 @@ class MenuBench : public testing::Test {
     ScriptedSession server;
     MessageScript boxes;
     std::vector<RecordedReport> reports;
-    QStringList events; ///< what the menu told its links, in order
+    QStringList events; ///< what the menu launched, looked for and ended, in order
 
   private:
-    void linkMenu();
+    void recordReports();
     std::vector<Step> m_steps;
 };
 

@@ -40,8 +40,8 @@ class OutPatientChoice : public tests::MenuBench {
                          .arg(entry.chargeEntry);
         return texts;
     }
-    void find(const menu::FoundOutPatient& patient) {
-        menu::links().findOutPatient = [this, patient](const QString& text) {
+    void find(const session::FoundOutPatient& patient) {
+        server.screens.outPatientSearch = [this, patient](const QString& text) {
             events += QStringLiteral("find '%1' %2").arg(text).arg(isEnabled("btnChargeEntry"));
             return std::optional(patient);
         };
@@ -116,7 +116,9 @@ TEST_F(OutPatientChoice, ChargeEntryWithoutASearchFindsNobody) {
 }
 
 TEST_F(OutPatientChoice, ChargeEntryWithoutAPatientDoesNothing) {
-    menu::links().findOutPatient = [](const QString&) { return std::optional<menu::FoundOutPatient>(); };
+    server.screens.outPatientSearch = [](const QString&) {
+        return std::optional<session::FoundOutPatient>();
+    };
     choose();
     clickOn("btnChargeEntry");
     EXPECT_EQ(opened(), QStringList());

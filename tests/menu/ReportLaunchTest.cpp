@@ -199,8 +199,9 @@ TEST_F(Report, CensusByStationPreparesItsSummary) {
 
 TEST_F(Report, ACensusRunsItsProcedureBeforeTheReportIsOpened) {
     QList<qsizetype> sent;
-    const auto record = menu::links().prepareReport;
-    menu::links().prepareReport = [&](const auto& path, const auto& database, const auto& values) {
+    const auto record = session::otherReportLaunchers().prepareReport;
+    session::otherReportLaunchers().prepareReport = [&](const auto& path, const auto& database,
+                                                        const auto& values) {
         sent << texts().size();
         record(path, database, values);
     };
@@ -430,7 +431,7 @@ TEST_F(Report, ALetterAndADigitLaunchAReport) {
 }
 
 TEST_F(Report, AMissingFileIsTheEnginesErrorAndStopsTheProgram) {
-    menu::links().prepareReport = session::PrepareReport;
+    session::otherReportLaunchers() = {};
     tests::ErrorRecorder errors;
     session::setProgramFolder("/nowhere");
     trigger("mnuNucExams");

@@ -287,7 +287,6 @@ TEST_F(Posting, APackagePutsItsStoreOnTheStockCardAndItsUnusedItemsOnTheirList) 
     grid().setTextMatrix(1, 15, "P1");
     auto& unused = tests::child<controls::FlexGrid>(screen(), "mshflexPackageItems");
     unused.setRows(2);
-    unused.setCols(8);
     const QStringList cells{"", " 101 ", "MN", "TABLET", "4", "25", "179", "P1"};
     for (int column = 1; column < 8; ++column)
         unused.setTextMatrix(1, column, cells[column]);
@@ -314,7 +313,6 @@ TEST_F(Posting, UnusedItemsAreKeptForAPackageOnly) {
             grid().setTextMatrix(1, 15, isPackage ? "P1" : "");
             auto& unused = tests::child<controls::FlexGrid>(screen(), "mshflexPackageItems");
             unused.setRows(3);
-            unused.setCols(8);
             unused.setTextMatrix(1, 1, firstItem);
             unused.setTextMatrix(2, 1, "102");
             takeTexts();

@@ -17,14 +17,7 @@ orders::frmRequest& RequestFixture::screen() {
 
 orders::frmRequest& RequestFixture::prepared(const session::RequestEntry& entry) {
     auto& request = controls::SharedScreen<orders::frmRequest>::fresh();
-    request.PatIdNum = entry.PatIdNum;
-    request.PatientType = entry.PatientType;
-    request.CashBasis = entry.CashBasis;
-    request.NurseCommnunication = entry.NurseCommnunication;
-    request.CashOrNum = entry.CashOrNum;
-    request.NursingRemarks = entry.NursingRemarks;
-    request.RequestingNurse = entry.RequestingNurse;
-    request.Classification = entry.Classification;
+    request.entry = entry;
     return request;
 }
 

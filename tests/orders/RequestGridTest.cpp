@@ -493,8 +493,13 @@ TEST_F(RequestGrid, PackageScreensGetTheGrids) {
     type("<Esc>");
     tests::click(button("cmdPackage"));
     tests::click(button("cmdNucCharges"));
-    EXPECT_EQ(screens.packages, 1);
-    EXPECT_EQ(screens.nucCharges, 1);
+    ASSERT_EQ(screens.packages.size(), 1u);
+    ASSERT_EQ(screens.nucCharges.size(), 1u);
+    auto* unused = &tests::child<controls::FlexGrid>(screen(), "mshflexPackageItems");
+    for (const session::PackageHandOver& grids : {screens.packages[0], screens.nucCharges[0]}) {
+        EXPECT_EQ(grids.SourceGrid, &grid());
+        EXPECT_EQ(grids.PackageGrid, unused);
+    }
     EXPECT_EQ(field("txtGross").text(), "0.00");
 }
 

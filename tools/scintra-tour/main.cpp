@@ -1,5 +1,4 @@
 #include "app/AppScreens.h"
-#include "menu/MenuLinks.h"
 #include "platform/base/Error.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
@@ -84,7 +83,6 @@ int runTour(const QString& folder) {
     session::setScreens(&screens);
     session::setHospitalFile(hospitalFile);
     report::setPrintTarget(QDir(folder).filePath(QStringLiteral("slip.pdf")));
-    menu::links().endProgram = [] { QCoreApplication::exit(0); };
 
     tour::Walk walk(folder);
     controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {

@@ -10,8 +10,8 @@ namespace {
 
 void saveRequest(tests::Workstation& workstation) {
     auto& screen = controls::SharedScreen<orders::frmRequest>::fresh();
-    screen.PatIdNum = QStringLiteral("26004078");
-    screen.PatientType = QStringLiteral("I");
+    screen.entry.PatIdNum = QStringLiteral("26004078");
+    screen.entry.PatientType = QStringLiteral("I");
     screen.Show();
     auto* grid = screen.findChild<controls::FlexGrid*>(QStringLiteral("grdPackage"));
     const char* lines[2][7] = {{"NU", "1001", "BONE SCAN", "ROUTINE", "100.00", "1", "100.00"},

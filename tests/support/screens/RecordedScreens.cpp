@@ -14,6 +14,12 @@ void RecordedScreens::showMainMenu() {
     ++mainMenus;
 }
 
+void RecordedScreens::endProgram() {
+    ++ends;
+    if (whenEnding)
+        whenEnding();
+}
+
 void RecordedScreens::open(session::MenuScreen screen, const QString& formMode) {
     opened.push_back({screen, formMode});
     pass();
@@ -29,16 +35,33 @@ void RecordedScreens::openOutRequest(const session::OutRequestEntry& entry) {
     pass();
 }
 
-bool RecordedScreens::openNuclearPackage(session::PackageHandOver&) {
-    ++packages;
+void RecordedScreens::openNuclearPackage(const session::PackageHandOver& grids) {
+    packages.push_back(grids);
     pass();
-    return hasPackageScreens;
 }
 
-bool RecordedScreens::openNucCharges(session::PackageHandOver&) {
-    ++nucCharges;
+void RecordedScreens::openNucCharges(const session::PackageHandOver& grids) {
+    nucCharges.push_back(grids);
     pass();
-    return hasPackageScreens;
+}
+
+void RecordedScreens::enableRequestSaves() {
+    ++savesEnabled;
+}
+
+session::ChosenPatient RecordedScreens::openDischargeNotice() {
+    ++dischargeNotices;
+    pass();
+    return notice;
+}
+
+void RecordedScreens::openClearPatient(const QString& IdNum) {
+    cleared.push_back(IdNum);
+    pass();
+}
+
+std::optional<session::FoundOutPatient> RecordedScreens::findOutPatient(const QString& searchText) {
+    return outPatientSearch ? outPatientSearch(searchText) : std::nullopt;
 }
 
 void RecordedScreens::pass() {

@@ -21,22 +21,34 @@ class RecordedScreens : public session::Screens {
     };
 
     int mainMenus = 0;
+    int ends = 0;
     std::vector<Opened> opened;
     std::vector<session::RequestEntry> requests;
     std::vector<session::OutRequestEntry> outRequests;
-    int packages = 0;
-    int nucCharges = 0;
-    /// What the package screens answer.
-    bool hasPackageScreens = false;
+    std::vector<session::PackageHandOver> packages;
+    std::vector<session::PackageHandOver> nucCharges;
+    int savesEnabled = 0;
+    int dischargeNotices = 0;
+    std::vector<QString> cleared; ///< admission numbers
     /// Runs while any of the screens counts as open.
     std::function<void()> whileOpen;
+    std::function<void()> whenEnding;
+    /// What the list of discharge notices comes back with.
+    session::ChosenPatient notice;
+    /// Without one no out-patient is found.
+    std::function<std::optional<session::FoundOutPatient>(const QString&)> outPatientSearch;
 
     void showMainMenu() override;
+    void endProgram() override;
     void open(session::MenuScreen screen, const QString& formMode) override;
     void openRequest(const session::RequestEntry& entry) override;
     void openOutRequest(const session::OutRequestEntry& entry) override;
-    bool openNuclearPackage(session::PackageHandOver& grids) override;
-    bool openNucCharges(session::PackageHandOver& grids) override;
+    void openNuclearPackage(const session::PackageHandOver& grids) override;
+    void openNucCharges(const session::PackageHandOver& grids) override;
+    void enableRequestSaves() override;
+    session::ChosenPatient openDischargeNotice() override;
+    void openClearPatient(const QString& IdNum) override;
+    std::optional<session::FoundOutPatient> findOutPatient(const QString& searchText) override;
 
   private:
     void pass();
