@@ -405,7 +405,7 @@ TEST_F(Posting, AFailingStatementStopsTheProgramAndLeavesNothing) {
         EXPECT_TRUE(boxes.boxes().empty()) << "no box but the error's";
         EXPECT_TRUE(session::gConnection->inTransaction()) << "left open until the program stops";
         session::gConnection->RollbackTrans(); // what the server does as the connection goes
-        controls::SharedScreen<orders::frmRequest>::release();
+        forget();
         EXPECT_EQ(value(rows), before) << failing;
         EXPECT_EQ(nextSlip(), slip);
     }
@@ -421,7 +421,7 @@ TEST_F(Posting, ATextThatWouldLeaveItsLiteralStopsTheSave) {
         EXPECT_EQ(errors.take().number(), 102);
         session::gConnection->RollbackTrans();
         EXPECT_EQ(nextSlip(), slip);
-        controls::SharedScreen<orders::frmRequest>::release();
+        forget();
         openAdmitted();
         type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
     }

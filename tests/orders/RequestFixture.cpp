@@ -1,37 +1,61 @@
 #include "tests/orders/RequestFixture.h"
 
+#include "orders/frmOutRequest.h"
+#include "orders/frmRequest.h"
+
 #include <QCoreApplication>
 #include <QTest>
 
 namespace tests {
 
+using controls::SharedScreen;
+
 RequestFixture::RequestFixture(Way way) : LoggedOn(way) {}
 
 RequestFixture::~RequestFixture() {
-    controls::SharedScreen<orders::frmRequest>::release();
+    forget();
 }
 
-orders::frmRequest& RequestFixture::screen() {
-    return controls::SharedScreen<orders::frmRequest>::current();
+void RequestFixture::forget() {
+    m_screen = nullptr;
+    SharedScreen<orders::frmRequest>::release();
+    SharedScreen<orders::frmOutRequest>::release();
 }
 
-orders::frmRequest& RequestFixture::prepared(const session::RequestEntry& entry) {
-    auto& request = controls::SharedScreen<orders::frmRequest>::fresh();
+entry::RequestScreen& RequestFixture::prepared(const session::RequestEntry& entry) {
+    auto& request = SharedScreen<orders::frmRequest>::fresh();
     request.entry = entry;
+    m_screen = &request;
     return request;
 }
 
-orders::frmRequest& RequestFixture::open(const session::RequestEntry& entry) {
-    auto& request = prepared(entry);
-    request.Show();
-    request.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&request));
+entry::RequestScreen& RequestFixture::preparedOut(const session::OutRequestEntry& entry) {
+    auto& request = SharedScreen<orders::frmOutRequest>::fresh();
+    request.take(entry);
+    m_screen = &request;
+    return request;
+}
+
+entry::RequestScreen& RequestFixture::show() {
+    m_screen->Show();
+    m_screen->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(m_screen));
     QCoreApplication::processEvents();
     takeTexts();
-    return request;
+    return *m_screen;
 }
 
-orders::frmRequest& RequestFixture::openAdmitted(const QString& admission) {
+entry::RequestScreen& RequestFixture::open(const session::RequestEntry& entry) {
+    prepared(entry);
+    return show();
+}
+
+entry::RequestScreen& RequestFixture::openOut(const session::OutRequestEntry& entry) {
+    preparedOut(entry);
+    return show();
+}
+
+entry::RequestScreen& RequestFixture::openAdmitted(const QString& admission) {
     return open({.PatIdNum = admission, .PatientType = QStringLiteral("I")});
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "orders/frmRequest.h"
+#include "entry/RequestScreen.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "session/Screens.h"
 #include "tests/support/screens/Driver.h"
@@ -14,7 +14,7 @@
 
 namespace tests {
 
-/// The request screen on the demo hospital, driven by keys. AGUILAR lies in a room of class B.
+/// A request screen on the demo hospital, driven by keys. AGUILAR lies in a room of class B.
 class RequestFixture : public LoggedOn {
   public:
     static constexpr const char* admitted = "26004078";
@@ -23,11 +23,16 @@ class RequestFixture : public LoggedOn {
     ~RequestFixture() override;
 
     /// A fresh screen that knows what it is for, not shown yet.
-    static orders::frmRequest& prepared(const session::RequestEntry& entry);
-    /// The screen, shown and ready for keys.
-    orders::frmRequest& open(const session::RequestEntry& entry);
-    orders::frmRequest& openAdmitted(const QString& admission = QString::fromLatin1(admitted));
-    orders::frmRequest& screen();
+    entry::RequestScreen& prepared(const session::RequestEntry& entry);
+    entry::RequestScreen& preparedOut(const session::OutRequestEntry& entry);
+    /// The prepared screen, shown and ready for keys.
+    entry::RequestScreen& show();
+    entry::RequestScreen& open(const session::RequestEntry& entry);
+    entry::RequestScreen& openOut(const session::OutRequestEntry& entry);
+    entry::RequestScreen& openAdmitted(const QString& admission = QString::fromLatin1(admitted));
+    entry::RequestScreen& screen() { return *m_screen; }
+    /// The screens are gone, as with the program.
+    void forget();
 
     controls::FlexGrid& grid() { return child<controls::FlexGrid>(screen(), "grdPackage"); }
     QLineEdit& field(const char* name) { return child<QLineEdit>(screen(), name); }
@@ -43,6 +48,9 @@ class RequestFixture : public LoggedOn {
 
     MessageScript boxes;
     ErrorRecorder errors;
+
+  private:
+    entry::RequestScreen* m_screen = nullptr;
 };
 
 } // namespace tests
