@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
 
 #include <tuple>
 
@@ -30,6 +31,10 @@ constexpr int outPatientButton = 1;
 /// Runs in the message loop, once the menu that asked for it is out of all its handlers: the next menu takes
 /// its place.
 void startNextSession() {
+    static bool isStarting = false;
+    if (isStarting)
+        return;
+    const QScopedValueRollback starting(isStarting, true);
     ErrorBoundary::guard([] {
         session::Main();
         if (Screen::openScreens().empty())
@@ -257,7 +262,9 @@ void frmMainMenu::changeEvent(QEvent* event) {
 
 void frmMainMenu::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
-    if (!plain || !m_keys->press(event->key()))
+    if (plain && event->isAutoRepeat())
+        event->accept(); // a key that is held down walks through no panels
+    else if (!plain || !m_keys->press(event->key()))
         Screen::keyPressEvent(event);
 }
 
@@ -289,6 +296,8 @@ bool frmMainMenu::mayRun(const SubMenuRow& row) {
 }
 
 void frmMainMenu::run(const Command& command, QAbstractButton* button) {
+    if (isUnloaded())
+        return; // a second press of the command that left the menu
     switch (command.deed) {
     case Deed::SubMenu:
         return;

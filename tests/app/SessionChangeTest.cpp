@@ -9,6 +9,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QTest>
@@ -99,6 +100,28 @@ TEST_F(SessionChange, GivingUpTheNextLogOnEndsTheProgram) {
     changeUser(giveUp);
     EXPECT_EQ(screens.ended, 1);
     EXPECT_TRUE(controls::Screen::openScreens().empty());
+}
+
+TEST_F(SessionChange, ChangeActiveUserPressedTwiceAsksForOneLogOn) {
+    startAs("1001", "kerova");
+    tests::click(tests::child<QWidget>(menuScreen(), "cmdMainMenu_0"));
+    tests::click(tests::child<QWidget>(menuScreen(), "cmdMainMenu_4"));
+    auto& logOff = tests::child<QAbstractButton>(menuScreen(), "fltSubMenu_1");
+    ASSERT_EQ(logOff.text(), "LogOff");
+    QTest::mouseClick(&logOff, Qt::LeftButton);
+    QTest::mouseClick(&logOff, Qt::LeftButton);
+    int logOns = 0;
+    tests::runModal([] { QCoreApplication::processEvents(); }, {[&](QWidget& window) {
+                        QCoreApplication::processEvents(); // a second start would come here
+                        for (const QWidget* open : QApplication::topLevelWidgets())
+                            logOns += open->isVisible() && open->objectName() == "frmLogOn";
+                        logOn("1002", "scintra")(window);
+                    }});
+    EXPECT_EQ(logOns, 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(session::gUser->employeecode(), "1002");
+    EXPECT_TRUE(menuScreen().isVisible());
+    EXPECT_EQ(screens.ended, 0);
 }
 
 TEST_F(SessionChange, TheRightsComeFromTheServerAtEveryCommand) {

@@ -158,6 +158,18 @@ TEST_F(MenuScreenTest, MainButtonsHaveTheirCaptions) {
         EXPECT_EQ(child<QAbstractButton>(QStringLiteral("cmdMainMenu_%1").arg(i))->text(), captions[i]);
 }
 
+TEST_F(MenuScreenTest, ADigitThatIsHeldDownPressesOnce) {
+    grantRights();
+    openMenu();
+    clickGroup(0);
+    QTest::keyClick(menuScreen().focusWidget(), Qt::Key_2); // the panel of the out-patient choice
+    ASSERT_TRUE(isShown("Frame2"));
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_2, Qt::NoModifier, "2", true);
+    QCoreApplication::sendEvent(menuScreen().focusWidget(), &held);
+    EXPECT_TRUE(isShown("Frame2")) << "its second command is Charge Entry";
+    EXPECT_EQ(events, QStringList());
+}
+
 TEST_F(MenuScreenTest, CurrentGroupRebuildsNothing) {
     openMenu();
     clickGroup(1);
