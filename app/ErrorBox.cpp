@@ -84,8 +84,12 @@ ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
     m_ui->txtDetails->setPlainText(detailsOf(error));
     m_ui->cmdDetails->setVisible(!detailsOf(error).isEmpty());
     controls::look::setPrimary(m_ui->cmdEnd);
-    m_ui->cmdEnd->setFocus();
+    // An Enter that was meant for the screen must not end what was typed there.
+    (m_typed.isEmpty() ? m_ui->cmdEnd : m_ui->cmdCopyTyped)->setFocus();
     controls::ignoreHeldKeys(m_ui->cmdEnd);
+    controls::ignoreHeldKeys(m_ui->cmdCopyTyped);
+    for (QPushButton* button : {m_ui->cmdDetails, m_ui->cmdCopy, m_ui->cmdCopyTyped})
+        controls::onEnter(button, [button] { button->click(); });
     connect(m_ui->cmdDetails, &QPushButton::toggled, this, [this](bool shown) {
         m_ui->txtDetails->setVisible(shown);
         adjustSize();
@@ -93,8 +97,10 @@ ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
     connect(m_ui->cmdCopy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(m_report); });
     m_ui->cmdCopyTyped->setVisible(!m_typed.isEmpty());
-    connect(m_ui->cmdCopyTyped, &QPushButton::clicked, this,
-            [this] { QGuiApplication::clipboard()->setText(m_typed); });
+    connect(m_ui->cmdCopyTyped, &QPushButton::clicked, this, [this] {
+        QGuiApplication::clipboard()->setText(m_typed);
+        m_ui->cmdEnd->setFocus();
+    });
     connect(m_ui->cmdEnd, &QPushButton::clicked, this, &QDialog::accept);
 }
 

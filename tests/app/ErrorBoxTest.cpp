@@ -104,6 +104,24 @@ TEST_F(ErrorBoxTest, AnEnterThatIsHeldDownDoesNotEndTheProgram) {
     EXPECT_FALSE(box.isVisible());
 }
 
+TEST_F(ErrorBoxTest, TheFirstEnterTakesWhatWasTypedAlong) {
+    TwoFields screen;
+    screen.Show();
+    app::ErrorBox box(plainError);
+    box.show();
+    auto* copy = child<QPushButton>(box, "cmdCopyTyped");
+    ASSERT_EQ(box.focusWidget(), copy);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    QCoreApplication::sendEvent(copy, &held);
+    EXPECT_EQ(box.focusWidget(), copy);
+    QTest::keyClick(copy, Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), box.typed());
+    EXPECT_TRUE(box.isVisible());
+    QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(box.isVisible());
+    screen.Unload();
+}
+
 TEST_F(ErrorBoxTest, HasNoDetailsWithoutAStatement) {
     app::ErrorBox box(plainError);
     box.show();
@@ -177,7 +195,7 @@ class InstalledBoundary : public tests::LoggedOn {
 
     static void end(QWidget& window) {
         EXPECT_EQ(window.objectName(), "ErrorBox");
-        tests::keysToFocus(window, "<Enter>");
+        tests::keysToFocus(window, "<Alt+E>");
     }
 };
 
