@@ -17,8 +17,12 @@ class PasswordTries {
     static int waitAfter(int wrongTries);
     /// Seconds left to wait, by the workstation's clock; 0 when a try is free.
     static int secondsToWait(const QString& employeeCode);
+    /// "Too many wrong tries. Please wait 30 seconds."
+    static QString waitSentence(const QString& employeeCode);
     /// Counts one more, on top of what the server knows already; tells the new count.
     static int wrong(const QString& employeeCode, int knownTries = 0);
+    /// Whether this is the wrong password that was tried last for the code; remembers it as that.
+    static bool isLastGuess(const QString& employeeCode, const QString& password);
     /// The server wants this code to wait.
     static void mustWait(const QString& employeeCode, int wrongTries, int seconds);
     static void right(const QString& employeeCode);

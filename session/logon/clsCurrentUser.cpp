@@ -28,37 +28,60 @@ ado::Recordset readUser(ado::Connection& connection, const QString& employeeCode
     return user;
 }
 
-void keepWrongTries(ado::Connection& connection, const QString& employeeCode, int tries) {
-    const int wait = PasswordTries::waitAfter(tries);
-    if (wait > 0)
-        connection.Execute(ado::sql("UPDATE PASSWORD..tbPasswordMain SET WrongTries = {}, LockedUntil = "
-                                    "DATEADD(second, {}, GETDATE()) WHERE EmployeeID = '{}'",
-                                    tries, wait, employeeCode));
-    else
-        connection.Execute(ado::sql(
-            "UPDATE PASSWORD..tbPasswordMain SET WrongTries = {}, LockedUntil = NULL WHERE EmployeeID = '{}'",
-            tries, employeeCode));
+/// Counts one more, in one statement: desks that guess at once lose no count. The waits are those of
+/// PasswordTries::waitAfter().
+void addWrongTry(ado::Connection& connection, const QString& employeeCode) {
+    connection.Execute(ado::sql("UPDATE PASSWORD..tbPasswordMain SET WrongTries = WrongTries + 1, "
+                                "LockedUntil = CASE WHEN WrongTries < 4 "
+                                "THEN NULL WHEN WrongTries > 10 THEN DATEADD(second, 3600, GETDATE()) ELSE "
+                                "DATEADD(second, 30 * POWER(2, "
+                                "WrongTries - 4), GETDATE()) END WHERE EmployeeID = '{}'",
+                                employeeCode));
 }
 
-/// Holds the password against the user's row and counts the try, here and on the server.
+void forgetWrongTries(ado::Connection& connection, const QString& employeeCode) {
+    connection.Execute(ado::sql(
+        "UPDATE PASSWORD..tbPasswordMain SET WrongTries = 0, LockedUntil = NULL WHERE EmployeeID = '{}'",
+        employeeCode));
+}
+
+/// Seconds that the server wants the code to wait. Where its clock ran ahead when it locked the code, the
+/// wait begins anew, so that it never outlasts its own length.
+int secondsLocked(ado::Connection& connection, const QString& employeeCode, int tries, int secondsLeft) {
+    const int wait = PasswordTries::waitAfter(tries);
+    if (secondsLeft <= wait)
+        return secondsLeft;
+    connection.Execute(
+        ado::sql("UPDATE PASSWORD..tbPasswordMain SET LockedUntil = DATEADD(second, {}, GETDATE()) "
+                 "WHERE EmployeeID = '{}'",
+                 wait, employeeCode));
+    return wait;
+}
+
+/// Holds the password against the user's row and counts the try, here and on the server; the same wrong one
+/// again counts as one where `sameGuessCounts` is false.
 LogOnResult tryPassword(ado::Connection& connection, ado::Recordset& user, const QString& employeeCode,
-                        const QString& password) {
+                        const QString& password, bool sameGuessCounts) {
     const bool known = !user.Eof();
     const int tries = known ? int(base::Val(user.Fields("WrongTries").text())) : 0;
-    const int secondsLeft = known ? int(base::Val(user.Fields("SecondsLeft").text())) : 0;
+    int secondsLeft = known ? int(base::Val(user.Fields("SecondsLeft").text())) : 0;
+    if (secondsLeft > 0)
+        secondsLeft = secondsLocked(connection, employeeCode, tries, secondsLeft);
     if (secondsLeft > 0) {
         PasswordTries::mustWait(employeeCode, tries, secondsLeft);
         return LogOnResult::Wait;
     }
     if (!passwordMatches(known ? user.Fields("PasswordHash").text() : QString(), password)) {
-        const int wrong = PasswordTries::wrong(employeeCode, tries);
+        if (PasswordTries::isLastGuess(employeeCode, password) && !sameGuessCounts)
+            return LogOnResult::Wrong;
+        PasswordTries::wrong(employeeCode, tries);
         if (known)
-            keepWrongTries(connection, employeeCode, wrong);
+            addWrongTry(connection, employeeCode);
         return LogOnResult::Wrong;
     }
     PasswordTries::right(employeeCode);
     if (tries > 0)
-        keepWrongTries(connection, employeeCode, 0);
+        forgetWrongTries(connection, employeeCode);
     const QString status = base::Trim(user.Fields("Status").text());
     return status == QLatin1StringView("A") ? LogOnResult::Good : LogOnResult::Inactive;
 }
@@ -84,7 +107,7 @@ LogOnResult clsCurrentUser::logOnTo(const std::shared_ptr<HospitalServer>& serve
     auto connection = std::make_unique<ado::Connection>();
     connection->Open(server->open(employeeCode), server->connectionString());
     ado::Recordset user = readUser(*connection, employeeCode);
-    const LogOnResult result = tryPassword(*connection, user, employeeCode, password);
+    const LogOnResult result = tryPassword(*connection, user, employeeCode, password, true);
     if (result == LogOnResult::Good) {
         m_connection = std::move(connection);
         takeUser(user, server);
@@ -127,7 +150,7 @@ LogOnResult clsCurrentUser::checkPassword(const QString& password) {
     if (PasswordTries::secondsToWait(m_employeeCode) > 0)
         return LogOnResult::Wait;
     ado::Recordset user = readUser(*m_connection, m_employeeCode);
-    return tryPassword(*m_connection, user, m_employeeCode, password);
+    return tryPassword(*m_connection, user, m_employeeCode, password, false);
 }
 
 std::unique_ptr<ado::Connection> clsCurrentUser::openReportConnection(const QString& server,

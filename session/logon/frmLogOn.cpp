@@ -196,15 +196,12 @@ void frmLogOn::refuse(const QString& message) {
 }
 
 void frmLogOn::sayWait() {
-    const int seconds = PasswordTries::secondsToWait(m_waitingCode);
-    if (seconds == 0) {
+    if (PasswordTries::secondsToWait(m_waitingCode) == 0) {
         m_waitTimer->stop();
         say(tr("You can try again now."));
         return;
     }
-    say(seconds == 1 ? tr("Too many wrong tries. Please wait 1 second.")
-                     : tr("Too many wrong tries. Please wait %1 seconds.").arg(seconds),
-        Tone::Wrong);
+    say(PasswordTries::waitSentence(m_waitingCode), Tone::Wrong);
 }
 
 void frmLogOn::say(const QString& message, Tone tone) {

@@ -33,7 +33,8 @@ void frmAccess::txtPassword_KeyPress(bool enter) {
         return;
     ado::Recordset hospital = Read(ado::sql("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo"));
     if (!hospital.Eof())
-        Valid = m_ui->txtPassword->text() == hospital.Fields("OPDPassword").text();
+        Valid = !m_ui->txtPassword->text().isEmpty() &&
+                m_ui->txtPassword->text() == hospital.Fields("OPDPassword").text();
     hospital.Close();
     Unload();
 }

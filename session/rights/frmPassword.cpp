@@ -2,6 +2,7 @@
 
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/look/Look.h"
+#include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
 #include "ui_frmPassword.h"
 
@@ -26,10 +27,17 @@ void frmPassword::Form_Load() {
 }
 
 void frmPassword::cmdOk_Click() {
+    LogOnResult result = LogOnResult::Wrong;
     {
         const Hourglass busy;
-        Valid = m_user.checkPassword(m_ui->txtPassword->text()) == LogOnResult::Good;
+        result = m_user.checkPassword(m_ui->txtPassword->text());
     }
+    if (result == LogOnResult::Wait) {
+        m_ui->lblMessage->setText(PasswordTries::waitSentence(m_user.employeecode()));
+        m_ui->txtPassword->selectAll();
+        return;
+    }
+    Valid = result == LogOnResult::Good;
     Unload();
 }
 

@@ -1,5 +1,6 @@
 #include "menu/Monitors.h"
 #include "session/Session.h"
+#include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/menu/MenuBench.h"
 
@@ -301,6 +302,22 @@ TEST_F(UserSettings, AskOnceMoreAndStayClosedEvenIfTheSecondAnswerIsRight) {
     clickSubMenu(2);
     EXPECT_EQ(opened(), QStringList());
     EXPECT_EQ(texts().filter("PasswordHash").size(), 2);
+}
+
+TEST_F(UserSettings, SayHowLongACodeHasToWait) {
+    for (int i = 0; i < 5; ++i)
+        session::PasswordTries::wrong("1001");
+    inModal([](QWidget& window) {
+        tests::keys(tests::child<QWidget>(window, "txtPassword"), "secret<Enter>");
+        EXPECT_EQ(tests::child<QLabel>(window, "lblMessage").text(),
+                  "Too many wrong tries. Please wait 30 seconds.");
+        EXPECT_TRUE(window.isVisible());
+        tests::keysToFocus(window, "<Esc>");
+    });
+    inModal([](QWidget& window) { tests::keysToFocus(window, "<Esc>"); });
+    boxes.expect({"Invalid Password", 16, ""});
+    clickSubMenu(2);
+    session::PasswordTries::forgetAll();
 }
 
 TEST_F(UserSettings, AnEnterThatIsHeldDownIsNoTry) {

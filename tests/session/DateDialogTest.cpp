@@ -183,6 +183,11 @@ TEST_F(Access, ComparesExactlyAndUnloads) {
               QStringList(3, QStringLiteral("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo")));
 }
 
+TEST_F(Access, AnEmptyPasswordOpensNothing) {
+    hospitalHas("");
+    EXPECT_FALSE(type("")) << "not even where the hospital has none yet";
+}
+
 TEST_F(Access, NoRowIsNoPassword) {
     session.server().answer(QStringLiteral("SELECT OPDPassword"),
                             ScriptedProvider::rowsOf(QStringLiteral("OPDPassword")));

@@ -52,6 +52,21 @@ TEST(PasswordTries, WaitsThirtySecondsAfterTheFifthAndDoubles) {
     PasswordTries::forgetAll();
 }
 
+TEST(PasswordTries, AClockThatIsSetBackProlongsNoWait) {
+    PasswordTries::forgetAll();
+    const QString code = QStringLiteral("1001");
+    {
+        const base::FixedClock ahead(secondsLater(86400));
+        for (int i = 0; i < 5; ++i)
+            PasswordTries::wrong(code);
+    }
+    const base::FixedClock clock(morning);
+    EXPECT_EQ(PasswordTries::secondsToWait(code), 30);
+    const base::FixedClock later(secondsLater(30));
+    EXPECT_EQ(PasswordTries::secondsToWait(code), 0) << "and no longer";
+    PasswordTries::forgetAll();
+}
+
 TEST(PasswordTries, WaitHasALongest) {
     EXPECT_EQ(PasswordTries::waitAfter(4), 0);
     EXPECT_EQ(PasswordTries::waitAfter(5), 30);
@@ -150,6 +165,13 @@ TEST_F(LogOn, FileMaintenanceBringsItsOwnDepartment) {
     EXPECT_EQ(user.PasswordDeptCode(), u"00");
 }
 
+/// The count goes up in one statement, whatever other desks do meanwhile.
+const QString addWrongTry = QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET WrongTries = WrongTries + 1, "
+                                           "LockedUntil = CASE WHEN WrongTries < 4 THEN "
+                                           "NULL WHEN WrongTries > 10 THEN DATEADD(second, 3600, GETDATE()) "
+                                           "ELSE DATEADD(second, 30 * POWER(2, WrongTries "
+                                           "- 4), GETDATE()) END WHERE EmployeeID = '1001'");
+
 TEST_F(LogOn, WrongPasswordAndUnknownCodeReadAlike) {
     show([](controls::Screen& logOn) {
         type(logOn, "1001", "guess");
@@ -173,8 +195,7 @@ TEST_F(LogOn, WrongPasswordAndUnknownCodeReadAlike) {
 TEST_F(LogOn, WrongTriesAreCountedOnTheServerAndClearedByARightOne) {
     show([this](controls::Screen& logOn) {
         type(logOn, "1001", "guess");
-        EXPECT_EQ(server->texts.last(), u"UPDATE PASSWORD..tbPasswordMain SET WrongTries = 1, LockedUntil = "
-                                        u"NULL WHERE EmployeeID = '1001'");
+        EXPECT_EQ(server->texts.last(), addWrongTry);
         QTest::keyClick(&logOn, Qt::Key_Escape);
     });
     EXPECT_EQ(PasswordTries::secondsToWait(QStringLiteral("1001")), 0);
@@ -186,9 +207,7 @@ TEST_F(LogOn, FiveWrongTriesMakeTheCodeWait) {
         for (int i = 0; i < 5; ++i)
             type(logOn, "1001", "guess");
         EXPECT_EQ(message(logOn), u"Too many wrong tries. Please wait 30 seconds.");
-        EXPECT_EQ(server->texts.last(), u"UPDATE PASSWORD..tbPasswordMain SET WrongTries = 5, LockedUntil = "
-                                        u"DATEADD(second, 30, GETDATE()) "
-                                        u"WHERE EmployeeID = '1001'");
+        EXPECT_EQ(server->texts.last(), addWrongTry);
         const qsizetype sent = server->texts.size();
         type(logOn, "1001", "secret");
         EXPECT_EQ(server->texts.size(), sent) << "the right password is not even tried";
@@ -210,6 +229,21 @@ TEST_F(LogOn, CodeThatTheServerHasLockedWaits) {
         QTest::keyClick(&logOn, Qt::Key_Escape);
     });
     EXPECT_FALSE(user.Connected());
+}
+
+TEST_F(LogOn, AServersClockThatRanAheadProlongsNoWait) {
+    server->answer(QStringLiteral("SELECT EmployeeID, Name, PasswordHash"),
+                   tests::ScriptedProvider::rowsOf(
+                       QStringLiteral("EmployeeID,Name,PasswordHash,DeptCode,Status,WrongTries,SecondsLeft"),
+                       {{"1001", "REYES", "", "5", "A", 5, 86400}}));
+    show([this](controls::Screen& logOn) {
+        type(logOn, "1001", "secret");
+        EXPECT_EQ(message(logOn), u"Too many wrong tries. Please wait 30 seconds.");
+        EXPECT_EQ(server->texts.last(),
+                  u"UPDATE PASSWORD..tbPasswordMain SET LockedUntil = DATEADD(second, 30, "
+                  u"GETDATE()) WHERE EmployeeID = '1001'");
+        QTest::keyClick(&logOn, Qt::Key_Escape);
+    });
 }
 
 TEST_F(LogOn, ClosedCodeIsToldOnlyBehindTheRightPassword) {

@@ -325,6 +325,42 @@ TEST_F(OnFile, WrongTriesStayInTheFileAndLockTheCodeForAnotherDesk) {
     session::PasswordTries::forgetAll();
 }
 
+TEST_F(OnFile, TheServersWaitsAreThoseOfTheProgram) {
+    for (int tries = 0; tries < 14; ++tries) {
+        hospital.run(
+            QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET WrongTries = %1, LockedUntil = NULL WHERE "
+                           "EmployeeID = '1002'")
+                .arg(tries));
+        session::PasswordTries::forgetAll();
+        clsCurrentUser guess;
+        EXPECT_EQ(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("guess")),
+                  LogOnResult::Wrong);
+        const int wait = session::PasswordTries::waitAfter(tries + 1);
+        const QString left = first(
+            ado::sql("SELECT DATEDIFF(second, GETDATE(), LockedUntil) FROM PASSWORD..tbPasswordMain WHERE "
+                     "EmployeeID = '1002'"));
+        if (wait == 0)
+            EXPECT_EQ(left, u"") << tries;
+        else
+            EXPECT_NEAR(left.toInt(), wait, 2) << tries;
+    }
+    session::PasswordTries::forgetAll();
+}
+
+TEST_F(OnFile, TheOwnPasswordThatIsWrongTwiceInTheSameWayCountsOnce) {
+    session::PasswordTries::forgetAll();
+    const auto wrongTries = [this] {
+        return first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'"));
+    };
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(gUser->checkPassword(QStringLiteral("guess")), LogOnResult::Wrong);
+    EXPECT_EQ(wrongTries(), u"1");
+    EXPECT_EQ(gUser->checkPassword(QStringLiteral("another")), LogOnResult::Wrong);
+    EXPECT_EQ(wrongTries(), u"2");
+    EXPECT_EQ(gUser->checkPassword(QStringLiteral("kerova")), LogOnResult::Good);
+    EXPECT_EQ(wrongTries(), u"0");
+}
+
 TEST_F(OnFile, ReportLogOnsKnowTheHospitalsDatabases) {
     const auto connection = gUser->openReportConnection(gUser->ServerName(), QStringLiteral("Nuclear"),
                                                         QStringLiteral("sa"), gServerPassword);
