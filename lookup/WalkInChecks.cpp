@@ -26,6 +26,16 @@ void refuseField(QWidget* field, const QString& prompt) {
         controls::SelectAllText(text);
 }
 
+bool areGiven(std::initializer_list<RequiredText> fields) {
+    for (const RequiredText& required : fields) {
+        if (!base::Trim(required.field->text()).isEmpty())
+            continue;
+        refuseField(required.field, QString::fromLatin1(required.prompt));
+        return false;
+    }
+    return true;
+}
+
 bool areWithin(std::initializer_list<TextLimit> limits) {
     for (const TextLimit& limit : limits) {
         const qsizetype length = limit.field->text().size();

@@ -24,8 +24,15 @@ struct TextLimit {
     int most;         ///< characters
 };
 
+struct RequiredText {
+    QLineEdit* field;
+    const char* prompt;
+};
+
 /// Says why the field is not taken and gives it the focus. What was typed stays.
 void refuseField(QWidget* field, const QString& prompt);
+/// False, with its prompt, for the first field that is empty or holds blanks.
+bool areGiven(std::initializer_list<RequiredText> fields);
 /// False, with its box, for the first text that its column cannot hold.
 bool areWithin(std::initializer_list<TextLimit> limits);
 /// False, with its box, for an age beyond mostYears. No age is none of its business.

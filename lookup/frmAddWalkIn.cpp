@@ -92,21 +92,10 @@ void frmAddWalkIn::btnSave_Click() {
 }
 
 bool frmAddWalkIn::isComplete() {
-    struct Required {
-        QLineEdit* field;
-        const char* prompt;
-    };
-    const std::array<Required, 4> fields{{{m_ui->txtFirstName, "Please enter firstname."},
-                                          {m_ui->txtLastName, "Please enter lastname."},
-                                          {m_ui->txtMiddleName, "Please enter middlename."},
-                                          {m_ui->txtAge, "Please enter age."}}};
-    for (const Required& required : fields) {
-        if (!base::Trim(required.field->text()).isEmpty())
-            continue;
-        refuseField(required.field, QString::fromLatin1(required.prompt));
-        return false;
-    }
-    return true;
+    return areGiven({{m_ui->txtFirstName, "Please enter firstname."},
+                     {m_ui->txtLastName, "Please enter lastname."},
+                     {m_ui->txtMiddleName, "Please enter middlename."},
+                     {m_ui->txtAge, "Please enter age."}});
 }
 
 bool frmAddWalkIn::isLikely() {

@@ -79,6 +79,7 @@ void frmWalkInMaster::connectControls() {
     on(m_keys.get(), &PickerKeys::rowEntered, this, [this] { cmdEdit_Click(); });
     on(m_ui->cmdAdd, &QPushButton::clicked, this, [this] { cmdAdd_Click(); });
     on(m_ui->cmdEdit, &QPushButton::clicked, this, [this] { cmdEdit_Click(); });
+    on(m_ui->dtpBirthDate, &QLineEdit::editingFinished, this, [this] { dtpBirthDate_LostFocus(); });
     controls::onEnter(m_ui->txtZipCode, [this] { cmdZipCode_Click(); });
     // A code that is being changed has no town any more.
     on(m_ui->txtZipCode, &QLineEdit::textEdited, this, [this] { m_ui->lblTown->clear(); });
@@ -176,6 +177,7 @@ void frmWalkInMaster::showPatient(int row) {
     m_ui->txtAddress2->setText(cell(barangay));
     m_ui->txtAge->setText(cell(age));
     m_ui->txtZipCode->setText(cell(zipCode));
+    m_listHasZipCodes = zipCode < grid.Cols();
     m_ui->lblTown->setText(townText(cell(town), cell(province)));
     const QString letter = cell(sex).left(1);
     m_ui->cmbSex->setCurrentIndex(letter.isEmpty() ? -1
@@ -186,6 +188,7 @@ void frmWalkInMaster::showPatient(int row) {
     m_ui->dtpBirthDate->clear();
     if (const base::Value born(cell(birthDateColumn)); base::IsDate(born))
         m_ui->dtpBirthDate->setDate(base::CDate(born));
+    m_shownBirthDate = m_ui->dtpBirthDate->Text();
     m_ui->bandHeader->setChips({QStringLiteral("Hosp. ") + m_ui->txtHospNum->text()});
 }
 
@@ -197,6 +200,15 @@ void frmWalkInMaster::goToPatient(const QString& hospitalNumber) {
 }
 
 // ---- edit entry
+
+/// The age follows a date that was changed; one that stood already keeps the age that is on file.
+void frmWalkInMaster::dtpBirthDate_LostFocus() {
+    const std::optional<base::DateTime> born = m_ui->dtpBirthDate->date();
+    if (m_ui->dtpBirthDate->Text() == m_shownBirthDate || !born || *born > base::today())
+        return;
+    m_shownBirthDate = m_ui->dtpBirthDate->Text();
+    m_ui->txtAge->setText(QString::number(frmAddWalkIn::CalcAge(*born)));
+}
 
 void frmWalkInMaster::cmdZipCode_Click() {
     ado::Recordset address = session::Read(
@@ -225,6 +237,7 @@ void frmWalkInMaster::cmdCancel_Click() {
 // ---- save
 
 void frmWalkInMaster::cmdSave_Click() {
+    dtpBirthDate_LostFocus(); // the command's letter leaves no field
     if (!isLikely())
         return;
     const QString number = Trim(m_ui->txtHospNum->text());
@@ -239,6 +252,9 @@ void frmWalkInMaster::cmdSave_Click() {
 }
 
 bool frmWalkInMaster::isLikely() {
+    if (!areGiven(
+            {{m_ui->txtFirstName, "Please enter firstname."}, {m_ui->txtLastName, "Please enter lastname."}}))
+        return false;
     if (!areWithin({{m_ui->txtLastName, "Lastname", mostOfName},
                     {m_ui->txtFirstName, "Firstname", mostOfName},
                     {m_ui->txtMiddleName, "Middlename", mostOfName},
@@ -269,7 +285,9 @@ bool frmWalkInMaster::writePatient() {
         set("Civilstatusid", status < 0 ? QString() : QString::number(status));
         set("HouseStreet", m_ui->txtAddress1->text());
         set("Barangay", m_ui->txtAddress2->text());
-        set("ZipCode", m_ui->txtZipCode->text());
+        // A code that was never shown is not lost by what was typed beside it.
+        if (m_listHasZipCodes || m_ui->txtZipCode->isModified())
+            set("ZipCode", m_ui->txtZipCode->text());
         patient.Update();
     }
     patient.Close();

@@ -40,10 +40,13 @@ class frmWalkInMaster : public controls::Screen {
     void LoadPatients();
     void goToPatient(const QString& hospitalNumber);
     void showPatient(int row);
+    void dtpBirthDate_LostFocus();
     bool isLikely();
     /// False when the patient is not on file any more.
     bool writePatient();
 
+    QString m_shownBirthDate;
+    bool m_listHasZipCodes = true;
     std::unique_ptr<Ui::frmWalkInMaster> m_ui;
     std::unique_ptr<PickerKeys> m_keys;
 };

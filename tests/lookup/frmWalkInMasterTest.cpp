@@ -297,6 +297,50 @@ TEST_F(WalkInMaster, AListWithoutZipCodesCanBeEdited) {
     EXPECT_EQ(text(screen, "txtZipCode"), "");
 }
 
+TEST_F(WalkInMaster, AZipCodeThatTheListDoesNotShowIsKeptUnlessTyped) {
+    hospital.replaceProcedure(
+        "CREATE OR ALTER PROCEDURE spGlobal_CashPatient @By varchar(1), @Text varchar(50) AS SELECT hospnum "
+        "AS "
+        "HospNum, LastName, FirstName, MiddleName, Civilstatusid, '' AS CivilStatus, Sex, BirthDate, Age, "
+        "HouseStreet, Barangay, '' AS Town, '' AS Province FROM PATIENT_DATA..tbCashPatient WHERE LastName = "
+        "@Text");
+    edit("AQUINO");
+    keys(child<QLineEdit>(screen, "txtAddress2"), "<Ctrl+A>UGONG");
+    expectSaved();
+    type("<Alt+S>");
+    EXPECT_EQ(patient("W8001"), "AQUINO|BEA|SORIANO|2/29/1996|30|F|2|2 LUNA ST|UGONG|1100");
+    edit("AQUINO");
+    keys(child<QLineEdit>(screen, "txtZipCode"), "<Ctrl+A>1200");
+    expectSaved();
+    type("<Alt+S>");
+    EXPECT_EQ(patient("W8001"), "AQUINO|BEA|SORIANO|2/29/1996|30|F|2|2 LUNA ST|UGONG|1200");
+}
+
+TEST_F(WalkInMaster, APatientKeepsAName) {
+    edit("AQUINO");
+    for (const auto& [field, prompt] :
+         {std::pair{"txtLastName", "Please enter lastname."}, {"txtFirstName", "Please enter firstname."}}) {
+        const QString before = QString::fromStdString(text(screen, field));
+        keys(child<QLineEdit>(screen, field), "<Ctrl+A> ");
+        boxes.expect({QString::fromLatin1(prompt), controls::vbInformation, QStringLiteral("Message")});
+        type("<Alt+S>");
+        EXPECT_EQ(focus(), field);
+        type("<Ctrl+A>" + before);
+    }
+    EXPECT_EQ(patient("W8001"), "AQUINO|BEA|SORIANO|2/29/1996|30|F|2|2 LUNA ST|CENTRO|1100");
+}
+
+TEST_F(WalkInMaster, TheAgeFollowsABirthDateThatIsChanged) {
+    edit("AQUINO");
+    keys(child<QLineEdit>(screen, "txtAge"), "<Ctrl+A>31");
+    keys(child<controls::MaskedDate>(screen, "dtpBirthDate"), "<Tab>");
+    EXPECT_EQ(text(screen, "txtAge"), "31") << "a date that stood already changes nothing";
+    keys(child<controls::MaskedDate>(screen, "dtpBirthDate"), "<Ctrl+A>02/28/1986");
+    expectSaved();
+    type("<Alt+S>");
+    EXPECT_EQ(patient("W8001"), "AQUINO|BEA|SORIANO|2/28/1986|40|F|2|2 LUNA ST|CENTRO|1100");
+}
+
 TEST_F(WalkInMaster, APatientIsRegisteredByKeysAloneAndFound) {
     tests::runModal([&] { type("<Alt+A>"); }, {[](QWidget& add) {
                         keysToFocus(
