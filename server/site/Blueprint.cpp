@@ -1,7 +1,7 @@
 #include "server/site/Blueprint.h"
 
-#include "server/demo/Kit.h"
 #include "server/engine/Installer.h"
+#include "server/hospital/Kit.h"
 
 #include <QRegularExpression>
 
@@ -19,7 +19,7 @@ ModuleHead moduleHead(const QString& batch) {
 
 QStringList kitDatabases() {
     QStringList names;
-    for (const demo::KitFile& file : demo::kitFiles()) {
+    for (const hospital::KitFile& file : hospital::kitFiles()) {
         const QString name = file.name.section(u'/', 0, 0);
         if (!names.contains(name))
             names += name;
@@ -30,7 +30,7 @@ QStringList kitDatabases() {
 
 std::vector<ModuleText> kitModules() {
     std::vector<ModuleText> modules;
-    for (const demo::KitFile& file : demo::kitFiles()) {
+    for (const hospital::KitFile& file : hospital::kitFiles()) {
         for (const engine::ScriptBatch& batch : engine::scriptBatches(file.text)) {
             const ModuleHead head = moduleHead(batch.text);
             if (!head.name.isEmpty())

@@ -1,10 +1,10 @@
-#include "server/demo/Passwords.h"
+#include "server/hospital/Passwords.h"
 
 #include "platform/base/Error.h"
 
 #include <sodium.h>
 
-namespace demo {
+namespace hospital {
 
 QString passwordHash(const QString& password) {
     static const bool ready = sodium_init() >= 0;
@@ -17,4 +17,4 @@ QString passwordHash(const QString& password) {
     return QString::fromLatin1(text);
 }
 
-} // namespace demo
+} // namespace hospital

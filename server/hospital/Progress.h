@@ -4,9 +4,9 @@
 
 #include <functional>
 
-namespace demo {
+namespace hospital {
 
 /// Told now and then: 0 to 100, and what is being done.
 using Progress = std::function<void(int percent, const QString& stage)>;
 
-} // namespace demo
+} // namespace hospital

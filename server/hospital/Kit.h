@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/demo/Progress.h"
+#include "server/hospital/Progress.h"
 
 #include <QString>
 
@@ -10,7 +10,7 @@ namespace engine {
 class EmbeddedProvider;
 }
 
-namespace demo {
+namespace hospital {
 
 struct KitFile {
     QString name; ///< "NUCLEAR/procedures/sp_Nuclear_AddRequest.sql"
@@ -28,4 +28,4 @@ void installKit(engine::EmbeddedProvider& provider, const Progress& progress);
 /// What installKit() last left in the file; empty when it never ran.
 QString installedKitVersion(engine::EmbeddedProvider& provider);
 
-} // namespace demo
+} // namespace hospital

@@ -1,4 +1,4 @@
-#include "server/demo/Backup.h"
+#include "server/hospital/Backup.h"
 
 #include "platform/base/Error.h"
 
@@ -10,7 +10,7 @@
 
 #include <memory>
 
-namespace demo {
+namespace hospital {
 
 namespace {
 
@@ -96,4 +96,4 @@ void restoreHospital(const QString& from, const QString& to, const Progress& pro
     copyPages(source.get(), target.get(), -1, progress);
 }
 
-} // namespace demo
+} // namespace hospital

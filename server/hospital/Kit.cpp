@@ -1,4 +1,4 @@
-#include "server/demo/Kit.h"
+#include "server/hospital/Kit.h"
 
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Installer.h"
@@ -14,7 +14,7 @@ static void loadKitResource() {
     Q_INIT_RESOURCE(kit);
 }
 
-namespace demo {
+namespace hospital {
 
 namespace {
 
@@ -81,4 +81,4 @@ QString installedKitVersion(engine::EmbeddedProvider& provider) {
     return provider.setting(QLatin1String(versionSetting));
 }
 
-} // namespace demo
+} // namespace hospital

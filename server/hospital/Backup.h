@@ -1,10 +1,10 @@
 #pragma once
 
-#include "server/demo/Progress.h"
+#include "server/hospital/Progress.h"
 
 #include <QString>
 
-namespace demo {
+namespace hospital {
 
 /// Copies a hospital file while others work on it; the copy is of one moment. `to` appears only once it is
 /// whole and replaces a file of that name. Raises 53 when `from` is not there, 321 when it is no hospital
@@ -15,4 +15,4 @@ void backupHospital(const QString& from, const QString& to, const Progress& prog
 /// when a workstation holds `to` locked.
 void restoreHospital(const QString& from, const QString& to, const Progress& progress = {});
 
-} // namespace demo
+} // namespace hospital
