@@ -1,12 +1,12 @@
 #include "server/engine/EmbeddedProvider.h"
 
 #include "platform/ado/TransactionErrors.h"
-#include "server/engine/Ascii.h"
-#include "server/engine/BatchCache.h"
-#include "server/engine/Interpreter.h"
-#include "server/engine/ObjectText.h"
-#include "server/engine/Planner.h"
 #include "server/engine/Trace.h"
+#include "server/engine/parser/ObjectText.h"
+#include "server/engine/run/BatchCache.h"
+#include "server/engine/run/Interpreter.h"
+#include "server/engine/run/Planner.h"
+#include "server/engine/values/Ascii.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -34,7 +34,7 @@ std::string toStd(const QString& text) {
 /// Ends a batch's own transaction, whatever happens.
 class BatchTransaction {
   public:
-    BatchTransaction(HospitalFile& file, const char* begin) : m_file(file) { m_file.execute(begin); }
+    BatchTransaction(SqliteFile& file, const char* begin) : m_file(file) { m_file.execute(begin); }
     ~BatchTransaction() {
         if (!m_committed)
             sqlite3_exec(m_file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
@@ -47,7 +47,7 @@ class BatchTransaction {
     }
 
   private:
-    HospitalFile& m_file;
+    SqliteFile& m_file;
     bool m_committed = false;
 };
 
@@ -118,8 +118,8 @@ class EmbeddedProvider::Private {
 
     QString fileName;
     FunctionHost host;
-    Session session;
-    HospitalFile file;
+    SessionState session;
+    SqliteFile file;
     Catalogue catalogue;
     Interpreter interpreter;
     Trace trace;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/engine/Catalogue.h"
+#include "server/engine/catalogue/Catalogue.h"
 
 #include <QString>
 #include <QStringList>
