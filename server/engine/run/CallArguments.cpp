@@ -9,11 +9,10 @@ namespace engine {
 void CallArguments::pass(const Call& call, const Module& procedure, std::vector<Cell>& slots) const {
     const auto& parameters = procedure.definition->parameters;
     const auto& variables = procedure.script().variables;
-    constexpr std::size_t most = 64;
     if (call.arguments.size() > parameters.size())
         throw tooManyArguments(procedure.name);
-    std::uint64_t given = 0;
-    for (std::size_t i = 0; i < call.arguments.size() && i < most; ++i) {
+    std::vector<bool> given(parameters.size());
+    for (std::size_t i = 0; i < call.arguments.size(); ++i) {
         const CallArgument& argument = call.arguments[i];
         std::size_t place = i;
         if (!argument.name.empty()) {
@@ -27,11 +26,11 @@ void CallArguments::pass(const Call& call, const Module& procedure, std::vector<
         if (!argument.value)
             continue; // DEFAULT
         const auto slot = std::size_t(parameters[place].slot);
-        given |= std::uint64_t(1) << place;
+        given[place] = true;
         passOne(argument, variables[slot].type, slots[slot]);
     }
     for (std::size_t i = 0; i < parameters.size(); ++i) {
-        if (i < most && (given >> i) & 1)
+        if (given[i])
             continue;
         const auto slot = std::size_t(parameters[i].slot);
         if (!parameters[i].hasDefault)
