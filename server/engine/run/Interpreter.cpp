@@ -1,15 +1,14 @@
 #include "server/engine/run/Interpreter.h"
 
 #include "server/engine/catalogue/Definitions.h"
+#include "server/engine/errors/ErrorMap.h"
 #include "server/engine/file/SqliteRow.h"
 #include "server/engine/parser/LiteralValue.h"
 #include "server/engine/parser/ObjectText.h"
+#include "server/engine/run/Binding.h"
 #include "server/engine/run/CallArguments.h"
 #include "server/engine/values/Ascii.h"
 #include "server/engine/values/Convert.h"
-#include "server/engine/values/DateText.h"
-
-#include "platform/base/DateTime.h"
 
 namespace engine {
 namespace {
@@ -61,14 +60,14 @@ class Interpreter::QueryUse {
     QueryUse(Interpreter& interpreter, const Stmt& statement, Run& run) {
         auto& kept = run.module.queries[std::size_t(statement.id)];
         if (!kept)
-            kept = interpreter.makeQuery(statement, run.module);
+            kept = interpreter.m_maker.make(statement, run.module);
         m_query = kept.get();
         if (kept->busy) {
-            m_own = interpreter.makeQuery(statement, run.module);
+            m_own = interpreter.m_maker.make(statement, run.module);
             m_query = m_own.get();
         }
         m_query->busy = true;
-        interpreter.bind(*m_query, run.slots);
+        bindValues(*m_query, run.slots, interpreter.m_session);
     }
     ~QueryUse() {
         sqlite3_reset(m_query->statement.get());
@@ -114,6 +113,10 @@ Interpreter::Interpreter(SqliteFile& file, Catalogue& catalogue, SessionState& s
     , m_catalogue(catalogue)
     , m_session(session)
     , m_host(host)
+    , m_maker(file, catalogue, host,
+              [this](Module& function, int count, sqlite3_value** values, Cell& result) {
+                  callFunction(function, count, values, result);
+              })
     , m_savepoint(file.prepare("SAVEPOINT statement"))
     , m_release(file.prepare("RELEASE statement"))
     , m_rollbackTo(file.prepare("ROLLBACK TO statement")) {}
@@ -413,6 +416,60 @@ void Interpreter::callFunction(Module& function, int count, sqlite3_value** valu
     const std::int64_t rowCount = m_session.rowCount;
     run(function.script().statements, inner);
     m_session.rowCount = rowCount;
+}
+
+bool Interpreter::step(sqlite3_stmt* statement) {
+    const int code = sqlite3_step(statement);
+    if (code == SQLITE_ROW)
+        return true;
+    if (code == SQLITE_DONE)
+        return false;
+    if (m_host.error && (code & 0xFF) == SQLITE_ERROR) {
+        const std::optional<base::RunTimeError> error = std::exchange(m_host.error, std::nullopt);
+        throw base::RunTimeError(*error);
+    }
+    throw errorOfSqlite(m_file.handle(), code);
+}
+
+void Interpreter::fetch(const Query& query, ado::Rows& rows) {
+    sqlite3_stmt* statement = query.statement.get();
+    while (step(statement))
+        appendRow(statement, rows);
+}
+
+/// Each row as soon as it is stepped.
+void Interpreter::hand(const Query& query) {
+    sqlite3_stmt* statement = query.statement.get();
+    m_sink->begin(query.columns);
+    m_session.rowCount = 0;
+    std::int64_t rows = 0;
+    std::vector<base::Value> row;
+    while (step(statement)) {
+        readRow(statement, query.columns, row);
+        ++rows;
+        if (!m_sink->row(row))
+            throw SinkIsFull();
+    }
+    m_session.rowCount = rows;
+}
+
+void Interpreter::prepareAll(Module& module) {
+    if (module.definition && module.definition->kind == ModuleKind::View) {
+        m_maker.tryView(module);
+        return;
+    }
+    prepareAll(module.script().statements, module);
+}
+
+void Interpreter::prepareAll(const std::vector<StmtPtr>& statements, Module& module) {
+    for (const StmtPtr& statement : statements) {
+        if (statement->kind == StmtKind::Execute)
+            procedure(statement->call->name, module);
+        if (statement->expr || statement->query || statement->write || statement->kind == StmtKind::Throw)
+            module.queries[std::size_t(statement->id)] = m_maker.make(*statement, module);
+        prepareAll(statement->body, module);
+        prepareAll(statement->otherwise, module);
+    }
 }
 
 } // namespace engine

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "server/engine/catalogue/Catalogue.h"
-#include "server/engine/functions/FunctionHost.h"
+#include "server/engine/run/QueryMaker.h"
 #include "server/engine/run/SessionState.h"
-
-#include <set>
 
 namespace engine {
 
@@ -26,7 +24,6 @@ class Interpreter {
     bool takeDefinitionRan();
 
   private:
-    friend class FunctionCall;
     enum class Flow { Next, Break, Continue, Return };
     struct Run {
         Module& module;
@@ -52,16 +49,9 @@ class Interpreter {
 
     class QueryUse;
     class SinkUse;
-    std::unique_ptr<Query> makeQuery(const Stmt& statement, const Module& module);
-    Translation translate(const Stmt& statement, const Module& module);
-    void prepare(Query& query);
-    void describe(Query& query);
-    void bind(const Query& query, const std::vector<Cell>& slots);
-    void bindSession(sqlite3_stmt* statement, int index, SessionValue value);
     bool step(sqlite3_stmt* statement);
     void fetch(const Query& query, ado::Rows& rows);
     void hand(const Query& query);
-    void registerFunction(const Module& function);
     std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
     void prepareAll(const std::vector<StmtPtr>& statements, Module& module);
 
@@ -69,11 +59,10 @@ class Interpreter {
     Catalogue& m_catalogue;
     SessionState& m_session;
     FunctionHost& m_host;
+    QueryMaker m_maker;
     SqliteStatement m_savepoint;
     SqliteStatement m_release;
     SqliteStatement m_rollbackTo;
-    /// "fn DATABASE.name/arguments"
-    std::set<std::string> m_registered;
     /// Where the batch's rows go; null: into its result.
     ado::RowSink* m_sink = nullptr;
     int m_depth = 0;

@@ -318,7 +318,7 @@ constexpr BuiltinEntry entries[] = {
 
 } // namespace
 
-Term ExpressionTranslator::builtinCall(const Expr& expr) {
+Term builtins::call(ExpressionTranslator& translator, const Expr& expr) {
     const auto entry = std::find_if(std::begin(entries), std::end(entries), [&](const BuiltinEntry& known) {
         return sameWord(known.name, expr.text);
     });
@@ -331,7 +331,7 @@ Term ExpressionTranslator::builtinCall(const Expr& expr) {
     const bool countsRows = entry->name == "COUNT" || entry->name == "COUNT_BIG";
     if (!countsRows && count > 0 && expr.children.front()->kind == ExprKind::Star)
         throw syntaxError("*", expr.children.front()->position);
-    return entry->translate(*this, expr);
+    return entry->translate(translator, expr);
 }
 
 } // namespace engine

@@ -2,8 +2,13 @@
 
 #include "server/engine/translate/ExpressionTranslator.h"
 
-/// What the translations of the system functions share; used by ExpressionTranslator::builtinCall() only.
+/// The system functions in SQLite's words.
 namespace engine::builtins {
+
+/// Raises 174 and 195.
+Term call(ExpressionTranslator& translator, const Expr& expr);
+
+// what the translations share
 
 inline constexpr SqlType intType{TypeKind::Int};
 inline constexpr SqlType floatType{TypeKind::Float};

@@ -1,5 +1,6 @@
 #include "server/engine/translate/ExpressionTranslator.h"
 
+#include "server/engine/translate/Builtins.h"
 #include "server/engine/values/Ascii.h"
 
 #include <algorithm>
@@ -284,7 +285,7 @@ std::string ExpressionTranslator::caseOperand(const Expr& expr, std::vector<std:
 Term ExpressionTranslator::function(const Expr& expr) {
     if (expr.flag)
         return ownFunction(expr);
-    return builtinCall(expr);
+    return builtins::call(*this, expr);
 }
 
 Term ExpressionTranslator::ownFunction(const Expr& expr) {

@@ -62,8 +62,6 @@ class ExpressionTranslator : public TermTranslator {
     std::string caseOperand(const Expr& expr, std::vector<std::string>& values);
     Term function(const Expr& expr);
     Term ownFunction(const Expr& expr);
-    /// A system function; its translation stands in Builtins.cpp. Raises 174 and 195.
-    Term builtinCall(const Expr& expr);
     Term scalarSubquery(const Expr& expr);
     std::string in(const Expr& expr);
     std::string like(const Expr& expr);
