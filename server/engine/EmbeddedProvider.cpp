@@ -31,6 +31,13 @@ std::string toStd(const QString& text) {
     return text.toStdString();
 }
 
+std::vector<std::string> toStd(const QStringList& texts) {
+    std::vector<std::string> result;
+    for (const QString& text : texts)
+        result.push_back(text.toStdString());
+    return result;
+}
+
 /// Ends a batch's own transaction, whatever happens.
 class BatchTransaction {
   public:
@@ -87,13 +94,14 @@ class EmbeddedProvider::Private {
   public:
     Private(const QString& path, const Options& options)
         : fileName(path)
-        , file(toStd(path), options.createIfMissing, options.busyMilliseconds)
+        , file(toStd(path), toStd(options.newDatabases), options.busyMilliseconds)
         , catalogue(file)
         , interpreter(file, catalogue, session, host)
         , trace(path, options.hostName)
         , dataVersion(file.prepare("PRAGMA data_version")) {
         host.catalogue = &catalogue;
         registerFunctions(file.handle(), host);
+        session.database = catalogue.firstDatabase();
         session.hostName = toStd(options.hostName);
         session.programName = toStd(options.programName);
         session.loginName = toStd(options.loginName);

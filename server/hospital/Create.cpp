@@ -15,6 +15,13 @@ namespace {
 
 constexpr int shareOfKit = 60; // percent of the work where the file is filled as well
 
+/// The section's own first: sessions begin there.
+QStringList databasesOfFile() {
+    QStringList names = kitDatabases();
+    names.move(names.indexOf(QStringLiteral("NUCLEAR")), 0);
+    return names;
+}
+
 /// Made under another name and renamed when it is whole, so that a half-made file is never taken for a
 /// hospital.
 void makeFile(const QString& file, const Fill& fill, const Progress& progress) {
@@ -30,7 +37,7 @@ void makeFile(const QString& file, const Fill& fill, const Progress& progress) {
     removeUnfinished();
     try {
         engine::Options options;
-        options.createIfMissing = true;
+        options.newDatabases = databasesOfFile();
         const auto provider = engine::EmbeddedProvider::open(unfinished, options);
         provider->begin();
         installKit(*provider, [&](int percent, const QString& stage) {

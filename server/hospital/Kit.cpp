@@ -53,6 +53,17 @@ const std::vector<KitFile>& kitFiles() {
     return files;
 }
 
+QStringList kitDatabases() {
+    QStringList names;
+    for (const KitFile& file : kitFiles()) {
+        const QString name = file.name.section(u'/', 0, 0);
+        if (!names.contains(name))
+            names += name;
+    }
+    names.sort();
+    return names;
+}
+
 QString kitVersion() {
     static const QString version = [] {
         QCryptographicHash hash(QCryptographicHash::Sha1);

@@ -3,6 +3,7 @@
 #include "server/hospital/Progress.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -20,6 +21,8 @@ struct KitFile {
 /// The T-SQL files compiled into the program, in the order in which they are to be installed: tables,
 /// functions, views, procedures, the rows that every hospital needs.
 const std::vector<KitFile>& kitFiles();
+/// The databases of the kit, by name.
+QStringList kitDatabases();
 /// Changes with every change of a file.
 QString kitVersion();
 

@@ -41,7 +41,7 @@ void install(ado::Provider& server, const hospital::Progress& progress) {
         if (progress)
             progress(percent, stage);
     };
-    for (const QString& database : kitDatabases()) {
+    for (const QString& database : hospital::kitDatabases()) {
         tell(0, QStringLiteral("Database ") + database);
         if (!isThere(server, QStringLiteral("DB_ID(%1)").arg(ado::literal(base::Value(database)))))
             createDatabase(server, ado::bracketed(database));

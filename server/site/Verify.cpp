@@ -2,6 +2,7 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "server/hospital/Create.h"
+#include "server/hospital/Kit.h"
 #include "server/site/Blueprint.h"
 #include "server/site/Install.h"
 
@@ -142,7 +143,7 @@ QStringList verify(ado::Provider& server) {
     const std::vector<engine::Table> tables = tablesOf(file);
     const std::vector<ModuleText> modules = kitModules();
     QStringList differences;
-    for (const QString& database : kitDatabases()) {
+    for (const QString& database : hospital::kitDatabases()) {
         Comparison comparison(server, database);
         if (comparison.read()) {
             for (const engine::Table& table : tables) {

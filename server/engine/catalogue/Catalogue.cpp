@@ -36,7 +36,7 @@ Catalogue::Catalogue(SqliteFile& file)
           "ordinal"))
     , m_source(file.prepare(
           "SELECT databaseName, name, source FROM \"scintra.modules\" WHERE databaseName = ? AND name = ?")) {
-    const SqliteStatement databases = m_file.prepare("SELECT name FROM \"scintra.databases\"");
+    const SqliteStatement databases = m_file.prepare("SELECT name FROM \"scintra.databases\" ORDER BY rowid");
     while (m_file.step(databases.get()))
         m_databases.push_back(columnText(databases.get(), 0));
 }

@@ -42,6 +42,8 @@ class Catalogue {
     /// The database's name as it is written in the file. Raises 911.
     const std::string& database(std::string_view name);
     bool hasDatabase(std::string_view name) const;
+    /// The one that the file was made with before the others.
+    const std::string& firstDatabase() const { return m_databases.front(); }
     /// Null when there is none of that name.
     const Table* table(std::string_view database, std::string_view name);
     /// Null when there is none of that name. Raises what its source is wrong in.

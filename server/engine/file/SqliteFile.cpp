@@ -20,8 +20,6 @@ CREATE TABLE IF NOT EXISTS "scintra.columns" (
     name TEXT NOT NULL COLLATE NOCASE, type TEXT NOT NULL, length INTEGER NOT NULL, scale INTEGER NOT NULL,
     nullable INTEGER NOT NULL, identity INTEGER NOT NULL, keyOrdinal INTEGER NOT NULL, keyName TEXT NOT NULL,
     defaultSource TEXT NOT NULL, PRIMARY KEY (databaseName, tableName, ordinal)) WITHOUT ROWID;
-INSERT OR IGNORE INTO "scintra.databases" (name) VALUES ('NUCLEAR'), ('PATIENT_DATA'), ('BUILD_FILE'), ('BILLING'),
-    ('STATION'), ('PASSWORD'), ('INVENTORY'), ('RADIOLOGY'), ('LABORATORY'), ('CARDIO');
 )";
 
 /// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
@@ -45,9 +43,10 @@ int waitForLock(void* limit, int calls) {
 
 } // namespace
 
-SqliteFile::SqliteFile(const std::string& path, bool createIfMissing, int busyMilliseconds) {
+SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
+                       int busyMilliseconds) {
     sqlite3* handle = nullptr;
-    const int create = createIfMissing ? SQLITE_OPEN_CREATE : 0;
+    const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
     const int code =
         sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
     m_handle.reset(handle);
@@ -59,13 +58,13 @@ SqliteFile::SqliteFile(const std::string& path, bool createIfMissing, int busyMi
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     try {
-        prepareFile(createIfMissing);
+        prepareFile(newDatabases);
     } catch (const base::RunTimeError& error) {
         failOpening(path, error.description().toUtf8().constData());
     }
 }
 
-void SqliteFile::prepareFile(bool created) {
+void SqliteFile::prepareFile(const std::vector<std::string>& newDatabases) {
     execute("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; PRAGMA cache_size = -65536; PRAGMA "
             "temp_store = MEMORY;"
             "PRAGMA trusted_schema = ON");
@@ -77,11 +76,15 @@ void SqliteFile::prepareFile(bool created) {
     const SqliteStatement any = prepare("SELECT 1 FROM sqlite_master");
     const bool isForeign = step(any.get());
     sqlite3_reset(any.get());
-    if (!created || isForeign)
+    if (newDatabases.empty() || isForeign)
         throw serverError(4060, QStringLiteral("It is no hospital file."));
     execute("PRAGMA journal_mode = WAL");
     execute("BEGIN IMMEDIATE");
     execute(ownTables);
+    // two that make the file at once both come here
+    for (const std::string& name : newDatabases)
+        execute(
+            ("INSERT OR IGNORE INTO \"scintra.databases\" (name) VALUES (" + quotedText(name) + ")").c_str());
     execute("COMMIT");
 }
 

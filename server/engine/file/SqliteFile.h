@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace engine {
 
@@ -28,9 +29,9 @@ class StatementReset {
 /// The open SQLite file. Every member raises base::RunTimeError in the server's words.
 class SqliteFile {
   public:
-    /// `path` in UTF-8. Raises 4060 when the file cannot be opened, is no hospital file, or is not there and
-    /// may not be created.
-    SqliteFile(const std::string& path, bool createIfMissing, int busyMilliseconds);
+    /// `path` in UTF-8. A file that is missing is made, with `newDatabases`. Raises 4060 when the file cannot
+    /// be opened, is no hospital file, or is not there and no databases are given for it.
+    SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases, int busyMilliseconds);
 
     sqlite3* handle() const { return m_handle.get(); }
     void execute(const char* sql);
@@ -44,7 +45,7 @@ class SqliteFile {
     struct Closer {
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
-    void prepareFile(bool created);
+    void prepareFile(const std::vector<std::string>& newDatabases);
 
     std::unique_ptr<sqlite3, Closer> m_handle;
 };

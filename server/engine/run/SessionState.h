@@ -7,7 +7,8 @@ namespace engine {
 
 /// What one connection knows of itself.
 struct SessionState {
-    std::string database = "NUCLEAR";
+    /// Names without a prefix belong to it.
+    std::string database;
     std::string hostName;
     std::string programName;
     std::string loginName;

@@ -116,15 +116,6 @@ const char* typeWord(TypeKind kind) {
     return "";
 }
 
-std::string typeText(const SqlType& type) {
-    std::string text = typeWord(type.kind);
-    if (type.kind == TypeKind::Decimal)
-        text += "(18," + std::to_string(type.scale) + ")";
-    else if (isText(type) && type.kind != TypeKind::Text)
-        text += type.length < 0 ? "(max)" : "(" + std::to_string(type.length) + ")";
-    return text;
-}
-
 bool typeFromWord(std::string_view word, SqlType& type) {
     const auto found = std::find_if(std::begin(typeNames), std::end(typeNames),
                                     [&](const TypeName& name) { return sameWord(word, name.word); });

@@ -52,8 +52,6 @@ SqlType commonType(const SqlType& left, const SqlType& right);
 
 /// The word that the server's messages use: "int", "numeric" for a decimal.
 const char* typeWord(TypeKind kind);
-/// "varchar(20)", as a definition is written back.
-std::string typeText(const SqlType& type);
 /// False when there is no type of that name.
 bool typeFromWord(std::string_view word, SqlType& type);
 /// What the hospital file declares for a column of the type.

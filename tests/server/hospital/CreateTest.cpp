@@ -32,6 +32,15 @@ TEST_F(EmptyHospital, HasItsNumberRowsAndNoPatients) {
     EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PASSWORD..tbPasswordMain"), 0);
 }
 
+TEST_F(EmptyHospital, HasTheKitsDatabasesAndBeginsInTheSections) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    EXPECT_EQ(provider->database(), QStringLiteral("NUCLEAR"));
+    EXPECT_EQ(hospital::kitDatabases().size(), 10);
+    for (const QString& name : hospital::kitDatabases())
+        EXPECT_TRUE(provider->hasDatabase(name)) << name.toStdString();
+}
+
 TEST_F(EmptyHospital, OfAnOlderKitIsBroughtUpToDate) {
     hospital::createEmptyHospital(m_file);
     const auto provider = open();
