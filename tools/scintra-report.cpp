@@ -3,8 +3,8 @@
 #include "platform/report/Report.h"
 #include "platform/report/output/Print.h"
 #include "platform/report/output/RowExport.h"
-#include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Create.h"
 
 #include <QApplication>
 
@@ -17,7 +17,7 @@ constexpr int exitFailed = 3;
 
 struct Wish {
     QString definition;
-    QString hospital = demo::defaultHospitalFile();
+    QString hospital = hospital::defaultHospitalFile();
     QString to;
     QString name, address;
     std::vector<std::pair<QString, QString>> values; ///< "name" or "sub-report.name", value

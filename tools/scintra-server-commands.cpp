@@ -5,11 +5,12 @@
 #include "platform/base/Format.h"
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/OdbcProvider.h"
-#include "server/demo/Backup.h"
 #include "server/demo/Hospital.h"
-#include "server/demo/Passwords.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Trace.h"
+#include "server/hospital/Backup.h"
+#include "server/hospital/Create.h"
+#include "server/hospital/Passwords.h"
 #include "server/site/Install.h"
 
 #include <QFile>
@@ -25,7 +26,7 @@ namespace {
 
 QString fileOf(const Arguments& arguments, qsizetype place = 0) {
     const QString named = arguments.words.value(place);
-    return named.isEmpty() || named == QLatin1String("-") ? demo::defaultHospitalFile() : named;
+    return named.isEmpty() || named == QLatin1String("-") ? hospital::defaultHospitalFile() : named;
 }
 
 std::unique_ptr<engine::EmbeddedProvider> openHospital(const QString& file) {
@@ -87,7 +88,7 @@ void print(const QString& text) {
 
 int runInit(const Arguments& arguments) {
     const QString file = fileOf(arguments);
-    demo::createEmptyHospital(file, showProgress);
+    hospital::createEmptyHospital(file, showProgress);
     print(QStringLiteral(
               "Made %1. Add a first user with: scintra-server password FILE ID --name \"LAST, FIRST\"")
               .arg(file));
@@ -106,13 +107,13 @@ int runGenerate(const Arguments& arguments) {
         throw base::RunTimeError(base::errors::invalidProcedureCall,
                                  QStringLiteral("How many? --patients N"));
     const QString file = fileOf(arguments);
-    demo::ensureKit(*openHospital(file));
+    hospital::ensureKit(*openHospital(file));
     demo::generatePatients(file, arguments.patients, showProgress);
     return exitDone;
 }
 
 int runUpdate(const Arguments& arguments) {
-    const bool changed = demo::ensureKit(*openHospital(fileOf(arguments)));
+    const bool changed = hospital::ensureKit(*openHospital(fileOf(arguments)));
     print(changed ? QStringLiteral("Brought up to date.") : QStringLiteral("It was up to date."));
     return exitDone;
 }
@@ -138,7 +139,7 @@ int runPassword(const Arguments& arguments) {
     if (password.isEmpty())
         throw base::RunTimeError(base::errors::invalidProcedureCall,
                                  QStringLiteral("An empty password is none."));
-    const QString hash = demo::passwordHash(password);
+    const QString hash = hospital::passwordHash(password);
     provider->begin();
     if (!known) {
         provider->execute(
@@ -196,12 +197,12 @@ int runCheck(const Arguments& arguments) {
 }
 
 int runBackup(const Arguments& arguments) {
-    demo::backupHospital(fileOf(arguments), arguments.words[1], showProgress);
+    hospital::backupHospital(fileOf(arguments), arguments.words[1], showProgress);
     return exitDone;
 }
 
 int runRestore(const Arguments& arguments) {
-    demo::restoreHospital(arguments.words[0], fileOf(arguments, 1), showProgress);
+    hospital::restoreHospital(arguments.words[0], fileOf(arguments, 1), showProgress);
     return exitDone;
 }
 

@@ -2,7 +2,7 @@
 #include "tools/scintra-server-commands.h"
 
 #include "platform/base/Error.h"
-#include "server/demo/Hospital.h"
+#include "server/hospital/Create.h"
 
 #include <QCoreApplication>
 
@@ -20,7 +20,7 @@ void printUsage(std::FILE* out) {
         "With password and sql, --dsn NAME may stand in the place of FILE. Where the data source has no\n"
         "database login, --login NAME gives it; its password is read first from standard input.\n"
         "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
-        qPrintable(demo::defaultHospitalFile()));
+        qPrintable(hospital::defaultHospitalFile()));
 }
 
 int refuse(const QString& reason) {

@@ -111,7 +111,7 @@ void Generator::registerOutPatient(const QString& hospNum, const QString& accoun
 
 } // namespace
 
-void generatePatients(const QString& file, int count, const Progress& progress) {
+void generatePatients(const QString& file, int count, const hospital::Progress& progress) {
     const auto provider = engine::EmbeddedProvider::open(file, {});
     // The name index is written all over; it must not fall out of memory between two rows.
     runOnFile(provider->handle(),

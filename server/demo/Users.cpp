@@ -1,6 +1,6 @@
-#include "server/demo/Passwords.h"
 #include "server/demo/TableWriter.h"
 #include "server/demo/World.h"
+#include "server/hospital/Passwords.h"
 
 #include <QHash>
 
@@ -65,7 +65,7 @@ void writeUsers(World& world) {
     for (const User& user : userList) {
         const QString password = QString::fromLatin1(user.password);
         if (!hashes.contains(password))
-            hashes.insert(password, passwordHash(password));
+            hashes.insert(password, hospital::passwordHash(password));
         const QString last = QString::fromUtf8(user.lastName);
         const QString middle = QString::fromUtf8(user.middleName);
         const QString name =

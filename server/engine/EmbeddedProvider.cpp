@@ -1,12 +1,12 @@
 #include "server/engine/EmbeddedProvider.h"
 
 #include "platform/ado/TransactionErrors.h"
-#include "server/engine/Ascii.h"
-#include "server/engine/BatchCache.h"
-#include "server/engine/Interpreter.h"
-#include "server/engine/ObjectText.h"
-#include "server/engine/Planner.h"
 #include "server/engine/Trace.h"
+#include "server/engine/parser/ObjectText.h"
+#include "server/engine/run/BatchCache.h"
+#include "server/engine/run/Interpreter.h"
+#include "server/engine/run/Planner.h"
+#include "server/engine/values/Ascii.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -31,10 +31,17 @@ std::string toStd(const QString& text) {
     return text.toStdString();
 }
 
+std::vector<std::string> toStd(const QStringList& texts) {
+    std::vector<std::string> result;
+    for (const QString& text : texts)
+        result.push_back(text.toStdString());
+    return result;
+}
+
 /// Ends a batch's own transaction, whatever happens.
 class BatchTransaction {
   public:
-    BatchTransaction(HospitalFile& file, const char* begin) : m_file(file) { m_file.execute(begin); }
+    BatchTransaction(SqliteFile& file, const char* begin) : m_file(file) { m_file.execute(begin); }
     ~BatchTransaction() {
         if (!m_committed)
             sqlite3_exec(m_file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
@@ -47,7 +54,7 @@ class BatchTransaction {
     }
 
   private:
-    HospitalFile& m_file;
+    SqliteFile& m_file;
     bool m_committed = false;
 };
 
@@ -87,13 +94,14 @@ class EmbeddedProvider::Private {
   public:
     Private(const QString& path, const Options& options)
         : fileName(path)
-        , file(toStd(path), options.createIfMissing, options.busyMilliseconds)
+        , file(toStd(path), toStd(options.newDatabases), options.busyMilliseconds)
         , catalogue(file)
         , interpreter(file, catalogue, session, host)
         , trace(path, options.hostName)
         , dataVersion(file.prepare("PRAGMA data_version")) {
         host.catalogue = &catalogue;
         registerFunctions(file.handle(), host);
+        session.database = catalogue.firstDatabase();
         session.hostName = toStd(options.hostName);
         session.programName = toStd(options.programName);
         session.loginName = toStd(options.loginName);
@@ -118,8 +126,8 @@ class EmbeddedProvider::Private {
 
     QString fileName;
     FunctionHost host;
-    Session session;
-    HospitalFile file;
+    SessionState session;
+    SqliteFile file;
     Catalogue catalogue;
     Interpreter interpreter;
     Trace trace;

@@ -17,13 +17,15 @@ struct Options {
     QString programName;
     /// SUSER_SNAME()
     QString loginName;
-    bool createIfMissing = false;
+    /// A file that is missing is made, with these databases. None: it must be there.
+    QStringList newDatabases;
     /// How long a statement waits for another workstation's transaction before it fails with 1222.
     int busyMilliseconds = 30'000;
 };
 
 /// The hospital server that comes along: T-SQL run on one SQLite file. Several providers, also of several
-/// processes, may have the same file open; each belongs to one thread.
+/// processes, may have the same file open; each belongs to one thread. A session begins in the first of the
+/// databases that the file was made with.
 ///
 /// A batch outside of begin() is one transaction by itself: all of it is written, or, after an error,
 /// nothing. A batch that writes takes the write lock before its first read, so that a number that it reads

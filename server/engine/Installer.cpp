@@ -1,7 +1,7 @@
 #include "server/engine/Installer.h"
 
 #include "server/engine/EmbeddedProvider.h"
-#include "server/engine/ServerError.h"
+#include "server/engine/errors/ServerError.h"
 
 #include <QStringList>
 
@@ -37,7 +37,7 @@ void runBatch(EmbeddedProvider& provider, const ScriptBatch& batch, const QStrin
     try {
         provider.execute(batch.text);
     } catch (const ScriptError& error) {
-        const Position at = error.position();
+        const SourcePosition at = error.position();
         throw located(error, QStringLiteral("%1 (line %2, column %3)")
                                  .arg(fileName)
                                  .arg(batch.firstLine + at.line - 1)

@@ -1,7 +1,7 @@
 #include "server/site/Blueprint.h"
 
-#include "server/demo/Kit.h"
 #include "server/engine/Installer.h"
+#include "server/hospital/Kit.h"
 
 #include <QRegularExpression>
 
@@ -17,20 +17,9 @@ ModuleHead moduleHead(const QString& batch) {
     return {match.captured(2).toUpper(), match.captured(3), match.capturedStart(1), match.capturedLength(1)};
 }
 
-QStringList kitDatabases() {
-    QStringList names;
-    for (const demo::KitFile& file : demo::kitFiles()) {
-        const QString name = file.name.section(u'/', 0, 0);
-        if (!names.contains(name))
-            names += name;
-    }
-    names.sort();
-    return names;
-}
-
 std::vector<ModuleText> kitModules() {
     std::vector<ModuleText> modules;
-    for (const demo::KitFile& file : demo::kitFiles()) {
+    for (const hospital::KitFile& file : hospital::kitFiles()) {
         for (const engine::ScriptBatch& batch : engine::scriptBatches(file.text)) {
             const ModuleHead head = moduleHead(batch.text);
             if (!head.name.isEmpty())
@@ -41,7 +30,7 @@ std::vector<ModuleText> kitModules() {
 }
 
 std::vector<engine::Table> tablesOf(const QString& path) {
-    engine::HospitalFile file(path.toStdString(), false, 0);
+    engine::SqliteFile file(path.toStdString(), {}, 0);
     engine::Catalogue catalogue(file);
     const engine::SqliteStatement names =
         file.prepare("SELECT DISTINCT databaseName, tableName FROM \"scintra.columns\" ORDER BY 1, 2");

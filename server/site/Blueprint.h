@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/engine/Catalogue.h"
+#include "server/engine/catalogue/Catalogue.h"
 
 #include <QString>
 #include <QStringList>
@@ -26,8 +26,6 @@ struct ModuleHead {
 };
 ModuleHead moduleHead(const QString& batch);
 
-/// The databases of the kit, by name.
-QStringList kitDatabases();
 std::vector<ModuleText> kitModules();
 /// The tables of a hospital file, in order of their names.
 std::vector<engine::Table> tablesOf(const QString& file);

@@ -3,8 +3,8 @@
 #include "platform/ado/Literal.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
-#include "server/demo/Kit.h"
 #include "server/engine/Installer.h"
+#include "server/hospital/Kit.h"
 #include "server/site/Blueprint.h"
 
 namespace site {
@@ -36,19 +36,19 @@ void createDatabase(ado::Provider& server, const QString& name) {
 
 } // namespace
 
-void install(ado::Provider& server, const demo::Progress& progress) {
+void install(ado::Provider& server, const hospital::Progress& progress) {
     const auto tell = [&](int percent, const QString& stage) {
         if (progress)
             progress(percent, stage);
     };
-    for (const QString& database : kitDatabases()) {
+    for (const QString& database : hospital::kitDatabases()) {
         tell(0, QStringLiteral("Database ") + database);
         if (!isThere(server, QStringLiteral("DB_ID(%1)").arg(ado::literal(base::Value(database)))))
             createDatabase(server, ado::bracketed(database));
     }
-    const auto& files = demo::kitFiles();
+    const auto& files = hospital::kitFiles();
     int done = 0;
-    for (const demo::KitFile& file : files) {
+    for (const hospital::KitFile& file : files) {
         tell(done * 100 / int(files.size()), QStringLiteral("Installing ") + file.name);
         for (const engine::ScriptBatch& batch : engine::scriptBatches(file.text)) {
             try {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Provider.h"
-#include "server/demo/Progress.h"
+#include "server/hospital/Progress.h"
 
 namespace site {
 
@@ -9,11 +9,11 @@ namespace site {
 /// columns, then functions, views and procedures, which are brought up to the kit's, then the rows that no
 /// hospital can do without. What is there stays. Can be run again. The login must be allowed to create
 /// databases, or own them. Raises what the server says, with the kit's file and line.
-void install(ado::Provider& server, const demo::Progress& progress);
+void install(ado::Provider& server, const hospital::Progress& progress);
 
 /// Puts the made-up hospital into databases that were just made, all of it or nothing. Raises 58 when there
 /// are patients already.
-void installDemo(ado::Provider& server, const demo::Progress& progress);
+void installDemo(ado::Provider& server, const hospital::Progress& progress);
 
 /// What differs from the kit, one line each; none when all is well. Adds nothing.
 QStringList verify(ado::Provider& server);

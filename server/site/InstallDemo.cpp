@@ -10,7 +10,7 @@
 
 namespace site {
 
-void installDemo(ado::Provider& server, const demo::Progress& progress) {
+void installDemo(ado::Provider& server, const hospital::Progress& progress) {
     const ado::Result patients =
         server.execute(QStringLiteral("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster"));
     if (patients.rows.count() != 1 || base::CDbl(base::textOf(patients.rows.at(0, 0))) > 0)

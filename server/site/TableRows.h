@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Provider.h"
-#include "server/engine/Catalogue.h"
+#include "server/engine/catalogue/Catalogue.h"
 
 #include <QStringList>
 

@@ -1,7 +1,8 @@
 #include "platform/ado/Literal.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
-#include "server/demo/Hospital.h"
+#include "server/hospital/Create.h"
+#include "server/hospital/Kit.h"
 #include "server/site/Blueprint.h"
 #include "server/site/Install.h"
 
@@ -138,11 +139,11 @@ class Comparison {
 QStringList verify(ado::Provider& server) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("kit.scintra"));
-    demo::createEmptyHospital(file);
+    hospital::createEmptyHospital(file);
     const std::vector<engine::Table> tables = tablesOf(file);
     const std::vector<ModuleText> modules = kitModules();
     QStringList differences;
-    for (const QString& database : kitDatabases()) {
+    for (const QString& database : hospital::kitDatabases()) {
         Comparison comparison(server, database);
         if (comparison.read()) {
             for (const engine::Table& table : tables) {

@@ -2,6 +2,7 @@
 
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Create.h"
 #include "session/logon/OdbcServer.h"
 
 #include <QDir>
@@ -32,7 +33,7 @@ class FileServer : public HospitalServer {
         options.programName = QStringLiteral("Visual Scintra");
         options.loginName = login;
         auto provider = engine::EmbeddedProvider::open(file(), options);
-        demo::ensureKit(*provider);
+        hospital::ensureKit(*provider);
         return provider;
     }
 
@@ -92,7 +93,7 @@ void setLastServer(const QString& name) {
 }
 
 QString hospitalFile() {
-    return otherHospitalFile().isEmpty() ? demo::defaultHospitalFile() : otherHospitalFile();
+    return otherHospitalFile().isEmpty() ? hospital::defaultHospitalFile() : otherHospitalFile();
 }
 
 void setHospitalFile(const QString& path) {

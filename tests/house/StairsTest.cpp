@@ -13,7 +13,7 @@ namespace {
 const std::map<QString, QStringList>& stairs() {
     static const QStringList platform{"platform/base", "platform/ado", "platform/controls",
                                       "platform/report"};
-    static const QStringList hospital{"server/engine", "server/demo"};
+    static const QStringList hospital{"server/engine", "server/hospital", "server/demo"};
     static const std::map<QString, QStringList> allowed{
         {"platform/base", {}},
         {"platform/ado", {"platform/base"}},
@@ -21,8 +21,9 @@ const std::map<QString, QStringList>& stairs() {
         {"platform/controls", {"platform/base", "platform/ado"}},
         {"platform/report", {"platform/base", "platform/ado", "platform/controls"}},
         {"server/engine", {"platform/base", "platform/ado"}},
-        {"server/demo", {"platform/base", "platform/ado", "server/engine"}},
-        {"server/site", {"platform/base", "platform/ado", "server/engine", "server/demo"}},
+        {"server/hospital", {"platform/base", "platform/ado", "server/engine"}},
+        {"server/demo", {"platform/base", "platform/ado", "server/engine", "server/hospital"}},
+        {"server/site", {"platform/base", "platform/ado", "server/engine", "server/hospital", "server/demo"}},
         {"session", platform + hospital + QStringList{"platform/odbc"}},
         {"menu", platform + QStringList{"session"}},
         {"lookup", platform + QStringList{"session"}},

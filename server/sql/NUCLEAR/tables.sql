@@ -2,7 +2,7 @@
 USE NUCLEAR
 GO
 
--- The last numbers drawn. One row, SlipID 1. The programs know it as tbNucSlip, a view
+-- The numbers that the next slip and request take. One row, SlipID 1. The programs know it as tbNucSlip, a view
 -- that locks it for the rest of the transaction; once the table itself was called so.
 IF OBJECT_ID('tbNucSlipRow') IS NULL
 BEGIN

@@ -4,6 +4,7 @@
 #include "platform/base/Error.h"
 #include "platform/odbc/OdbcProvider.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "tests/support/core/Databases.h"
 #include "tests/support/odbc/TestDriver.h"
 #include "tests/support/tds/TdsServer.h"
 
@@ -53,7 +54,7 @@ std::vector<Side> sides() {
          {},
          [](const Place& place) {
              engine::Options options;
-             options.createIfMissing = true;
+             options.newDatabases = tests::databases();
              return engine::EmbeddedProvider::open(place.file, options);
          }},
         {"OdbcTsql", {}, overOdbc, Behind::Loopback},

@@ -2,9 +2,8 @@
 
 #include "platform/base/DateTime.h"
 #include "platform/base/Error.h"
-#include "server/demo/Kit.h"
-#include "server/demo/Passwords.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Create.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -179,61 +178,13 @@ TEST_F(DemoHospital, KeepsPasswordsAsArgon2id) {
 }
 
 TEST_F(DemoHospital, IsNotWrittenOverAFile) {
-    demo::createEmptyHospital(m_file);
+    hospital::createEmptyHospital(m_file);
     try {
         demo::createHospital(m_file);
         FAIL() << "the file was written over";
     } catch (const base::RunTimeError& error) {
         EXPECT_EQ(error.number(), 58);
     }
-}
-
-TEST_F(DemoHospital, AnEmptyOneHasItsNumberRowsAndNoPatients) {
-    demo::createEmptyHospital(m_file);
-    const auto provider = open();
-    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM NUCLEAR..tbNucSlip"), 1);
-    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM BILLING..tbAssessmentNum"), 1);
-    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PATIENT_DATA..tbHospitalInfo"), 1);
-    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PATIENT_DATA..tbMaster"), 0);
-    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PASSWORD..tbPasswordMain"), 0);
-}
-
-TEST_F(DemoHospital, AnOlderKitIsBroughtUpToDate) {
-    demo::createEmptyHospital(m_file);
-    const auto provider = open();
-    EXPECT_FALSE(demo::ensureKit(*provider));
-    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
-    provider->execute(QStringLiteral("UPDATE NUCLEAR..tbNucSlip SET ChargeSlip = 777"));
-    EXPECT_TRUE(demo::ensureKit(*provider));
-    EXPECT_EQ(demo::installedKitVersion(*provider), demo::kitVersion());
-    EXPECT_FALSE(provider->inTransaction());
-    // Data stay as they are.
-    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 777);
-    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM NUCLEAR..tbNuclearUserSettings"), 18);
-    provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum"));
-    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 778);
-}
-
-TEST_F(DemoHospital, NumbersOfAKitWithoutTheLockingViewsAreKept) {
-    demo::createEmptyHospital(m_file);
-    const auto provider = open();
-    for (const char* text :
-         {"USE NUCLEAR", "DROP VIEW tbNucSlip", "DROP TABLE tbNucSlipRow",
-          "CREATE TABLE tbNucSlip (SlipID int NOT NULL, ChargeSlip int NOT NULL, RequestNum int NOT NULL, "
-          "CONSTRAINT PK_NucSlip PRIMARY KEY (SlipID))",
-          "INSERT INTO tbNucSlip VALUES (1, 5001, 6002)", "USE PATIENT_DATA", "DROP VIEW tbLastWalkInNum",
-          "DROP TABLE tbLastWalkInNumRow",
-          "CREATE TABLE tbLastWalkInNum (WalkInNumID int NOT NULL, lastopd varchar(20) NOT NULL, transnum "
-          "int NOT "
-          "NULL, CONSTRAINT PK_LastWalkInNum PRIMARY KEY (WalkInNumID))",
-          "INSERT INTO tbLastWalkInNum VALUES (1, 'W1234', 1234)"})
-        provider->execute(QString::fromLatin1(text));
-    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
-    EXPECT_TRUE(demo::ensureKit(*provider));
-    provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_IncRequestNum"));
-    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 5001);
-    EXPECT_EQ(number(*provider, "SELECT RequestNum FROM NUCLEAR..tbNucSlip"), 6003);
-    EXPECT_EQ(number(*provider, "SELECT transnum FROM PATIENT_DATA..tbLastWalkInNum"), 1234);
 }
 
 TEST_F(DemoHospital, PatientsAreGeneratedWithStaysAndFound) {
@@ -252,30 +203,6 @@ TEST_F(DemoHospital, PatientsAreGeneratedWithStaysAndFound) {
     EXPECT_EQ(
         provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_getpatientbylastname 'I',''")).rows.count(),
         200);
-}
-
-TEST_F(DemoHospital, NothingKeepsTheFileOpenOnceItIsClosed) {
-    demo::createEmptyHospital(m_file);
-    open()->execute(QStringLiteral("SELECT NUCLEAR.dbo.fnNuclear_Age('1980-01-01', GETDATE()) AS Age"));
-    EXPECT_TRUE(open()->check().isEmpty());
-    EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
-}
-
-TEST_F(DemoHospital, TheKitCarriesEveryFileInItsOrder) {
-    const auto& files = demo::kitFiles();
-    EXPECT_GT(files.size(), 100u);
-    int rank = 0;
-    for (const demo::KitFile& file : files) {
-        const int now = file.name.endsWith(QLatin1String("tables.sql"))     ? 0
-                        : file.name.contains(QLatin1String("/functions/"))  ? 1
-                        : file.name.contains(QLatin1String("/views/"))      ? 2
-                        : file.name.contains(QLatin1String("/procedures/")) ? 3
-                                                                            : 4;
-        EXPECT_GE(now, rank) << file.name.toStdString();
-        rank = now;
-        EXPECT_FALSE(file.text.isEmpty());
-    }
-    EXPECT_EQ(demo::kitVersion().size(), 40);
 }
 
 } // namespace

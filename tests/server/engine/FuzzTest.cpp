@@ -1,8 +1,8 @@
 #include "tests/server/engine/Hospital.h"
 
-#include "server/engine/Keywords.h"
-#include "server/engine/Lexer.h"
-#include "server/engine/Parser.h"
+#include "server/engine/parser/Keywords.h"
+#include "server/engine/parser/Lexer.h"
+#include "server/engine/parser/Parser.h"
 
 #include <QDirIterator>
 #include <QFile>

@@ -2,6 +2,7 @@
 
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Installer.h"
+#include "tests/support/core/Databases.h"
 
 #include "platform/base/Error.h"
 
@@ -29,7 +30,7 @@ class Hospital {
         options.hostName = workstation;
         options.programName = QStringLiteral("Visual Scintra");
         options.loginName = QStringLiteral("1001");
-        options.createIfMissing = true;
+        options.newDatabases = tests::databases();
         options.busyMilliseconds = busyMilliseconds;
         return engine::EmbeddedProvider::open(m_file, options);
     }

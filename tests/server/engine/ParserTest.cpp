@@ -1,5 +1,5 @@
-#include "server/engine/Parser.h"
-#include "server/engine/Lexer.h"
+#include "server/engine/parser/Parser.h"
+#include "server/engine/parser/Lexer.h"
 
 #include <gtest/gtest.h>
 

@@ -59,6 +59,32 @@ TEST_F(Procedure, argumentsBecomeTheDeclaredTypes) {
     EXPECT_EQ(error("sp_Types 'a', 1, 1, '', 1, ''"), "8114: Error converting data type varchar to numeric.");
 }
 
+TEST_F(Procedure, takesAsManyArgumentsAsItDeclares) {
+    constexpr int count = 70;
+    QString parameters;
+    QString columns;
+    QString byPlace;
+    QString byName;
+    QString expected;
+    for (int i = 1; i <= count; ++i) {
+        const QString end = i < count ? QStringLiteral(", ") : QString();
+        parameters += QStringLiteral("@p%1 int = -1").arg(i) + end;
+        columns += QStringLiteral("@p%1 AS c%1").arg(i) + end;
+        byPlace += QString::number(100 + i) + end;
+        byName += QStringLiteral("@p%1 = %2").arg(count + 1 - i).arg(100 + count + 1 - i) + end;
+        expected += QString::number(100 + i) + (i < count ? QStringLiteral("|") : QString());
+    }
+    m_hospital.install("CREATE PROCEDURE sp_Wide " + parameters + " AS SELECT " + columns);
+    EXPECT_EQ(m_hospital.rows("sp_Wide " + byPlace), expected);
+    EXPECT_EQ(m_hospital.rows("sp_Wide " + byName), expected);
+    EXPECT_TRUE(rows("sp_Wide @p69 = 7").endsWith("|-1|7|-1"));
+    m_hospital.install("CREATE PROCEDURE sp_Strict " + QString(parameters).remove(" = -1") +
+                       " AS SELECT @p70 AS c");
+    EXPECT_EQ(m_hospital.rows("sp_Strict " + byPlace), "170");
+    EXPECT_EQ(m_hospital.error("sp_Strict " + byPlace.section(", ", 0, 68)),
+              "201: Procedure or function 'sp_Strict' expects parameter '@p70', which was not supplied.");
+}
+
 TEST_F(Procedure, aCallThatDoesNotFit) {
     install("CREATE PROCEDURE sp_Two @a int, @b int AS SELECT @a + @b");
     EXPECT_EQ(error("sp_Two 1"),

@@ -1,4 +1,5 @@
 #include "tests/server/engine/Hospital.h"
+#include "tests/support/core/Databases.h"
 
 #include <QFile>
 #include <QThread>
@@ -205,7 +206,7 @@ TEST(Opening, namesWhatIsWrong) {
     sqlite3_open(otherPath.constData(), &other);
     sqlite3_exec(other, "CREATE TABLE t (a)", nullptr, nullptr, nullptr);
     sqlite3_close(other);
-    options.createIfMissing = true;
+    options.newDatabases = tests::databases();
     EXPECT_EQ(numberOf([&] { engine::EmbeddedProvider::open(QString::fromUtf8(otherPath), options); }), 4060);
 }
 
@@ -240,6 +241,20 @@ TEST(Database, isChosenByName) {
     for (const char* name : {"NUCLEAR", "PATIENT_DATA", "BUILD_FILE", "BILLING", "STATION", "PASSWORD",
                              "INVENTORY", "RADIOLOGY", "LABORATORY", "CARDIO"})
         EXPECT_TRUE(hospital.provider().hasDatabase(QString::fromLatin1(name))) << name;
+}
+
+TEST(Database, isOneOfThoseThatTheFileWasMadeWith) {
+    const QTemporaryDir directory;
+    const QString file = directory.filePath(QStringLiteral("stores"));
+    engine::Options options;
+    options.newDatabases = QStringList{"STORES", "ARCHIVE"};
+    EXPECT_EQ(engine::EmbeddedProvider::open(file, options)->database(), "STORES");
+    options.newDatabases = QStringList{"OTHER"}; // the file is there
+    const auto again = engine::EmbeddedProvider::open(file, options);
+    EXPECT_EQ(again->database(), "STORES");
+    EXPECT_TRUE(again->hasDatabase("archive"));
+    EXPECT_FALSE(again->hasDatabase("OTHER"));
+    EXPECT_FALSE(again->hasDatabase("NUCLEAR"));
 }
 
 TEST(Settings, areKeptInTheFile) {

@@ -1,7 +1,7 @@
-#include "server/engine/StatementKey.h"
+#include "server/engine/parser/StatementKey.h"
 
-#include "server/engine/Like.h"
-#include "server/engine/NumberText.h"
+#include "server/engine/values/Like.h"
+#include "server/engine/values/NumberText.h"
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,7 @@
 #include "platform/odbc/OdbcProvider.h"
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Kit.h"
 #include "server/site/Blueprint.h"
 #include "tests/support/core/Raised.h"
 #include "tests/support/core/ScriptedProvider.h"
@@ -169,7 +170,7 @@ TEST(InstallDatabases, AreMadeWhereTheyAreMissing) {
     EXPECT_EQ(server.made.value(0),
               QStringLiteral("CREATE DATABASE [BILLING] COLLATE SQL_Latin1_General_CP1_CI_AS"));
     EXPECT_TRUE(server.made.filter(QStringLiteral("NUCLEAR")).isEmpty());
-    EXPECT_EQ(site::kitDatabases().size(), 10);
+    EXPECT_EQ(hospital::kitDatabases().size(), 10);
 }
 
 } // namespace

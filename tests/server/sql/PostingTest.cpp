@@ -64,6 +64,27 @@ TEST_F(Posting, ANumberThatTwoDrewIsRefusedTheSecondTime) {
     }
 }
 
+TEST_F(Posting, TwoDesksThatDrewTheSameNumbersLoseNoRequest) {
+    const QString text = QStringLiteral("sp_Nuclear_AddRequest '%1','%2','90001', '1001','%3','204','I', "
+                                        "'C77J','1001','90001','','1', '','NU'");
+    const auto refused = [&](const char* hospNum, const char* idNum) {
+        try {
+            run(text.arg(hospNum, idNum, "999"));
+        } catch (const base::RunTimeError& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    run(text.arg("104001", "26004001", "1250"));
+    EXPECT_EQ(refused("104002", "26004002"), 2627);
+    EXPECT_EQ(refused("104001", "26004002"), 2627);
+    EXPECT_EQ(refused("104002", "26004001"), 2627);
+    EXPECT_EQ(count(QStringLiteral("NUCLEAR..tbNucMaster"),
+                    QStringLiteral("RequestNum = '90001' AND HospNum = '104001' AND IdNum = '26004001' AND "
+                                   "Amount = 1250")),
+              1);
+}
+
 TEST_F(Posting, AnEmptyRowTakesALogBookLine) {
     run(QStringLiteral(
         "sp_addnurselogbook '104001','26004001', '','','0', '1001','1001', 'C77J','','I','90002','0'"));

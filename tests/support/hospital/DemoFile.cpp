@@ -25,7 +25,7 @@ QString originalHospital() {
     if (!lock.lock())
         throw std::runtime_error("the demo hospital is locked by another program");
     const QFileInfo made(file);
-    if (!isNewer(made, SCINTRA_KIT) || !isNewer(made, SCINTRA_ENGINE)) {
+    if (!isNewer(made, SCINTRA_KIT) || !isNewer(made, SCINTRA_DEMO) || !isNewer(made, SCINTRA_ENGINE)) {
         QFile::remove(file);
         const base::FixedClock clock(*base::makeDateTime({2026, 11, 21}, {8, 30}));
         demo::createHospital(file);

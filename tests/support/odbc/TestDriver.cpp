@@ -1,6 +1,7 @@
 #include "tests/support/odbc/TestDriver.h"
 
 #include "platform/base/Error.h"
+#include "tests/support/core/Databases.h"
 #include "tests/support/odbc/ServerViews.h"
 
 #include <QFile>
@@ -138,7 +139,7 @@ std::optional<FakeError> LoopbackServer::step(int connection, FakeStep what) {
             engine::Options options;
             options.hostName = QSysInfo::machineHostName();
             options.programName = QStringLiteral("Visual Scintra");
-            options.createIfMissing = true;
+            options.newDatabases = tests::databases();
             m_sessions[connection] = engine::EmbeddedProvider::open(m_file, options);
             return std::nullopt;
         }

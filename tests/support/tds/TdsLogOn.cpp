@@ -1,4 +1,5 @@
 // How a session begins.
+#include "tests/support/core/Databases.h"
 #include "tests/support/tds/TdsSession.h"
 
 #include <sqlite3.h>
@@ -56,7 +57,7 @@ bool TdsSession::logOn(const LoginRequest& login) {
     options.hostName = login.host;
     options.programName = login.program;
     options.loginName = login.user;
-    options.createIfMissing = true;
+    options.newDatabases = tests::databases();
     m_provider = engine::EmbeddedProvider::open(m_hospital.file, options);
     if (!login.database.isEmpty() && !m_provider->hasDatabase(login.database)) {
         refuse({{4060, 1, 11,

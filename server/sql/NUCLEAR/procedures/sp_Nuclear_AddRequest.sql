@@ -1,5 +1,5 @@
 -- A supply that a ward asked for comes twice in one save, under one number: the second call completes the first. The
--- same number of another save is refused by the key.
+-- same number of another save or of another patient is refused by the key.
 USE NUCLEAR
 GO
 
@@ -21,7 +21,7 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_AddRequest
 AS
 SET NOCOUNT ON
 UPDATE tbNucMaster SET NurseRequestNum = @NurseRequestNum, Quantity = @Quantity, Amount = @Amount
-WHERE RequestNum = @RequestNum AND RefNum = @RefNum AND ItemID = @ItemID
+WHERE RequestNum = @RequestNum AND HospNum = @HospNum AND IdNum = @IdNum AND RefNum = @RefNum AND ItemID = @ItemID
 IF @@ROWCOUNT = 0
 INSERT INTO tbNucMaster (RequestNum, HospNum, IdNum, ItemID, RevenueID, PatientType, RefNum, NurseRequestNum, Quantity,
     Amount, RequestDocCode, UserID, TransDate, Remarks, Classification)

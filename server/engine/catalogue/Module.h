@@ -1,0 +1,54 @@
+#pragma once
+
+#include "server/engine/file/SqliteFile.h"
+#include "server/engine/parser/Ast.h"
+#include "server/engine/translate/Translation.h"
+#include "server/engine/values/Cell.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace engine {
+
+/// A translated and prepared statement.
+struct Query {
+    Translation translation;
+    SqliteStatement statement;
+    std::vector<ado::Column> columns;
+    /// It is being stepped; whoever comes again prepares one of its own.
+    bool busy = false;
+};
+
+/// What a run does to the file, in rising order: one read, several reads, or writes.
+enum class Plan { Single, Reads, Writes };
+
+/// Something that runs: a procedure, a function, or the batch of a client. Views are kept here as well.
+struct Module {
+    /// Names without a prefix belong to this database.
+    std::string database;
+    std::string name;
+    std::string source;
+    /// Null for a batch.
+    std::unique_ptr<ModuleDefinition> definition;
+    /// The statements of a batch; a procedure has them in its definition.
+    Script batch;
+
+    /// By the statement's id; made when the statement first runs.
+    std::vector<std::unique_ptr<Query>> queries;
+    /// The variables of the last run, kept for their memory.
+    std::vector<Cell> idleSlots;
+    /// None as long as nobody asked.
+    std::optional<Plan> plan;
+    bool holdsSecret = false;
+
+    const Script& script() const { return definition ? definition->body : batch; }
+};
+
+/// The name under which SQLite knows a function, in quotes.
+inline std::string functionName(const Module& module) {
+    return quotedName("fn " + module.database + "." + module.name);
+}
+
+} // namespace engine

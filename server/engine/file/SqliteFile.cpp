@@ -1,0 +1,150 @@
+#include "server/engine/file/SqliteFile.h"
+
+#include "server/engine/errors/ErrorMap.h"
+#include "server/engine/errors/ServerError.h"
+
+#include <chrono>
+#include <thread>
+
+namespace engine {
+namespace {
+
+constexpr const char* ownTables = R"(
+CREATE TABLE IF NOT EXISTS "scintra.settings" (name TEXT PRIMARY KEY COLLATE NOCASE, value TEXT NOT NULL);
+CREATE TABLE IF NOT EXISTS "scintra.databases" (name TEXT PRIMARY KEY COLLATE NOCASE);
+CREATE TABLE IF NOT EXISTS "scintra.modules" (
+    databaseName TEXT NOT NULL COLLATE NOCASE, name TEXT NOT NULL COLLATE NOCASE, kind TEXT NOT NULL,
+    source TEXT NOT NULL, PRIMARY KEY (databaseName, name)) WITHOUT ROWID;
+CREATE TABLE IF NOT EXISTS "scintra.columns" (
+    databaseName TEXT NOT NULL COLLATE NOCASE, tableName TEXT NOT NULL COLLATE NOCASE, ordinal INTEGER NOT NULL,
+    name TEXT NOT NULL COLLATE NOCASE, type TEXT NOT NULL, length INTEGER NOT NULL, scale INTEGER NOT NULL,
+    nullable INTEGER NOT NULL, identity INTEGER NOT NULL, keyOrdinal INTEGER NOT NULL, keyName TEXT NOT NULL,
+    defaultSource TEXT NOT NULL, PRIMARY KEY (databaseName, tableName, ordinal)) WITHOUT ROWID;
+)";
+
+/// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
+/// itself.
+int waitForLock(void* limit, int calls) {
+    constexpr int firstSteps = 40; // of one millisecond
+    const auto milliseconds = static_cast<int>(reinterpret_cast<std::intptr_t>(limit));
+    const int waited = calls < firstSteps ? calls : firstSteps + (calls - firstSteps) * 5;
+    if (waited >= milliseconds)
+        return 0;
+    std::this_thread::sleep_for(std::chrono::milliseconds(calls < firstSteps ? 1 : 5));
+    return 1;
+}
+
+[[noreturn]] void failOpening(const std::string& path, const char* reason) {
+    throw serverError(4060,
+                      QStringLiteral("Cannot open the hospital file '%1'. %2")
+                          .arg(toQString(path), QString::fromUtf8(reason)),
+                      "08001");
+}
+
+} // namespace
+
+SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
+                       int busyMilliseconds) {
+    sqlite3* handle = nullptr;
+    const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
+    const int code =
+        sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
+    m_handle.reset(handle);
+    if (code != SQLITE_OK)
+        failOpening(path, handle ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
+    sqlite3_extended_result_codes(handle, 1);
+    sqlite3_busy_handler(handle, waitForLock, reinterpret_cast<void*>(std::intptr_t(busyMilliseconds)));
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    try {
+        prepareFile(newDatabases);
+    } catch (const base::RunTimeError& error) {
+        failOpening(path, error.description().toUtf8().constData());
+    }
+}
+
+void SqliteFile::prepareFile(const std::vector<std::string>& newDatabases) {
+    execute("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; PRAGMA cache_size = -65536; PRAGMA "
+            "temp_store = MEMORY;"
+            "PRAGMA trusted_schema = ON");
+    const SqliteStatement known = prepare("SELECT 1 FROM sqlite_master WHERE name = 'scintra.columns'");
+    const bool isHospital = step(known.get());
+    sqlite3_reset(known.get());
+    if (isHospital)
+        return;
+    const SqliteStatement any = prepare("SELECT 1 FROM sqlite_master");
+    const bool isForeign = step(any.get());
+    sqlite3_reset(any.get());
+    if (newDatabases.empty() || isForeign)
+        throw serverError(4060, QStringLiteral("It is no hospital file."));
+    execute("PRAGMA journal_mode = WAL");
+    execute("BEGIN IMMEDIATE");
+    execute(ownTables);
+    // two that make the file at once both come here
+    for (const std::string& name : newDatabases)
+        execute(
+            ("INSERT OR IGNORE INTO \"scintra.databases\" (name) VALUES (" + quotedText(name) + ")").c_str());
+    execute("COMMIT");
+}
+
+void SqliteFile::execute(const char* sql) {
+    const int code = sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        fail(code);
+}
+
+SqliteStatement SqliteFile::prepare(std::string_view sql) {
+    sqlite3_stmt* statement = nullptr;
+    const int code = sqlite3_prepare_v3(handle(), sql.data(), int(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                                        &statement, nullptr);
+    if (code != SQLITE_OK)
+        fail(code);
+    return SqliteStatement(statement);
+}
+
+bool SqliteFile::step(sqlite3_stmt* statement) {
+    const int code = sqlite3_step(statement);
+    if (code == SQLITE_ROW)
+        return true;
+    if (code != SQLITE_DONE)
+        fail(code);
+    return false;
+}
+
+void SqliteFile::fail(int code) {
+    throw errorOfSqlite(handle(), code);
+}
+
+std::string quotedName(std::string_view name) {
+    std::string quoted = "\"";
+    for (const char c : name) {
+        if (c == '"')
+            quoted += c;
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+std::string quotedText(std::string_view text) {
+    std::string quoted = "'";
+    for (const char c : text) {
+        if (c == '\'')
+            quoted += c;
+        quoted += c;
+    }
+    return quoted + '\'';
+}
+
+std::string columnText(sqlite3_stmt* statement, int column) {
+    const unsigned char* text = sqlite3_column_text(statement, column);
+    return text ? std::string(reinterpret_cast<const char*>(text),
+                              std::size_t(sqlite3_column_bytes(statement, column)))
+                : std::string();
+}
+
+void bindText(sqlite3_stmt* statement, int index, std::string_view text) {
+    sqlite3_bind_text(statement, index, text.empty() ? "" : text.data(), int(text.size()), SQLITE_TRANSIENT);
+}
+
+} // namespace engine

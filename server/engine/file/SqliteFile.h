@@ -1,0 +1,60 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace engine {
+
+struct StatementCloser {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using SqliteStatement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
+
+/// Leaves a statement ready for its next use, also when an error flies past.
+class StatementReset {
+  public:
+    explicit StatementReset(sqlite3_stmt* statement) : m_statement(statement) {}
+    ~StatementReset() { sqlite3_reset(m_statement); }
+    StatementReset(const StatementReset&) = delete;
+    StatementReset& operator=(const StatementReset&) = delete;
+
+  private:
+    sqlite3_stmt* m_statement;
+};
+
+/// The open SQLite file. Every member raises base::RunTimeError in the server's words.
+class SqliteFile {
+  public:
+    /// `path` in UTF-8. A file that is missing is made, with `newDatabases`. Raises 4060 when the file cannot
+    /// be opened, is no hospital file, or is not there and no databases are given for it.
+    SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases, int busyMilliseconds);
+
+    sqlite3* handle() const { return m_handle.get(); }
+    void execute(const char* sql);
+    SqliteStatement prepare(std::string_view sql);
+    /// One step; true for a row.
+    bool step(sqlite3_stmt* statement);
+    /// Turns what SQLite last said into the server's error.
+    [[noreturn]] void fail(int code);
+
+  private:
+    struct Closer {
+        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+    };
+    void prepareFile(const std::vector<std::string>& newDatabases);
+
+    std::unique_ptr<sqlite3, Closer> m_handle;
+};
+
+/// A name as SQLite takes it: in double quotes.
+std::string quotedName(std::string_view name);
+/// A text as SQLite takes it: in single quotes.
+std::string quotedText(std::string_view text);
+std::string columnText(sqlite3_stmt* statement, int column);
+void bindText(sqlite3_stmt* statement, int index, std::string_view text);
+
+} // namespace engine

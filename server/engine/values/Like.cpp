@@ -1,0 +1,101 @@
+#include "server/engine/values/Like.h"
+
+#include "server/engine/values/Ascii.h"
+
+#include <QChar>
+
+namespace engine {
+namespace {
+
+/// Reads the character at `at`, folded, and moves behind it. A broken sequence is read byte by byte.
+char32_t nextCharacter(std::string_view text, std::size_t& at) {
+    const auto first = static_cast<unsigned char>(text[at++]);
+    if (first < 0x80)
+        return char32_t(static_cast<unsigned char>(upperOf(char(first))));
+    const int following = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
+    char32_t value = first & (0x3F >> following);
+    for (int i = 0; i < following; ++i) {
+        if (at >= text.size() || (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80)
+            return 0xFFFD;
+        value = (value << 6) | (static_cast<unsigned char>(text[at++]) & 0x3F);
+    }
+    return QChar::toUpper(value);
+}
+
+/// Matches a set whose "[" was read; moves behind its "]".
+bool matchesSet(std::string_view pattern, std::size_t& at, char32_t character) {
+    bool negated = false;
+    bool found = false;
+    if (at < pattern.size() && pattern[at] == '^') {
+        negated = true;
+        ++at;
+    }
+    const std::size_t first = at;
+    while (at < pattern.size() && (pattern[at] != ']' || at == first)) {
+        const char32_t low = nextCharacter(pattern, at);
+        char32_t high = low;
+        if (at + 1 < pattern.size() && pattern[at] == '-' && pattern[at + 1] != ']') {
+            ++at;
+            high = nextCharacter(pattern, at);
+        }
+        found = found || (character >= low && character <= high);
+    }
+    if (at < pattern.size())
+        ++at;
+    return found != negated;
+}
+
+} // namespace
+
+bool matchesLike(std::string_view text, std::string_view pattern) {
+    std::size_t textAt = 0;
+    std::size_t patternAt = 0;
+    // where to go on when the text behind the last % does not fit
+    std::size_t retryText = std::string_view::npos;
+    std::size_t retryPattern = 0;
+    while (true) {
+        if (patternAt < pattern.size() && pattern[patternAt] == '%') {
+            retryPattern = ++patternAt;
+            retryText = textAt;
+            continue;
+        }
+        bool matched = false;
+        if (textAt < text.size() && patternAt < pattern.size()) {
+            const char32_t character = nextCharacter(text, textAt);
+            if (pattern[patternAt] == '_') {
+                ++patternAt;
+                matched = true;
+            } else if (pattern[patternAt] == '[') {
+                ++patternAt;
+                matched = matchesSet(pattern, patternAt, character);
+            } else {
+                matched = nextCharacter(pattern, patternAt) == character;
+            }
+        } else if (patternAt >= pattern.size()) {
+            // blanks at the end of the text do not count
+            std::size_t rest = textAt;
+            while (rest < text.size() && text[rest] == ' ')
+                ++rest;
+            if (rest == text.size())
+                return true;
+        }
+        if (matched)
+            continue;
+        if (retryText == std::string_view::npos || retryText >= text.size())
+            return false;
+        nextCharacter(text, retryText);
+        textAt = retryText;
+        patternAt = retryPattern;
+    }
+}
+
+std::string likePrefix(std::string_view pattern) {
+    std::size_t length = 0;
+    // an index knows no case beyond A to Z: behind the first other letter it can bound nothing
+    while (length < pattern.size() && static_cast<unsigned char>(pattern[length]) < 128 &&
+           std::string_view("%_[").find(pattern[length]) == std::string_view::npos)
+        ++length;
+    return std::string(pattern.substr(0, length));
+}
+
+} // namespace engine

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "server/hospital/Progress.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace engine {
+class EmbeddedProvider;
+}
+
+namespace hospital {
+
+/// Where the program keeps the hospital of this computer, unless it is told otherwise.
+QString defaultHospitalFile();
+
+/// Makes a new file with the tables and procedures and nothing in them but what no hospital can do without
+/// (the number rows, revenue codes, rights). Raises 58 when the file is there already, 75 when it cannot be
+/// written.
+void createEmptyHospital(const QString& file, const Progress& progress = {});
+
+/// Puts rows into a hospital that was just made; inside one transaction with its making.
+using Fill = std::function<void(engine::EmbeddedProvider& provider, const Progress& progress)>;
+
+/// The same, filled. The file appears only once it is whole; it never does when `fill` raises. The kit has
+/// the first 60 of the progress, `fill` tells of the rest.
+void createFilledHospital(const QString& file, const Fill& fill, const Progress& progress = {});
+
+/// Brings tables and procedures of an open file up to the program's own; quick when they are. True when it
+/// had to.
+bool ensureKit(engine::EmbeddedProvider& provider);
+
+} // namespace hospital

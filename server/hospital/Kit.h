@@ -1,0 +1,34 @@
+#pragma once
+
+#include "server/hospital/Progress.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace engine {
+class EmbeddedProvider;
+}
+
+namespace hospital {
+
+struct KitFile {
+    QString name; ///< "NUCLEAR/procedures/sp_Nuclear_AddRequest.sql"
+    QString text;
+};
+
+/// The T-SQL files compiled into the program, in the order in which they are to be installed: tables,
+/// functions, views, procedures, the rows that every hospital needs.
+const std::vector<KitFile>& kitFiles();
+/// The databases of the kit, by name.
+QStringList kitDatabases();
+/// Changes with every change of a file.
+QString kitVersion();
+
+/// Runs all files; the caller has a transaction open. Raises what the first faulty file raises, naming it.
+void installKit(engine::EmbeddedProvider& provider, const Progress& progress);
+/// What installKit() last left in the file; empty when it never ran.
+QString installedKitVersion(engine::EmbeddedProvider& provider);
+
+} // namespace hospital

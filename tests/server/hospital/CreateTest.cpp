@@ -1,0 +1,115 @@
+#include "server/hospital/Create.h"
+
+#include "platform/base/Error.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Kit.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class EmptyHospital : public testing::Test {
+  protected:
+    std::unique_ptr<engine::EmbeddedProvider> open() { return engine::EmbeddedProvider::open(m_file, {}); }
+    static qint64 number(engine::EmbeddedProvider& provider, const char* text) {
+        return *provider.execute(QString::fromLatin1(text)).rows.at(0, 0).asInteger();
+    }
+
+    QTemporaryDir m_folder;
+    QString m_file = m_folder.filePath(QStringLiteral("sub/hospital.scintra"));
+};
+
+TEST_F(EmptyHospital, HasItsNumberRowsAndNoPatients) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM NUCLEAR..tbNucSlip"), 1);
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM BILLING..tbAssessmentNum"), 1);
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PATIENT_DATA..tbHospitalInfo"), 1);
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PATIENT_DATA..tbMaster"), 0);
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM PASSWORD..tbPasswordMain"), 0);
+}
+
+TEST_F(EmptyHospital, HasTheKitsDatabasesAndBeginsInTheSections) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    EXPECT_EQ(provider->database(), QStringLiteral("NUCLEAR"));
+    EXPECT_EQ(hospital::kitDatabases().size(), 10);
+    for (const QString& name : hospital::kitDatabases())
+        EXPECT_TRUE(provider->hasDatabase(name)) << name.toStdString();
+}
+
+TEST_F(EmptyHospital, OfAnOlderKitIsBroughtUpToDate) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    EXPECT_FALSE(hospital::ensureKit(*provider));
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
+    provider->execute(QStringLiteral("UPDATE NUCLEAR..tbNucSlip SET ChargeSlip = 777"));
+    EXPECT_TRUE(hospital::ensureKit(*provider));
+    EXPECT_EQ(hospital::installedKitVersion(*provider), hospital::kitVersion());
+    EXPECT_FALSE(provider->inTransaction());
+    // Data stay as they are.
+    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 777);
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM NUCLEAR..tbNuclearUserSettings"), 18);
+    provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum"));
+    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 778);
+}
+
+TEST_F(EmptyHospital, NumbersOfAKitWithoutTheLockingViewsAreKept) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    for (const char* text :
+         {"USE NUCLEAR", "DROP VIEW tbNucSlip", "DROP TABLE tbNucSlipRow",
+          "CREATE TABLE tbNucSlip (SlipID int NOT NULL, ChargeSlip int NOT NULL, RequestNum int NOT NULL, "
+          "CONSTRAINT PK_NucSlip PRIMARY KEY (SlipID))",
+          "INSERT INTO tbNucSlip VALUES (1, 5001, 6002)", "USE PATIENT_DATA", "DROP VIEW tbLastWalkInNum",
+          "DROP TABLE tbLastWalkInNumRow",
+          "CREATE TABLE tbLastWalkInNum (WalkInNumID int NOT NULL, lastopd varchar(20) NOT NULL, transnum "
+          "int NOT "
+          "NULL, CONSTRAINT PK_LastWalkInNum PRIMARY KEY (WalkInNumID))",
+          "INSERT INTO tbLastWalkInNum VALUES (1, 'W1234', 1234)"})
+        provider->execute(QString::fromLatin1(text));
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
+    EXPECT_TRUE(hospital::ensureKit(*provider));
+    provider->execute(QStringLiteral("NUCLEAR..sp_Nuclear_IncRequestNum"));
+    EXPECT_EQ(number(*provider, "SELECT ChargeSlip FROM NUCLEAR..tbNucSlip"), 5001);
+    EXPECT_EQ(number(*provider, "SELECT RequestNum FROM NUCLEAR..tbNucSlip"), 6003);
+    EXPECT_EQ(number(*provider, "SELECT transnum FROM PATIENT_DATA..tbLastWalkInNum"), 1234);
+}
+
+TEST_F(EmptyHospital, IsKeptOpenByNothingOnceItIsClosed) {
+    hospital::createEmptyHospital(m_file);
+    open()->execute(QStringLiteral("SELECT NUCLEAR.dbo.fnNuclear_Age('1980-01-01', GETDATE()) AS Age"));
+    EXPECT_TRUE(open()->check().isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
+}
+
+TEST(Kit, CarriesEveryFileInItsOrder) {
+    const auto& files = hospital::kitFiles();
+    EXPECT_GT(files.size(), 100u);
+    int rank = 0;
+    for (const hospital::KitFile& file : files) {
+        const int now = file.name.endsWith(QLatin1String("tables.sql"))     ? 0
+                        : file.name.contains(QLatin1String("/functions/"))  ? 1
+                        : file.name.contains(QLatin1String("/views/"))      ? 2
+                        : file.name.contains(QLatin1String("/procedures/")) ? 3
+                                                                            : 4;
+        EXPECT_GE(now, rank) << file.name.toStdString();
+        rank = now;
+        EXPECT_FALSE(file.text.isEmpty());
+    }
+    EXPECT_EQ(hospital::kitVersion().size(), 40);
+}
+
+TEST_F(EmptyHospital, NeverAppearsWhenItsFillingFails) {
+    const auto fill = [](engine::EmbeddedProvider&, const hospital::Progress&) {
+        throw base::RunTimeError(61, QStringLiteral("Disk full"));
+    };
+    EXPECT_THROW(hospital::createFilledHospital(m_file, fill), base::RunTimeError);
+    for (const char* tail : {"", ".new", ".new-wal", ".new-shm"})
+        EXPECT_FALSE(QFileInfo::exists(m_file + QLatin1String(tail))) << tail;
+}
+
+} // namespace
