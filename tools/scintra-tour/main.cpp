@@ -1,5 +1,6 @@
 #include "app/AppScreens.h"
 #include "menu/MenuLinks.h"
+#include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
@@ -116,6 +117,7 @@ int runTour(const QString& folder) {
 
 /// scintra-tour [FOLDER]
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     controls::look::apply(application);
