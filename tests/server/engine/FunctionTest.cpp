@@ -199,6 +199,13 @@ INSTANTIATE_TEST_SUITE_P(Session, Function,
                                          Case{"@@TRANCOUNT", "0"}, Case{"SCOPE_IDENTITY()", "NULL"},
                                          Case{"COL_LENGTH('nowhere', 'a')", "NULL"}));
 
+TEST(FunctionErrors, aDayFarBehindTheCalendarIsNone) {
+    Hospital hospital;
+    // 65,536 years
+    EXPECT_EQ(hospital.error("SELECT DATEADD(day, 23936532, '11/21/2026')"),
+              "517: Adding a value to a 'datetime' column caused an overflow.");
+}
+
 TEST(FunctionErrors, aNumberBeyondAFloatIsEndlessOrNothing) {
     Hospital hospital;
     EXPECT_EQ(hospital.expression("CAST(1e-400 AS float)"), "0");
