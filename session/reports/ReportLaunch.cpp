@@ -109,12 +109,9 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database) {
 
 void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     report::Report& report = openReport();
-    if (directPrint) {
-        report.discardSavedData();
-        if (report::printDirect(report)) {
-            gReport.reset();
-            return;
-        }
+    if (directPrint && report::printDirect(report)) {
+        gReport.reset();
+        return;
     }
     frmReportViewer viewer;
     viewer.ShowGroupTree = showGroupTree;

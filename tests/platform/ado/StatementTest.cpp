@@ -1,5 +1,5 @@
-#include "platform/ado/Literal.h"
 #include "platform/ado/Statement.h"
+#include "platform/ado/Quoting.h"
 #include "platform/base/Error.h"
 #include "tests/support/core/DesksNumbers.h"
 
