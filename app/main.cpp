@@ -1,5 +1,6 @@
 #include "app/AppScreens.h"
 #include "app/ErrorBox.h"
+#include "platform/base/DesksLanguage.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/ErrorBoundary.h"
@@ -7,6 +8,7 @@
 #include "session/Session.h"
 
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     QGuiApplication::setDesktopFileName("visual-scintra");
     // Between two users no window is open for a moment; the menu says when the program ends.

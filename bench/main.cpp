@@ -1,6 +1,7 @@
 #include "bench/Measure.h"
 #include "bench/Measures.h"
 
+#include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
@@ -23,6 +24,7 @@ constexpr Measure measures[] = {{"save", bench::saveOrder},     {"find", bench::
 
 /// scintra-bench FOLDER [measure ...]: exit code 0 when every goal is met, 2 when one is not, 1 on an error.
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);

@@ -1,6 +1,7 @@
 #include "bench/Measure.h"
 #include "bench/ReportRows.h"
 
+#include "platform/base/DesksLanguage.h"
 #include "platform/base/Format.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
@@ -135,6 +136,7 @@ qint64 firstPage(qint64 count) {
 
 /// bench-report pdf|bare|screen ROWS FILE: nanoseconds and bytes of peak memory.
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     controls::look::apply(application);
     const QStringList words = application.arguments().mid(1);

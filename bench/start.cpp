@@ -2,6 +2,7 @@
 
 #include "app/AppScreens.h"
 #include "app/ErrorBox.h"
+#include "platform/base/DesksLanguage.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/ErrorBoundary.h"
@@ -10,6 +11,7 @@
 
 /// The program's own start, up to the first painted window: bench-start FILE.
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     bench::FirstPaint firstPaint;
     application.installEventFilter(&firstPaint);

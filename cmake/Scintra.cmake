@@ -89,6 +89,22 @@ function(scintra_program name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 endfunction()
 
+# scintra_desk_languages(de_DE tr_TR): the languages of desks that tests use, compiled into the build folder, for no
+# computer has all of them; the C library finds them there by LOCPATH.
+function(scintra_desk_languages)
+    find_program(LOCALEDEF localedef REQUIRED)
+    set(compiled "")
+    foreach(language ${ARGN})
+        set(file ${CMAKE_BINARY_DIR}/locale/${language}.UTF-8/LC_NUMERIC)
+        add_custom_command(OUTPUT ${file}
+            COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/locale
+            COMMAND ${LOCALEDEF} --no-archive -i ${language} -f UTF-8 ${CMAKE_BINARY_DIR}/locale/${language}.UTF-8
+            COMMENT "Compiling the language ${language}")
+        list(APPEND compiled ${file})
+    endforeach()
+    add_custom_target(desk_languages DEPENDS ${compiled})
+endfunction()
+
 # scintra_test(FOLDER platform/ado DEPENDS ...): one test program for each mirrored folder; it runs offscreen.
 function(scintra_test)
     cmake_parse_arguments(ARG "" "FOLDER" "DEPENDS" ${ARGN})
@@ -108,7 +124,8 @@ function(scintra_test)
     endif()
     target_compile_definitions(${name} PRIVATE SCINTRA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
         SCINTRA_BINARY_DIR="${CMAKE_BINARY_DIR}")
+    add_dependencies(${name} desk_languages)
     add_test(NAME ${ARG_FOLDER} COMMAND ${name})
     set_tests_properties(${ARG_FOLDER} PROPERTIES TIMEOUT 600
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1;LC_ALL=C.UTF-8;TZ=Asia/Manila")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1;LC_ALL=C.UTF-8;TZ=Asia/Manila;LOCPATH=${CMAKE_BINARY_DIR}/locale")
 endfunction()

@@ -1,4 +1,5 @@
 // A stored report run on a hospital file, without a window: pages into PDF, rows into a workbook or CSV.
+#include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "platform/report/Report.h"
 #include "platform/report/output/Print.h"
@@ -136,6 +137,7 @@ int run(const Wish& wish) {
 } // namespace
 
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     // Paper needs fonts, not a screen: the tool runs where there is none.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

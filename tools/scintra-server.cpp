@@ -1,6 +1,7 @@
 // The hospital server that comes along, from the command line: make a file, fill it, watch it, copy it.
 #include "tools/scintra-server-commands.h"
 
+#include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "server/hospital/Create.h"
 
@@ -77,6 +78,7 @@ bool readArguments(const QStringList& words, tools::Arguments& arguments, QStrin
 } // namespace
 
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     const QCoreApplication application(argc, argv);
     QStringList words = QCoreApplication::arguments().mid(1);
     if (words.isEmpty()) {

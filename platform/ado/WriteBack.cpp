@@ -1,7 +1,7 @@
 #include "platform/ado/WriteBack.h"
 
 #include "platform/ado/Connection.h"
-#include "platform/ado/Literal.h"
+#include "platform/ado/Quoting.h"
 #include "platform/ado/Recordset.h"
 #include "platform/base/Format.h"
 

@@ -14,9 +14,9 @@ namespace {
 QString numberText(double number) {
     if (number == 0)
         return QStringLiteral("0"); // no "-0"
-    QByteArray text(32, Qt::Uninitialized);
-    const int length = qsnprintf(text.data(), 32, "%.15G", number);
-    return QString::fromLatin1(text.constData(), length);
+    char text[32];
+    const auto written = std::to_chars(text, text + sizeof text, number, std::chars_format::general, 15);
+    return QString::fromLatin1(text, written.ptr - text).toUpper(); // 1E+20
 }
 
 QString dateText(DateTime moment) {

@@ -13,7 +13,8 @@ double Val(const QString& text);
 double CDbl(const Value& value);
 /// Whole number, halves to the even one. Raises 6 beyond 32 bits, 13, 94.
 int CLng(const Value& value);
-/// Date from a date, a serial number or a text such as "11/21/2026 8:30 PM". Raises 13, 94.
+/// Date from a date, a serial number or a text such as "11/21/2026 8:30 PM". Raises 6 beyond
+/// the calendar, 13, 94.
 DateTime CDate(const Value& value);
 /// Raises 94 on Null.
 QString CStr(const Value& value);

@@ -1,5 +1,7 @@
 #include "platform/base/DateTime.h"
 
+#include "platform/base/Error.h"
+
 #include <QDateTime>
 
 #include <chrono>
@@ -26,6 +28,13 @@ qint64 floorDay(qint64 ms) {
     return ms >= 0 ? ms / msPerDay : -((-ms + msPerDay - 1) / msPerDay);
 }
 
+// 0001-01-01 and the end of 9999-12-31
+constexpr DateTime firstMoment{-62'135'596'800'000};
+constexpr DateTime lastMoment{253'402'300'799'999};
+// 0100-01-01 and the day behind 9999-12-31, as serial numbers
+constexpr double firstSerial = -657'434;
+constexpr double behindLastSerial = 2'958'466;
+
 /// Reads `count` digits at `text`; -1 when one is none.
 int digits(const char* text, int count) {
     int value = 0;
@@ -45,7 +54,7 @@ std::optional<DateTime> makeDateTime(const CalendarDate& date, const ClockTime& 
                              std::chrono::day{static_cast<unsigned>(date.day)}};
     const bool timeFits = time.hour >= 0 && time.hour < 24 && time.minute >= 0 && time.minute < 60 &&
                           time.second >= 0 && time.second < 60 && time.ms >= 0 && time.ms < 1000;
-    if (date.month < 1 || date.day < 1 || !day.ok() || !timeFits)
+    if (date.year < 1 || date.year > 9999 || date.month < 1 || date.day < 1 || !day.ok() || !timeFits)
         return std::nullopt;
     const qint64 days = sys_days{day}.time_since_epoch().count();
     return DateTime{days * msPerDay + ((time.hour * 60LL + time.minute) * 60 + time.second) * 1000 + time.ms};
@@ -53,6 +62,8 @@ std::optional<DateTime> makeDateTime(const CalendarDate& date, const ClockTime& 
 
 CalendarDate calendarDate(DateTime moment) {
     using namespace std::chrono;
+    if (moment < firstMoment || moment > lastMoment)
+        throw RunTimeError(errors::overflow);
     const year_month_day day{sys_days{days{floorDay(moment.ms)}}};
     return {int(day.year()), int(unsigned(day.month())), int(unsigned(day.day()))};
 }
@@ -69,6 +80,16 @@ int weekday(DateTime moment) {
 
 DateTime dateOnly(DateTime moment) {
     return DateTime{floorDay(moment.ms) * msPerDay};
+}
+
+DateTime addDays(DateTime moment, double days) {
+    const double whole = std::trunc(days);
+    if (!(std::fabs(whole) < behindLastSerial - firstSerial))
+        throw RunTimeError(errors::overflow);
+    const DateTime moved{moment.ms + qint64(whole) * msPerDay};
+    if (moved < firstMoment || moved > lastMoment)
+        throw RunTimeError(errors::overflow);
+    return moved;
 }
 
 QString toIso(DateTime moment) {
@@ -105,6 +126,8 @@ double toSerial(DateTime moment) {
 }
 
 DateTime fromSerial(double days) {
+    if (!(days >= firstSerial && days < behindLastSerial))
+        throw RunTimeError(errors::overflow);
     return DateTime{qint64(std::llround((days + double(serialEpochDays)) * double(msPerDay)))};
 }
 

@@ -1,10 +1,10 @@
 #include "platform/odbc/OdbcProvider.h"
 
-#include "platform/ado/Literal.h"
+#include "platform/ado/Quoting.h"
 #include "platform/ado/TransactionErrors.h"
 #include "platform/base/Conversion.h"
 #include "platform/odbc/Diagnostics.h"
-#include "platform/odbc/Session.h"
+#include "platform/odbc/OdbcConnection.h"
 
 #include <QHash>
 
@@ -56,7 +56,7 @@ base::RunTimeError outcomeUnknown(const base::RunTimeError& error) {
 
 class OdbcProvider::Private {
   public:
-    Private(const QString& connection, const Options& options) : session(connection, options) {}
+    Private(const QString& text, const Options& options) : connection(text, options) {}
 
     /// Runs `call`; an error in it tells what became of the line and of the transaction.
     template <typename Call>
@@ -86,7 +86,7 @@ class OdbcProvider::Private {
         try {
             if (!dead) { // else the server rolls back as the line goes
                 rollBackWhatIsThere();
-                session.setAutocommit(true);
+                connection.setAutocommit(true);
             }
         } catch (const base::RunTimeError&) {
             dead = true;
@@ -94,7 +94,7 @@ class OdbcProvider::Private {
         rolledBackByServer = false;
     }
 
-    Session session;
+    OdbcConnection connection;
     QHash<QString, QStringList> keys;
     bool inTransaction = false;
     bool rolledBackByServer = false;
@@ -109,28 +109,28 @@ class OdbcProvider::Private {
 /// Some drivers insist on a transaction to roll back, where the server has done so already.
 void OdbcProvider::Private::rollBackWhatIsThere() {
     try {
-        session.endTransaction(SQL_ROLLBACK);
+        connection.endTransaction(SQL_ROLLBACK);
     } catch (const base::RunTimeError&) {
-        if (!rolledBackByServer || !session.isSqlServer())
+        if (!rolledBackByServer || !connection.isSqlServer())
             throw;
-        session.fetch(QStringLiteral("IF @@TRANCOUNT = 0 BEGIN TRANSACTION"));
-        session.endTransaction(SQL_ROLLBACK);
+        connection.fetch(QStringLiteral("IF @@TRANCOUNT = 0 BEGIN TRANSACTION"));
+        connection.endTransaction(SQL_ROLLBACK);
     }
 }
 
 /// Whether the transaction outlived the error. A server that has rolled it back would run the texts that
 /// follow each for itself, and a save would be kept by half.
 void OdbcProvider::Private::afterError(const base::RunTimeError& error) {
-    dead = dead || isConnectionError(error) || session.lineIsDead();
+    dead = dead || isConnectionError(error) || connection.lineIsDead();
     if (inTransaction && !rolledBackByServer)
         rolledBackByServer = dead || transactionIsGone();
 }
 
 bool OdbcProvider::Private::transactionIsGone() {
-    if (!session.isSqlServer())
+    if (!connection.isSqlServer())
         return false;
     try {
-        const ado::Result open = session.fetch(QStringLiteral("SELECT @@TRANCOUNT"));
+        const ado::Result open = connection.fetch(QStringLiteral("SELECT @@TRANCOUNT"));
         const qint64* count = open.rows.count() == 1 ? open.rows.at(0, 0).asInteger() : nullptr;
         return count && *count == 0;
     } catch (const base::RunTimeError&) {
@@ -147,17 +147,17 @@ OdbcProvider::OdbcProvider(std::unique_ptr<Private> self) : d(std::move(self)) {
 OdbcProvider::~OdbcProvider() = default;
 
 ado::Result OdbcProvider::execute(const QString& text) {
-    return d->watchedText(text, [&] { return d->session.fetch(text); });
+    return d->watchedText(text, [&] { return d->connection.fetch(text); });
 }
 
 ado::Streamed OdbcProvider::stream(const QString& text, ado::RowSink& sink) {
-    return d->watchedText(text, [&] { return d->session.stream(text, sink); });
+    return d->watchedText(text, [&] { return d->connection.stream(text, sink); });
 }
 
 void OdbcProvider::begin() {
     if (d->inTransaction)
         throw ado::transactionIsOpen();
-    d->watched([&] { d->session.setAutocommit(false); });
+    d->watched([&] { d->connection.setAutocommit(false); });
     d->inTransaction = true;
 }
 
@@ -170,14 +170,14 @@ void OdbcProvider::commit() {
     }
     d->inTransaction = false;
     try {
-        d->watched([&] { d->session.endTransaction(SQL_COMMIT); });
+        d->watched([&] { d->connection.endTransaction(SQL_COMMIT); });
     } catch (const base::RunTimeError& error) {
         const bool unknown = d->dead || error.number() == errors::timeOut;
         d->endByRollback();
         throw unknown ? outcomeUnknown(error) : error;
     }
     try {
-        d->session.setAutocommit(true);
+        d->connection.setAutocommit(true);
     } catch (const base::RunTimeError&) {
         d->dead = true; // the commit stands; what comes next is told
     }
@@ -215,15 +215,15 @@ QStringList OdbcProvider::primaryKey(const QString& table) {
 }
 
 QString OdbcProvider::product() const {
-    return d->session.info(SQL_DBMS_NAME);
+    return d->connection.info(SQL_DBMS_NAME);
 }
 
 QString OdbcProvider::serverName() const {
-    return d->session.info(SQL_SERVER_NAME);
+    return d->connection.info(SQL_SERVER_NAME);
 }
 
 QString OdbcProvider::version() const {
-    return d->session.info(SQL_DBMS_VER);
+    return d->connection.info(SQL_DBMS_VER);
 }
 
 } // namespace odbc

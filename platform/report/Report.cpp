@@ -140,8 +140,6 @@ QStringList Report::subReportNames() const {
     return m_definition->names().subReports;
 }
 
-void Report::discardSavedData() {}
-
 /// A formula in a query knows parameters only: there are no rows yet.
 QString Report::queryFormula(int index) const {
     auto data = std::make_shared<ReportData>();
@@ -156,7 +154,7 @@ QString Report::queryFormula(int index) const {
     Expression formula;
     formula.kind = Expression::Kind::Formula;
     formula.index = index;
-    return base::textOf(Evaluator(data).value(formula, Scope()));
+    return base::textOf(Evaluator(data).value(formula, Standpoint()));
 }
 
 ado::Statement Report::tableStatement(std::size_t table) const {
@@ -282,10 +280,10 @@ QString quotedFormula(const QString& text) {
 
 std::unique_ptr<Run> Report::start() {
     std::shared_ptr<ReportData> data = readBesides();
-    std::unique_ptr<RowReader> reader;
+    std::unique_ptr<BackgroundReader> reader;
     if (!m_tables.empty()) {
         const ado::Statement statement = tableStatement(0);
-        reader = std::make_unique<RowReader>(connect(0), statement);
+        reader = std::make_unique<BackgroundReader>(connect(0), statement);
     }
     return std::make_unique<Run>(std::move(data), std::move(reader));
 }

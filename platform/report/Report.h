@@ -81,9 +81,6 @@ class Report {
     /// What a sheet of them is headed with.
     SheetHeading rowsHeading() const;
 
-    /// Drops rows kept from an earlier run. A run keeps none: each one reads the server again.
-    void discardSavedData();
-
     /// Reads the rows and lays out all pages. Parameters without a value are Null. Raises what the server
     /// says and what layout() raises. The document stands on its own: the report may go. Null
     /// when `progress`, called on this thread, gave it up.

@@ -5,7 +5,7 @@
 
 namespace report {
 
-Run::Run(std::shared_ptr<const ReportData> data, std::unique_ptr<RowReader> reader)
+Run::Run(std::shared_ptr<const ReportData> data, std::unique_ptr<BackgroundReader> reader)
     : m_data(std::move(data)), m_reader(std::move(reader)), m_document(emptyDocument(*m_data->definition)) {
     if (!m_reader)
         takeRows(nullptr);
@@ -84,7 +84,6 @@ void Run::stop() {
     if (m_state != State::Running)
         return;
     m_state = State::Stopped;
-    m_document->stop();
     if (m_reader)
         m_reader->stop();
     letGo();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/report/layout/LaidPages.h"
-#include "platform/report/rows/RowReader.h"
+#include "platform/report/rows/BackgroundReader.h"
 
 namespace report {
 
@@ -16,7 +16,7 @@ class Run {
     };
 
     /// `data` without rows of the details; `reader` null when the report has no table.
-    Run(std::shared_ptr<const ReportData> data, std::unique_ptr<RowReader> reader);
+    Run(std::shared_ptr<const ReportData> data, std::unique_ptr<BackgroundReader> reader);
     ~Run();
 
     /// Grows while this runs.
@@ -41,7 +41,7 @@ class Run {
     void letGo();
 
     std::shared_ptr<const ReportData> m_data;
-    std::unique_ptr<RowReader> m_reader;
+    std::unique_ptr<BackgroundReader> m_reader;
     std::shared_ptr<PageDocument> m_document;
     std::shared_ptr<RowStore> m_rows;
     LaidPages* m_pages = nullptr; ///< the document's

@@ -1,6 +1,6 @@
 #include "server/site/Install.h"
 
-#include "platform/ado/Literal.h"
+#include "platform/ado/Quoting.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "server/engine/Installer.h"

@@ -1,6 +1,6 @@
 #include "server/site/TableRows.h"
 
-#include "platform/ado/Literal.h"
+#include "platform/ado/Quoting.h"
 
 #include <algorithm>
 

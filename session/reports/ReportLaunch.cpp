@@ -120,12 +120,9 @@ void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     if (const auto& other = otherReportLaunchers().showReport)
         return other(showGroupTree, title, directPrint);
     report::Report& report = openReport();
-    if (directPrint) {
-        report.discardSavedData();
-        if (report::printDirect(report)) {
-            gReport.reset();
-            return;
-        }
+    if (directPrint && report::printDirect(report)) {
+        gReport.reset();
+        return;
     }
     frmReportViewer viewer;
     viewer.ShowGroupTree = showGroupTree;

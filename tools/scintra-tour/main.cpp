@@ -1,4 +1,5 @@
 #include "app/AppScreens.h"
+#include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
@@ -114,6 +115,7 @@ int runTour(const QString& folder) {
 
 /// scintra-tour [FOLDER]
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     controls::look::apply(application);

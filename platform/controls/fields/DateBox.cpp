@@ -49,6 +49,11 @@ int fullYear(const QString& typed, int usual) {
     return number < firstYear ? usual : number;
 }
 
+QDate toCalendar(base::DateTime moment) {
+    const base::CalendarDate date = base::calendarDate(moment);
+    return QDate(date.year, date.month, date.day);
+}
+
 QCalendarWidget* calendarOn(base::DateTime moment, QWidget* parent) {
     auto* calendar = new QCalendarWidget(parent);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
@@ -62,8 +67,8 @@ QCalendarWidget* calendarOn(base::DateTime moment, QWidget* parent) {
         button->setIcon(look::icon("previous"));
     if (auto* button = calendar->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth")))
         button->setIcon(look::icon("next"));
-    const base::CalendarDate shown = base::calendarDate(moment);
-    calendar->setSelectedDate(QDate(shown.year, shown.month, shown.day));
+    calendar->setDateRange(toCalendar(DateBox::earliest()), toCalendar(DateBox::latest()));
+    calendar->setSelectedDate(toCalendar(moment));
     return calendar;
 }
 
@@ -93,7 +98,7 @@ base::DateTime DateBox::date() const {
     if (date.month > monthsInYear && date.day <= monthsInYear)
         std::swap(date.month, date.day);
     date.month = std::min(date.month, monthsInYear);
-    return lastUpTo(date);
+    return std::clamp(lastUpTo(date), earliest(), latest());
 }
 
 QString DateBox::dateText() const {
@@ -101,7 +106,7 @@ QString DateBox::dateText() const {
 }
 
 void DateBox::setDate(base::DateTime date) {
-    m_last = base::dateOnly(date);
+    m_last = std::clamp(base::dateOnly(date), earliest(), latest());
     MaskedDate::setDate(m_last);
     if (hasFocus())
         selectAll(); // what is typed next is the whole date

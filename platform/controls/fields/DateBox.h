@@ -4,10 +4,11 @@
 
 namespace controls {
 
-/// A date picker: shows "MM/dd/yyyy" and holds a day of the calendar at any time, today at first. Typed with
-/// or without slashes, with one digit or two, the year in full or its last two digits. What is left out stays
-/// as it was; a day behind the end of its month is the month's last one. Up and Down step the part at the
-/// cursor; the picture, F4 and Alt+Down open a calendar.
+/// A date picker: shows "MM/dd/yyyy" and holds a day from earliest() to latest() at any time, today at first;
+/// what lies beyond becomes the one or the other. Typed with or without slashes, with one digit or two, the
+/// year in full or its last two digits. What is left out stays as it was; a day behind the end of its month
+/// is the month's last one. Up and Down step the part at the cursor; the picture, F4 and Alt+Down open a
+/// calendar.
 class DateBox : public MaskedDate {
     Q_OBJECT
 

@@ -11,6 +11,14 @@ MaskedDate::MaskedDate(QWidget* parent) : QLineEdit(parent) {
     setPlaceholderText(QString());
 }
 
+base::DateTime MaskedDate::earliest() {
+    return *base::makeDateTime({1753, 1, 1});
+}
+
+base::DateTime MaskedDate::latest() {
+    return *base::makeDateTime({9999, 12, 30});
+}
+
 bool MaskedDate::isEmpty() const {
     return displayText() == emptyText;
 }
@@ -19,8 +27,9 @@ std::optional<base::DateTime> MaskedDate::date() const {
     const QString shown = displayText();
     if (shown.contains(QLatin1Char('_')))
         return std::nullopt;
-    return base::makeDateTime(
+    const auto made = base::makeDateTime(
         {shown.mid(6, 4).toInt(), QStringView(shown).left(2).toInt(), QStringView(shown).mid(3, 2).toInt()});
+    return made && *made >= earliest() && *made <= latest() ? made : std::nullopt;
 }
 
 void MaskedDate::setDate(base::DateTime date) {

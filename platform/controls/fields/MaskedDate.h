@@ -22,7 +22,11 @@ class MaskedDate : public QLineEdit {
     QString Text() const { return displayText(); }
     /// True when no digit was typed.
     bool isEmpty() const;
-    /// Nothing when it is empty, half typed, or no day of the calendar.
+    /// What a server takes and can still count a day on from.
+    static base::DateTime earliest();
+    static base::DateTime latest(); ///< 12/30/9999
+
+    /// Nothing when it is empty, half typed, no day of the calendar, or beyond what a server takes.
     std::optional<base::DateTime> date() const;
     void setDate(base::DateTime date);
     QSize sizeHint() const override;

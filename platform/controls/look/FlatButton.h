@@ -19,7 +19,6 @@ class FlatButton : public QAbstractButton {
     void setShape(Shape shape);
     Shape shape() const { return m_shape; }
     void setSecondLine(const QString& text);
-    QString secondLine() const { return m_secondLine; }
     QSize sizeHint() const override;
 
   protected:

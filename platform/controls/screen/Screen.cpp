@@ -1,11 +1,14 @@
 #include "platform/controls/screen/Screen.h"
 
+#include "platform/controls/fields/MemoWrap.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -90,6 +93,8 @@ void Screen::load() {
         return;
     m_loaded = true;
     calmButtons();
+    for (QPlainTextEdit* memo : findChildren<QPlainTextEdit*>())
+        wrapEndlessWords(memo);
     // Lists that are filled and scrolled before they are seen keep the row heights of that moment.
     for (QWidget* widget : findChildren<QWidget*>())
         widget->ensurePolished();

@@ -23,7 +23,6 @@ class DefinitionReader {
     using Children = std::function<bool(const QString& name, Attributes& attributes)>;
 
     [[noreturn]] void fail(const QString& reason) const;
-    [[noreturn]] void failAt(qint64 line, qint64 column, const QString& reason) const;
     void readChildren(const Children& child);
     void endElement();
     QString readText();
@@ -48,9 +47,6 @@ class DefinitionReader {
     void finishInserts();
     QImage readPicture();
 
-    void collectNames();
-    void collectName(Names& names, QStringView element);
-    void checkNames(const Names& names) const;
     void finishFormulas();
     void checkPage() const;
     Expression expression(const QString& text) const;
@@ -69,8 +65,6 @@ class DefinitionReader {
         qint64 line, column;
     };
     std::vector<Place> m_formulaPlaces;
-    int m_depth = 0;
-    int m_elements = 0;
 };
 
 } // namespace report

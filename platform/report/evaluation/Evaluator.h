@@ -14,7 +14,7 @@
 namespace report {
 
 /// Where in the report an expression stands.
-struct Scope {
+struct Standpoint {
     qsizetype row = -1; ///< of the first table; -1: none, its columns are Null
     int level = -1;     ///< group that sums belong to; -1: the whole report
     int pageNumber = 0; ///< from 1
@@ -41,10 +41,10 @@ class Evaluator {
     explicit Evaluator(std::shared_ptr<const ReportData> data);
     ~Evaluator();
 
-    base::Value value(const Expression& expression, const Scope& scope);
+    base::Value value(const Expression& expression, const Standpoint& standpoint);
     /// As a field shows it: "…" for a number of pages that is not known yet.
-    base::Value shownValue(const Expression& expression, const Scope& scope);
-    bool isVisible(const std::optional<Expression>& condition, const Scope& scope);
+    base::Value shownValue(const Expression& expression, const Standpoint& standpoint);
+    bool isVisible(const std::optional<Expression>& condition, const Standpoint& standpoint);
 
     /// False behind the last row.
     bool hasRow(qsizetype row) {
@@ -52,8 +52,6 @@ class Evaluator {
     }
     /// All rows; waits for the last one.
     qsizetype rowCount();
-    /// Rows taken in so far.
-    qsizetype rowsTaken() const { return m_taken; }
     /// Outermost group that begins with the row; the number of groups when none does.
     int firstGroupBegun(qsizetype row) const { return m_begun[std::size_t(row)]; }
     /// Outermost group that ends with the row.
@@ -80,11 +78,11 @@ class Evaluator {
         Total total;              ///< up to it
     };
 
-    base::Value columnValue(const Expression& expression, const Scope& scope);
-    base::Value specialValue(Special special, const Scope& scope) const;
-    base::Value operationValue(const Expression& expression, const Scope& scope);
-    base::Value aggregateValue(const Expression& expression, const Scope& scope);
-    base::Value runningValue(const Expression& expression, const Scope& scope);
+    base::Value columnValue(const Expression& expression, const Standpoint& standpoint);
+    base::Value specialValue(Special special, const Standpoint& standpoint) const;
+    base::Value operationValue(const Expression& expression, const Standpoint& standpoint);
+    base::Value aggregateValue(const Expression& expression, const Standpoint& standpoint);
+    base::Value runningValue(const Expression& expression, const Standpoint& standpoint);
 
     void prepareSums();
     void prepareSums(const std::vector<Band>& bands, int level);

@@ -76,8 +76,7 @@ Value runWeekday(const Arguments& a) {
 Value runAddDays(const Arguments& a) {
     if (a[0].isNull() || a[1].isNull())
         return {};
-    const double days = std::clamp(base::CDbl(a[1]), -4e6, 4e6);
-    return base::DateTime{base::CDate(a[0]).ms + qint64(days) * dayMs};
+    return base::addDays(base::CDate(a[0]), base::CDbl(a[1]));
 }
 /// Whole calendar days: the hours do not count.
 Value runDaysBetween(const Arguments& a) {

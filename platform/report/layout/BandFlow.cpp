@@ -5,40 +5,40 @@
 namespace report {
 namespace {
 
-using Stage = Position::Stage;
+using Stage = FlowPlace::Stage;
 
 } // namespace
 
-const std::vector<Band>& BandFlow::bandsAt(const Position& position) const {
-    switch (position.stage) {
+const std::vector<Band>& BandFlow::bandsAt(const FlowPlace& place) const {
+    switch (place.stage) {
     case Stage::ReportHeader:
         return m_definition.reportHeaders;
     case Stage::GroupHeader:
-        return m_definition.groups[std::size_t(position.level)].headers;
+        return m_definition.groups[std::size_t(place.level)].headers;
     case Stage::Details:
         return m_definition.details;
     case Stage::GroupFooter:
-        return m_definition.groups[std::size_t(position.level)].footers;
+        return m_definition.groups[std::size_t(place.level)].footers;
     default:
         return m_definition.reportFooters;
     }
 }
 
-Position BandFlow::rowBegin(qsizetype row) const {
-    Position position;
-    position.row = row;
-    position.level = m_evaluator.firstGroupBegun(row);
-    const bool begins = position.level < int(m_definition.groups.size());
-    position.stage = begins ? Stage::GroupHeader : Stage::Details;
-    return position;
+FlowPlace BandFlow::rowBegin(qsizetype row) const {
+    FlowPlace place;
+    place.row = row;
+    place.level = m_evaluator.firstGroupBegun(row);
+    const bool begins = place.level < int(m_definition.groups.size());
+    place.stage = begins ? Stage::GroupHeader : Stage::Details;
+    return place;
 }
 
-Position BandFlow::nextStage(const Position& position) const {
+FlowPlace BandFlow::nextStage(const FlowPlace& place) const {
     const int groups = int(m_definition.groups.size());
-    Position next;
-    next.row = position.row;
-    next.level = position.level;
-    switch (position.stage) {
+    FlowPlace next;
+    next.row = place.row;
+    next.level = place.level;
+    switch (place.stage) {
     case Stage::ReportHeader:
         if (m_evaluator.hasRow(0))
             return rowBegin(0);
@@ -49,12 +49,12 @@ Position BandFlow::nextStage(const Position& position) const {
         return next;
     case Stage::Details:
     case Stage::GroupFooter:
-        next.level = position.stage == Stage::Details ? groups - 1 : position.level - 1;
+        next.level = place.stage == Stage::Details ? groups - 1 : place.level - 1;
         next.stage = Stage::GroupFooter;
-        if (next.level >= m_evaluator.firstGroupEnded(position.row))
+        if (next.level >= m_evaluator.firstGroupEnded(place.row))
             return next;
-        if (m_evaluator.hasRow(position.row + 1))
-            return rowBegin(position.row + 1);
+        if (m_evaluator.hasRow(place.row + 1))
+            return rowBegin(place.row + 1);
         next.level = 0;
         next.stage = Stage::ReportFooter;
         return next;
@@ -64,22 +64,22 @@ Position BandFlow::nextStage(const Position& position) const {
     }
 }
 
-Position BandFlow::next(const Position& position) const {
-    if (std::size_t(position.band) + 1 >= bandsAt(position).size())
-        return nextStage(position);
-    Position next = position;
+FlowPlace BandFlow::next(const FlowPlace& place) const {
+    if (std::size_t(place.band) + 1 >= bandsAt(place).size())
+        return nextStage(place);
+    FlowPlace next = place;
     next.offset = {};
     ++next.band;
     return next;
 }
 
-Scope BandFlow::scopeAt(const Position& position) const {
-    Scope scope;
-    const bool atEnd = position.stage == Stage::ReportFooter || position.stage == Stage::End;
-    scope.row = !atEnd && m_evaluator.hasRow(position.row) ? position.row : m_evaluator.rowCount() - 1;
-    if (position.stage == Stage::GroupHeader || position.stage == Stage::GroupFooter)
-        scope.level = position.level;
-    return scope;
+Standpoint BandFlow::standpointAt(const FlowPlace& place) const {
+    Standpoint standpoint;
+    const bool atEnd = place.stage == Stage::ReportFooter || place.stage == Stage::End;
+    standpoint.row = !atEnd && m_evaluator.hasRow(place.row) ? place.row : m_evaluator.rowCount() - 1;
+    if (place.stage == Stage::GroupHeader || place.stage == Stage::GroupFooter)
+        standpoint.level = place.level;
+    return standpoint;
 }
 
 } // namespace report

@@ -6,7 +6,7 @@ namespace report {
 
 /// A place in the flow of bands: report headers, then each row with the group bands around it, then report
 /// footers.
-struct Position {
+struct FlowPlace {
     enum class Stage { ReportHeader, GroupHeader, Details, GroupFooter, ReportFooter, End };
 
     Stage stage = Stage::ReportHeader;
@@ -15,7 +15,7 @@ struct Position {
     int band = 0;  ///< among the bands of the stage
     Length offset; ///< how much of the band earlier pages show
 
-    bool operator==(const Position&) const = default;
+    bool operator==(const FlowPlace&) const = default;
 };
 
 /// Which band comes after which. Raises RowsWanted where that hangs on rows that have not arrived.
@@ -25,15 +25,15 @@ class BandFlow {
         : m_definition(definition), m_evaluator(evaluator) {}
 
     /// The bands of the place's stage; may be none.
-    const std::vector<Band>& bandsAt(const Position& position) const;
+    const std::vector<Band>& bandsAt(const FlowPlace& place) const;
     /// The place behind the band; a stage without bands is visited once.
-    Position next(const Position& position) const;
+    FlowPlace next(const FlowPlace& place) const;
     /// Row and group that the place's expressions see; no page.
-    Scope scopeAt(const Position& position) const;
+    Standpoint standpointAt(const FlowPlace& place) const;
 
   private:
-    Position nextStage(const Position& position) const;
-    Position rowBegin(qsizetype row) const;
+    FlowPlace nextStage(const FlowPlace& place) const;
+    FlowPlace rowBegin(qsizetype row) const;
 
     const ReportDefinition& m_definition;
     Evaluator& m_evaluator;

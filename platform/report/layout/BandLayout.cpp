@@ -68,18 +68,18 @@ Face BandLayout::faceOf(int style) const {
     return {font.family, Length::fromPoints(font.points), font.bold, font.italic};
 }
 
-bool BandLayout::isVisible(const Band& band, const Scope& scope) {
+bool BandLayout::isVisible(const Band& band, const Standpoint& standpoint) {
     // The first pass does not know the number of pages; a band must come out the same in both.
-    Scope first = scope;
+    Standpoint first = standpoint;
     first.pageCount = 0;
     return m_evaluator.isVisible(band.visible, first);
 }
 
-LaidBand BandLayout::lay(const Band& band, const Scope& scope) {
+LaidBand BandLayout::lay(const Band& band, const Standpoint& standpoint) {
     std::vector<Placed> placed;
     for (const Element& element : band.elements) {
-        if (m_evaluator.isVisible(element.visible, scope))
-            placed.push_back(place(element, scope));
+        if (m_evaluator.isVisible(element.visible, standpoint))
+            placed.push_back(place(element, standpoint));
     }
     spread(placed);
     LaidBand laid;
@@ -94,18 +94,19 @@ LaidBand BandLayout::lay(const Band& band, const Scope& scope) {
     return laid;
 }
 
-BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope) {
+BandLayout::Placed BandLayout::place(const Element& element, const Standpoint& standpoint) {
     Placed placed;
     placed.element = &element;
     if (element.kind == Element::Kind::Chart || element.kind == Element::Kind::SubReport) {
-        placed.inside = element.kind == Element::Kind::Chart ? chart(element) : subReport(element, scope);
+        placed.inside =
+            element.kind == Element::Kind::Chart ? chart(element) : subReport(element, standpoint);
         placed.growth = std::max(Length(), placed.inside.height - element.frame.height);
         return placed;
     }
-    placed.tint = tintOf(element, scope);
+    placed.tint = tintOf(element, standpoint);
     if (element.kind != Element::Kind::Field)
         return placed;
-    const base::Value value = m_evaluator.shownValue(element.value, scope);
+    const base::Value value = m_evaluator.shownValue(element.value, standpoint);
     const QString text = shownText(element, value);
     placed.value = value;
     placed.rightToLeft = needsShaping(text) && text.isRightToLeft();
@@ -124,10 +125,10 @@ BandLayout::Placed BandLayout::place(const Element& element, const Scope& scope)
     return placed;
 }
 
-QColor BandLayout::tintOf(const Element& element, const Scope& scope) {
+QColor BandLayout::tintOf(const Element& element, const Standpoint& standpoint) {
     if (!element.tint)
         return {};
-    const QString name = base::Trim(base::textOf(m_evaluator.value(*element.tint, scope)));
+    const QString name = base::Trim(base::textOf(m_evaluator.value(*element.tint, standpoint)));
     if (name.isEmpty())
         return {};
     const QColor colour(name);
@@ -142,10 +143,10 @@ LaidBand BandLayout::chart(const Element& element) {
     return layChart(element, m_evaluator, m_measures.of(faceOf(element.style)), style.colour);
 }
 
-const LaidBand& BandLayout::subReport(const Element& insert, const Scope& scope) {
+const LaidBand& BandLayout::subReport(const Element& insert, const Standpoint& standpoint) {
     const int index = insert.index;
     if (!insert.links.empty()) {
-        Scope anyPage = scope; // the rows must be the same whichever page asks for them
+        Standpoint anyPage = standpoint; // the rows must be the same whichever page asks for them
         anyPage.pageNumber = anyPage.pageCount = 0;
         LinkedValues values;
         for (const Link& link : insert.links)
@@ -252,11 +253,11 @@ void BandLayout::addShape(const Placed& placed, Length stretch, std::vector<Item
     }
 }
 
-std::optional<TextRun> BandLayout::watermark(const Scope& scope) {
+std::optional<TextRun> BandLayout::watermark(const Standpoint& standpoint) {
     const ReportDefinition& definition = *m_data->definition;
     QString text = m_data->watermark;
     if (text.isEmpty() && definition.watermark)
-        text = base::textOf(m_evaluator.value(definition.watermark->value, scope));
+        text = base::textOf(m_evaluator.value(definition.watermark->value, standpoint));
     text = base::Trim(text).left(200);
     if (text.isEmpty())
         return std::nullopt;

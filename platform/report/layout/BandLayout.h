@@ -26,10 +26,10 @@ class BandLayout {
     BandLayout(std::shared_ptr<const ReportData> data, Evaluator& evaluator);
     ~BandLayout();
 
-    LaidBand lay(const Band& band, const Scope& scope);
-    bool isVisible(const Band& band, const Scope& scope);
+    LaidBand lay(const Band& band, const Standpoint& standpoint);
+    bool isVisible(const Band& band, const Standpoint& standpoint);
     /// The watermark's run in the middle of the paper; nothing when it has no text.
-    std::optional<TextRun> watermark(const Scope& scope);
+    std::optional<TextRun> watermark(const Standpoint& standpoint);
 
   private:
     struct Placed {
@@ -43,14 +43,14 @@ class BandLayout {
         LaidBand inside{}; ///< what a chart or a sub-report is made of
     };
 
-    Placed place(const Element& element, const Scope& scope);
+    Placed place(const Element& element, const Standpoint& standpoint);
     void spread(std::vector<Placed>& placed) const;
     void addField(const Placed& placed, std::vector<Item>& items);
     void addShape(const Placed& placed, Length stretch, std::vector<Item>& items) const;
     LaidBand chart(const Element& element);
-    const LaidBand& subReport(const Element& insert, const Scope& scope);
+    const LaidBand& subReport(const Element& insert, const Standpoint& standpoint);
     /// Invalid when the element keeps its own.
-    QColor tintOf(const Element& element, const Scope& scope);
+    QColor tintOf(const Element& element, const Standpoint& standpoint);
     Length stretchOf(const Placed& shape, const std::vector<Placed>& all) const;
     Face faceOf(int style) const;
 

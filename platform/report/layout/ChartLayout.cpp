@@ -41,9 +41,9 @@ std::vector<Bar> barsOf(const Element& element, Evaluator& evaluator) {
     for (qsizetype row = 0; row < evaluator.rowCount(); ++row) {
         if (element.index >= 0 && evaluator.firstGroupBegun(row) > element.index)
             continue;
-        const Scope scope{row, element.index, 0, 0};
-        const base::Value amount = evaluator.value(element.value, scope);
-        bars.push_back({base::Trim(base::textOf(evaluator.value(element.label, scope))),
+        const Standpoint standpoint{row, element.index, 0, 0};
+        const base::Value amount = evaluator.value(element.value, standpoint);
+        bars.push_back({base::Trim(base::textOf(evaluator.value(element.label, standpoint))),
                         amount.isNull() ? 0.0 : base::CDbl(amount)});
     }
     const std::size_t most = std::size_t(element.most);

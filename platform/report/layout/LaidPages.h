@@ -23,7 +23,7 @@ class LaidPages : public PageSource {
     /// The number of pages is told only when it is known.
     Page makePage(int index) override;
     const std::vector<TreeEntry>& groupTree() const override { return m_tree; }
-    bool isComplete() const override { return m_next.stage == Position::Stage::End; }
+    bool isComplete() const override { return m_next.stage == FlowPlace::Stage::End; }
 
   private:
     void layPage();
@@ -32,9 +32,9 @@ class LaidPages : public PageSource {
     Evaluator m_evaluator;
     BandLayout m_bands;
     PageBuilder m_builder;
-    std::vector<Position> m_starts;
+    std::vector<FlowPlace> m_starts;
     std::vector<TreeEntry> m_tree;
-    Position m_next;
+    FlowPlace m_next;
     std::optional<RowsWanted> m_wanted; ///< by the page that comes next
 };
 

@@ -9,7 +9,7 @@
 namespace report {
 namespace {
 
-using Stage = Position::Stage;
+using Stage = FlowPlace::Stage;
 
 const Length leastBody = Length::fromMm(8);
 /// A heading and two lines: less than that of a text is not left behind at a page's end.
@@ -53,7 +53,7 @@ bool clip(Item& item, Length from, Length to) {
 PageBuilder::PageBuilder(const ReportDefinition& definition, Evaluator& evaluator, BandLayout& bands)
     : m_definition(definition), m_evaluator(evaluator), m_flow(definition, evaluator), m_bands(bands) {}
 
-PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int pageCount) {
+PageBuilder::Built PageBuilder::build(const FlowPlace& start, int pageNumber, int pageCount) {
     m_built = {};
     m_at = start;
     m_pageNumber = pageNumber;
@@ -66,12 +66,12 @@ PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int
     m_y = m_definition.top;
     m_deepest = {};
     m_built.page.number = pageNumber;
-    if (auto mark = m_bands.watermark(scopeAt(start)))
+    if (auto mark = m_bands.watermark(standpointAt(start)))
         m_built.page.items.emplace_back(std::move(*mark));
     placeFooter(start);
-    if (start == Position())
+    if (start == FlowPlace())
         placeReportHeaders();
-    if (start != Position() || m_at.stage != Stage::ReportHeader) {
+    if (start != FlowPlace() || m_at.stage != Stage::ReportHeader) {
         placePageHeaders(start);
         m_bodyTop = m_y;
         repeatGroupHeaders(start);
@@ -84,24 +84,24 @@ PageBuilder::Built PageBuilder::build(const Position& start, int pageNumber, int
     return std::move(m_built);
 }
 
-Scope PageBuilder::scopeAt(const Position& position) const {
-    Scope scope = m_flow.scopeAt(position);
-    scope.pageNumber = m_pageNumber;
-    scope.pageCount = m_pageCount;
-    return scope;
+Standpoint PageBuilder::standpointAt(const FlowPlace& place) const {
+    Standpoint standpoint = m_flow.standpointAt(place);
+    standpoint.pageNumber = m_pageNumber;
+    standpoint.pageCount = m_pageCount;
+    return standpoint;
 }
 
 /// Page bands stand whole, one under the other; tells where the last one ends.
-Length PageBuilder::placeAll(const std::vector<Band>& bands, Length y, const Scope& scope) {
+Length PageBuilder::placeAll(const std::vector<Band>& bands, Length y, const Standpoint& standpoint) {
     for (const Band& band : bands)
-        y = placeWhole(band, y, scope);
+        y = placeWhole(band, y, standpoint);
     return y;
 }
 
-Length PageBuilder::placeWhole(const Band& band, Length y, const Scope& scope) {
-    if (!m_bands.isVisible(band, scope))
+Length PageBuilder::placeWhole(const Band& band, Length y, const Standpoint& standpoint) {
+    if (!m_bands.isVisible(band, standpoint))
         return y;
-    LaidBand laid = m_bands.lay(band, scope);
+    LaidBand laid = m_bands.lay(band, standpoint);
     for (Item& item : laid.items) {
         moveItem(item, m_x, y);
         m_built.page.items.push_back(std::move(item));
@@ -109,26 +109,26 @@ Length PageBuilder::placeWhole(const Band& band, Length y, const Scope& scope) {
     return y + laid.height;
 }
 
-void PageBuilder::placeFooter(const Position& start) {
-    Scope scope = scopeAt(start);
-    scope.level = -1;
+void PageBuilder::placeFooter(const FlowPlace& start) {
+    Standpoint standpoint = standpointAt(start);
+    standpoint.level = -1;
     const std::size_t before = m_built.page.items.size();
-    const Length height = placeAll(m_definition.pageFooters, {}, scope);
+    const Length height = placeAll(m_definition.pageFooters, {}, standpoint);
     m_bottom = m_definition.paperHeight - m_definition.bottom - height;
     for (std::size_t i = before; i < m_built.page.items.size(); ++i)
         moveItem(m_built.page.items[i], {}, m_bottom);
 }
 
-void PageBuilder::placePageHeaders(const Position& start) {
-    Scope scope = scopeAt(start);
-    scope.level = -1;
+void PageBuilder::placePageHeaders(const FlowPlace& start) {
+    Standpoint standpoint = standpointAt(start);
+    standpoint.level = -1;
     const Length before = m_y;
     const std::vector<Band>& begun = m_flow.bandsAt(start);
     const bool rows =
         start.stage != Stage::ReportFooter || begun.empty() || !begun[std::size_t(start.band)].newPageBefore;
     for (const Band& band : m_definition.pageHeaders) {
         if (rows || !band.withRows)
-            m_y = placeWhole(band, m_y, scope);
+            m_y = placeWhole(band, m_y, standpoint);
     }
     if (m_bottom - m_definition.top - (m_y - before) < leastBody)
         throw base::RunTimeError(
@@ -141,7 +141,7 @@ void PageBuilder::placeReportHeaders() {
     m_hasBody = m_hasBody && m_at.stage == Stage::ReportHeader;
 }
 
-int PageBuilder::groupsGoingOn(const Position& start, int groups) {
+int PageBuilder::groupsGoingOn(const FlowPlace& start, int groups) {
     switch (start.stage) {
     case Stage::Details:
         return groups;
@@ -154,7 +154,7 @@ int PageBuilder::groupsGoingOn(const Position& start, int groups) {
     }
 }
 
-void PageBuilder::repeatGroupHeaders(const Position& start) {
+void PageBuilder::repeatGroupHeaders(const FlowPlace& start) {
     const int open = groupsGoingOn(start, int(m_definition.groups.size()));
     const std::size_t itemsBefore = m_built.page.items.size();
     const Length before = m_y;
@@ -162,9 +162,9 @@ void PageBuilder::repeatGroupHeaders(const Position& start) {
         const Group& group = m_definition.groups[std::size_t(level)];
         if (!group.repeat)
             continue;
-        Scope scope = scopeAt(start);
-        scope.level = level;
-        m_y = placeAll(group.headers, m_y, scope);
+        Standpoint standpoint = standpointAt(start);
+        standpoint.level = level;
+        m_y = placeAll(group.headers, m_y, standpoint);
     }
     if (m_bottom - m_y < leastBody) {
         m_built.page.items.resize(itemsBefore);
@@ -185,7 +185,7 @@ bool PageBuilder::placeBody() {
     }
     if (!bands.empty()) {
         const Band& band = bands[std::size_t(m_at.band)];
-        if (m_bands.isVisible(band, scopeAt(m_at)))
+        if (m_bands.isVisible(band, standpointAt(m_at)))
             return placeBand(band);
     }
     if (begun)
@@ -210,14 +210,14 @@ bool PageBuilder::fitsWhole() {
     const qsizetype first = m_at.row;
     const Length fresh = m_bottom - m_bodyTop;
     Length height;
-    for (Position at = m_at; at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
+    for (FlowPlace at = m_at; at.stage != Stage::ReportFooter; at = m_flow.next(at)) {
         const bool isNextGroup = at.row > first && m_evaluator.firstGroupBegun(at.row) <= level;
         if (isNextGroup || (at.stage == Stage::GroupFooter && at.level < level))
             break;
         const std::vector<Band>& bands = m_flow.bandsAt(at);
-        if (bands.empty() || !m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
+        if (bands.empty() || !m_bands.isVisible(bands[std::size_t(at.band)], standpointAt(at)))
             continue;
-        height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
+        height += m_bands.lay(bands[std::size_t(at.band)], standpointAt(at)).height;
         if (height > fresh)
             return true;
     }
@@ -251,7 +251,7 @@ bool PageBuilder::placeBand(const Band& band) {
         m_pageEnds = true;
         return false;
     }
-    const LaidBand laid = m_bands.lay(band, scopeAt(m_at));
+    const LaidBand laid = m_bands.lay(band, standpointAt(m_at));
     const Length height = laid.height - m_at.offset;
     const bool isHeader = m_at.stage == Stage::GroupHeader;
     const Length together = height + (isHeader ? keptWith(m_at) : keptBehind(m_at)) + keptNext(m_at, height);
@@ -274,48 +274,48 @@ bool PageBuilder::placeBand(const Band& band) {
 }
 
 /// Height of the headers that follow and of the first row: a header does not stand alone at a page's end.
-Length PageBuilder::keptWith(const Position& header) {
+Length PageBuilder::keptWith(const FlowPlace& header) {
     Length height;
-    for (Position at = m_flow.next(header);; at = m_flow.next(at)) {
+    for (FlowPlace at = m_flow.next(header);; at = m_flow.next(at)) {
         const std::vector<Band>& bands = m_flow.bandsAt(at);
         const bool inRow = at.stage == Stage::GroupHeader || at.stage == Stage::Details;
         if (!inRow)
             return height;
-        if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
-            height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
+        if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], standpointAt(at)))
+            height += m_bands.lay(bands[std::size_t(at.band)], standpointAt(at)).height;
         if (at.stage == Stage::Details && std::size_t(at.band) + 1 >= bands.size())
             return height + keptBehind(at);
     }
 }
 
 /// Height of the footers of the groups that end with the row: they do not stand alone at a page's begin.
-Length PageBuilder::keptBehind(const Position& details) {
+Length PageBuilder::keptBehind(const FlowPlace& details) {
     Length height;
     if (details.stage != Stage::Details)
         return height;
-    for (Position at = m_flow.next(details); at.stage == Stage::GroupFooter; at = m_flow.next(at)) {
+    for (FlowPlace at = m_flow.next(details); at.stage == Stage::GroupFooter; at = m_flow.next(at)) {
         const std::vector<Band>& bands = m_flow.bandsAt(at);
-        if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
-            height += m_bands.lay(bands[std::size_t(at.band)], scopeAt(at)).height;
+        if (!bands.empty() && m_bands.isVisible(bands[std::size_t(at.band)], standpointAt(at)))
+            height += m_bands.lay(bands[std::size_t(at.band)], standpointAt(at)).height;
     }
     return height;
 }
 
 /// Height of the bands of the same stage that go to the next page rather than being parted from the one at
 /// hand; of more than a page holds only the first one counts.
-Length PageBuilder::keptNext(const Position& position, Length height) {
-    if (!isKept(position) || isKept(shownBefore(position)))
+Length PageBuilder::keptNext(const FlowPlace& place, Length height) {
+    if (!isKept(place) || isKept(shownBefore(place)))
         return {}; // what is kept together was placed as one
-    const std::vector<Band>& bands = m_flow.bandsAt(position);
+    const std::vector<Band>& bands = m_flow.bandsAt(place);
     const Length fresh = m_bottom - m_bodyTop;
     Length next, first;
     bool keeps = true;
-    for (Position at = position; keeps && std::size_t(at.band) + 1 < bands.size();) {
+    for (FlowPlace at = place; keeps && std::size_t(at.band) + 1 < bands.size();) {
         at = m_flow.next(at);
         const Band& band = bands[std::size_t(at.band)];
-        if (!m_bands.isVisible(band, scopeAt(at)))
+        if (!m_bands.isVisible(band, standpointAt(at)))
             continue;
-        const Length whole = m_bands.lay(band, scopeAt(at)).height;
+        const Length whole = m_bands.lay(band, standpointAt(at)).height;
         next += band.tear ? std::min(whole, leastTorn) : whole;
         first = first == Length() ? next : first;
         keeps = band.keepWithNext;
@@ -323,28 +323,28 @@ Length PageBuilder::keptNext(const Position& position, Length height) {
     return height + next <= fresh ? next : height + first <= fresh ? first : Length();
 }
 
-bool PageBuilder::isKept(const std::optional<Position>& position) const {
-    return position && m_flow.bandsAt(*position)[std::size_t(position->band)].keepWithNext;
+bool PageBuilder::isKept(const std::optional<FlowPlace>& place) const {
+    return place && m_flow.bandsAt(*place)[std::size_t(place->band)].keepWithNext;
 }
 
 /// The last band of the same stage that shows above the one at hand.
-std::optional<Position> PageBuilder::shownBefore(const Position& position) const {
-    const std::vector<Band>& bands = m_flow.bandsAt(position);
-    for (Position at = position; at.band > 0;) {
+std::optional<FlowPlace> PageBuilder::shownBefore(const FlowPlace& place) const {
+    const std::vector<Band>& bands = m_flow.bandsAt(place);
+    for (FlowPlace at = place; at.band > 0;) {
         --at.band;
         at.offset = {};
-        if (m_bands.isVisible(bands[std::size_t(at.band)], scopeAt(at)))
+        if (m_bands.isVisible(bands[std::size_t(at.band)], standpointAt(at)))
             return at;
     }
     return std::nullopt;
 }
 
-Length PageBuilder::bottomBands(const Position& footer) {
+Length PageBuilder::bottomBands(const FlowPlace& footer) {
     Length height;
     const std::vector<Band>& bands = m_flow.bandsAt(footer);
     for (std::size_t i = std::size_t(footer.band); i < bands.size(); ++i) {
-        if (bands[i].atBottom && m_bands.isVisible(bands[i], scopeAt(footer)))
-            height += m_bands.lay(bands[i], scopeAt(footer)).height;
+        if (bands[i].atBottom && m_bands.isVisible(bands[i], standpointAt(footer)))
+            height += m_bands.lay(bands[i], standpointAt(footer)).height;
     }
     return height;
 }
@@ -382,7 +382,7 @@ void PageBuilder::splitBand(const LaidBand& laid) {
 
 void PageBuilder::addTreeEntry() {
     const Group& group = m_definition.groups[std::size_t(m_at.level)];
-    const base::Value label = m_evaluator.value(group.label ? *group.label : group.by, scopeAt(m_at));
+    const base::Value label = m_evaluator.value(group.label ? *group.label : group.by, standpointAt(m_at));
     m_built.groups.push_back({base::textOf(label), m_at.level, m_pageNumber - 1, m_y});
 }
 

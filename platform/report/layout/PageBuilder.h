@@ -16,23 +16,23 @@ class PageBuilder {
 
     struct Built {
         Page page;
-        Position next; ///< where the next page begins
+        FlowPlace next; ///< where the next page begins
         std::vector<TreeEntry> groups;
     };
     /// Raises 20515 when page header and footer leave no room.
-    Built build(const Position& start, int pageNumber, int pageCount);
+    Built build(const FlowPlace& start, int pageNumber, int pageCount);
 
   private:
-    Scope scopeAt(const Position& position) const;
+    Standpoint standpointAt(const FlowPlace& place) const;
     /// Of the outermost groups, how many have begun on an earlier page.
-    static int groupsGoingOn(const Position& start, int groups);
+    static int groupsGoingOn(const FlowPlace& start, int groups);
 
-    Length placeAll(const std::vector<Band>& bands, Length y, const Scope& scope);
-    Length placeWhole(const Band& band, Length y, const Scope& scope);
-    void placeFooter(const Position& start);
+    Length placeAll(const std::vector<Band>& bands, Length y, const Standpoint& standpoint);
+    Length placeWhole(const Band& band, Length y, const Standpoint& standpoint);
+    void placeFooter(const FlowPlace& start);
     void placeReportHeaders();
-    void placePageHeaders(const Position& start);
-    void repeatGroupHeaders(const Position& start);
+    void placePageHeaders(const FlowPlace& start);
+    void repeatGroupHeaders(const FlowPlace& start);
     bool placeBody();
     bool placeBand(const Band& band);
     bool wantsNewPage(const Band& band) const;
@@ -40,12 +40,12 @@ class PageBuilder {
     bool fitsWhole();
     bool nextColumn();
     void leaveColumns();
-    Length keptWith(const Position& header);
-    Length keptBehind(const Position& details);
-    Length keptNext(const Position& position, Length height);
-    bool isKept(const std::optional<Position>& position) const;
-    std::optional<Position> shownBefore(const Position& position) const;
-    Length bottomBands(const Position& footer);
+    Length keptWith(const FlowPlace& header);
+    Length keptBehind(const FlowPlace& details);
+    Length keptNext(const FlowPlace& place, Length height);
+    bool isKept(const std::optional<FlowPlace>& place) const;
+    std::optional<FlowPlace> shownBefore(const FlowPlace& place) const;
+    Length bottomBands(const FlowPlace& footer);
     void addSlice(const LaidBand& laid, Length from, Length to);
     void splitBand(const LaidBand& laid);
     void addTreeEntry();
@@ -57,7 +57,7 @@ class PageBuilder {
 
     // of the page in work
     Built m_built;
-    Position m_at;
+    FlowPlace m_at;
     Length m_y;
     Length m_bottom; ///< where the body ends
     int m_pageNumber = 0;

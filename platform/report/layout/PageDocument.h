@@ -47,8 +47,6 @@ class PageDocument {
     int pageCount() const { return m_source ? m_source->pageCount() : 0; }
     /// All pages are there: it can be printed and exported.
     bool isComplete() const { return m_source && m_source->isComplete(); }
-    /// Given up half-way: no page will be added.
-    bool isStopped() const { return m_stopped; }
     /// `index` from 0; raises 9 beyond the last page.
     std::shared_ptr<const Page> page(int index) const;
     const std::vector<TreeEntry>& groupTree() const;
@@ -56,7 +54,6 @@ class PageDocument {
     void setPages(std::unique_ptr<PageSource> source);
     /// The number of pages is known now; pages that tell it are made again.
     void complete() { m_kept.clear(); }
-    void stop() { m_stopped = true; }
 
     /// The rows of the details, for exports; null when the report reads none.
     const RowSource* rows() const { return m_rows.get(); }
@@ -71,7 +68,6 @@ class PageDocument {
     std::unique_ptr<PageSource> m_source;
     QString m_title;
     Length m_width, m_height;
-    bool m_stopped = false;
     std::shared_ptr<const RowSource> m_rows;
     SheetHeading m_rowsHeading;
     mutable std::list<Kept> m_kept; ///< last used first

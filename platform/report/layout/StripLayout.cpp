@@ -16,15 +16,15 @@ LaidBand layStrip(std::shared_ptr<const ReportData> data) {
     BandLayout bands(data, evaluator);
     const BandFlow flow(*data->definition, evaluator);
     LaidBand strip;
-    for (Position at; at.stage != Position::Stage::End; at = flow.next(at)) {
+    for (FlowPlace at; at.stage != FlowPlace::Stage::End; at = flow.next(at)) {
         const std::vector<Band>& stage = flow.bandsAt(at);
         if (stage.empty())
             continue;
         const Band& band = stage[std::size_t(at.band)];
-        const Scope scope = flow.scopeAt(at);
-        if (!bands.isVisible(band, scope))
+        const Standpoint standpoint = flow.standpointAt(at);
+        if (!bands.isVisible(band, standpoint))
             continue;
-        LaidBand laid = bands.lay(band, scope);
+        LaidBand laid = bands.lay(band, standpoint);
         for (Item& item : laid.items) {
             moveItem(item, {}, strip.height);
             strip.items.push_back(std::move(item));

@@ -84,7 +84,6 @@ bool printDirect(Report& report) {
         return false;
     if (!promptForParameters(report, QApplication::activeWindow()))
         return true;
-    report.discardSavedData();
     std::unique_ptr<PageDocument> document;
     {
         ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));

@@ -2,35 +2,42 @@
 
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Connect.h"
+#include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/MessageBox.h"
 #include "platform/report/Report.h"
 #include "platform/report/RunDriver.h"
+#include "platform/report/output/Print.h"
+#include "platform/report/output/RowExport.h"
 #include "platform/report/viewer/FindBar.h"
+#include "platform/report/viewer/GroupTree.h"
+#include "platform/report/viewer/PageSearch.h"
 #include "platform/report/viewer/ParameterPrompt.h"
+#include "platform/report/viewer/ProgressBox.h"
 #include "platform/report/viewer/RunBar.h"
+#include "platform/report/viewer/SaveDialog.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QScopeGuard>
 #include <QSplitter>
 #include <QToolBar>
-#include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <array>
 
 namespace report {
 namespace {
 
 constexpr std::array zoomSteps{25, 50, 75, 100, 125, 150, 200, 300, 400};
-
-enum TreeRole { PageRole = Qt::UserRole, HeightRole };
 
 } // namespace
 
@@ -39,14 +46,12 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     m_bar->setIconSize(QSize(20, 20));
     m_pages = new PageView(this);
     m_pages->setObjectName(QStringLiteral("pages"));
-    m_tree = new QTreeWidget(this);
+    m_tree = new GroupTree(this);
     m_tree->setObjectName(QStringLiteral("groupTree"));
-    m_tree->setHeaderHidden(true);
-    m_tree->setAccessibleName(tr("Groups of the report"));
-    m_tree->setMinimumWidth(controls::look::scaled(200));
     m_tree->hide();
     m_findBar = new FindBar(this);
     m_findBar->hide();
+    m_search = new PageSearch(m_findBar, m_pages, this);
     m_driver = new RunDriver(this);
     auto* splitter = new QSplitter(this);
     splitter->addWidget(m_tree);
@@ -100,9 +105,9 @@ void Viewer::addCommands() {
         addCommand("tree", "tree", tr("Group tree"), {Qt::CTRL | Qt::Key_T}, [this] { toggleTree(); });
     tree->setCheckable(true);
     addNote();
-    addCommand("findNext", nullptr, tr("Next hit"), {Qt::Key_F3}, [this] { findStep(1); });
+    addCommand("findNext", nullptr, tr("Next hit"), {Qt::Key_F3}, [this] { m_search->step(1); });
     addCommand("findPrevious", nullptr, tr("Previous hit"), {Qt::SHIFT | Qt::Key_F3},
-               [this] { findStep(-1); });
+               [this] { m_search->step(-1); });
     addCommand("actualSize", nullptr, tr("Natural size"), {Qt::CTRL | Qt::Key_0},
                [this] { m_pages->setZoom(1.0); });
     addCommand("stop", nullptr, tr("Stop"), {Qt::Key_Escape}, [this] { m_driver->stop(); });
@@ -146,6 +151,18 @@ void Viewer::addPageField() {
     controls::on(m_pageField, &QLineEdit::returnPressed, this, [this] { goToTyped(); });
 }
 
+/// Tells what became of a command, at the bar's end.
+void Viewer::addNote() {
+    auto* spacer = new QWidget(this);
+    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_bar->addWidget(spacer);
+    m_note = new QLabel(this);
+    m_note->setObjectName(QStringLiteral("note"));
+    m_note->setProperty("kind", QStringLiteral("help"));
+    m_note->setContentsMargins(8, 0, 12, 0);
+    m_bar->addWidget(m_note);
+}
+
 void Viewer::addZoomBox() {
     m_zoomBox = new QComboBox(this);
     m_zoomBox->setObjectName(QStringLiteral("zoomBox"));
@@ -164,20 +181,9 @@ void Viewer::addZoomBox() {
 void Viewer::connectPages() {
     controls::on(m_pages, &PageView::pageChanged, this, [this](int page) { showPage(page); });
     controls::on(m_pages, &PageView::zoomChanged, this, [this] { showZoom(); });
-    controls::on(
-        m_tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item, QTreeWidgetItem*) {
-            if (item)
-                m_pages->goTo(item->data(0, PageRole).toInt(), Length{item->data(0, HeightRole).toInt()});
-        });
+    controls::on(m_tree, &GroupTree::picked, this, [this](int page, Length y) { m_pages->goTo(page, y); });
     controls::on(m_driver, &RunDriver::grew, this, [this] { showGrowth(); });
     controls::on(m_driver, &RunDriver::ended, this, [this] { showEnd(); });
-    controls::on(&m_findTimer, &QTimer::timeout, this, [this] { findFurther(findSlice); });
-    controls::on(m_findBar, &FindBar::textChanged, this, [this](const QString& text) { find(text); });
-    controls::on(m_findBar, &FindBar::step, this, [this](int direction) { findStep(direction); });
-    controls::on(m_findBar, &FindBar::closed, this, [this] {
-        find({});
-        m_pages->setFocus();
-    });
 }
 
 QAction* Viewer::command(const QString& name) const {
@@ -215,41 +221,46 @@ void Viewer::showDocument(std::shared_ptr<const PageDocument> document, const QS
     m_pageField->setEnabled(given);
     m_zoomBox->setEnabled(given);
     m_note->clear();
-    find(m_findBar->isVisible() ? m_findBar->text() : QString());
-    m_tree->clear();
-    m_treePath.clear();
-    m_treeFilled = 0;
+    m_search->begin(isRunning());
+    m_tree->empty();
     showPage(m_pages->currentPage());
     showZoom();
     showRun();
 }
 
-/// Adds the groups that have come since the last time.
-void Viewer::fillTree() {
-    if (!document())
-        return;
-    const QSignalBlocker blocker(m_tree);
-    std::vector<QTreeWidgetItem*>& path = m_treePath;
-    QList<QTreeWidgetItem*> top;
-    const std::vector<TreeEntry>& entries = document()->groupTree();
-    if (m_treeFilled > entries.size()) { // a run that began anew
-        m_tree->clear();
-        path.clear();
-        m_treeFilled = 0;
-    }
-    for (; m_treeFilled < entries.size(); ++m_treeFilled) {
-        const TreeEntry& entry = entries[m_treeFilled];
-        auto* item = new QTreeWidgetItem({entry.text.isEmpty() ? tr("(blank)") : entry.text});
-        item->setData(0, PageRole, entry.page);
-        item->setData(0, HeightRole, entry.y.hundredths);
-        path.resize(std::min(path.size(), std::size_t(entry.level)));
-        if (path.empty())
-            top << item;
-        else
-            path.back()->addChild(item);
-        path.push_back(item);
-    }
-    m_tree->addTopLevelItems(top);
+/// What hangs on whether more pages are to come.
+void Viewer::showRun() {
+    const PageDocument* shown = document();
+    const bool running = isRunning();
+    const bool stopped = shown && !running && !shown->isComplete();
+    m_runBar->setVisible(running || stopped);
+    if (running)
+        m_runBar->showRunning(m_driver->run()->progress());
+    else if (stopped)
+        m_runBar->showStopped();
+    command(QStringLiteral("stop"))->setEnabled(running);
+    for (const char* name : {"print", "export"})
+        command(QLatin1StringView(name))->setEnabled(shown && shown->isComplete());
+    m_pageCount->setText(shown ? tr("of %1").arg(shown->pageCount()) +
+                                     (running ? QStringLiteral("\u2026") : QString())
+                               : QString());
+    if (shown)
+        m_tree->fill(shown->groupTree());
+    setGroupTreeShown(m_treeWanted);
+    enablePageCommands();
+}
+
+void Viewer::showGrowth() {
+    m_pages->takeGrowth();
+    m_search->takeGrowth(isRunning());
+    showRun();
+}
+
+void Viewer::showEnd() {
+    showGrowth();
+    m_search->begin(isRunning());
+    if (std::exchange(m_printWanted, false) && document()->isComplete())
+        print();
 }
 
 void Viewer::setGroupTreeShown(bool shown) {
@@ -267,13 +278,7 @@ void Viewer::toggleTree() {
         m_pages->setFocus();
         return;
     }
-    const QSignalBlocker blocker(m_tree);
-    m_tree->setCurrentItem(m_tree->topLevelItem(0));
-    for (QTreeWidgetItemIterator item(m_tree); *item; ++item) {
-        if ((*item)->data(0, PageRole).toInt() <= m_pages->currentPage())
-            m_tree->setCurrentItem(*item);
-    }
-    m_tree->setFocus(Qt::ShortcutFocusReason);
+    m_tree->begin(m_pages->currentPage());
 }
 
 void Viewer::showPage(int page) {
@@ -313,6 +318,84 @@ void Viewer::goToTyped() {
     m_pages->goTo(m_pageField->text().toInt() - 1);
     showPage(m_pages->currentPage());
     m_pages->setFocus();
+}
+
+void Viewer::print() {
+    m_printWanted = isRunning();
+    if (!document() || !document()->isComplete())
+        return;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(document()->title());
+    QPrintDialog dialog(&printer, this);
+    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
+    dialog.setMinMax(1, document()->pageCount());
+    const controls::ModalLevel level;
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    controls::ErrorBoundary::throwIfStopping();
+    if (accepted)
+        printOn(printer);
+}
+
+void Viewer::printOn(QPrinter& printer) {
+    int from = 1;
+    int to = document()->pageCount();
+    if (printer.printRange() == QPrinter::CurrentPage)
+        from = to = m_pages->currentPage() + 1;
+    else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0)
+        from = printer.fromPage(), to = printer.toPage();
+    try {
+        ProgressBox box(this, tr("Print"));
+        printPages(*document(), printer, from, to, box.call());
+    } catch (const base::RunTimeError& error) {
+        controls::MsgBox(error.description(), controls::vbExclamation, tr("Print"));
+    }
+}
+
+void Viewer::askExport() {
+    if (!document() || !document()->isComplete())
+        return;
+    QList<SaveKind> kinds{{tr("PDF documents"), QStringLiteral("pdf")}};
+    if (document()->rows())
+        kinds << SaveKind{tr("Excel workbooks of the rows"), QStringLiteral("xlsx")}
+              << SaveKind{tr("Comma separated rows"), QStringLiteral("csv")};
+    const QString path = askSavePath(this, tr("Export"), document()->title(), kinds);
+    if (!path.isEmpty())
+        exportTo(path);
+}
+
+bool Viewer::exportTo(const QString& path) {
+    if (!document() || !document()->isComplete())
+        return false;
+    m_note->clear();
+    QString failure;
+    bool written = false;
+    try {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto done = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+        ProgressBox box(this, tr("Export"));
+        if (fileKindOf(path) == FileKind::Pdf)
+            written = exportPdf(*document(), path, box.call());
+        else if (document()->rows())
+            written = exportRows(*document()->rows(), document()->rowsHeading(), path, box.call());
+        else
+            failure = tr("The report has no rows to export.");
+    } catch (const base::RunTimeError& error) {
+        failure = error.description();
+    }
+    if (!failure.isEmpty())
+        controls::MsgBox(failure, controls::vbExclamation, tr("Export"));
+    else
+        tellNote(written ? tr("Saved as %1").arg(QDir::toNativeSeparators(path)) : tr("Nothing was saved"));
+    return written;
+}
+
+/// The end of a path says more than its beginning.
+void Viewer::tellNote(const QString& text) {
+    m_note->setText(m_note->fontMetrics().elidedText(text, Qt::ElideMiddle, controls::look::scaled(420)));
+    m_note->setToolTip(text);
+    m_note->setAccessibleName(text);
+    QAccessibleEvent event(m_note, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace report

@@ -2,8 +2,6 @@
 
 #include "platform/report/viewer/PageView.h"
 
-#include <QElapsedTimer>
-#include <QTimer>
 #include <QWidget>
 
 class QAction;
@@ -12,12 +10,12 @@ class QLabel;
 class QLineEdit;
 class QPrinter;
 class QToolBar;
-class QTreeWidget;
-class QTreeWidgetItem;
 
 namespace report {
 
 class FindBar;
+class GroupTree;
+class PageSearch;
 class Report;
 class RunBar;
 class RunDriver;
@@ -67,7 +65,6 @@ class Viewer : public QWidget {
     void connectPages();
     QAction* addCommand(const char* name, const char* icon, const QString& text,
                         const QList<QKeySequence>& keys, std::function<void()> run);
-    void fillTree();
     void toggleTree();
     void showPage(int page);
     void showZoom();
@@ -78,16 +75,12 @@ class Viewer : public QWidget {
     void showRun();
     void showGrowth();
     void showEnd();
-    void find(const QString& text);
-    static constexpr int findSlice = 15; // ms
-    void findFurther(int milliseconds);
-    void showHits(bool searching);
-    void findStep(int direction);
     void printOn(QPrinter& printer);
 
     PageView* m_pages;
-    QTreeWidget* m_tree;
+    GroupTree* m_tree;
     FindBar* m_findBar;
+    PageSearch* m_search;
     QToolBar* m_bar;
     QLineEdit* m_pageField;
     QLabel* m_pageCount;
@@ -96,13 +89,7 @@ class Viewer : public QWidget {
     bool m_treeWanted = false;
     RunDriver* m_driver;
     RunBar* m_runBar;
-    bool m_printWanted = false;               ///< when the report is complete
-    std::vector<QTreeWidgetItem*> m_treePath; ///< the last entry and what it stands in
-    std::size_t m_treeFilled = 0;
-    std::unique_ptr<TextFind> m_find;
-    QTimer m_findTimer;
-    QElapsedTimer m_sinceHits;
-    int m_currentHit = -1;
+    bool m_printWanted = false; ///< when the report is complete
 };
 
 } // namespace report

@@ -3,6 +3,7 @@
 #include "server/engine/parser/LiteralValue.h"
 #include "server/engine/parser/Parser.h"
 #include "server/engine/values/Ascii.h"
+#include "server/engine/values/NumberText.h"
 
 #include <algorithm>
 
@@ -58,11 +59,8 @@ std::string literalText(const Cell& cell) {
     switch (cell.kind()) {
     case Cell::Kind::Integer:
         return std::to_string(cell.integer());
-    case Cell::Kind::Real: {
-        char buffer[40];
-        std::snprintf(buffer, sizeof buffer, "%.17g", cell.real());
-        return buffer;
-    }
+    case Cell::Kind::Real:
+        return exactText(cell.real());
     case Cell::Kind::Text:
         return quotedText(cell.text());
     default:

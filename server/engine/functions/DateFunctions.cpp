@@ -25,8 +25,8 @@ base::DateTime momentOf(sqlite3_value* value) {
 }
 
 void resultMoment(sqlite3_context* context, base::DateTime moment) {
-    const int year = base::calendarDate(moment).year;
-    if (year < 1753 || year > 9999)
+    // 1753-01-01 to 9999-12-31
+    if (moment.ms < -6'847'804'800'000 || moment.ms > 253'402'300'799'999)
         throw serverError(517, QStringLiteral("Adding a value to a 'datetime' column caused an overflow."),
                           "22007");
     resultText(context, isoText(moment));

@@ -2,6 +2,7 @@
 
 #include "server/engine/values/Ascii.h"
 #include "server/engine/values/Convert.h"
+#include "server/engine/values/NumberText.h"
 
 #include <cstdlib>
 
@@ -32,13 +33,13 @@ SqlType readLiteral(const Expr& expr, Cell& cell) {
             cell.setInteger(std::strtoll(expr.text.c_str(), nullptr, 10));
             return {std::llabs(cell.integer()) > 2147483647 ? TypeKind::BigInt : TypeKind::Int};
         }
-        cell.setReal(std::strtod(expr.text.c_str(), nullptr));
+        cell.setReal(literalNumber(expr.text));
         return {TypeKind::Decimal};
     case ExprKind::DecimalLiteral:
-        cell.setReal(std::strtod(expr.text.c_str(), nullptr));
+        cell.setReal(literalNumber(expr.text));
         return {TypeKind::Decimal, -1, int(expr.text.size() - expr.text.find('.') - 1)};
     case ExprKind::FloatLiteral:
-        cell.setReal(std::strtod(expr.text.c_str(), nullptr));
+        cell.setReal(literalNumber(expr.text));
         return {TypeKind::Float};
     case ExprKind::Negate: {
         const SqlType type = readLiteral(*expr.children.front(), cell);

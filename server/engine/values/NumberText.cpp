@@ -2,9 +2,10 @@
 
 #include "server/engine/values/Ascii.h"
 
+#include <QByteArray>
+
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace engine {
 namespace {
@@ -36,6 +37,12 @@ bool plainNumber(std::string_view text, bool exponent, double& value) {
         return false;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
     return read.ec == std::errc() && read.ptr == text.data() + text.size();
+}
+
+/// Never by the desk's locale.
+std::string written(double value, std::chars_format format, int digits) {
+    char buffer[400];
+    return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value, format, digits).ptr};
 }
 
 bool takeSign(std::string_view& text) {
@@ -115,6 +122,17 @@ NumberReading readFloat(std::string_view text, double& value) {
     return NumberReading::Good;
 }
 
+double literalNumber(std::string_view text) {
+    double value = 0;
+    if (std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc::result_out_of_range)
+        return QByteArray(text.data(), qsizetype(text.size())).toDouble(); // infinite or 0
+    return value;
+}
+
+std::string exactText(double value) {
+    return written(value, std::chars_format::general, 17);
+}
+
 double roundedTo(double value, int places) {
     if (!std::isfinite(value) || places > 15)
         return value;
@@ -134,12 +152,10 @@ double roundedTo(double value, int places) {
 }
 
 std::string fixedText(double value, int places) {
-    char buffer[400];
     double rounded = roundedTo(value, places);
     if (rounded == 0)
         rounded = 0; // no "-0.00"
-    std::snprintf(buffer, sizeof buffer, "%.*f", places, rounded);
-    return buffer;
+    return written(rounded, std::chars_format::fixed, places);
 }
 
 std::string moneyText(double value, int style) {
@@ -155,11 +171,11 @@ std::string moneyText(double value, int style) {
 }
 
 std::string floatText(double value, int style) {
-    char buffer[64];
     if (value == 0)
         return "0";
-    std::snprintf(buffer, sizeof buffer, style == 2 ? "%.15e" : style == 1 ? "%.7e" : "%g", value);
-    return buffer;
+    if (style == 1 || style == 2)
+        return written(value, std::chars_format::scientific, style == 2 ? 15 : 7);
+    return written(value, std::chars_format::general, 6);
 }
 
 } // namespace engine

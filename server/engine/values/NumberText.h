@@ -19,6 +19,11 @@ NumberReading readFloat(std::string_view text, double& value);
 
 /// Halves away from zero, on the decimal digits of the number. Places may be negative.
 double roundedTo(double value, int places);
+/// A number of a statement, as its lexer lets it through: digits, a point, an exponent. Infinite beyond what
+/// a float holds.
+double literalNumber(std::string_view text);
+/// All digits of a float, so that it reads as the same number.
+std::string exactText(double value);
 /// "12.50" for two places.
 std::string fixedText(double value, int places);
 /// Money: two places (0), with thousands commas (1), four places (2).

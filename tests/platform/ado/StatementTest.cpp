@@ -1,5 +1,7 @@
 #include "platform/ado/Statement.h"
+#include "platform/ado/Quoting.h"
 #include "platform/base/Error.h"
+#include "tests/support/core/DesksNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +29,12 @@ TEST(Sql, JoinsTheValuesAsTheyAre) {
     EXPECT_EQ(sql("sp_A '{}'", QString()).text(), "sp_A ''");
     EXPECT_EQ(sql("sp_A {}, '{}'", 7, QString("{}")).text(), "sp_A 7, '{}'");
     EXPECT_EQ(sql("sp_A 'C{}J'", 1234).text(), "sp_A 'C1234J'");
+}
+
+TEST(Sql, AnAmountHasAPointOnADeskWithACommaToo) {
+    const tests::DesksNumbers german("de_DE.UTF-8");
+    EXPECT_EQ(sql("sp_A '{}',{}", 100.5, 0.25).text(), "sp_A '100.5',0.25");
+    EXPECT_EQ(ado::literal(1234.5), "1234.5");
 }
 
 TEST(Sql, AValueThatLeavesItsLiteralIsRefused) {

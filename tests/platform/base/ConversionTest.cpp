@@ -1,5 +1,7 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
+#include "platform/base/Format.h"
+#include "tests/support/core/DesksNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -50,6 +52,18 @@ TEST(CLng, RoundsHalvesToTheEvenNumberAndOverflows) {
     EXPECT_EQ(CLng(1.5), 2);
     EXPECT_EQ(CLng("2.5"), 2);
     EXPECT_EQ(errorOf([] { CLng(3e9); }), errors::overflow);
+}
+
+TEST(Numbers, HaveAPointOnADeskWithACommaToo) {
+    const tests::DesksNumbers german("de_DE.UTF-8");
+    EXPECT_EQ(CStr(100.5), "100.5");
+    EXPECT_EQ(textOf(-1234.25), "-1234.25");
+    EXPECT_EQ(Str(0.5), " 0.5");
+    EXPECT_EQ(CDbl("1,500.50"), 1500.5);
+    EXPECT_EQ(Val("100.50"), 100.5);
+    EXPECT_EQ(Val("100,50"), 100);
+    EXPECT_TRUE(IsNumeric("0.5"));
+    EXPECT_EQ(Format(1234.5, "##,##0.00"), "1,234.50");
 }
 
 TEST(CStr, WritesFifteenDigits) {

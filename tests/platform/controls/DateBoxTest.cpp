@@ -99,6 +99,33 @@ TEST_F(DateBoxTest, UpAndDownStepTheDayOrThePartAtTheCursor) {
     EXPECT_EQ(field->text(), "01/01/2027");
 }
 
+TEST_F(DateBoxTest, HoldsTheDaysThatTheServerTakes) {
+    field->setDate(day(9999, 12, 31));
+    EXPECT_EQ(field->text(), "12/30/9999");
+    type("<Up>");
+    EXPECT_EQ(field->dateText(), "12/30/9999");
+    type("<End><Up>");
+    EXPECT_EQ(field->dateText(), "12/30/9999");
+    field->selectAll();
+    type("12319999");
+    EXPECT_EQ(field->dateText(), "12/30/9999") << "while it is typed";
+    type("<Tab>");
+    EXPECT_EQ(field->text(), "12/30/9999");
+    field->setDate(day(1600, 5, 1));
+    EXPECT_EQ(field->text(), "01/01/1753");
+    field->setFocus(Qt::TabFocusReason);
+    type("<Down>");
+    EXPECT_EQ(field->dateText(), "01/01/1753");
+    field->setDate(day(9999, 12, 30));
+    QTest::keyClick(field, Qt::Key_F4);
+    auto* popUp = QApplication::activePopupWidget();
+    ASSERT_NE(popUp, nullptr);
+    const auto* calendar = popUp->findChild<QCalendarWidget*>();
+    EXPECT_EQ(calendar->minimumDate(), QDate(1753, 1, 1));
+    EXPECT_EQ(calendar->maximumDate(), QDate(9999, 12, 30));
+    popUp->close();
+}
+
 TEST_F(DateBoxTest, TheCalendarOpensOnTheDateAndTakesAnother) {
     type("11/5/26");
     QTest::keyClick(field, Qt::Key_F4);

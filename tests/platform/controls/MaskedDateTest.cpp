@@ -43,6 +43,16 @@ TEST_F(MaskedDateTest, ADayThatDoesNotExistIsNoDate) {
     EXPECT_FALSE(field.date());
 }
 
+TEST_F(MaskedDateTest, ADayThatTheServerDoesNotTakeIsNoDate) {
+    for (const auto& [text, isDate] : {std::pair("12/31/1752", false),
+                                       {"01/01/1753", true},
+                                       {"12/30/9999", true},
+                                       {"12/31/9999", false}}) {
+        field.setText(QString::fromLatin1(text));
+        EXPECT_EQ(field.date().has_value(), isDate) << text;
+    }
+}
+
 TEST_F(MaskedDateTest, CodeSetsDatesTextsAndTheEmptyMask) {
     field.setDate(*base::makeDateTime({1972, 3, 14}));
     EXPECT_EQ(field.Text(), QStringLiteral("03/14/1972"));

@@ -1,6 +1,7 @@
 #include "tests/server/engine/Hospital.h"
 
 #include "platform/base/DateTime.h"
+#include "tests/support/core/DesksNumbers.h"
 
 #include <ostream>
 
@@ -37,6 +38,12 @@ TEST_P(Function, givesWhatTheServerGives) {
 TEST_P(Function, givesTheSameInABatch) {
     const QString text = QStringLiteral("IF 1 = 1 SELECT ") + QString::fromUtf8(GetParam().expression);
     EXPECT_EQ(Hospital::shown(hospital().value(text)), QString::fromUtf8(GetParam().value));
+}
+
+TEST_P(Function, givesTheSameOnADeskWithACommaToo) {
+    const tests::DesksNumbers german("de_DE.UTF-8");
+    EXPECT_EQ(hospital().expression(QString::fromUtf8(GetParam().expression)),
+              QString::fromUtf8(GetParam().value));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -191,6 +198,19 @@ INSTANTIATE_TEST_SUITE_P(Session, Function,
                                          Case{"OBJECT_ID('nowhere')", "NULL"}, Case{"@@ERROR", "0"},
                                          Case{"@@TRANCOUNT", "0"}, Case{"SCOPE_IDENTITY()", "NULL"},
                                          Case{"COL_LENGTH('nowhere', 'a')", "NULL"}));
+
+TEST(FunctionErrors, aDayFarBehindTheCalendarIsNone) {
+    Hospital hospital;
+    // 65,536 years
+    EXPECT_EQ(hospital.error("SELECT DATEADD(day, 23936532, '11/21/2026')"),
+              "517: Adding a value to a 'datetime' column caused an overflow.");
+}
+
+TEST(FunctionErrors, aNumberBeyondAFloatIsEndlessOrNothing) {
+    Hospital hospital;
+    EXPECT_EQ(hospital.expression("CAST(1e-400 AS float)"), "0");
+    EXPECT_EQ(hospital.expression("1e400"), "inf");
+}
 
 TEST(FunctionErrors, areTheServers) {
     Hospital hospital;

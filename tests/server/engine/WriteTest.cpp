@@ -1,6 +1,7 @@
 #include "tests/server/engine/Hospital.h"
 
 #include "platform/base/DateTime.h"
+#include "tests/support/core/DesksNumbers.h"
 
 #include <sqlite3.h>
 
@@ -42,6 +43,17 @@ INSERT INTO tbKey VALUES ('a', 1, 'one'), ('a', 2, 'two'), ('b', 1, NULL)
     base::FixedClock m_clock{*base::makeDateTime({2026, 11, 21}, {8, 30, 5, 7})};
     Hospital m_hospital;
 };
+
+TEST_F(Write, anAmountIsKeptAsItIsOnADeskWithACommaToo) {
+    const tests::DesksNumbers german("de_DE.UTF-8");
+    run("CREATE TABLE tbAmount (Id int NOT NULL PRIMARY KEY, Price money NULL, Rate float NOT NULL DEFAULT "
+        "0.25)");
+    run("INSERT INTO tbAmount (Id, Price) VALUES (1, 100.50), (2, '100.50'), (3, 1.005e2)");
+    EXPECT_EQ(rows("SELECT * FROM tbAmount"), "1|100.5|0.25;2|100.5|0.25;3|100.5|0.25");
+    EXPECT_EQ(rows("SELECT Id FROM tbAmount WHERE Price = '100.5' AND Price = 100.5 AND Price < 100.75"),
+              "1;2;3");
+    EXPECT_EQ(rows("SELECT CONVERT(varchar, SUM(Price), 1) FROM tbAmount"), "301.50");
+}
 
 TEST_F(Write, everyTypeComesBackAsItWas) {
     run("INSERT INTO tbAll (Name, National, Code, Notes, Small, Tiny, Whole, Large, Flag, Price, Rate, "

@@ -1,3 +1,4 @@
+#include "platform/base/DesksLanguage.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/Screen.h"
@@ -30,6 +31,7 @@ class CalmProgram : public testing::EmptyTestEventListener {
 } // namespace
 
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     QLocale::setDefault(QLocale::c());
     controls::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

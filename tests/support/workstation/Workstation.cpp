@@ -1,5 +1,6 @@
 #include "tests/support/workstation/Workstation.h"
 
+#include "platform/base/DesksLanguage.h"
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/ErrorBoundary.h"
 #include "platform/controls/screen/MessageBox.h"
@@ -57,6 +58,7 @@ void Workstation::save(const std::function<void()>& body) {
 }
 
 int Workstation::run(int argc, char** argv, const std::function<void(Workstation&)>& work) {
+    base::ignoreDesksLanguage();
     const controls::Application application(argc, argv);
     Workstation workstation;
     controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {

@@ -1,6 +1,7 @@
 // A hospital behind TDS, for a data source of this computer: the program can be tried on it as on a SQL
 // Server, and test programs run there.
 #include "platform/base/DateTime.h"
+#include "platform/base/DesksLanguage.h"
 #include "tests/support/tds/TdsServer.h"
 
 #include <QCommandLineParser>
@@ -48,6 +49,7 @@ int runOn(const tests::TdsServer& server, const QString& folder, const QStringLi
 } // namespace
 
 int main(int argc, char** argv) {
+    base::ignoreDesksLanguage();
     QCoreApplication application(argc, argv);
     QCommandLineParser words;
     words.setApplicationDescription(

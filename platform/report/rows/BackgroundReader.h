@@ -9,12 +9,12 @@ namespace report {
 
 /// Reads a statement's rows on a thread of its own, over a connection that is used for nothing else. Made,
 /// asked and destroyed by one thread; going away it stops, and waits for the server to let go.
-class RowReader {
+class BackgroundReader {
   public:
-    RowReader(std::unique_ptr<ado::Connection> connection, const ado::Statement& statement);
-    ~RowReader();
-    RowReader(const RowReader&) = delete;
-    RowReader& operator=(const RowReader&) = delete;
+    BackgroundReader(std::unique_ptr<ado::Connection> connection, const ado::Statement& statement);
+    ~BackgroundReader();
+    BackgroundReader(const BackgroundReader&) = delete;
+    BackgroundReader& operator=(const BackgroundReader&) = delete;
 
     /// Null before the first result begins; another store when a further result does.
     std::shared_ptr<RowStore> rows() const { return m_sink.rows(); }

@@ -1,10 +1,11 @@
-#include "platform/report/rows/RowReader.h"
+#include "platform/report/rows/BackgroundReader.h"
 
 #include <chrono>
 
 namespace report {
 
-RowReader::RowReader(std::unique_ptr<ado::Connection> connection, const ado::Statement& statement)
+BackgroundReader::BackgroundReader(std::unique_ptr<ado::Connection> connection,
+                                   const ado::Statement& statement)
     : m_connection(std::move(connection))
     , m_sink([this](const Progress&) {
         {
@@ -16,7 +17,7 @@ RowReader::RowReader(std::unique_ptr<ado::Connection> connection, const ado::Sta
     })
     , m_thread([this, statement] { read(statement); }) {}
 
-RowReader::~RowReader() {
+BackgroundReader::~BackgroundReader() {
     stop();
     m_thread.join();
     // Here, not on the thread: the list of open connections belongs to this one.
@@ -24,7 +25,7 @@ RowReader::~RowReader() {
         m_connection->Close();
 }
 
-void RowReader::read(const ado::Statement& statement) {
+void BackgroundReader::read(const ado::Statement& statement) {
     try {
         if (!m_connection->stream(statement, m_sink).stopped)
             m_sink.finish();
@@ -39,12 +40,12 @@ void RowReader::read(const ado::Statement& statement) {
     m_changed.notify_one();
 }
 
-void RowReader::throwError() const {
+void BackgroundReader::throwError() const {
     if (m_error)
         std::rethrow_exception(m_error);
 }
 
-void RowReader::waitForRows(int milliseconds) {
+void BackgroundReader::waitForRows(int milliseconds) {
     std::unique_lock lock(m_mutex);
     m_changed.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return m_news; });
     m_news = false;

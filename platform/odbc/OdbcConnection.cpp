@@ -1,4 +1,4 @@
-#include "platform/odbc/Session.h"
+#include "platform/odbc/OdbcConnection.h"
 
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/Diagnostics.h"
@@ -15,7 +15,7 @@ SQLPOINTER attribute(int value) {
 
 } // namespace
 
-Session::Session(const QString& text, const Options& options)
+OdbcConnection::OdbcConnection(const QString& text, const Options& options)
     : m_connection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, m_environment.get()) {
     // a driver without such a time-out says so with an error, which changes nothing
     SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(options.connectSeconds), 0);
@@ -34,7 +34,7 @@ Session::Session(const QString& text, const Options& options)
 }
 
 /// Without a login FreeTDS asks for a Kerberos ticket, and says of its lack no more than that it failed.
-base::RunTimeError Session::logOnError(const QString& text) const {
+base::RunTimeError OdbcConnection::logOnError(const QString& text) const {
     const base::RunTimeError error = errorOf(SQL_HANDLE_DBC, m_connection.get());
     if (error.number() != errors::notAgreed || hasLogin(text))
         return error;
@@ -43,7 +43,7 @@ base::RunTimeError Session::logOnError(const QString& text) const {
                               QStringLiteral("28000"), {});
 }
 
-Session::~Session() {
+OdbcConnection::~OdbcConnection() {
     m_reader.reset();
     m_statement.reset();
     if (!m_connected)
@@ -53,7 +53,7 @@ Session::~Session() {
     SQLDisconnect(m_connection.get());
 }
 
-qint64 Session::run(const QString& text, const TakeResult& take) {
+qint64 OdbcConnection::run(const QString& text, const TakeResult& take) {
     struct Finish {
         ResultReader& reader;
         ~Finish() { reader.finish(); }
@@ -83,7 +83,7 @@ qint64 Session::run(const QString& text, const TakeResult& take) {
     return affected;
 }
 
-ado::Result Session::fetch(const QString& text) {
+ado::Result OdbcConnection::fetch(const QString& text) {
     ado::Result result;
     result.affected = run(text, [&result](ResultReader& rows, std::vector<ado::Column>&& columns) {
         result.rows.columns = std::move(columns);
@@ -95,7 +95,7 @@ ado::Result Session::fetch(const QString& text) {
     return result;
 }
 
-ado::Streamed Session::stream(const QString& text, ado::RowSink& sink) {
+ado::Streamed OdbcConnection::stream(const QString& text, ado::RowSink& sink) {
     ado::Streamed end;
     end.affected = run(text, [&](ResultReader& rows, std::vector<ado::Column>&& columns) {
         end.rows = 0;
@@ -119,7 +119,7 @@ ado::Streamed Session::stream(const QString& text, ado::RowSink& sink) {
     return end;
 }
 
-void Session::setAutocommit(bool on) {
+void OdbcConnection::setAutocommit(bool on) {
     if (!SQL_SUCCEEDED(SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_AUTOCOMMIT,
                                           attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
                                           SQL_IS_UINTEGER)))
@@ -127,19 +127,19 @@ void Session::setAutocommit(bool on) {
     m_autocommit = on;
 }
 
-void Session::endTransaction(SQLSMALLINT how) {
+void OdbcConnection::endTransaction(SQLSMALLINT how) {
     if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), how)))
         throw errorOf(SQL_HANDLE_DBC, m_connection.get());
 }
 
-bool Session::lineIsDead() const {
+bool OdbcConnection::lineIsDead() const {
     SQLUINTEGER state = SQL_CD_FALSE;
     return SQL_SUCCEEDED(SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &state,
                                             SQL_IS_UINTEGER, nullptr)) &&
            state == SQL_CD_TRUE;
 }
 
-QString Session::info(SQLUSMALLINT what) const {
+QString OdbcConnection::info(SQLUSMALLINT what) const {
     std::vector<SQLWCHAR> text(256);
     SQLSMALLINT bytes = 0;
     if (!SQL_SUCCEEDED(SQLGetInfoW(m_connection.get(), what, text.data(),

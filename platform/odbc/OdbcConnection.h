@@ -12,13 +12,13 @@ namespace odbc {
 
 /// The handles of one connection, and the running of texts on its one statement. Knows nothing of what an
 /// error means for a transaction. Every member raises what the driver says.
-class Session {
+class OdbcConnection {
   public:
-    Session(const QString& connection, const Options& options);
+    OdbcConnection(const QString& connection, const Options& options);
     /// Rolls back what is open, and disconnects.
-    ~Session();
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    ~OdbcConnection();
+    OdbcConnection(const OdbcConnection&) = delete;
+    OdbcConnection& operator=(const OdbcConnection&) = delete;
 
     /// Takes a result that has columns; false when no further result is wanted.
     using TakeResult = std::function<bool(ResultReader& rows, std::vector<ado::Column>&& columns)>;

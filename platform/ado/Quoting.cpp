@@ -1,4 +1,4 @@
-#include "platform/ado/Literal.h"
+#include "platform/ado/Quoting.h"
 
 #include "platform/base/Conversion.h"
 

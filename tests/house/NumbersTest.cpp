@@ -1,0 +1,69 @@
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Every source of the folders, by its name.
+std::map<QString, QString> sourcesOf(const QStringList& folders) {
+    std::map<QString, QString> sources;
+    const QString root = QStringLiteral(SCINTRA_SOURCE_DIR "/");
+    for (const QString& folder : folders) {
+        QDirIterator all(root + folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+        while (all.hasNext()) {
+            QFile file(all.next());
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+            sources[file.fileName().mid(root.size())] = QString::fromUtf8(file.readAll());
+        }
+    }
+    return sources;
+}
+
+const QStringList product{"platform", "server",  "session",    "menu",   "lookup", "entry", "charges",
+                          "orders",   "results", "revocation", "ledger", "app",    "tools"};
+
+/// What writes or reads a number as the desk's language does.
+QStringList byTheDesk(const QString& source) {
+    static const QRegularExpression call(QStringLiteral(
+        "\\b(strto(d|f|ld)|sto(d|f|ld)|atof|sscanf|[io]?stringstream|QLocale::system|QLocale\\(\\))\\b|"
+        "printf\\([^;]*%[-+#0-9.*]*[aefgAEFG]\\b|setlocale\\((?!LC_(NUMERIC, \"C\"|CTYPE, \"C.UTF-8\")\\))"));
+    QStringList found;
+    for (auto match = call.globalMatch(source); match.hasNext();)
+        found += match.next().captured();
+    return found;
+}
+
+TEST(Numbers, AreWrittenAndReadByNoDesksLanguage) {
+    for (const auto& [name, source] : sourcesOf(product))
+        EXPECT_TRUE(byTheDesk(source).isEmpty())
+            << name.toStdString() << ": " << byTheDesk(source).join(QStringLiteral("; ")).toStdString();
+}
+
+TEST(Numbers, ACallByTheDesksLanguageIsSeen) {
+    for (const QString call :
+         {"strtod(text, nullptr)", "std::stod(text)", "snprintf(buffer, 9, \"%.15G\", number)",
+          "QString::asprintf(\"%d %g\", a, b)", "std::ostringstream out", "setlocale(LC_ALL, \"\")"})
+        EXPECT_EQ(byTheDesk(call).size(), 1) << call.toStdString();
+    EXPECT_EQ(byTheDesk("std::snprintf(buffer, sizeof buffer, \"%02d\", value)").size(), 0);
+}
+
+/// Programs that hand over to a main that does, and one that writes no number.
+const QStringList withoutMain{"tests/lookup/registrar/main.cpp", "tests/orders/saver/main.cpp",
+                              "bench/minimal.cpp"};
+
+TEST(Programs, IgnoreTheDesksLanguageFromTheirFirstLine) {
+    static const QRegularExpression main(QStringLiteral("\\nint main\\([^)]*\\) \\{\\n *([^\\n]*)"));
+    int programs = 0;
+    for (const auto& [name, source] : sourcesOf({"app", "tools", "bench", "tests"})) {
+        const auto match = main.match(source);
+        if (!match.hasMatch() || withoutMain.contains(name))
+            continue;
+        ++programs;
+        EXPECT_EQ(match.captured(1), u"base::ignoreDesksLanguage();") << name.toStdString();
+    }
+    EXPECT_GE(programs, 10);
+}
+
+} // namespace
