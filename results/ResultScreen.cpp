@@ -4,6 +4,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/fields/DateBox.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/HeaderBand.h"
 #include "platform/controls/look/Look.h"
@@ -226,7 +227,7 @@ bool ResultScreen::fieldKey(const QString& field, const QKeyEvent& event) {
         insertSymbol(field.toLatin1().constData());
         return true;
     }
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+    if (!isEnter(key))
         return false;
     for (const EnterMove& move : m_variant.enterMoves) {
         if (field == QLatin1String(move.from)) {
