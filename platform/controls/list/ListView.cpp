@@ -85,6 +85,7 @@ ListView::ListView(QWidget* parent) : QTreeWidget(parent) {
 }
 
 void ListView::setColumns(std::span<const ListColumn> columns) {
+    ensurePolished(); // else a list that is filled before it is seen keeps the rows of a plain one
     Clear();
     setColumnCount(int(columns.size()));
     for (int index = 0; index < int(columns.size()); ++index) {

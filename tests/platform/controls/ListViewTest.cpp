@@ -131,6 +131,13 @@ TEST_F(ListViewTest, EachIconHasADrawingAColourAndAWord) {
     EXPECT_EQ(item.toolTip(0), "");
 }
 
+TEST_F(ListViewTest, FilledBeforeItIsSeenItsRowsAreThoseOfTheLook) {
+    fill();
+    view->select(view->Item(2));
+    show();
+    EXPECT_GE(view->visualItemRect(&view->Item(1)).height(), look::scaled(25));
+}
+
 TEST_F(ListViewTest, NothingIsSelectedUntilSomebodyChooses) {
     show();
     fill();
