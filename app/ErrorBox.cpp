@@ -31,8 +31,8 @@ QString reportOf(const base::RunTimeError& error) {
     if (const QString details = detailsOf(error); !details.isEmpty())
         parts += details;
     for (const controls::Screen* screen : controls::Screen::openScreens()) {
-        parts +=
-            QStringLiteral("[%1]").arg(screen->windowTitle()) + u'\n' + controls::contentsAsText(*screen).trimmed();
+        parts += QStringLiteral("[%1]").arg(screen->windowTitle()) + u'\n' +
+                 controls::contentsAsText(*screen).trimmed();
     }
     return parts.join(QStringLiteral("\n\n")).trimmed() + u'\n';
 }
