@@ -6,6 +6,7 @@
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/ErrorBoundary.h"
 #include "platform/controls/screen/Screen.h"
+#include "platform/controls/screen/ScreenContents.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
 
@@ -30,8 +31,8 @@ QString reportOf(const base::RunTimeError& error) {
     if (const QString details = detailsOf(error); !details.isEmpty())
         parts += details;
     for (const controls::Screen* screen : controls::Screen::openScreens()) {
-        parts +=
-            QStringLiteral("[%1]").arg(screen->windowTitle()) + u'\n' + screen->contentsAsText().trimmed();
+        parts += QStringLiteral("[%1]").arg(screen->windowTitle()) + u'\n' +
+                 controls::contentsAsText(*screen).trimmed();
     }
     return parts.join(QStringLiteral("\n\n")).trimmed() + u'\n';
 }
@@ -40,7 +41,7 @@ QString reportOf(const base::RunTimeError& error) {
 QString typedOnScreens() {
     QStringList parts;
     for (const controls::Screen* screen : controls::Screen::openScreens()) {
-        const QString typed = screen->typedAsText();
+        const QString typed = controls::typedAsText(*screen);
         if (typed.isEmpty())
             continue;
         const auto* band = screen->findChild<controls::HeaderBand*>();

@@ -3,16 +3,18 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Connect.h"
+#include "platform/controls/screen/MessageBox.h"
 #include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
-#include <QScrollBar>
 
 namespace entry {
 
@@ -48,26 +50,37 @@ constexpr std::array columnLayout{
     ColumnLayout{16, "", 0},
 };
 
+constexpr int ownKeys[] = {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_F3};
+
+constexpr CellEditing editing = {.closesWhenMoved = true, .ownKeys = ownKeys};
+
+bool isBackTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
+}
+
 } // namespace
 
 RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& parts, QObject* parent)
     : QObject(parent)
-    , m_variant(variant)
     , m_grid(*parts.grid)
-    , m_header(parts.grid->horizontalHeader()->viewport())
     , m_txtEntry(*parts.txtEntry)
     , m_cboEntry(*parts.cboEntry)
     , m_txtGross(*parts.txtGross)
     , m_cmdSave(*parts.cmdSave)
-    , m_cmdSavePrint(*parts.cmdSavePrint) {
+    , m_cmdSavePrint(*parts.cmdSavePrint)
+    , m_lookup(m_grid, variant.rateRule)
+    , m_editor(m_grid, editing, this) {
     m_cboEntry.addItems({QStringLiteral("ROUTINE"), QStringLiteral("STAT")});
-    m_txtEntry.hide();
-    m_cboEntry.hide();
-    for (QObject* watched : {static_cast<QObject*>(&m_grid), static_cast<QObject*>(&m_txtEntry),
-                             static_cast<QObject*>(&m_cboEntry), m_header})
-        watched->installEventFilter(this);
-    for (QScrollBar* bar : {m_grid.horizontalScrollBar(), m_grid.verticalScrollBar()})
-        on(bar, &QScrollBar::valueChanged, this, [this] { grdPackage_Scroll(); });
+    m_editor.add(m_txtEntry);
+    m_editor.add(m_cboEntry);
+    on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {
+        if (m_editor.editor() == &m_cboEntry ? listKey(event) : entryKey(event))
+            event->accept();
+    });
+    on(&m_grid, &FlexGrid::KeyDown, this, [this](QKeyEvent* event) {
+        if (gridKey(event))
+            event->accept();
+    });
     on(&m_grid, &FlexGrid::Click, this, [this] { BeginCellEdit(); });
     on(&m_txtEntry, &QLineEdit::textChanged, this, [this] { txtEntry_Change(); });
     on(&m_cboEntry, &QComboBox::currentTextChanged, this, [this] { cboEntry_Change(); });
@@ -100,39 +113,38 @@ void RequestGrid::layOut() {
     m_grid.setCurrentCell(1, colDepartment);
 }
 
+// ---- the cell that is edited
+
 void RequestGrid::BeginCellEdit() {
     const int column = m_grid.Col();
-    const int row = m_grid.Row();
-    if (row < 1 || column < 1)
+    if (m_grid.Row() < 1 || column < 1)
         return;
     if (isFeeRevenue(cell(colDepartment)))
         SkipColumn[colType] = SkipColumn[colQuantity] = SkipColumn[colAmount] = false;
-    m_txtEntry.hide();
-    m_cboEntry.hide();
-    if (SkipColumn[size_t(column)] || m_grid.ColWidth(column) == 0) {
+    m_editor.hide();
+    if (SkipColumn[size_t(column)] || m_grid.ColWidth(column) == 0)
         m_grid.setFocus();
-        return;
+    else if (column == colType)
+        openType();
+    else
+        openText(column);
+}
+
+void RequestGrid::openType() {
+    // A procedure that was looked up is routine until the clerk says otherwise, and priced by its type; other
+    // lines show what they hold.
+    const bool isProcedure = cell(colDepartment) == session::gDeptCode && !cell(colRoutinePrice).isEmpty();
+    const QString type = isProcedure && cell(colType).isEmpty() ? QStringLiteral("ROUTINE") : cell(colType);
+    {
+        const QSignalBlocker opening(m_cboEntry); // to look at another line's type prices nothing
+        m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
     }
-    const QRect place = m_grid.cellRect(row, column);
-    if (column == colType) {
-        // A procedure that was looked up is routine until the clerk says otherwise, and priced by its type;
-        // other lines show what they hold.
-        const bool isProcedure =
-            cell(colDepartment) == session::gDeptCode && !cell(colRoutinePrice).isEmpty();
-        const QString type =
-            isProcedure && cell(colType).isEmpty() ? QStringLiteral("ROUTINE") : cell(colType);
-        m_cboEntry.setGeometry(place);
-        {
-            const QSignalBlocker opening(m_cboEntry); // to look at another line's type prices nothing
-            m_cboEntry.setCurrentIndex(m_cboEntry.findText(type));
-        }
-        if (isProcedure)
-            cboEntry_Change();
-        m_cboEntry.raise();
-        m_cboEntry.show();
-        m_cboEntry.setFocus();
-        return;
-    }
+    if (isProcedure)
+        cboEntry_Change();
+    m_editor.open(m_cboEntry);
+}
+
+void RequestGrid::openText(int column) {
     KeyRules rules = KeyRule::BackQuote;
     if (ColumnKinds[size_t(column)] == ColumnKind::UpperCase)
         rules |= KeyRule::UpperCase;
@@ -140,19 +152,11 @@ void RequestGrid::BeginCellEdit() {
         rules |= KeyRule::Number;
     setKeyRules(&m_txtEntry, rules);
     m_txtEntry.setAlignment(column >= colPrice ? Qt::AlignRight : Qt::AlignLeft);
-    m_txtEntry.setGeometry(place);
-    m_txtEntry.setText(column == colQuantity ? QStringLiteral("1") : m_grid.Text());
-    txtEntry_Change();
-    m_txtEntry.raise();
-    m_txtEntry.show();
-    m_txtEntry.setFocus();
-    SelectAllText(&m_txtEntry);
+    m_editor.open(m_txtEntry, column == colQuantity ? QStringLiteral("1") : m_grid.Text());
 }
 
 void RequestGrid::EndCellEdit() {
-    m_txtEntry.hide();
-    m_cboEntry.hide();
-    m_grid.setFocus();
+    m_editor.close();
 }
 
 void RequestGrid::AdvanceCell() {
@@ -199,32 +203,9 @@ void RequestGrid::goTo(int column) {
     BeginCellEdit();
 }
 
-bool RequestGrid::isEditing() const {
-    return m_txtEntry.isVisible() || m_cboEntry.isVisible();
-}
-
-/// The cell moves away under its editor.
-void RequestGrid::grdPackage_Scroll() {
-    if (!m_placing)
-        leaveCell();
-}
-
-/// Ends an edit; the focus goes to the grid only if it was in the cell.
-void RequestGrid::leaveCell() {
-    if (!isEditing())
-        return;
-    if (m_txtEntry.hasFocus() || m_cboEntry.hasFocus()) {
-        EndCellEdit();
-    } else {
-        m_txtEntry.hide();
-        m_cboEntry.hide();
-    }
-}
-
 void RequestGrid::deleteRow() {
-    const bool wasEditing = isEditing();
-    m_txtEntry.hide();
-    m_cboEntry.hide();
+    const bool wasEditing = m_editor.isOpen();
+    m_editor.hide();
     if (m_grid.Rows() == 2)
         m_grid.AddItem({}); // the grid always offers a line
     m_grid.RemoveItem(m_grid.Row());
@@ -233,13 +214,27 @@ void RequestGrid::deleteRow() {
         BeginCellEdit();
 }
 
+// ---- what is typed and chosen
+
+/// A quantity is one character, pasted ones too.
 void RequestGrid::txtEntry_Change() {
-    if (m_grid.Col() == colQuantity && m_txtEntry.text().size() > 1) {
-        m_txtEntry.setText(m_txtEntry.text().left(1)); // a quantity is one character, pasted ones too
-        return;
-    }
-    if (m_grid.Row() >= 1 && m_grid.Text() != m_txtEntry.text())
-        m_grid.setText(m_txtEntry.text());
+    if (m_grid.Col() == colQuantity && m_txtEntry.text().size() > 1)
+        m_txtEntry.setText(m_txtEntry.text().left(1));
+}
+
+void RequestGrid::cboEntry_Change() {
+    const QString type = m_cboEntry.currentText();
+    const bool isStat = type == u"STAT";
+    setCell(colType, type);
+    m_grid.setCellForeColor(m_grid.Row(), colType, isStat ? look::warn : QColor());
+    m_grid.setCellBold(m_grid.Row(), colType, isStat);
+    const QString revenue = cell(colDepartment);
+    const QString routinePrice =
+        cell(colRoutinePrice).isEmpty() ? QStringLiteral("1") : cell(colRoutinePrice);
+    if (revenue == u"NU" && isStat)
+        setCell(colPrice, base::CStr(Val(cell(colRoutinePrice)) * statFactor));
+    else if (revenue == u"NU" || isFeeRevenue(revenue))
+        setCell(colPrice, routinePrice);
 }
 
 void RequestGrid::txtEntry_Enter() {
@@ -266,6 +261,198 @@ void RequestGrid::enterQuantity() {
     m_cmdSavePrint.setEnabled(true);
     m_cmdSave.setEnabled(true);
     AdvanceCell();
+}
+
+// ---- what a line is
+
+void RequestGrid::enterDepartment() {
+    if (!m_lookup.LookUpDepartment(m_grid.Text())) {
+        goTo(colQuantity);
+        return;
+    }
+    const QString revenue = cell(colDepartment);
+    if (cell(colWithItems) == u"Y" || cell(colSearchInventory) == u"Y") {
+        goTo(colCode);
+    } else if (revenue == u"NU") {
+        m_grid.setCurrentCell(m_grid.Row(), colCode);
+        if (LookUpExamLine({}) != LookUp::Duplicate)
+            BeginCellEdit();
+    } else if (isFeeRevenue(revenue)) {
+        m_grid.setCurrentCell(m_grid.Row(), colCode);
+        m_lookup.LookUpDoctorLine({});
+        BeginCellEdit();
+    } else {
+        goTo(colAmount);
+    }
+}
+
+void RequestGrid::LookUpCellCode() {
+    const QString revenue = cell(colDepartment);
+    const QString code = m_grid.Text();
+    bool found = false;
+    if (isFeeRevenue(revenue)) {
+        found = m_lookup.LookUpDoctorLine(code);
+        if (found)
+            SkipColumn[colAmount] = false;
+        else
+            MsgBox(QStringLiteral("Invalid Code"));
+    } else if (revenue == u"NU") {
+        const LookUp result = LookUpExamLine(code);
+        if (result == LookUp::Duplicate)
+            return;
+        found = result == LookUp::Found;
+        if (!found)
+            MsgBox(QStringLiteral("Invalid Code."), vbExclamation);
+    } else {
+        found = m_lookup.LookUpInventoryLine(code);
+        if (!found)
+            MsgBox(QStringLiteral("Invalid Code."), vbExclamation);
+    }
+    if (!found) {
+        m_txtEntry.setFocus();
+        SelectAllText(&m_txtEntry);
+        return;
+    }
+    EndCellEdit();
+    AdvanceCell();
+}
+
+LookUp RequestGrid::LookUpExamLine(const QString& code) {
+    const LookUp result = m_lookup.LookUpExamLine(code);
+    if (result == LookUp::NoRecord && !code.isEmpty())
+        m_txtEntry.clear();
+    if (result == LookUp::Duplicate) {
+        EndCellEdit();
+        m_grid.setText({});
+        BeginCellEdit();
+    }
+    return result;
+}
+
+// ---- keys
+
+bool RequestGrid::gridKey(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F3) {
+        deleteRow();
+        return true;
+    }
+    if (isEnter(event->key()) || event->key() == Qt::Key_F2) {
+        BeginCellEdit();
+        return true;
+    }
+    if (typesText(*event) && event->key() != Qt::Key_Space) {
+        BeginCellEdit();
+        m_editor.type(*event); // and so goes through the rules of the column
+        return m_editor.isOpen();
+    }
+    return false;
+}
+
+std::optional<bool> RequestGrid::openCellKey(QKeyEvent* event) {
+    const int key = event->key();
+    if (rowKey(key))
+        return true;
+    if (key == Qt::Key_Escape) {
+        EndCellEdit();
+        return true;
+    }
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        return stepCell(isBackTab(*event) ? -1 : 1);
+    return std::nullopt;
+}
+
+bool RequestGrid::entryKey(QKeyEvent* event) {
+    const int key = event->key();
+    if (const auto answered = openCellKey(event))
+        return *answered;
+    if (key == Qt::Key_F3) {
+        if (m_grid.Rows() >= 3)
+            deleteRow();
+        return true;
+    }
+    if (isEnter(key)) {
+        txtEntry_Enter();
+        return true;
+    }
+    if (m_grid.Col() == colQuantity && typesText(*event) && !m_txtEntry.hasSelectedText() &&
+        m_txtEntry.text().size() >= 1)
+        return true; // one digit only
+    return false;
+}
+
+bool RequestGrid::listKey(QKeyEvent* event) {
+    const int key = event->key();
+    if (const auto answered = openCellKey(event))
+        return *answered;
+    if (isEnter(key)) {
+        EndCellEdit();
+        AdvanceCell();
+        return true;
+    }
+    if (!typesText(*event))
+        return false;
+    const QString typed = event->text().toUpper();
+    if (typed == u"S")
+        m_cboEntry.setCurrentText(QStringLiteral("STAT"));
+    else if (typed == u"R")
+        m_cboEntry.setCurrentText(QStringLiteral("ROUTINE"));
+    if (typed == u"S" || typed == u"R")
+        cboEntry_Change();
+    return true;
+}
+
+/// Up and Down move one line, on both editors.
+bool RequestGrid::rowKey(int key) {
+    const int row = m_grid.Row();
+    if (key == Qt::Key_Up) {
+        if (row >= 2) {
+            m_grid.setRow(row - 1);
+            BeginCellEdit();
+        }
+        return true;
+    }
+    if (key == Qt::Key_Down) {
+        if (row < m_grid.Rows() - 1) {
+            m_grid.setRow(row + 1);
+            BeginCellEdit();
+        }
+        return true;
+    }
+    return false;
+}
+
+/// Tab and Shift+Tab: to the next or former cell that takes an entry, amounts included; over the line's end
+/// into the next line. Beyond the first and the last cell the focus leaves the grid, and so it does from the
+/// department of a last line that is empty: its quantity is nobody's.
+bool RequestGrid::stepCell(int direction) {
+    if (direction > 0 && m_grid.Row() == m_grid.Rows() - 1 && m_grid.Col() == colDepartment &&
+        cell(colDepartment).isEmpty()) {
+        EndCellEdit();
+        return false;
+    }
+    if (cell(colAmountEditable) == u"Y" || isFeeRevenue(cell(colDepartment)))
+        SkipColumn[colAmount] = false;
+    int row = m_grid.Row();
+    int column = m_grid.Col();
+    for (;;) {
+        column += direction;
+        if (column > colAmount) {
+            column = colDepartment;
+            ++row;
+        } else if (column < colDepartment) {
+            column = colAmount;
+            --row;
+        }
+        if (row < 1 || row >= m_grid.Rows()) {
+            EndCellEdit();
+            return false;
+        }
+        if (!SkipColumn[size_t(column)])
+            break;
+    }
+    m_grid.setCurrentCell(row, column);
+    BeginCellEdit();
+    return true;
 }
 
 } // namespace entry

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "entry/RequestColumns.h"
+#include "entry/RequestLineLookup.h"
+#include "platform/controls/grid/CellEditor.h"
 
 #include <QObject>
 
@@ -10,7 +12,6 @@
 class QAbstractButton;
 class QComboBox;
 class QKeyEvent;
-class QLabel;
 class QLineEdit;
 
 namespace controls {
@@ -18,12 +19,6 @@ class FlexGrid;
 }
 
 namespace entry {
-
-/// How a screen picks an exam's rate.
-enum class RateRule {
-    ByRoomClass, ///< RateA to RateE by the patient's room class; any other class prices at 0
-    AlwaysRateA
-};
 
 /// Where the request screens differ on their grid.
 struct RequestGridVariant {
@@ -33,9 +28,8 @@ struct RequestGridVariant {
 inline constexpr RequestGridVariant inPatientGrid{RateRule::ByRoomClass};
 inline constexpr RequestGridVariant outPatientGrid{RateRule::AlwaysRateA};
 
-/// The entry grid of the request screens: a grid without cell editing, a text box and a list that float over
-/// its current cell, and the rules by which a line is looked up, priced and totalled. The controls belong to
-/// the screen.
+/// The entry grid of the request screens: which cells of a line take an entry, in which order the keys go
+/// through them, and how a line is priced and totalled. The controls belong to the screen.
 class RequestGrid : public QObject {
     Q_OBJECT
 
@@ -54,7 +48,7 @@ class RequestGrid : public QObject {
     /// Headers, widths, rules of the columns; one empty line.
     void layOut();
     /// "A" to "E", or "OPD".
-    void setRoomClass(const QString& roomClass) { m_roomClass = roomClass; }
+    void setRoomClass(const QString& roomClass) { m_lookup.setRoomClass(roomClass); }
 
     /// Floats the text box or the list over the current cell, unless its column is skipped.
     void BeginCellEdit();
@@ -65,16 +59,14 @@ class RequestGrid : public QObject {
     /// The gross amount from column 7 of all lines.
     void recomputeGross();
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
-    enum class LookUp { Found, NotFound, Duplicate };
     enum class ColumnKind { None, UpperCase, Numeric, Free };
 
     QString cell(int column) const;
     void setCell(int column, const QString& text);
     void goTo(int column);
-    bool isEditing() const;
+    void openType();
+    void openText(int column);
 
     bool gridKey(QKeyEvent* event);
     /// The keys that a typed cell and the list of types have in common: whether it was taken, or none of
@@ -83,8 +75,6 @@ class RequestGrid : public QObject {
     bool entryKey(QKeyEvent* event);
     bool listKey(QKeyEvent* event);
     bool rowKey(int key);
-    void grdPackage_Scroll();
-    void leaveCell();
     void txtEntry_Change();
     void txtEntry_Enter();
     void cboEntry_Change();
@@ -95,21 +85,15 @@ class RequestGrid : public QObject {
     void enterQuantity();
     void LookUpCellCode();
     LookUp LookUpExamLine(const QString& code);
-    LookUp readExamLine(const QString& code);
-    bool LookUpDoctorLine(const QString& code);
-    bool LookUpInventoryLine(const QString& code);
-    bool isOnAnotherRow(const QString& code) const;
 
-    RequestGridVariant m_variant;
     controls::FlexGrid& m_grid;
-    QObject* m_header; ///< of the grid; compared only, it goes with the grid
     QLineEdit& m_txtEntry;
     QComboBox& m_cboEntry;
     QLineEdit& m_txtGross;
     QAbstractButton& m_cmdSave;
     QAbstractButton& m_cmdSavePrint;
-    QString m_roomClass;
-    bool m_placing = false; ///< the editor follows its cell
+    RequestLineLookup m_lookup;
+    controls::CellEditor m_editor;
     std::array<bool, requestColumnCount> SkipColumn{};
     std::array<bool, requestColumnCount> LookupColumn{};
     std::array<ColumnKind, requestColumnCount> ColumnKinds{};

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "platform/ado/Statement.h"
-#include "platform/controls/screen/Screen.h"
-
-#include <QStringList>
+#include "platform/controls/list/ListScreen.h"
 
 #include <memory>
 
@@ -13,20 +11,22 @@ class PatientPicker;
 
 namespace lookup {
 
-class PickerKeys;
+/// Layout of both lists; the empty leading column counts as 0.
+inline constexpr const char* patientFormat = " | Adm # | Last Name | First Name | Middle Name | Adm. Date ";
+inline constexpr int patientWidths[] = {200, 1000, 2000, 2000, 2000, 1500};
 
 /// What the patient lists differ in, besides the statement that fills them.
 struct PatientPickerVariant {
-    const char* screen;    ///< name of the screen
-    const char* title;     ///< of the window
-    const char* subtitle;  ///< what is listed
-    bool canAddPatient;    ///< there is a cmdAddWalkIn
-    const char* emptyText; ///< the sentence of an empty list
+    const char* screen;   ///< name of the screen
+    const char* title;    ///< of the window
+    const char* subtitle; ///< what is listed
+    bool canAddPatient;   ///< there is a cmdAddWalkIn
+    controls::ListVariant list;
 };
 
 /// A list of patients to pick one from. The caller sets the inputs, shows the screen and reads Valid and
 /// ResultCode.
-class PatientPicker : public controls::Screen {
+class PatientPicker : public controls::ListScreen {
     Q_OBJECT
 
   public:
@@ -52,6 +52,9 @@ class PatientPicker : public controls::Screen {
     explicit PatientPicker(const PatientPickerVariant& variant, QWidget* parent);
 
     void Form_Load() override;
+    void search() override;
+    void rowTaken() override;
+    void leave() override;
 
     /// The statement for "0" or "1" of chkCurrent, the index in cmbSearch and the trimmed text.
     virtual ado::Statement patientQuery(const QString& current, const QString& searchBy,
@@ -60,20 +63,11 @@ class PatientPicker : public controls::Screen {
     virtual bool addPatient() { return false; }
 
   private:
-    void chkCurrent_Click();
-    void cmbSearch_Click();
-    void txtSearch_Return();
-    void cmdSelect_Click();
-    void cmdClose_Click();
     void cmdAddWalkIn_Click();
-
-    void runQuery();
-    void setWidths();
     void emptyAdmissionDates();
 
     const PatientPickerVariant& m_variant;
     std::unique_ptr<Ui::PatientPicker> m_ui;
-    std::unique_ptr<PickerKeys> m_keys;
 };
 
 } // namespace lookup

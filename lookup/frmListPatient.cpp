@@ -1,21 +1,17 @@
 #include "lookup/frmListPatient.h"
 
-#include "lookup/PickerKeys.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
 #include "session/Screens.h"
 #include "session/Session.h"
 #include "session/services/Services.h"
 #include "ui_frmListPatient.h"
 
-#include <QScopedValueRollback>
-
 namespace lookup {
 
 using ado::sql;
 using controls::MsgBox;
-using controls::on;
 
 namespace {
 
@@ -24,8 +20,14 @@ enum SearchBy { byLastName, byAdmissionNumber, byHospitalNumber };
 // The hidden leading column counts as 0.
 enum GridColumn { admissionNumber = 2, billedDate = 4, nucStatus = 6 };
 
-const QString gridFormat = QStringLiteral(
-    " | Hosp.No. | Adm.No. | Patient Name | Billed Date | Charging Status | NucStatus | DcrDate ");
+constexpr int widths[] = {100, 1100, 1100, 2500, 1500, 1000, 1000, 1600};
+
+constexpr controls::ListVariant variant = {
+    .format = " | Hosp.No. | Adm.No. | Patient Name | Billed Date | Charging Status | NucStatus | DcrDate ",
+    .widths = widths,
+    .one = "patient",
+    .many = "patients",
+    .most = 200};
 
 bool isCashBasis(const QString& status) {
     return base::Trim(status) == u"Not Okey";
@@ -34,54 +36,35 @@ bool isCashBasis(const QString& status) {
 } // namespace
 
 frmListPatient::frmListPatient(QWidget* parent)
-    : Screen(parent), m_ui(std::make_unique<Ui::frmListPatient>()) {
+    : ListScreen(parent), m_ui(std::make_unique<Ui::frmListPatient>()) {
     m_ui->setupUi(this);
-    m_keys = std::make_unique<PickerKeys>(*m_ui->txtSearch, *m_ui->grdTable);
-    setEscapeCloses(true);
-    controls::look::setPrimary(m_ui->cmdSelect);
-    controls::setKeyRules(m_ui->txtSearch, controls::KeyRule::UpperCase | controls::KeyRule::BackQuote);
-    on(m_ui->cmbSearch, &QComboBox::activated, this, [this] { cmbSearch_Click(); });
-    on(m_keys.get(), &PickerKeys::searchEntered, this, [this] { txtSearch_Return(); });
-    on(m_keys.get(), &PickerKeys::rowEntered, this, [this] { cmdSelect_Click(); });
-    on(m_ui->cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
-    on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
+    setUpList({.grid = m_ui->grdTable,
+               .search = m_ui->txtSearch,
+               .searchBy = m_ui->cmbSearch,
+               .select = m_ui->cmdSelect,
+               .close = m_ui->cmdClose,
+               .hits = m_ui->lblHits},
+              variant);
 }
 
 frmListPatient::~frmListPatient() = default;
 
 void frmListPatient::Form_Load() {
+    ListScreen::Form_Load();
     m_ui->cmbSearch->clear();
     m_ui->cmbSearch->addItems(
         {QStringLiteral("Last Name"), QStringLiteral("Admission No."), QStringLiteral("Hospital No.")});
     m_ui->cmbSearch->setCurrentIndex(byLastName);
-    m_ui->grdTable->setFormatString(gridFormat);
-    m_ui->grdTable->setColWidths({100, 1100, 1100, 2500, 1500, 1000, 1000, 1600});
-    m_ui->cmdSelect->setEnabled(false);
-    m_ui->lblHits->clear();
-    m_keys->backToSearch();
 }
 
-void frmListPatient::cmbSearch_Click() {
-    m_keys->backToSearch();
-}
-
-void frmListPatient::txtSearch_Return() {
-    int hits = 0;
-    {
-        const Hourglass busy;
-        ado::Recordset patients = session::Read(patientQuery());
-        hits = patients.RecordCount();
-        m_ui->grdTable->setDataSource(patients);
-        patients.Close();
-    }
-    m_keys->setHits(hits);
-    m_ui->cmdSelect->setEnabled(hits > 0);
-    PickerKeys::showPatientHits(*m_ui->lblHits, hits);
+void frmListPatient::search() {
+    const Hourglass busy;
+    ado::Recordset patients = session::Read(patientQuery());
+    const int found = bindRows(patients);
     m_ui->grdTable->setEmptyText(QStringLiteral("No admitted patient answers to this %1.")
                                      .arg(m_ui->cmbSearch->currentText().toLower()));
-    for (int row = 1; row <= hits; ++row)
+    for (int row = 1; row <= found; ++row)
         markRow(row);
-    m_keys->backToSearch();
 }
 
 void frmListPatient::markRow(int row) {
@@ -97,10 +80,7 @@ void frmListPatient::markRow(int row) {
         mark(nucStatus, controls::look::warn, QStringLiteral("warning"));
 }
 
-void frmListPatient::cmdSelect_Click() {
-    if (m_selecting || m_keys->hits() == 0)
-        return;
-    const QScopedValueRollback selecting(m_selecting, true);
+void frmListPatient::rowTaken() {
     const int row = m_ui->grdTable->Row();
     if (mayBeCharged(row))
         openRequest(row);
@@ -131,7 +111,7 @@ void frmListPatient::openRequest(int row) {
     }
     ResultCode = idNumber;
     Valid = true;
-    PatientRecord = m_keys->currentCells();
+    PatientRecord = currentCells();
 
     session::RequestEntry entry;
     entry.PatIdNum = idNumber;
@@ -140,10 +120,10 @@ void frmListPatient::openRequest(int row) {
     entry.NurseCommnunication = false;
     session::screens().openRequest(entry);
     if (!isUnloaded())
-        m_keys->backToSearch();
+        backToSearch();
 }
 
-void frmListPatient::cmdClose_Click() {
+void frmListPatient::leave() {
     Valid = false;
     Unload();
 }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "platform/ado/Statement.h"
-#include "platform/controls/screen/Screen.h"
-
-#include <QStringList>
+#include "platform/controls/list/ListScreen.h"
 
 #include <memory>
 
@@ -13,11 +11,9 @@ class frmListPatient;
 
 namespace lookup {
 
-class PickerKeys;
-
 /// The admitted patients that answer to a text: the way into request entry. It stays open behind the request
 /// screen, for the next patient.
-class frmListPatient : public controls::Screen {
+class frmListPatient : public controls::ListScreen {
     Q_OBJECT
 
   public:
@@ -32,13 +28,11 @@ class frmListPatient : public controls::Screen {
 
   protected:
     void Form_Load() override;
+    void search() override;
+    void rowTaken() override;
+    void leave() override;
 
   private:
-    void cmbSearch_Click();
-    void txtSearch_Return();
-    void cmdSelect_Click();
-    void cmdClose_Click();
-
     ado::Statement patientQuery() const;
     void markRow(int row);
     /// False, with its message, when nothing may be charged to the patient of the row.
@@ -46,9 +40,6 @@ class frmListPatient : public controls::Screen {
     void openRequest(int row);
 
     std::unique_ptr<Ui::frmListPatient> m_ui;
-    std::unique_ptr<PickerKeys> m_keys;
-    /// A choice is being dealt with: a second Enter or double click does nothing meanwhile.
-    bool m_selecting = false;
 };
 
 } // namespace lookup

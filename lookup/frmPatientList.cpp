@@ -10,7 +10,12 @@ constexpr PatientPickerVariant variant = {.screen = "frmPatientList",
                                           .title = "Patient List",
                                           .subtitle = "Choose one patient of the list",
                                           .canAddPatient = true,
-                                          .emptyText = "No patient answers to this text."};
+                                          .list = {.format = patientFormat,
+                                                   .widths = patientWidths,
+                                                   .one = "patient",
+                                                   .many = "patients",
+                                                   .emptyText = "No patient answers to this text.",
+                                                   .most = 200}};
 
 } // namespace
 

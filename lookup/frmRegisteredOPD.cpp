@@ -4,11 +4,17 @@ namespace lookup {
 
 namespace {
 
-constexpr PatientPickerVariant variant = {.screen = "frmRegisteredOPD",
-                                          .title = "Registered OPD",
-                                          .subtitle = "Registered out-patients",
-                                          .canAddPatient = false,
-                                          .emptyText = "No registered out-patient answers to this text."};
+constexpr PatientPickerVariant variant = {
+    .screen = "frmRegisteredOPD",
+    .title = "Registered OPD",
+    .subtitle = "Registered out-patients",
+    .canAddPatient = false,
+    .list = {.format = patientFormat,
+             .widths = patientWidths,
+             .one = "patient",
+             .many = "patients",
+             .emptyText = "No registered out-patient answers to this text.",
+             .most = 200}};
 
 } // namespace
 

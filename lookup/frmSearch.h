@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Statement.h"
-#include "platform/controls/screen/Screen.h"
+#include "platform/controls/list/ListScreen.h"
 
 #include <memory>
 
@@ -11,11 +11,9 @@ class frmSearch;
 
 namespace lookup {
 
-class PickerKeys;
-
 /// The list of codes that resemble a text. The caller sets SearchCaption, Criteria and Query, shows the
 /// screen and reads Valid and ResultCode.
-class frmSearch : public controls::Screen {
+class frmSearch : public controls::ListScreen {
     Q_OBJECT
 
   public:
@@ -35,17 +33,16 @@ class frmSearch : public controls::Screen {
 
   protected:
     void Form_Load() override;
+    void search() override;
+    void searchEntered() override;
+    void rowTaken() override;
+    void leave() override;
 
   private:
     void txtSearchStr_Change();
-    void txtSearchStr_Return();
     void grdDispWindow_RowColChange();
-    void cmdSelect_Click();
-    void cmdCancel_Click();
-    void runQuery();
 
     std::unique_ptr<Ui::frmSearch> m_ui;
-    std::unique_ptr<PickerKeys> m_keys;
     /// True while rows are bound or the text comes from the grid: neither is the user's own change.
     bool m_settling = false;
     /// The text was changed since the list was read for it.

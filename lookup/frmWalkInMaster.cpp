@@ -1,6 +1,5 @@
 #include "lookup/frmWalkInMaster.h"
 
-#include "lookup/PickerKeys.h"
 #include "lookup/WalkInChecks.h"
 #include "lookup/frmAddWalkIn.h"
 #include "platform/base/Conversion.h"
@@ -41,9 +40,16 @@ enum GridColumn {
     zipCode
 };
 
-const QString gridFormat =
-    QStringLiteral(" | HospNum | LastName | FirstName | MiddleName | CivilStatusID | CivilStatus | Sex | "
-                   "BirthDate | Age | Housestreet | Barangay | Town | Province ");
+constexpr int widths[] = {100, 1150, 1550, 1650, 1450, 1450, 1250, 600, 1150, 600, 2200, 1450, 1600, 1750};
+
+constexpr controls::ListVariant variant = {
+    .format = " | HospNum | LastName | FirstName | MiddleName | CivilStatusID | CivilStatus | Sex | "
+              "BirthDate | Age | Housestreet | Barangay | Town | Province ",
+    .widths = widths,
+    .one = "patient",
+    .many = "patients",
+    .emptyText = "No walk-in patient has a last name that begins so.",
+    .most = 200};
 
 QString townText(const QString& townName, const QString& provinceName) {
     return townName.isEmpty() ? QString() : townName + QStringLiteral(", ") + provinceName;
@@ -52,10 +58,14 @@ QString townText(const QString& townName, const QString& provinceName) {
 } // namespace
 
 frmWalkInMaster::frmWalkInMaster(QWidget* parent)
-    : Screen(parent), m_ui(std::make_unique<Ui::frmWalkInMaster>()) {
+    : ListScreen(parent), m_ui(std::make_unique<Ui::frmWalkInMaster>()) {
     m_ui->setupUi(this);
-    m_keys = std::make_unique<PickerKeys>(*m_ui->txtSearch, *m_ui->grdWalkIn);
-    controls::look::setPrimary(m_ui->cmdEdit);
+    setUpList({.grid = m_ui->grdWalkIn,
+               .search = m_ui->txtSearch,
+               .select = m_ui->cmdEdit,
+               .close = m_ui->cmdClose,
+               .hits = m_ui->lblHits},
+              variant);
     controls::look::setPrimary(m_ui->cmdSave);
     setRules();
     connectControls();
@@ -64,8 +74,8 @@ frmWalkInMaster::frmWalkInMaster(QWidget* parent)
 frmWalkInMaster::~frmWalkInMaster() = default;
 
 void frmWalkInMaster::setRules() {
-    for (QLineEdit* name : {m_ui->txtSearch, m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName,
-                            m_ui->txtAddress1, m_ui->txtAddress2, m_ui->txtZipCode})
+    for (QLineEdit* name : {m_ui->txtLastName, m_ui->txtFirstName, m_ui->txtMiddleName, m_ui->txtAddress1,
+                            m_ui->txtAddress2, m_ui->txtZipCode})
         controls::setKeyRules(name, KeyRule::UpperCase | KeyRule::BackQuote);
     refuseLetters(m_ui->txtAge);
     likelyDateMovesOn(m_ui->dtpBirthDate);
@@ -75,10 +85,7 @@ void frmWalkInMaster::setRules() {
 
 void frmWalkInMaster::connectControls() {
     on(m_ui->ssWalkIn, &QTabWidget::currentChanged, this, [this] { ssWalkIn_Click(); });
-    on(m_keys.get(), &PickerKeys::searchEntered, this, [this] { txtSearch_Return(); });
-    on(m_keys.get(), &PickerKeys::rowEntered, this, [this] { cmdEdit_Click(); });
     on(m_ui->cmdAdd, &QPushButton::clicked, this, [this] { cmdAdd_Click(); });
-    on(m_ui->cmdEdit, &QPushButton::clicked, this, [this] { cmdEdit_Click(); });
     on(m_ui->dtpBirthDate, &QLineEdit::editingFinished, this, [this] { dtpBirthDate_LostFocus(); });
     controls::onEnter(m_ui->txtZipCode, [this] { cmdZipCode_Click(); });
     // A code that is being changed has no town any more.
@@ -86,18 +93,12 @@ void frmWalkInMaster::connectControls() {
     on(m_ui->cmdZipCode, &QPushButton::clicked, this, [this] { cmdZipCode_Click(); });
     on(m_ui->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
     on(m_ui->cmdCancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
-    on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 void frmWalkInMaster::Form_Load() {
+    ListScreen::Form_Load();
     m_ui->bandHeader->setSubtitle(session::gHospitalName);
-    m_ui->grdWalkIn->setFormatString(gridFormat);
-    m_ui->grdWalkIn->setColWidths(
-        {100, 1150, 1550, 1650, 1450, 1450, 1250, 600, 1150, 600, 2200, 1450, 1600, 1750});
-    m_ui->grdWalkIn->setRowSelect(true);
     m_ui->grdWalkIn->setEmptyText(QStringLiteral("Enter lists the patients whose last name begins so."));
-    m_ui->lblHits->clear();
-    m_ui->cmdEdit->setEnabled(false);
     cmdCancel_Click();
     ssWalkIn_Click();
 }
@@ -126,21 +127,10 @@ void frmWalkInMaster::ssWalkIn_Click() {
 
 // ---- search entry
 
-void frmWalkInMaster::txtSearch_Return() {
-    LoadPatients();
-    m_keys->backToSearch();
-}
-
-void frmWalkInMaster::LoadPatients() {
+void frmWalkInMaster::search() {
     const Hourglass busy;
     ado::Recordset patients = session::Read(sql("spGlobal_CashPatient '0', '{}'", m_ui->txtSearch->text()));
-    const int hits = patients.RecordCount();
-    m_ui->grdWalkIn->setDataSource(patients);
-    patients.Close();
-    m_keys->setHits(hits);
-    m_ui->grdWalkIn->setEmptyText(QStringLiteral("No walk-in patient has a last name that begins so."));
-    m_ui->cmdEdit->setEnabled(hits > 0);
-    PickerKeys::showPatientHits(*m_ui->lblHits, hits);
+    bindRows(patients);
 }
 
 void frmWalkInMaster::cmdAdd_Click() {
@@ -150,12 +140,10 @@ void frmWalkInMaster::cmdAdd_Click() {
         controls::look::setKind(m_ui->lblHits, QStringLiteral("ok"));
         m_ui->lblHits->setText(QStringLiteral("The patient was added as %1.").arg(screen.IdNum));
     }
-    m_keys->backToSearch();
+    backToSearch();
 }
 
-void frmWalkInMaster::cmdEdit_Click() {
-    if (m_keys->hits() == 0)
-        return;
+void frmWalkInMaster::rowTaken() {
     showPatient(m_ui->grdWalkIn->Row());
     m_ui->ssWalkIn->setTabEnabled(editEntry, true);
     m_ui->ssWalkIn->setCurrentIndex(editEntry);
@@ -193,7 +181,7 @@ void frmWalkInMaster::showPatient(int row) {
 }
 
 void frmWalkInMaster::goToPatient(const QString& hospitalNumber) {
-    for (int row = 1; row <= m_keys->hits(); ++row) {
+    for (int row = 1; row <= hits(); ++row) {
         if (Trim(m_ui->grdWalkIn->TextMatrix(row, hospNum)) == hospitalNumber)
             m_ui->grdWalkIn->setCurrentCell(row, hospNum);
     }
@@ -231,7 +219,7 @@ void frmWalkInMaster::cmdCancel_Click() {
     m_ui->ssWalkIn->setCurrentIndex(searchEntry);
     m_ui->ssWalkIn->setTabEnabled(editEntry, false);
     m_ui->bandHeader->setChips({});
-    m_keys->backToSearch();
+    backToSearch();
 }
 
 // ---- save
@@ -246,7 +234,7 @@ void frmWalkInMaster::cmdSave_Click() {
         return;
     }
     controls::MsgBox(QStringLiteral("Record Saved."), controls::vbInformation);
-    LoadPatients();
+    search();
     goToPatient(number);
     cmdCancel_Click();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/screen/Screen.h"
+#include "platform/controls/list/ListScreen.h"
 
 #include <memory>
 
@@ -10,11 +10,9 @@ class frmWalkInMaster;
 
 namespace lookup {
 
-class PickerKeys;
-
 /// The master file of the walk-in cash patients: found on one tab, changed in place on the other. It has no
 /// properties.
-class frmWalkInMaster : public controls::Screen {
+class frmWalkInMaster : public controls::ListScreen {
     Q_OBJECT
 
   public:
@@ -23,21 +21,20 @@ class frmWalkInMaster : public controls::Screen {
 
   protected:
     void Form_Load() override;
+    void search() override;
+    void rowTaken() override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void setRules();
     void connectControls();
     void ssWalkIn_Click();
-    void txtSearch_Return();
     void cmdAdd_Click();
-    void cmdEdit_Click();
     void cmdZipCode_Click();
     void cmdSave_Click();
     void cmdCancel_Click();
 
     bool isEditing() const;
-    void LoadPatients();
     void goToPatient(const QString& hospitalNumber);
     void showPatient(int row);
     void dtpBirthDate_LostFocus();
@@ -48,7 +45,6 @@ class frmWalkInMaster : public controls::Screen {
     QString m_shownBirthDate;
     bool m_listHasZipCodes = true;
     std::unique_ptr<Ui::frmWalkInMaster> m_ui;
-    std::unique_ptr<PickerKeys> m_keys;
 };
 
 } // namespace lookup

@@ -1,5 +1,6 @@
 #include "menu/ClickLabel.h"
 
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 
 #include <QKeyEvent>
@@ -19,7 +20,7 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space)
+    if (controls::isEnter(*event) || event->key() == Qt::Key_Space)
         Q_EMIT Click();
     else
         QLabel::keyPressEvent(event);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/controls/grid/CellEditor.h"
+
 #include <QObject>
 
 class QKeyEvent;
@@ -11,27 +13,23 @@ class FlexGrid;
 
 namespace results {
 
-/// The text box that floats over the current cell of a grid that has no editor of its own. What is typed
-/// stands in the cell at once. Both controls belong to the screen.
+/// The keys of a grid of measured values: each cell is typed in where it stands, and the arrows and Enter go
+/// from cell to cell. Both controls belong to the screen.
 class CellEntry : public QObject {
     Q_OBJECT
 
   public:
     CellEntry(controls::FlexGrid& grid, QLineEdit& txtEntry, QObject* parent);
 
-    void enterCell();
-    /// Hides the box; the focus goes to the grid.
-    void leaveCell();
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
+    void enterCell();
     bool entryKey(const QKeyEvent& event);
-    bool gridKey(QKeyEvent& event);
+    bool gridKey(const QKeyEvent& event);
     void goTo(int row, int column);
 
     controls::FlexGrid& m_grid;
     QLineEdit& m_txtEntry;
+    controls::CellEditor m_editor;
     bool m_moving = false;
 };
 

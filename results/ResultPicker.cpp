@@ -1,20 +1,14 @@
 #include "results/ResultPicker.h"
 
-#include "lookup/PickerKeys.h"
 #include "platform/base/Conversion.h"
-#include "platform/controls/fields/KeyFilter.h"
-#include "platform/controls/look/Look.h"
+#include "platform/controls/grid/FlexGrid.h"
 #include "results/frmResult.h"
 #include "session/Session.h"
 #include "ui_ResultPicker.h"
 
-#include <QScopedValueRollback>
-
 namespace results {
 
 using base::Trim;
-using controls::on;
-using lookup::PickerKeys;
 
 namespace {
 
@@ -23,88 +17,61 @@ enum GridColumn { hospitalCode = 1, lastName, firstName, middleName };
 
 enum SearchBy { byAdmissionNumber, byLastName };
 
-constexpr int mostListed = 200; // by the server
+constexpr int widths[] = {100, 1200, 1800, 1800, 1800};
 
-const QString gridFormat = QStringLiteral("  |Code |Last Name |First Name |Middle Name |Request Number");
+/// A blank row can be chosen as well, but not by Enter: the keys go to the grid only once it has a patient.
+constexpr controls::ListVariant list = {.format =
+                                            "  |Code |Last Name |First Name |Middle Name |Request Number",
+                                        .widths = widths,
+                                        .one = "patient",
+                                        .many = "patients",
+                                        .most = 200,
+                                        .moreText = "%1 patients at most: type more of the name.",
+                                        .nothingFound = controls::ListVariant::NothingFound::KeepsRows,
+                                        .selectable = controls::ListVariant::Selectable::AsItStands,
+                                        .emptyRow = controls::ListVariant::EmptyRow::NotEnter};
 
 } // namespace
 
 ResultPicker::ResultPicker(const PickerVariant& variant, QWidget* parent)
-    : Screen(parent), m_variant(variant), m_ui(std::make_unique<Ui::ResultPicker>()) {
+    : ListScreen(parent), m_variant(variant), m_ui(std::make_unique<Ui::ResultPicker>()) {
     m_ui->setupUi(this);
     setObjectName(QLatin1String(variant.name));
     setWindowTitle(QLatin1String(variant.caption));
     m_ui->bandHeader->setTitle(QLatin1String(variant.caption));
-    m_keys = std::make_unique<PickerKeys>(*m_ui->txtSearch, *m_ui->grdTable);
-    setEscapeCloses(true);
-    controls::look::setPrimary(m_ui->cmdSelect);
-    controls::setKeyRules(m_ui->txtSearch, controls::KeyRule::UpperCase | controls::KeyRule::BackQuote);
-    on(m_keys.get(), &PickerKeys::searchEntered, this, [this] { txtSearch_Return(); });
-    on(m_keys.get(), &PickerKeys::rowEntered, this, [this] { cmdSelect_Click(); });
-    // A blank row can be chosen as well; the keys go to the grid only once it has a patient.
-    on(m_ui->grdTable, &controls::FlexGrid::DblClick, this, [this] {
-        if (m_keys->hits() == 0)
-            cmdSelect_Click();
-    });
-    on(m_ui->cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
-    on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
+    setUpList({.grid = m_ui->grdTable,
+               .search = m_ui->txtSearch,
+               .select = m_ui->cmdSelect,
+               .close = m_ui->cmdClose,
+               .hits = m_ui->lblHits},
+              list);
 }
 
 ResultPicker::~ResultPicker() = default;
 
 void ResultPicker::Form_Load() {
+    ListScreen::Form_Load();
     const bool revokes = m_variant.passedMode(FormMode) == u"C";
     m_ui->bandHeader->setSubtitle(QLatin1String(revokes ? m_variant.subtitleToRevoke : m_variant.subtitle));
     // The choice is shown only: the server finds a name and a number alike.
     m_ui->cmbSearch->addItems({QStringLiteral("Adm #"), QStringLiteral("Last Name")});
     m_ui->cmbSearch->setCurrentIndex(byLastName);
-    m_ui->grdTable->setCols(6);
-    FormatGrid();
-    m_ui->grdTable->setFormatString(gridFormat);
-    m_ui->grdTable->setRowSelect(true);
-    m_ui->lblHits->clear();
-    m_keys->backToSearch();
 }
 
-void ResultPicker::FormatGrid() {
-    m_ui->grdTable->Clear();
-    m_ui->grdTable->setColWidths({100, 1200, 1800, 1800, 1800});
+void ResultPicker::search() {
+    const Hourglass busy;
+    ado::Recordset patients = session::Read(m_variant.search(Trim(m_ui->txtSearch->text())));
+    if (bindRows(patients) > 0)
+        setWidths();
 }
 
-void ResultPicker::txtSearch_Return() {
-    int found = 0;
-    {
-        const Hourglass busy;
-        ado::Recordset patients = session::Read(m_variant.search(Trim(m_ui->txtSearch->text())));
-        found = patients.RecordCount();
-        if (found > 0) {
-            FormatGrid();
-            m_ui->grdTable->setDataSource(patients);
-            m_keys->setHits(found);
-        }
-        patients.Close();
-    }
-    QString told = PickerKeys::hitsText(found, QStringLiteral("patient"), QStringLiteral("patients"));
-    if (found == 0 && m_keys->hits() > 0)
-        told += QStringLiteral(" The list is that of the search before.");
-    else if (found >= mostListed)
-        told += QStringLiteral(" at most: type more of the name.");
-    m_ui->lblHits->setText(told);
-    m_keys->backToSearch();
-}
-
-void ResultPicker::cmdSelect_Click() {
-    if (m_selecting)
-        return;
-    const QScopedValueRollback selecting(m_selecting, true);
+void ResultPicker::rowTaken() {
     openRequests();
     if (!isUnloaded())
-        m_keys->backToSearch();
+        backToSearch();
 }
 
 void ResultPicker::openRequests() {
-    const controls::FlexGrid& grid = *m_ui->grdTable;
-    const auto cell = [&](int column) { return grid.TextMatrix(grid.Row(), column); };
     frmResult& result = controls::SharedScreen<frmResult>::fresh();
     result.load();
     result.HospitalNumber = Trim(cell(hospitalCode));

@@ -1,16 +1,12 @@
 #pragma once
 
 #include "platform/ado/Statement.h"
-#include "platform/controls/screen/Screen.h"
+#include "platform/controls/list/ListScreen.h"
 
 #include <memory>
 
 namespace Ui {
 class ResultPicker;
-}
-
-namespace lookup {
-class PickerKeys;
 }
 
 namespace results {
@@ -28,7 +24,7 @@ struct PickerVariant {
 };
 
 /// Finds the patient whose requests frmResult then lists. It stays open behind that, with its list as it was.
-class ResultPicker : public controls::Screen {
+class ResultPicker : public controls::ListScreen {
     Q_OBJECT
 
   public:
@@ -41,18 +37,14 @@ class ResultPicker : public controls::Screen {
     ResultPicker(const PickerVariant& variant, QWidget* parent);
 
     void Form_Load() override;
+    void search() override;
+    void rowTaken() override;
 
   private:
-    void FormatGrid();
-    void txtSearch_Return();
-    void cmdSelect_Click();
     void openRequests();
 
     const PickerVariant& m_variant;
     std::unique_ptr<Ui::ResultPicker> m_ui;
-    std::unique_ptr<lookup::PickerKeys> m_keys;
-    /// A choice is being dealt with: a second Enter or double click does nothing meanwhile.
-    bool m_selecting = false;
 };
 
 } // namespace results

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/ado/Recordset.h"
-#include "platform/controls/screen/Screen.h"
+#include "platform/controls/list/ListScreen.h"
 
 #include <memory>
 
@@ -13,7 +12,7 @@ namespace results {
 
 /// One patient's requests. The one that is chosen opens on the entry screen of its exam's form type, and this
 /// screen goes.
-class frmResult : public controls::Screen {
+class frmResult : public controls::ListScreen {
     Q_OBJECT
 
   public:
@@ -40,14 +39,11 @@ class frmResult : public controls::Screen {
 
   protected:
     void Form_Load() override;
+    void rowTaken() override;
 
   private:
-    void cmdSelect_Click();
-    void dispatch();
-
     std::unique_ptr<Ui::frmResult> m_ui;
     QString m_requestNumber;
-    bool m_selecting = false;
 };
 
 } // namespace results

@@ -1,6 +1,7 @@
 #include "results/frmSymbols.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 #include "ui_frmSymbols.h"
 
@@ -66,8 +67,7 @@ void frmSymbols::keyPressEvent(QKeyEvent* event) {
         m_symbol = base::Trim(Label1[size_t(next)]->text());
         return;
     }
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !m_symbol.isEmpty())
+    if (controls::isEnter(*event) && !m_symbol.isEmpty())
         controls::ErrorBoundary::guard([&] { cmdSelect_Click(); });
     else
         Screen::keyPressEvent(event);

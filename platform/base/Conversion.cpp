@@ -238,4 +238,8 @@ QString Trim(const QString& text) {
     return LTrim(RTrim(text));
 }
 
+QString BackQuoted(QString text) {
+    return text.replace(u'\'', u'`');
+}
+
 } // namespace base

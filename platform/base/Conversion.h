@@ -31,4 +31,7 @@ QString Trim(const QString& text);
 QString LTrim(const QString& text);
 QString RTrim(const QString& text);
 
+/// Each ' as `: the statements' texts are quoted with '.
+QString BackQuoted(QString text);
+
 } // namespace base

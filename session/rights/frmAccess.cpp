@@ -1,5 +1,6 @@
 #include "session/rights/frmAccess.h"
 
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "ui_frmAccess.h"
@@ -20,8 +21,8 @@ bool frmAccess::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_ui->txtPassword || event->type() != QEvent::KeyPress)
         return Screen::eventFilter(watched, event);
     const auto& key = *static_cast<QKeyEvent*>(event);
-    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    if (enter && key.isAutoRepeat())
+    const bool enter = controls::isEnter(key);
+    if (controls::isHeldEnter(key))
         return true; // the Enter that opened the gate answers nothing
     controls::ErrorBoundary::guard([&] { txtPassword_KeyPress(enter); });
     return enter;

@@ -30,10 +30,6 @@ QString codeOf(const QListWidgetItem& entry) {
     return base::Trim(entry.text().right(codeLength));
 }
 
-bool isEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
 /// Keeps the number out of sight however wide the list is drawn.
 class DescriptionOnly : public QStyledItemDelegate {
   public:
@@ -65,11 +61,6 @@ void frmUserRights::connectControls() {
     on(m_ui->cmdSearch, &QPushButton::clicked, this, [this] { cmdSearch_Click(); });
     on(m_ui->grdUsers, &controls::FlexGrid::Click, this, [this] { grdUsers_Click(); });
     on(m_ui->grdUsers, &controls::FlexGrid::EnterPressed, this, [this] { grdUsers_Click(); });
-    // The Enter that searched, still held down, must not take a user that nobody has read yet.
-    on(m_ui->grdUsers, &controls::FlexGrid::KeyDown, this, [](QKeyEvent* event) {
-        if (isEnter(*event) && event->isAutoRepeat())
-            event->accept();
-    });
     on(m_ui->chkSelectAll, &QCheckBox::toggled, this, [this] { chkSelectAll_Click(); });
     on(m_ui->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
     on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });

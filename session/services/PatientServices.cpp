@@ -10,8 +10,7 @@ namespace {
 
 /// A quote cannot stand in a number of the hospital; such a text finds nothing.
 QString numberOf(const QString& text) {
-    QString number = base::Trim(text);
-    return number.replace(u'\'', u'`');
+    return base::BackQuoted(base::Trim(text));
 }
 
 QString textOf(ado::Recordset& row, const char* field) {

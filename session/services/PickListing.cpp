@@ -9,8 +9,7 @@ namespace {
 
 /// A quote cannot stand in a literal; the screens' key rule keeps it out in the same way.
 QString withoutQuotes(const QString& text) {
-    QString result = base::Trim(text);
-    return result.replace(u'\'', u'`');
+    return base::BackQuoted(base::Trim(text));
 }
 
 /// The start of a name, for LIKE: its signs stand for any one letter, and so does the back-quote, as old

@@ -18,8 +18,7 @@ bool canRead(ado::Connection& connection, const ado::Statement& statement) {
 }
 
 QString codeOf(const QString& text) {
-    QString code = base::Trim(text);
-    return code.replace(u'\'', u'`');
+    return base::BackQuoted(base::Trim(text));
 }
 
 } // namespace

@@ -42,11 +42,6 @@ frmPickList::frmPickList(const PickListing& listing, Search search, QWidget* par
     controls::on(m_pause, &QTimer::timeout, this, [this] { find(); });
     controls::on(m_ui->grdTable, &controls::FlexGrid::DblClick, this, [this] { cmdSelect_Click(); });
     controls::on(m_ui->grdTable, &controls::FlexGrid::EnterPressed, this, [this] { cmdSelect_Click(); });
-    // The Enter that opened the list, still held down, must not take a row that nobody has read yet.
-    controls::on(m_ui->grdTable, &controls::FlexGrid::KeyDown, this, [](QKeyEvent* event) {
-        if (event->isAutoRepeat() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-            event->accept();
-    });
     controls::on(m_ui->cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
     controls::on(m_ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
 }

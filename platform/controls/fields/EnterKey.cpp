@@ -1,5 +1,6 @@
 #include "platform/controls/fields/EnterKey.h"
 
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/screen/ErrorBoundary.h"
 
 #include <QCoreApplication>
@@ -21,7 +22,7 @@ class EnterKey : public QObject {
             return false;
         const auto& key = static_cast<const QKeyEvent&>(*event);
         const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-        if (!plain || (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter))
+        if (!plain || !isEnter(key))
             return false;
         if (!key.isAutoRepeat())
             ErrorBoundary::guard(m_handler);

@@ -1,18 +1,11 @@
 #include "platform/controls/fields/KeyFilter.h"
 
+#include "platform/base/Conversion.h"
 #include "platform/controls/fields/TextIntake.h"
 
 namespace controls {
 
 namespace {
-
-QChar ruled(QChar c, KeyRules rules) {
-    if (rules.testFlag(KeyRule::BackQuote) && c == QLatin1Char('\''))
-        c = QLatin1Char('`');
-    if (rules.testFlag(KeyRule::UpperCase))
-        c = c.toUpper();
-    return c;
-}
 
 bool passes(QChar c, KeyRules rules) {
     const bool digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
@@ -30,8 +23,8 @@ QString filtered(const QString& text, KeyRules rules) {
     result.reserve(text.size());
     for (const QChar c : text)
         if (passes(c, rules))
-            result += ruled(c, rules);
-    return result;
+            result += rules.testFlag(KeyRule::UpperCase) ? c.toUpper() : c;
+    return rules.testFlag(KeyRule::BackQuote) ? base::BackQuoted(std::move(result)) : result;
 }
 
 void setKeyRules(QLineEdit* field, KeyRules rules) {

@@ -1,5 +1,7 @@
 #include "platform/controls/fields/TextIntake.h"
 
+#include "platform/controls/fields/Keys.h"
+
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -21,15 +23,6 @@ void dropFormer(Field* field) {
     for (TextIntake* former :
          field->template findChildren<TextIntake*>(QString(), Qt::FindDirectChildrenOnly))
         delete former;
-}
-
-/// A key that types: text that shows, and no command (AltGr arrives as Ctrl and Alt and does type).
-bool types(const QKeyEvent* event) {
-    if (event->text().isEmpty() || !event->text().at(0).isPrint())
-        return false;
-    const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-    const bool alt = event->modifiers().testFlag(Qt::AltModifier);
-    return control == alt && !event->modifiers().testFlag(Qt::MetaModifier);
 }
 
 } // namespace
@@ -106,7 +99,7 @@ bool TextIntake::key(QKeyEvent* event) {
         event->accept();
         return true;
     }
-    if (!types(event))
+    if (!typesText(*event))
         return false;
     const QString text = filtered(event->text(), m_rules);
     if (text == event->text())

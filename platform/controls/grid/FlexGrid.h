@@ -77,6 +77,8 @@ class FlexGrid : public QTableView {
 
     /// Where a cell lies, in coordinates of the grid's parent widget; scrolls it into view first.
     QRect cellRect(int row, int column);
+    /// The same as the grid stands, even if that is out of view.
+    QRect shownCellRect(int row, int column) const;
 
     void setCellForeColor(int row, int column, const QColor& color);
     void setCellBackColor(int row, int column, const QColor& color);
@@ -101,7 +103,7 @@ class FlexGrid : public QTableView {
     void RowColChange();
     /// Every key, before the grid acts on it; accept() it to keep the grid from acting.
     void KeyDown(QKeyEvent* event);
-    /// Return or Enter on the grid.
+    /// Return or Enter on the grid. A key that is held down gives it once.
     void EnterPressed();
 
   protected:

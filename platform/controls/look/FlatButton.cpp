@@ -1,5 +1,6 @@
 #include "platform/controls/look/FlatButton.h"
 
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 
 #include <QFontMetrics>
@@ -123,7 +124,7 @@ void FlatButton::paintRow(QPainter& painter) {
 }
 
 void FlatButton::keyPressEvent(QKeyEvent* event) {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat()) {
+    if (isEnter(*event) && !event->isAutoRepeat()) {
         event->accept();
         click();
         return;

@@ -1,5 +1,6 @@
 #include "platform/controls/screen/Screen.h"
 
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/fields/MemoWrap.h"
 
 #include <QAbstractButton>
@@ -20,10 +21,6 @@ namespace controls {
 namespace {
 
 constexpr int objectWasUnloaded = 364;
-
-bool isEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 /// Enter presses the button that it was typed on, and no other that has the focus by the time it arrives
 /// there.

@@ -40,12 +40,6 @@ class Screen : public QDialog {
 
     /// The screens that are open, outermost first (for the error box's copy of what they hold).
     static const std::vector<Screen*>& openScreens();
-    /// "name: text" of every field and grid that holds something, line by line; password fields are left out.
-    QString contentsAsText() const;
-    /// What a user may have typed, for taking it along: "Caption: text" of every field that takes typing and
-    /// holds something, in the order of Tab, and the rows of entry grids. The caption is the field's label,
-    /// else its accessible name, else its name. Password fields are left out.
-    QString typedAsText() const;
     void setVisible(bool visible) override;
 
   protected:

@@ -1,5 +1,7 @@
+#include "platform/controls/screen/ScreenContents.h"
+
 #include "platform/controls/grid/FlexGrid.h"
-#include "platform/controls/screen/Screen.h"
+#include "platform/controls/list/ListView.h"
 
 #include <QAbstractSpinBox>
 #include <QCheckBox>
@@ -58,6 +60,20 @@ void appendGrid(QStringList& lines, const FlexGrid& grid, const QString& caption
     }
 }
 
+void appendList(QStringList& lines, const ListView& list) {
+    for (int index = 1; index <= list.Count(); ++index) {
+        if (index > mostGridRows) {
+            lines << QStringLiteral("%1: ... %2 rows").arg(list.objectName()).arg(list.Count());
+            return;
+        }
+        QStringList cells(list.Item(index).Text());
+        for (int column = 1; column < list.columnCount(); ++column)
+            cells << list.Item(index).SubItem(column);
+        cells.removeAll(QString());
+        lines << list.objectName() + QStringLiteral(": ") + cells.join(QStringLiteral(" | "));
+    }
+}
+
 bool isNamed(const QWidget& widget) {
     return !widget.objectName().isEmpty() && !widget.objectName().startsWith(QLatin1String("qt_"));
 }
@@ -87,25 +103,27 @@ QList<const QWidget*> inTabOrder(const QWidget& screen) {
 
 } // namespace
 
-QString Screen::contentsAsText() const {
+QString contentsAsText(const QWidget& screen) {
     QStringList lines;
-    for (const QWidget* widget : findChildren<QWidget*>()) {
+    for (const QWidget* widget : screen.findChildren<QWidget*>()) {
         if (!isNamed(*widget))
             continue;
         if (auto* grid = qobject_cast<const FlexGrid*>(widget))
             appendGrid(lines, *grid, grid->objectName());
+        else if (auto* list = qobject_cast<const ListView*>(widget))
+            appendList(lines, *list);
         else if (const QString text = textOfField(widget); !text.isEmpty())
             lines << widget->objectName() + QStringLiteral(": ") + text;
     }
     return lines.join(QLatin1Char('\n'));
 }
 
-QString Screen::typedAsText() const {
+QString typedAsText(const QWidget& screen) {
     QStringList lines;
-    for (const QWidget* widget : inTabOrder(*this)) {
+    for (const QWidget* widget : inTabOrder(screen)) {
         if (!isNamed(*widget) || !takesTyping(*widget))
             continue;
-        const QString caption = captionOf(*this, *widget);
+        const QString caption = captionOf(screen, *widget);
         if (auto* grid = qobject_cast<const FlexGrid*>(widget)) {
             if (!grid->marksRowOnly()) // a list to pick from holds nothing that was typed
                 appendGrid(lines, *grid, caption);

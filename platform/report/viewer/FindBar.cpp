@@ -1,5 +1,6 @@
 #include "platform/report/viewer/FindBar.h"
 
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Connect.h"
 
@@ -84,7 +85,7 @@ bool FindBar::event(QEvent* event) {
 void FindBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         close();
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    else if (controls::isEnter(*event))
         Q_EMIT step(event->modifiers() & Qt::ShiftModifier ? -1 : 1);
     else
         QWidget::keyPressEvent(event);

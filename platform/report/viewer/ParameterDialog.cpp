@@ -1,6 +1,7 @@
 #include "platform/report/viewer/ParameterDialog.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Connect.h"
 #include "platform/report/Report.h"
@@ -56,7 +57,7 @@ ParameterDialog::ParameterDialog(Report& report, QWidget* parent)
 }
 
 void ParameterDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (controls::isEnter(*event))
         moveOn();
     else
         QDialog::keyPressEvent(event);

@@ -137,6 +137,11 @@ TEST(DateTime, CountsDaysOnBothSidesOf1970) {
     EXPECT_FALSE(fromIso("21.11.2026", 10));
 }
 
+TEST(Conversion, AQuoteBecomesABackQuote) {
+    EXPECT_EQ(BackQuoted("O'NEIL'S `A`"), "O`NEIL`S `A`");
+    EXPECT_EQ(BackQuoted({}), "");
+}
+
 TEST(Error, NamesItsNumberAndKeepsItsStatement) {
     const RunTimeError plain(errors::noCurrentRecord);
     EXPECT_TRUE(plain.description().startsWith("Either BOF or EOF is True"));

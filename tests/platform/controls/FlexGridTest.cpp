@@ -394,6 +394,24 @@ TEST_F(FlexGridTest, EveryKeyIsTold) {
     EXPECT_EQ(entered, 2);
 }
 
+TEST_F(FlexGridTest, AnEnterThatIsHeldDownTakesNoRow) {
+    fill();
+    show();
+    int entered = 0;
+    int told = 0;
+    on(grid, &FlexGrid::EnterPressed, grid, [&] { ++entered; });
+    on(grid, &FlexGrid::KeyDown, grid, [&] { ++told; });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QStringLiteral("\r"), true);
+        QCoreApplication::sendEvent(grid, &held);
+        EXPECT_TRUE(held.isAccepted()) << "and it is not the screen's either";
+    }
+    EXPECT_EQ(entered, 0);
+    EXPECT_EQ(told, 2);
+    tests::keys(*grid, QStringLiteral("<Enter>"));
+    EXPECT_EQ(entered, 1);
+}
+
 TEST_F(FlexGridTest, TypingDoesNotSearch) {
     fill();
     show();

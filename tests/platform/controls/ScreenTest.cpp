@@ -1,5 +1,6 @@
 #include "platform/controls/screen/Screen.h"
 #include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/ScreenContents.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 
@@ -268,7 +269,7 @@ TEST(Screen, ItsContentsAsTextLeaveOutPasswordsAndEmptyFields) {
     grid->setObjectName(QStringLiteral("grdPackage"));
     grid->setTextMatrix(0, 1, QStringLiteral("Code"));
     grid->setTextMatrix(1, 1, QStringLiteral("1012"));
-    EXPECT_EQ(screen.contentsAsText(),
+    EXPECT_EQ(contentsAsText(screen),
               QStringLiteral("txtName: SANTOS\ntxtRemarks: first\nsecond\ncboType: STAT\nchkCurrent: 1\n"
                              "grdPackage: 1012"));
 }
