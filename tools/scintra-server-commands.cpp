@@ -1,5 +1,6 @@
 #include "tools/scintra-server-commands.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
@@ -23,6 +24,8 @@
 namespace tools {
 
 namespace {
+
+using ado::sql;
 
 QString fileOf(const Arguments& arguments, qsizetype place = 0) {
     const QString named = arguments.words.value(place);
@@ -126,10 +129,7 @@ int runPassword(const Arguments& arguments) {
         throw base::RunTimeError(base::errors::invalidProcedureCall,
                                  QStringLiteral("A code or name cannot hold a quote."));
     const bool known =
-        provider
-            ->execute(
-                QStringLiteral("SELECT EmployeeID FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '%1'")
-                    .arg(id))
+        provider->execute(sql("SELECT EmployeeID FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '{}'", id))
             .rows.count() > 0;
     if (!known && arguments.name.isEmpty())
         throw base::RunTimeError(base::errors::itemNotFound,
@@ -143,20 +143,17 @@ int runPassword(const Arguments& arguments) {
     provider->begin();
     if (!known) {
         provider->execute(
-            QStringLiteral(
-                "INSERT INTO PASSWORD..tbPasswordMain (EmployeeID, Name, LastName, FirstName, DeptCode) "
-                "VALUES ('%1', '%2', '%3', '%4', '5')")
-                .arg(id, arguments.name, arguments.name.section(u',', 0, 0).trimmed(),
-                     arguments.name.section(u',', 1).trimmed()));
+            sql("INSERT INTO PASSWORD..tbPasswordMain (EmployeeID, Name, LastName, FirstName, DeptCode) "
+                "VALUES ('{}', '{}', '{}', '{}', '5')",
+                id, arguments.name, arguments.name.section(u',', 0, 0).trimmed(),
+                arguments.name.section(u',', 1).trimmed()));
         provider->execute(
-            QStringLiteral(
-                "NUCLEAR..spNuclear_SaveUserRights '%1','|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18','%1'")
-                .arg(id));
+            sql("NUCLEAR..spNuclear_SaveUserRights '{}','|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18','{}'",
+                id, id));
     }
-    provider->execute(
-        QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET PasswordHash = '%1', WrongTries = 0, "
-                       "LockedUntil = NULL WHERE EmployeeID = '%2'")
-            .arg(hash, id));
+    provider->execute(sql("UPDATE PASSWORD..tbPasswordMain SET PasswordHash = '{}', WrongTries = 0, "
+                          "LockedUntil = NULL WHERE EmployeeID = '{}'",
+                          hash, id));
     provider->commit();
     print(QStringLiteral("Password of %1 set.").arg(id));
     return exitDone;
@@ -216,7 +213,7 @@ QString shown(const base::Value& value) {
 
 int runSql(const Arguments& arguments) {
     const auto provider = openHospital(arguments);
-    const ado::Result result = provider->execute(arguments.words.constLast());
+    const ado::Result result = ado::runBatch(*provider, arguments.words.constLast());
     if (!result.rows.columns.empty()) {
         QStringList line;
         for (const ado::Column& column : result.rows.columns)

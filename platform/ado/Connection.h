@@ -28,7 +28,7 @@ struct StatementEvent {
     const base::RunTimeError* error; ///< null when it went well
 };
 
-/// Sees everything that goes over a connection: the trace, a test's recorder, a fault injector.
+/// Sees everything that goes over a connection: a test's recorder, a fault injector.
 class Observer {
   public:
     virtual ~Observer() = default;

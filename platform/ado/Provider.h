@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ado/Statement.h"
 #include "platform/base/Value.h"
 
 #include <QString>
@@ -64,11 +65,8 @@ struct Streamed {
 class Provider {
   public:
     virtual ~Provider() = default;
-    /// Runs the text as it is and fetches all of its result.
-    virtual Result execute(const QString& text) = 0;
-    /// Runs the text and hands its rows over one by one, holding none. Here for a provider that cannot: it
-    /// fetches all of the result first.
-    virtual Streamed stream(const QString& text, RowSink& sink);
+    /// Runs the statement and fetches all of its result.
+    Result execute(const Statement& statement) { return execute(statement.text()); }
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;
@@ -77,6 +75,18 @@ class Provider {
     virtual void useDatabase(const QString& name) = 0;
     /// Columns of the primary key of "DATABASE..table"; empty when it has none or is unknown.
     virtual QStringList primaryKey(const QString& table) = 0;
+
+  protected:
+    friend class Connection;
+    friend Result runBatch(Provider& provider, const QString& text);
+    friend Streamed runBatch(Provider& provider, const QString& text, RowSink& sink);
+
+    /// Runs the text as it is and fetches all of its result. Not for everyone: a text that was joined by hand
+    /// shall not compile.
+    virtual Result execute(const QString& text) = 0;
+    /// Runs the text and hands its rows over one by one, holding none. Here for a provider that cannot: it
+    /// fetches all of the result first.
+    virtual Streamed stream(const QString& text, RowSink& sink);
 };
 
 } // namespace ado

@@ -1,5 +1,6 @@
 #include "server/site/Install.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/ado/Quoting.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
@@ -11,7 +12,7 @@ namespace site {
 namespace {
 
 bool isThere(ado::Provider& server, const QString& expression) {
-    const ado::Result result = server.execute(QStringLiteral("SELECT ") + expression);
+    const ado::Result result = ado::runBatch(server, QStringLiteral("SELECT ") + expression);
     return result.rows.count() == 1 && !result.rows.at(0, 0).isNull();
 }
 
@@ -30,8 +31,9 @@ QString forServer(ado::Provider& server, const QString& batch) {
 /// Names of objects are written in more than one case, which a server may be told to tell apart. Readers do
 /// not wait for a save of another desk, as on the file that comes along.
 void createDatabase(ado::Provider& server, const QString& name) {
-    server.execute(QStringLiteral("CREATE DATABASE %1 COLLATE SQL_Latin1_General_CP1_CI_AS").arg(name));
-    server.execute(QStringLiteral("ALTER DATABASE %1 SET READ_COMMITTED_SNAPSHOT ON").arg(name));
+    ado::runBatch(server,
+                  QStringLiteral("CREATE DATABASE %1 COLLATE SQL_Latin1_General_CP1_CI_AS").arg(name));
+    ado::runBatch(server, QStringLiteral("ALTER DATABASE %1 SET READ_COMMITTED_SNAPSHOT ON").arg(name));
 }
 
 } // namespace
@@ -52,7 +54,7 @@ void install(ado::Provider& server, const hospital::Progress& progress) {
         tell(done * 100 / int(files.size()), QStringLiteral("Installing ") + file.name);
         for (const engine::ScriptBatch& batch : engine::scriptBatches(file.text)) {
             try {
-                server.execute(forServer(server, batch.text));
+                ado::runBatch(server, forServer(server, batch.text));
             } catch (const base::RunTimeError& error) {
                 throw engine::located(error, batch, file.name);
             }

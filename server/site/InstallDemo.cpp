@@ -1,3 +1,4 @@
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "server/demo/Hospital.h"
@@ -11,8 +12,7 @@
 namespace site {
 
 void installDemo(ado::Provider& server, const hospital::Progress& progress) {
-    const ado::Result patients =
-        server.execute(QStringLiteral("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster"));
+    const ado::Result patients = server.execute(ado::sql("SELECT COUNT(*) FROM PATIENT_DATA..tbMaster"));
     if (patients.rows.count() != 1 || base::CDbl(base::textOf(patients.rows.at(0, 0))) > 0)
         throw base::RunTimeError(58,
                                  QStringLiteral("There are patients already: the made-up hospital is only "
@@ -30,7 +30,7 @@ void installDemo(ado::Provider& server, const hospital::Progress& progress) {
                 progress(done++ * 100 / int(tables.size()),
                          QStringLiteral("Filling ") + QString::fromStdString(table.fileName()));
             for (const QString& text : tableRows(*source, table))
-                server.execute(text);
+                ado::runBatch(server, text);
         }
         server.commit();
     } catch (...) {

@@ -1,5 +1,6 @@
 #include "server/site/TableRows.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/ado/Quoting.h"
 
 #include <algorithm>
@@ -29,7 +30,7 @@ QStringList tableRows(ado::Provider& from, const engine::Table& table) {
     const QString name = QString::fromStdString(table.database + ".." + table.name);
     const bool numbered = std::any_of(table.columns.begin(), table.columns.end(),
                                       [](const engine::TableColumn& column) { return column.identity; });
-    const ado::Rows rows = from.execute(QStringLiteral("SELECT * FROM ") + name).rows;
+    const ado::Rows rows = ado::runBatch(from, QStringLiteral("SELECT * FROM ") + name).rows;
     QStringList texts{QStringLiteral("DELETE FROM ") + name};
     for (qsizetype first = 0; first < rows.count(); first += rowsAtOnce) {
         QStringList values;

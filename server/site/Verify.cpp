@@ -1,3 +1,4 @@
+#include "platform/ado/Batch.h"
 #include "platform/ado/Quoting.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
@@ -48,19 +49,18 @@ class Comparison {
     Comparison(ado::Provider& server, QString database) : m_server(server), m_database(std::move(database)) {}
 
     bool read() {
-        const ado::Result id =
-            m_server.execute(QStringLiteral("SELECT DB_ID(%1)").arg(ado::literal(base::Value(m_database))));
+        const ado::Result id = m_server.execute(ado::sql("SELECT DB_ID('{}')", m_database));
         if (id.rows.count() != 1 || id.rows.at(0, 0).isNull()) {
             tell(QString(), QStringLiteral("the database is missing"));
             return false;
         }
         const QString prefix = ado::bracketed(m_database);
         const ado::Rows columns =
-            m_server
-                .execute(
-                    QStringLiteral("SELECT TABLE_NAME, COLUMN_NAME, DATA_TYPE, CHARACTER_MAXIMUM_LENGTH, "
-                                   "IS_NULLABLE FROM %1.INFORMATION_SCHEMA.COLUMNS")
-                        .arg(prefix))
+            ado::runBatch(
+                m_server,
+                QStringLiteral("SELECT TABLE_NAME, COLUMN_NAME, DATA_TYPE, CHARACTER_MAXIMUM_LENGTH, "
+                               "IS_NULLABLE FROM %1.INFORMATION_SCHEMA.COLUMNS")
+                    .arg(prefix))
                 .rows;
         for (qsizetype row = 0; row < columns.count(); ++row)
             m_columns[upper(cell(columns, row, 0))][upper(cell(columns, row, 1))] =
@@ -68,10 +68,10 @@ class Comparison {
                            columns.at(row, 3).isNull() ? -1 : int(base::CDbl(cell(columns, row, 3))),
                            cell(columns, row, 4).compare(QLatin1StringView("YES"), Qt::CaseInsensitive) == 0);
         const ado::Rows modules =
-            m_server
-                .execute(QStringLiteral("SELECT O.name, M.definition FROM %1.sys.sql_modules M INNER JOIN "
-                                        "%1.sys.objects O ON O.object_id = M.object_id")
-                             .arg(prefix))
+            ado::runBatch(m_server,
+                          QStringLiteral("SELECT O.name, M.definition FROM %1.sys.sql_modules M INNER JOIN "
+                                         "%1.sys.objects O ON O.object_id = M.object_id")
+                              .arg(prefix))
                 .rows;
         for (qsizetype row = 0; row < modules.count(); ++row)
             m_modules[upper(cell(modules, row, 0))] = cell(modules, row, 1);

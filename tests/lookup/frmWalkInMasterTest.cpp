@@ -1,6 +1,7 @@
 #include "lookup/frmWalkInMaster.h"
 
 #include "lookup/frmAddWalkIn.h"
+#include "platform/ado/Batch.h"
 #include "platform/controls/fields/MaskedDate.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
@@ -24,7 +25,7 @@ class WalkInMaster : public tests::WalkInFixture {
              {"spNuclearaddcashpatient '0','W8001','AQUINO','BEA','SORIANO','2 LUNA "
               "ST','CENTRO','1100','F','2','02/29/1996','30'",
               "spNuclearaddcashpatient '0','W8002','AQUINO','CARLO','TAN','','','','M','0','','41'"})
-            hospital.open()->execute(QString::fromLatin1(text));
+            ado::runBatch(*hospital.open(), QString::fromLatin1(text));
     }
 
     void type(const QString& text) { keysToFocus(screen, text); }

@@ -125,8 +125,8 @@ TEST_P(Site, EightWorkstationsNeverShareANumber) {
             const auto provider = hospital.open();
             for (int round = 0; round < rounds; ++round) {
                 provider->begin();
-                const auto read = provider->execute(QStringLiteral("SELECT chargeslip FROM tbNucSlip"));
-                provider->execute(QStringLiteral("sp_Nuclear_IncRefNum"));
+                const auto read = provider->execute(ado::sql("SELECT chargeslip FROM tbNucSlip"));
+                provider->execute(ado::sql("sp_Nuclear_IncRefNum"));
                 provider->commit();
                 numbers.push_back(*read.rows.at(0, 0).asInteger());
             }
@@ -143,7 +143,7 @@ TEST_P(Site, EightWorkstationsNeverShareANumber) {
 TEST_P(Site, ASecondReaderOfANumberWaits) {
     const auto first = hospital.open();
     first->begin();
-    first->execute(QStringLiteral("SELECT chargeslip FROM NUCLEAR..tbNucSlip"));
+    first->execute(ado::sql("SELECT chargeslip FROM NUCLEAR..tbNucSlip"));
     odbc::Options impatient;
     impatient.statementSeconds = 2;
     const auto second =

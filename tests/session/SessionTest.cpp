@@ -1,5 +1,6 @@
 #include "session/Session.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/base/Error.h"
 #include "session/Screens.h"
 #include "session/logon/clsCurrentUser.h"
@@ -175,7 +176,7 @@ class LosesTheConnection : public tests::ScriptedServer {
                     ado::Connection::byConnectionString(QStringLiteral("Server=SCRIPTED"))
                         ->addObserver(&closer());
                 m_watched = true;
-                return m_inner->execute(text);
+                return ado::runBatch(*m_inner, text);
             }
 
           private:

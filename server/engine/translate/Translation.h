@@ -43,7 +43,6 @@ struct Translation {
     bool insertsIdentity = false;
     /// INSERT: the table, when the statement itself gives a value for the identity column.
     std::string givenIdentity;
-    std::string identityTable;
 };
 
 } // namespace engine

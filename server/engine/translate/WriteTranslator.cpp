@@ -133,7 +133,6 @@ Translation WriteTranslator::insert(const Write& write) {
             defaulted.push_back(int(i));
         m_translation.insertsIdentity = m_translation.insertsIdentity || column.identity;
     }
-    m_translation.identityTable = table.fileName();
     std::string names;
     for (const int column : columns)
         names += (names.empty() ? "" : ", ") + quotedName(table.columns[std::size_t(column)].name);

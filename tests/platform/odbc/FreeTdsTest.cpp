@@ -1,4 +1,5 @@
 // The real FreeTDS driver, on a server of the tests' own.
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/odbc/DataSources.h"
@@ -36,7 +37,7 @@ class FreeTds : public testing::Test {
         return odbc::OdbcProvider::open(server.connectionText() + more, options);
     }
     static QString value(ado::Provider& provider, const char* text) {
-        const ado::Result result = provider.execute(QString::fromUtf8(text));
+        const ado::Result result = ado::runBatch(provider, QString::fromUtf8(text));
         return result.rows.count() == 1 ? base::textOf(result.rows.at(0, 0)) : QStringLiteral("<none>");
     }
     std::unique_ptr<odbc::OdbcProvider> openProbe(int seconds = 30) {

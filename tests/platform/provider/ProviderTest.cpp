@@ -1,4 +1,5 @@
 // One suite for every way to a server. Where a server is none of T-SQL, its quirks say what it leaves out.
+#include "platform/ado/Batch.h"
 #include "platform/ado/Connection.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
@@ -101,11 +102,11 @@ class ProviderTest : public testing::TestWithParam<Side> {
     ~ProviderTest() override {
         if (m_provider && m_provider->inTransaction())
             m_provider->rollback();
-        m_provider->execute(QStringLiteral("DROP TABLE tbProbe"));
+        ado::runBatch(*m_provider, QStringLiteral("DROP TABLE tbProbe"));
     }
 
     const Quirks& quirks() const { return GetParam().quirks; }
-    ado::Result run(const QString& text) { return m_provider->execute(text); }
+    ado::Result run(const QString& text) { return ado::runBatch(*m_provider, text); }
     QString value(const QString& text) {
         const ado::Result result = run(text);
         EXPECT_EQ(result.rows.count(), 1) << text.toStdString();
@@ -229,7 +230,7 @@ TEST_P(ProviderTest, HandsRowsOverOneByOneUntilTheyAreNotWanted) {
     m_provider->commit();
     const QString text = QStringLiteral("SELECT ID, Name FROM tbProbe ORDER BY ID");
     Taker all(10'000);
-    const ado::Streamed whole = m_provider->stream(text, all);
+    const ado::Streamed whole = ado::runBatch(*m_provider, text, all);
     EXPECT_EQ(whole.rows, 700);
     EXPECT_FALSE(whole.stopped);
     EXPECT_EQ(all.names, (QStringList{"ID", "Name"}));
@@ -237,13 +238,14 @@ TEST_P(ProviderTest, HandsRowsOverOneByOneUntilTheyAreNotWanted) {
     for (int i = 0; i < 700; ++i)
         ASSERT_EQ(all.taken[std::size_t(i)], base::Value(i));
     Taker some(130);
-    const ado::Streamed part = m_provider->stream(text, some);
+    const ado::Streamed part = ado::runBatch(*m_provider, text, some);
     EXPECT_EQ(part.rows, 130);
     EXPECT_TRUE(part.stopped);
     Taker broken(10'000);
     broken.breaksAt = 300;
-    EXPECT_THROW(m_provider->stream(text, broken), base::RunTimeError);
-    EXPECT_EQ(m_provider->stream(QStringLiteral("UPDATE tbProbe SET Name = 'x' WHERE ID < 5"), some).affected,
+    EXPECT_THROW(ado::runBatch(*m_provider, text, broken), base::RunTimeError);
+    EXPECT_EQ(ado::runBatch(*m_provider, QStringLiteral("UPDATE tbProbe SET Name = 'x' WHERE ID < 5"), some)
+                  .affected,
               5);
     EXPECT_EQ(value("SELECT COUNT(*) FROM tbProbe"), u"700") << "the session goes on";
 }

@@ -1,5 +1,6 @@
 #include "tests/platform/report/StoredReports.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/report/output/Print.h"
@@ -79,7 +80,7 @@ QString StoredReports::printed(report::Report& opened) {
 }
 
 ado::Rows StoredReports::rows(const QString& query) const {
-    return openHospital()->execute(toServerDays(query)).rows;
+    return ado::runBatch(*openHospital(), toServerDays(query)).rows;
 }
 
 QString StoredReports::value(const QString& query) const {

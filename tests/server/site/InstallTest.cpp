@@ -1,5 +1,6 @@
 #include "server/site/Install.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/odbc/OdbcProvider.h"
@@ -34,7 +35,7 @@ class Install : public testing::Test {
         return odbc::OdbcProvider::open(tests::LoopbackServer::connectionText());
     }
     QString value(ado::Provider& provider, const QString& text) {
-        return base::textOf(provider.execute(text).rows.at(0, 0));
+        return base::textOf(ado::runBatch(provider, text).rows.at(0, 0));
     }
     QStringList wireWith(const QString& start) {
         QStringList found;
@@ -65,9 +66,9 @@ TEST_F(Install, MakesTheWholeKitAndCanBeRunAgain) {
     EXPECT_FALSE(wireWith(QStringLiteral("CREATE PROCEDURE sp_Nuclear_AddRequest")).isEmpty());
     EXPECT_TRUE(wireWith(QStringLiteral("CREATE OR ALTER")).isEmpty()) << "needs a service pack";
 
-    provider->execute(QStringLiteral("UPDATE NUCLEAR..tbNucSlip SET ChargeSlip = 4711"));
-    provider->execute(QStringLiteral("USE NUCLEAR"));
-    provider->execute(QStringLiteral("DROP PROCEDURE sp_Nuclear_IncRefNum"));
+    ado::runBatch(*provider, QStringLiteral("UPDATE NUCLEAR..tbNucSlip SET ChargeSlip = 4711"));
+    ado::runBatch(*provider, QStringLiteral("USE NUCLEAR"));
+    ado::runBatch(*provider, QStringLiteral("DROP PROCEDURE sp_Nuclear_IncRefNum"));
     server.wire.clear();
     site::install(*provider, {});
     EXPECT_EQ(site::verify(*provider), QStringList());
@@ -95,7 +96,7 @@ TEST_F(Install, PutsTheMadeUpHospitalInWholeAndOnce) {
     }
     const QString names = QStringLiteral("SELECT LastName, FirstName, BirthDate FROM PATIENT_DATA..tbMaster "
                                          "ORDER BY HospNum");
-    EXPECT_EQ(provider->execute(names).rows.values, other->execute(names).rows.values);
+    EXPECT_EQ(ado::runBatch(*provider, names).rows.values, other->execute(names).rows.values);
     EXPECT_EQ(raised([&] { site::installDemo(*provider, {}); }).number(), 58);
 }
 
@@ -106,7 +107,7 @@ TEST_F(Install, TellsWhatDiffers) {
          {"USE NUCLEAR", "DROP PROCEDURE sp_Nuclear_IncRefNum",
           "ALTER PROCEDURE sp_Nuclear_IncRequestNum AS SET NOCOUNT ON", "USE CARDIO", "USE BILLING",
           "DROP TABLE tbDeposit", "CREATE TABLE tbDeposit (DepositID varchar(9) NOT NULL)"})
-        provider->execute(QString::fromLatin1(text));
+        ado::runBatch(*provider, QString::fromLatin1(text));
     const QStringList differences = site::verify(*provider);
     EXPECT_TRUE(differences.contains(QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum: is missing")));
     EXPECT_TRUE(differences.contains(QStringLiteral("NUCLEAR..sp_Nuclear_IncRequestNum: is not the kit's")));
@@ -138,11 +139,11 @@ TEST(InstallOverFreeTds, MakesTheKitAndTheMadeUpHospital) {
     EXPECT_EQ(embedded->check(), QStringList());
     const QString names = QStringLiteral("SELECT LastName, FirstName, BirthDate FROM PATIENT_DATA..tbMaster "
                                          "ORDER BY HospNum");
-    const ado::Result patients = provider->execute(names);
+    const ado::Result patients = ado::runBatch(*provider, names);
     EXPECT_GT(patients.rows.count(), 250);
     EXPECT_EQ(patients.rows.values, embedded->execute(names).rows.values);
-    provider->execute(QStringLiteral("USE NUCLEAR"));
-    provider->execute(QStringLiteral("DROP PROCEDURE sp_Nuclear_IncRefNum"));
+    ado::runBatch(*provider, QStringLiteral("USE NUCLEAR"));
+    ado::runBatch(*provider, QStringLiteral("DROP PROCEDURE sp_Nuclear_IncRefNum"));
     EXPECT_EQ(site::verify(*provider),
               QStringList{QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum: is missing")});
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ado/Batch.h"
 #include "platform/ado/Connection.h"
 #include "platform/base/DateTime.h"
 #include "tests/support/hospital/Days.h"
@@ -17,7 +18,7 @@ class Hospital : public testing::Test {
     explicit Hospital(Way way = usualWay());
 
     /// The result of one text.
-    ado::Rows rows(const QString& text) { return m_provider->execute(toServerDays(text)).rows; }
+    ado::Rows rows(const QString& text) { return ado::runBatch(*m_provider, toServerDays(text)).rows; }
     /// The only value of the only row, as text; Null is "<Null>".
     QString value(const QString& text);
     QString cell(const ado::Rows& rows, qsizetype row, const char* column);

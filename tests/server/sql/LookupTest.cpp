@@ -1,3 +1,4 @@
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "tests/server/sql/Hospital.h"
 
@@ -198,31 +199,33 @@ TEST_F(Lookup, CashPatientsAreAddedAndChanged) {
 TEST_F(Lookup, RightsAreKeptApartByWorkstation) {
     const auto other = workstation(QStringLiteral("DESK2"));
     run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1001'"));
-    other->execute(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1005'"));
+    ado::runBatch(*other, QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1005'"));
     const QString seven =
         QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' ");
     EXPECT_EQ(rows(seven).count(), 1);
-    EXPECT_EQ(other->execute(seven).rows.count(), 0);
+    EXPECT_EQ(ado::runBatch(*other, seven).rows.count(), 0);
     EXPECT_EQ(rows(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).count(), 18);
-    EXPECT_EQ(other->execute(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(),
-              2);
+    EXPECT_EQ(
+        ado::runBatch(*other, QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(),
+        2);
     run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1007'"));
     EXPECT_EQ(rows(seven).count(), 0);
-    EXPECT_EQ(other->execute(QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(),
-              2);
+    EXPECT_EQ(
+        ado::runBatch(*other, QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights")).rows.count(),
+        2);
 }
 
 TEST_F(Lookup, RightsAreKeptApartOnOneWorkstationToo) {
     // The program started twice on one desk: each asks, and then both look, the first one last.
     const auto second = workstation(QStringLiteral("DESK1"));
     EXPECT_NE(value(QStringLiteral("SELECT @@SPID AS Session")),
-              base::textOf(second->execute(QStringLiteral("SELECT @@SPID AS Session")).rows.at(0, 0)));
+              base::textOf(ado::runBatch(*second, QStringLiteral("SELECT @@SPID AS Session")).rows.at(0, 0)));
     const QString seven =
         QStringLiteral("SELECT * FROM NUCLEAR..tbNuclearDumpUserRights WHERE RightsID = '7' ");
     for (int round = 0; round < 3; ++round) {
         run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1001'"));
-        second->execute(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1007'"));
-        EXPECT_EQ(second->execute(seven).rows.count(), 0);
+        ado::runBatch(*second, QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1007'"));
+        EXPECT_EQ(ado::runBatch(*second, seven).rows.count(), 0);
         EXPECT_EQ(rows(seven).count(), 1);
     }
     EXPECT_EQ(count(QStringLiteral("tbNuclearSessionRights"), QStringLiteral("Workstation = 'DESK1'")), 18);

@@ -1,5 +1,6 @@
 #include "tests/server/sql/Hospital.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/ado/Recordset.h"
 #include "platform/base/Error.h"
 
@@ -143,17 +144,21 @@ TEST_F(Posting, TheWardsEntryIsWrittenBack) {
     logBook.Update();
 
     const auto other = workstation(QStringLiteral("DESK2"));
-    EXPECT_EQ(other->execute(QStringLiteral("sp_Nuclear_NurseCommunication")).rows.count(), before - 1);
+    EXPECT_EQ(ado::runBatch(*other, QStringLiteral("sp_Nuclear_NurseCommunication")).rows.count(),
+              before - 1);
     const ado::Rows written =
-        other->execute(QStringLiteral("SELECT * FROM STATION..tbNurseLogBook WHERE ReferenceNum = 'C77J'"))
+        ado::runBatch(*other,
+                      QStringLiteral("SELECT * FROM STATION..tbNurseLogBook WHERE ReferenceNum = 'C77J'"))
             .rows;
     ASSERT_EQ(written.count(), 1);
     EXPECT_EQ(cell(written, 0, "ProcessBy"), QStringLiteral("1001"));
     EXPECT_EQ(cell(written, 0, "RequestNum"), request);
     // Posted once, it is not there to be posted again; cancelling still finds it.
     const QString posted = QStringLiteral("sp_checknurselogbook '%1','%2','%3','NU','%4','%5'");
-    EXPECT_EQ(other->execute(posted.arg(QStringLiteral("0"), type, idNum, exam, request)).rows.count(), 0);
-    EXPECT_EQ(other->execute(posted.arg(QStringLiteral("1"), type, idNum, exam, request)).rows.count(), 1);
+    EXPECT_EQ(ado::runBatch(*other, posted.arg(QStringLiteral("0"), type, idNum, exam, request)).rows.count(),
+              0);
+    EXPECT_EQ(ado::runBatch(*other, posted.arg(QStringLiteral("1"), type, idNum, exam, request)).rows.count(),
+              1);
 }
 
 TEST_F(Posting, WriteBackOfTheNumberRows) {
@@ -173,11 +178,11 @@ TEST_F(Posting, WriteBackOfTheNumberRows) {
     walkIn.Fields("transnum").setValue(1031);
     walkIn.Update();
     const auto other = workstation(QStringLiteral("DESK2"));
-    EXPECT_EQ(*other->execute(QStringLiteral("SELECT assessmentnum FROM BILLING..tbAssessmentNum"))
+    EXPECT_EQ(*ado::runBatch(*other, QStringLiteral("SELECT assessmentnum FROM BILLING..tbAssessmentNum"))
                    .rows.at(0, 0)
                    .asInteger(),
               number + 1);
-    EXPECT_EQ(*other->execute(QStringLiteral("SELECT lastopd FROM PATIENT_DATA..tbLastWalkInNum"))
+    EXPECT_EQ(*ado::runBatch(*other, QStringLiteral("SELECT lastopd FROM PATIENT_DATA..tbLastWalkInNum"))
                    .rows.at(0, 0)
                    .asText(),
               QStringLiteral("W1031"));
@@ -305,9 +310,10 @@ TEST_F(Posting, TwoWorkstationsNeverDrawTheSameNumber) {
     const auto other = workstation(QStringLiteral("DESK2"));
     const auto draw = [](ado::Provider& provider) {
         provider.begin();
-        const qint64 number =
-            *provider.execute(QStringLiteral("SELECT requestnum FROM tbNucSlip")).rows.at(0, 0).asInteger();
-        provider.execute(QStringLiteral("sp_Nuclear_IncRequestNum"));
+        const qint64 number = *ado::runBatch(provider, QStringLiteral("SELECT requestnum FROM tbNucSlip"))
+                                   .rows.at(0, 0)
+                                   .asInteger();
+        ado::runBatch(provider, QStringLiteral("sp_Nuclear_IncRequestNum"));
         provider.commit();
         return number;
     };

@@ -1,5 +1,6 @@
 #include "tests/support/hospital/Site.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/odbc/DataSources.h"
@@ -23,7 +24,7 @@ const char* const madeUp = "Kerova General Hospital";
 const char* const asInstalled = "Hospital";
 
 QString only(ado::Provider& server, const QString& query) {
-    const ado::Result result = server.execute(query);
+    const ado::Result result = ado::runBatch(server, query);
     return result.rows.count() == 1 ? base::textOf(result.rows.at(0, 0)) : QString();
 }
 
@@ -56,7 +57,7 @@ class Server {
         m_session = connect({});
         refuseAnothersHospital(*m_session);
         putKitBack();
-        const ado::Result asked = m_session->execute(QStringLiteral("SELECT GETDATE()"));
+        const ado::Result asked = ado::runBatch(*m_session, QStringLiteral("SELECT GETDATE()"));
         const base::DateTime* now = asked.rows.at(0, 0).asDateTime();
         if (!now)
             throw std::runtime_error("the server does not tell the time");
@@ -83,7 +84,7 @@ class Server {
             texts = textsOf(file);
         m_session->begin();
         for (const QString& text : texts)
-            m_session->execute(text);
+            ado::runBatch(*m_session, text);
         m_session->commit();
     }
 

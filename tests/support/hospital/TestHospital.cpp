@@ -1,5 +1,6 @@
 #include "tests/support/hospital/TestHospital.h"
 
+#include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"
 #include "tests/support/hospital/Days.h"
 #include "tests/support/hospital/DemoFile.h"
@@ -46,12 +47,12 @@ std::unique_ptr<ado::Provider> TestHospital::open(const QString& workstation) co
 }
 
 ado::Rows TestHospital::run(const QString& text) const {
-    return open()->execute(toServerDays(text)).rows;
+    return ado::runBatch(*open(), toServerDays(text)).rows;
 }
 
 void TestHospital::replaceProcedure(const QString& text) {
     m_kitChanged = true;
-    open()->execute(text);
+    ado::runBatch(*open(), text);
 }
 
 QString TestHospital::value(const QString& query) const {
