@@ -1,5 +1,7 @@
 #include "platform/base/DateTime.h"
 
+#include "platform/base/TestDoors.h"
+
 #include <QDateTime>
 
 #include <chrono>

@@ -2,6 +2,7 @@
 
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "session/TestDoors.h"
 #include "session/logon/OdbcServer.h"
 
 #include <QDir>

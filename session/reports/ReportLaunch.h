@@ -20,8 +20,6 @@ extern QString gReportOptionTitle;
 
 /// Where the program lies: the folder that has Reports beside the program, else the installed share folder.
 QString programFolder();
-/// Another place; "" for the program's own.
-void setProgramFolder(const QString& folder);
 /// "<program folder>\Reports\<file>": the path as the screens give it to PrepareReport.
 QString reportPath(const QString& file);
 /// Opens the report, sets its heading, logs its tables on to `database` and feeds its parameter fields in

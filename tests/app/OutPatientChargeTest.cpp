@@ -2,6 +2,7 @@
 #include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
 #include "platform/base/Conversion.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
@@ -31,7 +32,7 @@ class OutPatientCharge : public tests::LoggedOn {
                 .text());
     }
     ~OutPatientCharge() override {
-        SharedScreen<menu::frmMainMenu>::release();
+        controls::release<menu::frmMainMenu>();
         menu::links() = menu::defaultLinks();
     }
     /// Charge Entry by keyboard, and what is typed in the list of out-patients.

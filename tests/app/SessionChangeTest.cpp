@@ -1,7 +1,10 @@
 #include "app/AppScreens.h"
 #include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
+#include "platform/base/TestDoors.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/HospitalServer.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/support/screens/Driver.h"
@@ -28,7 +31,7 @@ class SessionChange : public testing::Test {
         menu::links().endProgram = [this] { ++ended; };
     }
     ~SessionChange() override {
-        SharedScreen<menu::frmMainMenu>::release();
+        controls::release<menu::frmMainMenu>();
         menu::links() = menu::defaultLinks();
         session::forgetSession();
         session::setScreens(nullptr);

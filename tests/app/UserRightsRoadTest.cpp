@@ -3,6 +3,7 @@
 #include "app/AppScreens.h"
 #include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "session/rights/CheckAccess.h"
@@ -30,7 +31,7 @@ class UserRightsRoad : public tests::LoggedOn {
         SharedScreen<menu::frmMainMenu>::fresh().Show();
     }
     ~UserRightsRoad() override {
-        SharedScreen<menu::frmMainMenu>::release();
+        controls::release<menu::frmMainMenu>();
         session::setScreens(&screens);
     }
     static menu::frmMainMenu& menuScreen() { return SharedScreen<menu::frmMainMenu>::current(); }

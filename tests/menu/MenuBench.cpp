@@ -1,5 +1,6 @@
 #include "tests/menu/MenuBench.h"
 
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/reports/ReportLaunch.h"
 
@@ -18,7 +19,7 @@ MenuBench::MenuBench() {
 }
 
 MenuBench::~MenuBench() {
-    controls::SharedScreen<menu::frmMainMenu>::release();
+    controls::release<menu::frmMainMenu>();
     menu::links() = menu::defaultLinks();
 }
 

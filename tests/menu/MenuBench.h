@@ -2,6 +2,7 @@
 
 #include "menu/MenuLinks.h"
 #include "menu/frmMainMenu.h"
+#include "platform/base/TestDoors.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/MessageScript.h"
 #include "tests/support/screens/ScriptedSession.h"

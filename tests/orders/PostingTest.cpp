@@ -1,4 +1,5 @@
 #include "platform/base/Format.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/RequestFixture.h"
@@ -407,7 +408,7 @@ TEST_F(Posting, AFailingStatementStopsTheProgramAndLeavesNothing) {
         EXPECT_TRUE(boxes.boxes().empty()) << "no box but the error's";
         EXPECT_TRUE(session::gConnection->inTransaction()) << "left open until the program stops";
         session::gConnection->RollbackTrans(); // what the server does as the connection goes
-        controls::SharedScreen<orders::frmRequest>::release();
+        controls::release<orders::frmRequest>();
         EXPECT_EQ(value(rows), before) << failing;
         EXPECT_EQ(nextSlip(), slip);
     }
@@ -423,7 +424,7 @@ TEST_F(Posting, ATextThatWouldLeaveItsLiteralStopsTheSave) {
         EXPECT_EQ(errors.take().number(), 102);
         session::gConnection->RollbackTrans();
         EXPECT_EQ(nextSlip(), slip);
-        controls::SharedScreen<orders::frmRequest>::release();
+        controls::release<orders::frmRequest>();
         openAdmitted();
         type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
     }

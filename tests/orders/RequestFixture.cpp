@@ -1,5 +1,7 @@
 #include "tests/orders/RequestFixture.h"
 
+#include "platform/controls/screen/TestDoors.h"
+
 #include <QCoreApplication>
 #include <QTest>
 
@@ -8,7 +10,7 @@ namespace tests {
 RequestFixture::RequestFixture(Way way) : LoggedOn(way) {}
 
 RequestFixture::~RequestFixture() {
-    controls::SharedScreen<orders::frmRequest>::release();
+    controls::release<orders::frmRequest>();
 }
 
 orders::frmRequest& RequestFixture::screen() {

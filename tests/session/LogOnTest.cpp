@@ -1,5 +1,7 @@
 #include "platform/base/Error.h"
+#include "platform/base/TestDoors.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/logon/frmLogOn.h"
@@ -24,7 +26,7 @@ base::DateTime secondsLater(int seconds) {
 }
 
 TEST(PasswordTries, WaitsThirtySecondsAfterTheFifthAndDoubles) {
-    PasswordTries::forgetAll();
+    forgetPasswordTries();
     const QString code = QStringLiteral("1001");
     const base::FixedClock clock(morning);
     for (int i = 1; i < PasswordTries::freeTries; ++i) {
@@ -49,7 +51,7 @@ TEST(PasswordTries, WaitsThirtySecondsAfterTheFifthAndDoubles) {
     EXPECT_EQ(PasswordTries::secondsToWait(code), 0);
     PasswordTries::wrong(code);
     EXPECT_EQ(PasswordTries::secondsToWait(code), 0);
-    PasswordTries::forgetAll();
+    forgetPasswordTries();
 }
 
 TEST(PasswordTries, WaitHasALongest) {
@@ -68,7 +70,7 @@ TEST(PasswordMatches, AnEmptyHashLetsNobodyIn) {
 class LogOn : public testing::Test {
   protected:
     LogOn() {
-        PasswordTries::forgetAll();
+        forgetPasswordTries();
         server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."),
                             QStringLiteral("secret"));
         server->addEmployee(QStringLiteral("1900"), QStringLiteral("SALONGA, VIRGILIO T."),
@@ -80,7 +82,7 @@ class LogOn : public testing::Test {
     }
     ~LogOn() override {
         setHospitalServers({});
-        PasswordTries::forgetAll();
+        forgetPasswordTries();
     }
 
     void show(const std::function<void(controls::Screen&)>& driver) {

@@ -1,4 +1,5 @@
 #include "server/site/Install.h"
+#include "platform/base/TestDoors.h"
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"

@@ -1,6 +1,7 @@
 // A hospital behind TDS, for a data source of this computer: the program can be tried on it as on a SQL
 // Server, and test programs run there.
 #include "platform/base/DateTime.h"
+#include "platform/base/TestDoors.h"
 #include "tests/support/tds/TdsServer.h"
 
 #include <QCommandLineParser>
