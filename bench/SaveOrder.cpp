@@ -2,6 +2,7 @@
 #include "bench/Measure.h"
 #include "bench/Measures.h"
 #include "bench/RawOrder.h"
+#include "platform/controls/screen/TestDoors.h"
 
 #include "orders/frmRequest.h"
 #include "platform/base/Conversion.h"

@@ -1,5 +1,7 @@
 #include "menu/Monitors.h"
 
+#include "menu/TestDoors.h"
+
 namespace menu {
 
 namespace {

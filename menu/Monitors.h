@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 
 namespace menu {
@@ -20,7 +19,5 @@ class Monitors {
 
 /// The monitors of a menu that loads; null for none.
 std::unique_ptr<Monitors> makeMonitors(frmMainMenu& mainMenu);
-/// Tests only: monitors of another make; null for the program's own.
-void setMonitorMaker(std::function<std::unique_ptr<Monitors>(frmMainMenu&)> maker);
 
 } // namespace menu

@@ -1,6 +1,7 @@
 #include "platform/base/DateTime.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/TestDoors.h"
 
 #include <QDateTime>
 

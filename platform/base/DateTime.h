@@ -53,32 +53,8 @@ std::optional<DateTime> fromIso(const char* text, qsizetype length);
 double toSerial(DateTime moment);
 DateTime fromSerial(double days);
 
-/// The workstation's clock: Now and Date. Tests fix it.
+/// The workstation's clock: Now and Date. Tests fix it (TestDoors.h).
 DateTime now();
 DateTime today();
-
-/// Fixes now() while it lives; then the clock is again what it was before.
-class FixedClock {
-  public:
-    explicit FixedClock(DateTime moment);
-    ~FixedClock();
-    FixedClock(const FixedClock&) = delete;
-    FixedClock& operator=(const FixedClock&) = delete;
-
-  private:
-    std::optional<DateTime> m_outer;
-};
-
-/// Lets now() run ahead of the computer's clock by so many days, while it lives.
-class ClockAhead {
-  public:
-    explicit ClockAhead(int days);
-    ~ClockAhead();
-    ClockAhead(const ClockAhead&) = delete;
-    ClockAhead& operator=(const ClockAhead&) = delete;
-
-  private:
-    qint64 m_ms;
-};
 
 } // namespace base

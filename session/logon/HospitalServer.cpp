@@ -3,6 +3,7 @@
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/hospital/Create.h"
+#include "session/TestDoors.h"
 #include "session/logon/OdbcServer.h"
 
 #include <QDir>

@@ -39,8 +39,6 @@ using HospitalServers = std::vector<std::shared_ptr<HospitalServer>>;
 
 /// This computer's own server, then its ODBC data sources as they are now, unless others were set.
 HospitalServers hospitalServers();
-/// An empty list brings back those of this computer.
-void setHospitalServers(HospitalServers servers);
 
 /// Where somebody logged on last since the program was started; the log-on offers it first. "" is nowhere
 /// yet.

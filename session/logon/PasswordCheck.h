@@ -26,8 +26,6 @@ class PasswordTries {
     /// The server wants this code to wait.
     static void mustWait(const QString& employeeCode, int wrongTries, int seconds);
     static void right(const QString& employeeCode);
-    /// Tests only.
-    static void forgetAll();
 };
 
 /// Holds a password against an Argon2id text. Takes about as long for an empty text, so that a wrong code

@@ -3,6 +3,7 @@
 #include "platform/base/Error.h"
 #include "platform/report/output/Print.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/reports/frmReportViewer.h"
 

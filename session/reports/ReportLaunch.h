@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,8 +20,6 @@ extern QString gReportOptionTitle;
 
 /// Where the program lies: the folder that has Reports beside the program, else the installed share folder.
 QString programFolder();
-/// Another place; "" for the program's own.
-void setProgramFolder(const QString& folder);
 /// "<program folder>\Reports\<file>": the path as the screens give it to PrepareReport.
 QString reportPath(const QString& file);
 /// Opens the report, sets its heading, logs its tables on to `database` and feeds its parameter fields in
@@ -39,14 +36,5 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database);
 /// A machine without a printer gets the viewer; fields without a value are asked for first, and nothing is
 /// shown when that is given up. Raises 91 without an open report.
 void ShowReport(bool showGroupTree, const QString& title, bool directPrint);
-
-/// Tests only: what is launched instead of the three above; an empty one is the program's own.
-struct ReportLaunchers {
-    std::function<void(const QString& path, const QString& database, const std::vector<base::Value>& values)>
-        prepareReport = {};
-    std::function<void(const QString& name, const std::vector<base::Value>& values)> prepareSubReport = {};
-    std::function<void(bool showGroupTree, const QString& title, bool directPrint)> showReport = {};
-};
-ReportLaunchers& otherReportLaunchers();
 
 } // namespace session

@@ -1,6 +1,8 @@
 #include "app/ErrorBox.h"
+#include "platform/base/TestDoors.h"
 #include "platform/controls/screen/ErrorBoundary.h"
 #include "platform/controls/screen/Screen.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryMPI.h"
 #include "session/Session.h"
@@ -191,7 +193,7 @@ TEST_F(ErrorBoxTest, TakesTheFunctionalParametersAlongAndLeavesTheRestOfTheGrid)
 class InstalledBoundary : public tests::LoggedOn {
   protected:
     InstalledBoundary() { app::installBoundary(); }
-    ~InstalledBoundary() override { controls::ErrorBoundary::reset(); }
+    ~InstalledBoundary() override { controls::goOn(); }
 
     static void end(QWidget& window) {
         EXPECT_EQ(window.objectName(), "ErrorBox");

@@ -1,6 +1,7 @@
 #include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
 #include "platform/base/Conversion.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
@@ -28,7 +29,7 @@ class OutPatientCharge : public tests::LoggedOn {
                 .Fields(0)
                 .text());
     }
-    ~OutPatientCharge() override { SharedScreen<menu::frmMainMenu>::release(); }
+    ~OutPatientCharge() override { controls::release<menu::frmMainMenu>(); }
     /// Charge Entry by keyboard, and what is typed in the list of out-patients.
     void chargeEntry(const QString& typed) {
         auto& menuScreen = SharedScreen<menu::frmMainMenu>::current();

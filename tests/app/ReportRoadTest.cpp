@@ -2,9 +2,11 @@
 // is printed shows that each value arrived where the definition takes it.
 #include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/viewer/Viewer.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
@@ -42,7 +44,7 @@ class ReportRoads : public tests::LoggedOn {
         SharedScreen<menu::frmMainMenu>::fresh().Show();
     }
     ~ReportRoads() override {
-        SharedScreen<menu::frmMainMenu>::release();
+        controls::release<menu::frmMainMenu>();
         session::setScreens(&screens);
         session::setProgramFolder({});
     }

@@ -2,6 +2,7 @@
 #include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
 #include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/viewer/Viewer.h"
 #include "results/frmRequestMaster.h"
@@ -9,6 +10,7 @@
 #include "results/frmResultEntry.h"
 #include "results/frmResultMaster.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
@@ -44,11 +46,11 @@ class ResultRoad : public tests::LoggedOn {
         requestNum = request.Fields("RequestNum").text();
     }
     ~ResultRoad() override {
-        SharedScreen<frmMainMenu>::release();
-        SharedScreen<results::frmRequestMaster>::release();
-        SharedScreen<results::frmResultMaster>::release();
-        SharedScreen<results::frmResult>::release();
-        SharedScreen<results::frmResultEntry>::release();
+        controls::release<frmMainMenu>();
+        controls::release<results::frmRequestMaster>();
+        controls::release<results::frmResultMaster>();
+        controls::release<results::frmResult>();
+        controls::release<results::frmResultEntry>();
         session::gReport.reset();
         session::setProgramFolder({});
         session::setScreens(nullptr);

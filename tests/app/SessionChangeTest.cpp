@@ -1,6 +1,9 @@
 #include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
+#include "platform/base/TestDoors.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/HospitalServer.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/support/screens/Driver.h"
@@ -33,7 +36,7 @@ class SessionChange : public testing::Test {
         session::setScreens(&screens);
     }
     ~SessionChange() override {
-        SharedScreen<menu::frmMainMenu>::release();
+        controls::release<menu::frmMainMenu>();
         session::forgetSession();
         session::setScreens(nullptr);
         session::setHospitalServers({});

@@ -2,6 +2,7 @@
 // comes along.
 #include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "session/rights/CheckAccess.h"
@@ -29,7 +30,7 @@ class UserRightsRoad : public tests::LoggedOn {
         SharedScreen<menu::frmMainMenu>::fresh().Show();
     }
     ~UserRightsRoad() override {
-        SharedScreen<menu::frmMainMenu>::release();
+        controls::release<menu::frmMainMenu>();
         session::setScreens(&screens);
     }
     static menu::frmMainMenu& menuScreen() { return SharedScreen<menu::frmMainMenu>::current(); }

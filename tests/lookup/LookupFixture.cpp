@@ -5,6 +5,7 @@
 #include "lookup/frmPatientList.h"
 #include "lookup/frmRegisteredOPD.h"
 #include "lookup/frmSearch.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 
 namespace tests {
@@ -20,11 +21,11 @@ LookupFixture::LookupFixture() {
 }
 
 LookupFixture::~LookupFixture() {
-    controls::SharedScreen<lookup::frmSearch>::release();
-    controls::SharedScreen<lookup::frmAddWalkIn>::release();
-    controls::SharedScreen<lookup::frmListPatient>::release();
-    controls::SharedScreen<lookup::frmPatientList>::release();
-    controls::SharedScreen<lookup::frmRegisteredOPD>::release();
+    controls::release<lookup::frmSearch>();
+    controls::release<lookup::frmAddWalkIn>();
+    controls::release<lookup::frmListPatient>();
+    controls::release<lookup::frmPatientList>();
+    controls::release<lookup::frmRegisteredOPD>();
     session::gConnection = nullptr;
     session::gHospitalName.clear();
 }

@@ -1,6 +1,7 @@
 #include "tests/lookup/WalkInFixture.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/controls/screen/TestDoors.h"
 
 #include <QApplication>
 #include <QTest>
@@ -8,8 +9,8 @@
 namespace tests {
 
 WalkInFixture::~WalkInFixture() {
-    controls::SharedScreen<lookup::frmAddWalkIn>::release();
-    controls::SharedScreen<lookup::frmWalkInMaster>::release();
+    controls::release<lookup::frmAddWalkIn>();
+    controls::release<lookup::frmWalkInMaster>();
 }
 
 void WalkInFixture::activate(controls::Screen& screen) {

@@ -2,6 +2,7 @@
 
 #include "lookup/frmAddWalkIn.h"
 #include "lookup/frmWalkInMaster.h"
+#include "platform/base/TestDoors.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"

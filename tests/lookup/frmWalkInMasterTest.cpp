@@ -291,7 +291,7 @@ TEST_F(WalkInMaster, CancelAndEscapeLeaveTheEditAndWriteNothing) {
 TEST_F(WalkInMaster, AListWithoutZipCodesCanBeEdited) {
     // As a hospital's own procedure may give it.
     hospital.replaceProcedure(
-        "CREATE OR ALTER PROCEDURE spGlobal_CashPatient @By varchar(1), @Text varchar(50) AS SELECT "
+        "ALTER PROCEDURE spGlobal_CashPatient @By varchar(1), @Text varchar(50) AS SELECT "
         "hospnum AS HospNum, LastName FROM PATIENT_DATA..tbCashPatient WHERE LastName = @Text");
     edit("AQUINO");
     EXPECT_EQ(text(screen, "txtHospNum"), "W8001");

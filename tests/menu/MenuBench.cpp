@@ -1,6 +1,8 @@
 #include "tests/menu/MenuBench.h"
 
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 
 #include <QAction>
@@ -19,7 +21,7 @@ MenuBench::MenuBench() {
 }
 
 MenuBench::~MenuBench() {
-    controls::SharedScreen<menu::frmMainMenu>::release();
+    controls::release<menu::frmMainMenu>();
     session::otherReportLaunchers() = {};
     menu::setMonitorMaker({});
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "menu/Monitors.h"
+#include "menu/TestDoors.h"
 #include "menu/frmMainMenu.h"
+#include "platform/base/TestDoors.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/MessageScript.h"
 #include "tests/support/screens/ScriptedSession.h"

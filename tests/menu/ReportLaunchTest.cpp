@@ -1,5 +1,6 @@
 #include "session/reports/ReportLaunch.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/menu/MenuBench.h"
 #include "tests/support/screens/ErrorRecorder.h"

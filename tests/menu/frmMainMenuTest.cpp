@@ -1,5 +1,6 @@
 #include "menu/Monitors.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/menu/MenuBench.h"
@@ -317,7 +318,7 @@ TEST_F(UserSettings, SayHowLongACodeHasToWait) {
     inModal([](QWidget& window) { tests::keysToFocus(window, "<Esc>"); });
     boxes.expect({"Invalid Password", 16, ""});
     clickSubMenu(2);
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
 }
 
 TEST_F(UserSettings, AnEnterThatIsHeldDownIsNoTry) {

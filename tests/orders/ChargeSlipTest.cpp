@@ -1,6 +1,7 @@
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/output/Print.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/RequestFixture.h"
 

@@ -1,4 +1,5 @@
 #include "platform/base/Format.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/RequestFixture.h"

@@ -2,6 +2,7 @@
 
 #include "orders/frmOutRequest.h"
 #include "orders/frmRequest.h"
+#include "platform/controls/screen/TestDoors.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -18,8 +19,8 @@ RequestFixture::~RequestFixture() {
 
 void RequestFixture::forget() {
     m_screen = nullptr;
-    SharedScreen<orders::frmRequest>::release();
-    SharedScreen<orders::frmOutRequest>::release();
+    controls::release<orders::frmRequest>();
+    controls::release<orders::frmOutRequest>();
 }
 
 entry::RequestScreen& RequestFixture::prepared(const session::RequestEntry& entry) {

@@ -471,7 +471,7 @@ TEST_F(RequestGrid, ToLookAtAFeesTypeLeavesItsPrice) {
 
 TEST_F(RequestGrid, TextsOfPaddedColumnsAreTrimmed) {
     hospital.replaceProcedure(
-        "CREATE OR ALTER PROCEDURE sp_Nuclear_commsearchexam @IdNum varchar(20), @Classification "
+        "ALTER PROCEDURE sp_Nuclear_commsearchexam @IdNum varchar(20), @Classification "
         "varchar(10) AS SELECT 'NU  ' AS RevenueID, ' 1001 ' AS ItemID, 'BONE SCAN ' AS Exam, "
         "'5620 ' AS Amount, '1 ' AS Quantity, '7000001   ' AS RequestNum");
     open({.PatIdNum = admitted, .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});

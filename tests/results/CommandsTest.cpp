@@ -1,3 +1,5 @@
+#include "platform/base/TestDoors.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "results/frmResultEntry.h"
 #include "session/Session.h"
 #include "tests/results/ResultFixture.h"
@@ -202,7 +204,7 @@ TEST_F(Commands, EditUnlocksTheCaseNumberOfTheGenericScreen) {
 
 TEST_F(Commands, EditOfTheOthersUnlocksAHiddenGenericScreenAndKeepsTheirOwnLock) {
     for (const std::size_t i : {1U, 2U, 3U}) {
-        controls::SharedScreen<results::frmResultEntry>::release();
+        controls::release<results::frmResultEntry>();
         openSaved(editedOn[i].kind, editedOn[i].disabled);
         EXPECT_FALSE(controls::SharedScreen<results::frmResultEntry>::exists());
         press("btnEdit");

@@ -1,5 +1,6 @@
 #include "tests/results/ListFixture.h"
 
+#include "platform/controls/screen/TestDoors.h"
 #include "results/frmRequestMaster.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
@@ -42,13 +43,13 @@ ListFixture::ListFixture() {
 }
 
 ListFixture::~ListFixture() {
-    SharedScreen<results::frmRequestMaster>::release();
-    SharedScreen<results::frmResultMaster>::release();
-    SharedScreen<results::frmResult>::release();
-    SharedScreen<results::frmResultEntry>::release();
-    SharedScreen<results::frmResultEntryMPI>::release();
-    SharedScreen<results::frmResultEntryGFR>::release();
-    SharedScreen<results::frmResultRadioImmuno>::release();
+    controls::release<results::frmRequestMaster>();
+    controls::release<results::frmResultMaster>();
+    controls::release<results::frmResult>();
+    controls::release<results::frmResultEntry>();
+    controls::release<results::frmResultEntryMPI>();
+    controls::release<results::frmResultEntryGFR>();
+    controls::release<results::frmResultRadioImmuno>();
 }
 
 void ListFixture::answer(const char* statement, const char* columns, const std::vector<Row>& rows,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/TestDoors.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "results/frmResult.h"
 #include "tests/support/screens/Driver.h"

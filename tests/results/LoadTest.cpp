@@ -1,3 +1,4 @@
+#include "platform/controls/screen/TestDoors.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
 #include "results/frmResultRadioImmuno.h"
@@ -385,7 +386,7 @@ TEST_F(LoadedResult, EditOpensTheFieldsAndTheCaseNumberOfTheGenericScreenOnly) {
 /// The one that btnEdit of another screen made is the one that the next request opens.
 TEST_F(LoadedResult, TheHiddenGenericScreenIsFilledAndShownLater) {
     answerResult("tbNucResult");
-    controls::SharedScreen<results::frmResultEntry>::release();
+    controls::release<results::frmResultEntry>();
     open(entries[2], QStringLiteral("R"),
          [&](ResultScreen& screen) { tests::click(child<QPushButton>(screen, "btnEdit")); });
     ASSERT_TRUE(controls::SharedScreen<results::frmResultEntry>::exists());

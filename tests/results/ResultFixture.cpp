@@ -1,11 +1,13 @@
 #include "tests/results/ResultFixture.h"
 
+#include "platform/controls/screen/TestDoors.h"
 #include "platform/report/layout/PageDocument.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
 #include "results/frmResultEntryMPI.h"
 #include "results/frmResultRadioImmuno.h"
 #include "results/frmSymbols.h"
+#include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 
 #include <QDir>
@@ -69,11 +71,11 @@ ResultFixture::ResultFixture() {
 }
 
 ResultFixture::~ResultFixture() {
-    SharedScreen<frmResultEntry>::release();
-    SharedScreen<frmResultEntryMPI>::release();
-    SharedScreen<frmResultEntryGFR>::release();
-    SharedScreen<frmResultRadioImmuno>::release();
-    SharedScreen<frmSymbols>::release();
+    controls::release<frmResultEntry>();
+    controls::release<frmResultEntryMPI>();
+    controls::release<frmResultEntryGFR>();
+    controls::release<frmResultRadioImmuno>();
+    controls::release<frmSymbols>();
     session::gReport.reset();
     session::setProgramFolder({});
 }

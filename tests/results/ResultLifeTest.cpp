@@ -1,4 +1,5 @@
 // A result from its request to its second life, on the embedded server, as a clerk works: keys only.
+#include "platform/controls/screen/TestDoors.h"
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/viewer/Viewer.h"
 #include "results/frmRequestMaster.h"
@@ -9,6 +10,7 @@
 #include "results/frmResultMaster.h"
 #include "results/frmResultRadioImmuno.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/HospitalServer.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/results/ListFixture.h"
@@ -64,13 +66,13 @@ class LifeFixture : public tests::LoggedOn {
     ~LifeFixture() override {
         session::gReport.reset();
         session::setProgramFolder({});
-        SharedScreen<results::frmRequestMaster>::release();
-        SharedScreen<results::frmResultMaster>::release();
-        SharedScreen<results::frmResult>::release();
-        SharedScreen<results::frmResultEntry>::release();
-        SharedScreen<results::frmResultEntryMPI>::release();
-        SharedScreen<results::frmResultEntryGFR>::release();
-        SharedScreen<results::frmResultRadioImmuno>::release();
+        controls::release<results::frmRequestMaster>();
+        controls::release<results::frmResultMaster>();
+        controls::release<results::frmResult>();
+        controls::release<results::frmResultEntry>();
+        controls::release<results::frmResultEntryMPI>();
+        controls::release<results::frmResultEntryGFR>();
+        controls::release<results::frmResultRadioImmuno>();
     }
 
     /// Files a request of 104001's as the latest one, with the ward's rows.

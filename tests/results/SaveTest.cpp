@@ -1,3 +1,4 @@
+#include "platform/base/TestDoors.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/results/ResultFixture.h"

@@ -1,3 +1,5 @@
+#include "platform/base/TestDoors.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "session/reports/frmDailyReport.h"
 #include "session/reports/frmDateEntry.h"
@@ -23,9 +25,9 @@ class DateDialogs : public testing::Test {
         gReportOptionTitle = QStringLiteral("title");
     }
     ~DateDialogs() override {
-        controls::SharedScreen<frmReportDate>::release();
-        controls::SharedScreen<frmDateEntry>::release();
-        controls::SharedScreen<frmDailyReport>::release();
+        controls::release<frmReportDate>();
+        controls::release<frmDateEntry>();
+        controls::release<frmDailyReport>();
     }
     template <typename Form>
     void show(const std::function<void(controls::Screen&)>& driver) {
@@ -155,7 +157,7 @@ TEST_F(DateDialogs, DailyReportEscapeKeepsTheOldValues) {
 
 class Access : public testing::Test {
   protected:
-    ~Access() override { controls::SharedScreen<frmAccess>::release(); }
+    ~Access() override { controls::release<frmAccess>(); }
     bool type(const char* password) {
         auto& dialog = controls::SharedScreen<frmAccess>::fresh();
         tests::whileModal([&] { dialog.ShowModal(); },

@@ -1,20 +1,25 @@
 #include "tests/session/Drive.h"
 
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/screens/MessageScript.h"
+#include "tests/support/screens/ModalWatch.h"
 
 #include <QApplication>
 #include <QTimer>
 
+#include <optional>
 #include <stdexcept>
 
 namespace tests {
 
 void whileModal(const std::function<void()>& opener, const std::function<void(controls::Screen&)>& driver) {
     bool driven = false;
+    std::optional<ModalWatch::Driver> driving(std::in_place);
     QTimer timer;
     timer.setSingleShot(true);
     QObject::connect(&timer, &QTimer::timeout, [&] {
         driven = true;
+        driving.reset(); // a screen that comes over this one, or behind it, has nobody
         auto* screen = qobject_cast<controls::Screen*>(QApplication::activeModalWidget());
         if (!screen) {
             ADD_FAILURE() << "no screen came up";

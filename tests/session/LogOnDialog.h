@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/TestDoors.h"
+#include "session/TestDoors.h"
 #include "session/logon/HospitalServer.h"
 #include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
@@ -16,13 +18,13 @@ namespace tests {
 class LogOnDialog : public testing::Test {
   protected:
     LogOnDialog() {
-        session::PasswordTries::forgetAll();
+        session::forgetPasswordTries();
         session::setHospitalServers({});
         session::setLastServer({});
         user.setPasswordDeptCode(QStringLiteral("5"));
     }
     ~LogOnDialog() override {
-        session::PasswordTries::forgetAll();
+        session::forgetPasswordTries();
         session::setLastServer({});
         setDataSources({});
     }

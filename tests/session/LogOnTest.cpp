@@ -1,5 +1,7 @@
 #include "platform/base/Error.h"
+#include "platform/base/TestDoors.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/logon/frmLogOn.h"
@@ -24,7 +26,7 @@ base::DateTime secondsLater(int seconds) {
 }
 
 TEST(PasswordTries, WaitsThirtySecondsAfterTheFifthAndDoubles) {
-    PasswordTries::forgetAll();
+    forgetPasswordTries();
     const QString code = QStringLiteral("1001");
     const base::FixedClock clock(morning);
     for (int i = 1; i < PasswordTries::freeTries; ++i) {
@@ -49,11 +51,11 @@ TEST(PasswordTries, WaitsThirtySecondsAfterTheFifthAndDoubles) {
     EXPECT_EQ(PasswordTries::secondsToWait(code), 0);
     PasswordTries::wrong(code);
     EXPECT_EQ(PasswordTries::secondsToWait(code), 0);
-    PasswordTries::forgetAll();
+    forgetPasswordTries();
 }
 
 TEST(PasswordTries, AClockThatIsSetBackProlongsNoWait) {
-    PasswordTries::forgetAll();
+    forgetPasswordTries();
     const QString code = QStringLiteral("1001");
     {
         const base::FixedClock ahead(secondsLater(86400));
@@ -64,7 +66,7 @@ TEST(PasswordTries, AClockThatIsSetBackProlongsNoWait) {
     EXPECT_EQ(PasswordTries::secondsToWait(code), 30);
     const base::FixedClock later(secondsLater(30));
     EXPECT_EQ(PasswordTries::secondsToWait(code), 0) << "and no longer";
-    PasswordTries::forgetAll();
+    forgetPasswordTries();
 }
 
 TEST(PasswordTries, WaitHasALongest) {
@@ -83,7 +85,7 @@ TEST(PasswordMatches, AnEmptyHashLetsNobodyIn) {
 class LogOn : public testing::Test {
   protected:
     LogOn() {
-        PasswordTries::forgetAll();
+        forgetPasswordTries();
         server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."),
                             QStringLiteral("secret"));
         server->addEmployee(QStringLiteral("1900"), QStringLiteral("SALONGA, VIRGILIO T."),
@@ -95,7 +97,7 @@ class LogOn : public testing::Test {
     }
     ~LogOn() override {
         setHospitalServers({});
-        PasswordTries::forgetAll();
+        forgetPasswordTries();
     }
 
     void show(const std::function<void(controls::Screen&)>& driver) {

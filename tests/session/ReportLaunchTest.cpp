@@ -1,4 +1,5 @@
 #include "session/reports/ReportLaunch.h"
+#include "session/TestDoors.h"
 
 #include "platform/base/Error.h"
 #include "platform/report/output/Print.h"

@@ -1,4 +1,5 @@
 #include "session/Routines.h"
+#include "platform/base/TestDoors.h"
 
 #include "session/Session.h"
 #include "session/rights/CheckAccess.h"

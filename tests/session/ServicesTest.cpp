@@ -1,4 +1,6 @@
 #include "session/services/Services.h"
+#include "platform/base/TestDoors.h"
+#include "session/TestDoors.h"
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
@@ -313,16 +315,16 @@ TEST_F(OnFile, WrongTriesStayInTheFileAndLockTheCodeForAnotherDesk) {
     EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")),
               u"5");
     // Another desk has not counted anything itself.
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
     EXPECT_EQ(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("scintra")), LogOnResult::Wait);
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
     // Half a minute later.
     hospital.run(QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET LockedUntil = DATEADD(second, -31, "
                                 "LockedUntil) WHERE EmployeeID = '1002'"));
     EXPECT_EQ(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("scintra")), LogOnResult::Good);
     EXPECT_EQ(first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1002'")),
               u"0");
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
 }
 
 TEST_F(OnFile, TheServersWaitsAreThoseOfTheProgram) {
@@ -331,7 +333,7 @@ TEST_F(OnFile, TheServersWaitsAreThoseOfTheProgram) {
             QStringLiteral("UPDATE PASSWORD..tbPasswordMain SET WrongTries = %1, LockedUntil = NULL WHERE "
                            "EmployeeID = '1002'")
                 .arg(tries));
-        session::PasswordTries::forgetAll();
+        session::forgetPasswordTries();
         clsCurrentUser guess;
         EXPECT_EQ(guess.logOnTo(server(), QStringLiteral("1002"), QStringLiteral("guess")),
                   LogOnResult::Wrong);
@@ -344,11 +346,11 @@ TEST_F(OnFile, TheServersWaitsAreThoseOfTheProgram) {
         else
             EXPECT_NEAR(left.toInt(), wait, 2) << tries;
     }
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
 }
 
 TEST_F(OnFile, TheOwnPasswordThatIsWrongTwiceInTheSameWayCountsOnce) {
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
     const auto wrongTries = [this] {
         return first(ado::sql("SELECT WrongTries FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'"));
     };

@@ -1,4 +1,5 @@
 #include "session/Session.h"
+#include "session/TestDoors.h"
 
 #include "platform/ado/Batch.h"
 #include "platform/base/Error.h"

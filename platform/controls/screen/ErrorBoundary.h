@@ -23,8 +23,6 @@ class ErrorBoundary {
     static bool isStopping();
     /// Raises ProgramStopped when the program is stopping. Called behind every nested loop.
     static void throwIfStopping();
-    /// Tests only: the program may go on.
-    static void reset();
 
     /// Runs `body`. An error goes to report(); called from code that already runs guarded in the same event
     /// loop level (setText() or click() from a handler) it unwinds to that caller instead, as if it had been
@@ -37,6 +35,8 @@ class ErrorBoundary {
 
   private:
     friend class Application;
+    friend void goOn(); // TestDoors.h
+    static void reset();
     static void guardOutermost(const std::function<void()>& body);
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/controls/screen/ErrorBoundary.h"
 #include "platform/controls/screen/MessageDialog.h"
+#include "platform/controls/screen/TestDoors.h"
 
 #include <QApplication>
 #include <QPointer>

@@ -2,8 +2,6 @@
 
 #include <QString>
 
-#include <functional>
-
 class QWidget;
 
 namespace controls {
@@ -27,9 +25,5 @@ inline constexpr int vbNo = 7;
 /// Shows a box and waits. No title: the program's name stands in the window's bar. Escape answers Cancel or
 /// No where there is such a button. Ctrl+C copies the text. Nothing else in the program shows a box.
 int MsgBox(const QString& prompt, int style = vbOKOnly, const QString& title = {});
-
-/// Who shows the boxes: null for real boxes. Tests script the answers.
-using MessageScript = std::function<int(const QString& prompt, int style, const QString& title)>;
-void setMessageScript(MessageScript script);
 
 } // namespace controls

@@ -13,7 +13,10 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 #include <QWindow>
 
 namespace controls {
@@ -46,11 +49,33 @@ std::vector<Screen*>& openList() {
     return screens;
 }
 
+/// Holds the contents of a screen that needs more than the desktop. The bars, the wheel and the focus scroll
+/// it; keys are the screen's own.
+class ScrolledContents : public QScrollArea {
+  public:
+    explicit ScrolledContents(QWidget* parent) : QScrollArea(parent) {
+        setObjectName(QStringLiteral("scrolledContents"));
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setWidgetResizable(true);
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (now && isAncestorOf(now))
+                ensureWidgetVisible(now);
+        });
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+};
+
 /// What a screen may fill: the desktop without its bars.
 QRect roomFor(const QWidget* parent) {
-    // The window-less platform has a desktop of no use; the hospital's smallest one stands in.
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
-        return QRect(0, 0, 1366, 768);
+    // The window-less platform has a desktop of no use; the hospital's smallest one stands in, and for a
+    // scale of 200 % the one that such a scale is set on.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
+        const double scale = qApp->devicePixelRatio();
+        return QRect(QPoint(), scale > 1 ? QSize(1920, 1080) / scale : QSize(1366, 768));
+    }
     const QScreen* screen = parent ? parent->screen() : QGuiApplication::primaryScreen();
     return screen ? screen->availableGeometry() : QRect(0, 0, 1366, 768);
 }
@@ -205,6 +230,9 @@ void Screen::placeOver(QWidget* opener) {
     const QRect room = roomFor(opener);
     // The window's own bar and frame need some of it.
     const QSize most(room.width() - 16, room.height() - 48);
+    const QSize least = minimumSizeHint();
+    if (layout() && (least.width() > most.width() || least.height() > most.height()))
+        scrollContents();
     resize(size().expandedTo(minimumSizeHint()).boundedTo(most));
     const QPoint middle = opener && opener->isVisible() ? opener->frameGeometry().center() : room.center();
     QRect place(QPoint(), size() + QSize(0, 32));
@@ -212,6 +240,26 @@ void Screen::placeOver(QWidget* opener) {
     place.moveLeft(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())));
     place.moveTop(qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
     move(place.topLeft());
+}
+
+void Screen::scrollContents() {
+    const QWidgetList loose = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* area = new ScrolledContents(this);
+    auto* contents = new QWidget(this);
+    QLayout* own = layout();
+    contents->setMinimumSize(own->minimumSize());
+    contents->setLayout(own);
+    for (QWidget* widget : loose) {
+        if (!widget->isWindow() && widget->parentWidget() == this) // the layout took along what lies in it
+            widget->setParent(contents);
+    }
+    area->setWidget(contents);
+    setMinimumSize(0, 0);
+    auto* around = new QVBoxLayout(this);
+    around->setContentsMargins(0, 0, 0, 0);
+    around->addWidget(area);
+    // the bar at the side takes nothing from the contents where there is room for both
+    resize(qMax(width(), contents->minimumWidth() + area->verticalScrollBar()->sizeHint().width()), height());
 }
 
 void Screen::closeEvent(QCloseEvent* event) {

@@ -15,7 +15,8 @@ namespace controls {
 
 /// A window of the program. Made on first use, loaded when it is shown (or on load()), and unloaded once:
 /// then its results stay readable until fresh() replaces it. Enter presses no button unless one has the
-/// focus, and Escape closes nothing, unless setEscapeCloses(true) says so.
+/// focus, and Escape closes nothing, unless setEscapeCloses(true) says so. What the desktop has no room for
+/// is scrolled to.
 class Screen : public QDialog {
     Q_OBJECT
 
@@ -65,6 +66,7 @@ class Screen : public QDialog {
   private:
     void calmButtons();
     void placeOver(QWidget* opener);
+    void scrollContents();
 
     bool m_loaded = false;
     QObject* m_buttonKeys;
@@ -95,14 +97,15 @@ class SharedScreen {
         return *instance;
     }
     static bool exists() { return holder() != nullptr; }
-    /// Forgets the instance; it must be unloaded or never shown.
-    static void release() { holder().reset(); }
 
   private:
+    template <typename Released>
+    friend void release(); // TestDoors.h
+    static void forget() { holder().reset(); }
     static std::unique_ptr<T>& holder() {
         static std::unique_ptr<T> instance;
         // Windows must go before the application does.
-        static const bool releasedInTime = (qAddPostRoutine(&SharedScreen::release), true);
+        static const bool releasedInTime = (qAddPostRoutine(&SharedScreen::forget), true);
         Q_UNUSED(releasedInTime)
         return instance;
     }

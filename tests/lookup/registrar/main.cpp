@@ -1,6 +1,7 @@
 // Registers the same walk-in patient again and again, and says each number.
 
 #include "lookup/frmAddWalkIn.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/workstation/Workstation.h"
 
 #include <QLineEdit>
@@ -21,7 +22,7 @@ void registerPatient(tests::Workstation& workstation) {
     auto* btnSave = screen.findChild<QPushButton*>(QStringLiteral("btnSave"));
     workstation.save([&] { btnSave->click(); });
     workstation.say(screen.IdNum);
-    controls::SharedScreen<lookup::frmAddWalkIn>::release();
+    controls::release<lookup::frmAddWalkIn>();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "orders/frmRequest.h"
 #include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/workstation/Workstation.h"
 
 #include <QPushButton>
@@ -25,7 +26,7 @@ void saveRequest(tests::Workstation& workstation) {
     cmdSave->setEnabled(true);
     // Behind the screen's own reads: it is the save that is cut.
     workstation.save([&] { cmdSave->click(); });
-    controls::SharedScreen<orders::frmRequest>::release();
+    controls::release<orders::frmRequest>();
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "platform/base/DateTime.h"
+#include "platform/base/TestDoors.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "platform/base/Format.h"
+#include "platform/base/TestDoors.h"
 
 #include <gtest/gtest.h>
 

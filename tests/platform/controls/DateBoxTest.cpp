@@ -1,4 +1,5 @@
 #include "platform/controls/fields/DateBox.h"
+#include "platform/base/TestDoors.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QAction>

@@ -1,5 +1,6 @@
 #include "platform/controls/screen/MessageBox.h"
 #include "platform/controls/screen/Screen.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 #include "tests/support/screens/MessageScript.h"

@@ -1,6 +1,7 @@
 #include "platform/controls/screen/Screen.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/ScreenContents.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 
@@ -236,14 +237,14 @@ TEST(Screen, OpensOverItsOpenerAndFitsTheSmallestDesk) {
 }
 
 TEST(Screen, AFreshInstanceIsEmptyAndAClosedOneStaysReadable) {
-    SharedScreen<Patient>::release();
+    controls::release<Patient>();
     auto& first = SharedScreen<Patient>::fresh();
     first.txtName->setText(QStringLiteral("SANTOS"));
     tests::runModal([&] { first.ShowModal(); }, {[&](QWidget&) { first.Unload(); }});
     EXPECT_EQ(SharedScreen<Patient>::current().txtName->text(), QStringLiteral("SANTOS"));
     EXPECT_EQ(SharedScreen<Patient>::fresh().txtName->text(), QString());
     EXPECT_TRUE(SharedScreen<Patient>::exists());
-    SharedScreen<Patient>::release();
+    controls::release<Patient>();
     EXPECT_FALSE(SharedScreen<Patient>::exists());
 }
 
@@ -286,6 +287,49 @@ TEST(Screen, AListThatIsFilledWhileLoadingHasTheHousesRows) {
     screen.Show();
     EXPECT_GE(height, screen.fontMetrics().height() + 8);
     EXPECT_EQ(list->visualItemRect(list->item(0)).height(), height);
+    screen.Unload();
+}
+
+TEST(Screen, OneThatTheDesktopHasNoRoomForIsScrolledByTheFocus) {
+    Patient screen;
+    std::vector<QLineEdit*> fields;
+    for (int i = 0; i < 60; ++i) {
+        fields.push_back(new QLineEdit(&screen));
+        screen.layout()->addWidget(fields.back());
+    }
+    fields[1]->hide();
+    auto* loose = new QLineEdit(&screen); // as the editor of a grid: in no layout
+    loose->hide();
+    tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget& window) {
+                        EXPECT_EQ(window.height(), 768 - 48);
+                        EXPECT_LE(window.width(), 1366 - 16);
+                        const auto isSeen = [&](const QWidget* field) {
+                            const QPoint middle = field->mapTo(&window, field->rect().center());
+                            return field->isVisible() && window.rect().contains(middle);
+                        };
+                        EXPECT_TRUE(isSeen(screen.txtName));
+                        EXPECT_FALSE(isSeen(fields[59]));
+                        EXPECT_FALSE(fields[1]->isVisible());
+                        EXPECT_FALSE(loose->isVisible());
+                        EXPECT_NE(loose->parentWidget(), &window) << "scrolls along";
+                        tests::keys(*screen.txtName, QStringLiteral("SANTOS<Shift+Tab>"));
+                        EXPECT_EQ(window.focusWidget(), fields[59]);
+                        EXPECT_TRUE(isSeen(fields[59]));
+                        EXPECT_FALSE(isSeen(screen.txtName));
+                        tests::keysToFocus(window, QStringLiteral("<Up><PageUp><Tab>"));
+                        EXPECT_TRUE(isSeen(screen.txtName)) << "its first field comes behind its last";
+                        EXPECT_EQ(screen.txtName->text(), QStringLiteral("SANTOS"));
+                        tests::keysToFocus(window, QStringLiteral("<Alt+S>"));
+                        EXPECT_EQ(screen.saved, 1);
+                        screen.Unload();
+                    }});
+}
+
+TEST(Screen, OneThatFitsIsNot) {
+    Patient screen;
+    screen.Show();
+    EXPECT_EQ(screen.findChild<QWidget*>(QStringLiteral("scrolledContents")), nullptr);
+    EXPECT_EQ(screen.txtName->parentWidget(), &screen);
     screen.Unload();
 }
 

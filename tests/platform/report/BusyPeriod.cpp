@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
+#include "platform/base/TestDoors.h"
 
 #include <gtest/gtest.h>
 

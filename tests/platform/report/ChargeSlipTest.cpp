@@ -1,3 +1,4 @@
+#include "platform/base/TestDoors.h"
 #include "platform/report/Report.h"
 #include "tests/platform/report/Bench.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/TestDoors.h"
 #include "platform/report/Report.h"
 #include "tests/platform/report/Bench.h"
 #include "tests/support/hospital/Days.h"

@@ -1,4 +1,5 @@
 #include "platform/report/viewer/Viewer.h"
+#include "platform/controls/screen/TestDoors.h"
 
 #include "platform/controls/screen/MessageBox.h"
 #include "platform/report/Report.h"

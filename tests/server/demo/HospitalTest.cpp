@@ -1,4 +1,5 @@
 #include "server/demo/Hospital.h"
+#include "platform/base/TestDoors.h"
 
 #include "platform/base/DateTime.h"
 #include "platform/base/Error.h"

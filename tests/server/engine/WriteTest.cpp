@@ -1,3 +1,4 @@
+#include "platform/base/TestDoors.h"
 #include "tests/server/engine/Hospital.h"
 
 #include "platform/base/DateTime.h"

@@ -1,4 +1,5 @@
 #include "server/site/Install.h"
+#include "platform/base/TestDoors.h"
 
 #include "platform/ado/Batch.h"
 #include "platform/base/Conversion.h"

@@ -3,6 +3,7 @@
 #include "platform/ado/Batch.h"
 #include "platform/ado/Connection.h"
 #include "platform/base/DateTime.h"
+#include "platform/base/TestDoors.h"
 #include "tests/support/hospital/Days.h"
 #include "tests/support/hospital/TestHospital.h"
 

@@ -1,6 +1,7 @@
 #include "tests/support/hospital/DemoFile.h"
 
 #include "platform/base/DateTime.h"
+#include "platform/base/TestDoors.h"
 #include "server/demo/Hospital.h"
 
 #include <QFile>

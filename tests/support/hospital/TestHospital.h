@@ -38,7 +38,8 @@ class TestHospital {
     std::unique_ptr<ado::Provider> open(const QString& workstation = QStringLiteral("look")) const;
     /// A text of the test's own, in its own days.
     ado::Rows run(const QString& text) const;
-    /// A procedure of the test's own in the place of the kit's, as long as this hospital lasts.
+    /// A procedure of the test's own ("ALTER PROCEDURE ...") in the place of the kit's, as long as this
+    /// hospital lasts.
     void replaceProcedure(const QString& text);
     /// The first value of the first row, as text, in the test's days; Null and no row are "".
     QString value(const QString& query) const;

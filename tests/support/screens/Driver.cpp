@@ -1,6 +1,8 @@
 #include "tests/support/screens/Driver.h"
 
+#include "platform/base/TestDoors.h"
 #include "platform/controls/screen/ErrorBoundary.h"
+#include "tests/support/screens/ModalWatch.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -27,7 +29,7 @@ void activate(QWidget& window) {
 
 /// The steps of one runModal(). A step is started by a timer of no delay: a posted event would still be
 /// delivered in a loop that the step before has just ended.
-class Run : public QObject {
+class Run : public QObject, private ModalWatch::Driver {
   public:
     explicit Run(std::vector<Step> steps) : m_steps(steps.begin(), steps.end()) {
         for (const QWidget* widget : QApplication::topLevelWidgets())
@@ -45,6 +47,12 @@ class Run : public QObject {
 
   private:
     static constexpr int mostIdleRounds = 200;
+
+    /// It may come after the last step, or later than the rounds that were waited for it.
+    void modalShown() override {
+        m_idleRounds = 0;
+        m_timer.start();
+    }
 
     void next() {
         QWidget* window = QApplication::activeModalWidget();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/DateTime.h"
+#include "platform/base/TestDoors.h"
 
 #include <QWidget>
 

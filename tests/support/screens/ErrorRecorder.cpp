@@ -1,6 +1,7 @@
 #include "tests/support/screens/ErrorRecorder.h"
 
 #include "platform/controls/screen/ErrorBoundary.h"
+#include "platform/controls/screen/TestDoors.h"
 
 #include <gtest/gtest.h>
 
@@ -26,11 +27,11 @@ ErrorRecorder::~ErrorRecorder() {
     for (const base::RunTimeError& error : m_errors)
         ADD_FAILURE() << "An error that the test did not take: " << described(error);
     controls::ErrorBoundary::setHandler(&ErrorRecorder::refuse);
-    controls::ErrorBoundary::reset();
+    controls::goOn();
 }
 
 base::RunTimeError ErrorRecorder::take() {
-    controls::ErrorBoundary::reset();
+    controls::goOn();
     if (m_errors.empty()) {
         ADD_FAILURE() << "No error came.";
         return base::RunTimeError(0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/DateTime.h"
+#include "platform/base/TestDoors.h"
 #include "session/logon/HospitalServer.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/hospital/Days.h"

@@ -1,5 +1,7 @@
 #include "tests/support/screens/MessageScript.h"
 
+#include "platform/controls/screen/TestDoors.h"
+
 #include <gtest/gtest.h>
 
 namespace tests {

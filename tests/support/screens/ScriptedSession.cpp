@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "session/Session.h"
+#include "session/TestDoors.h"
 #include "session/logon/PasswordCheck.h"
 #include "session/logon/clsCurrentUser.h"
 
@@ -101,7 +102,7 @@ ScriptedSession::ScriptedSession() {
             return opened;
         }
     };
-    session::PasswordTries::forgetAll();
+    session::forgetPasswordTries();
     const auto server = std::make_shared<Watched>();
     server->addEmployee(QStringLiteral("1001"), QStringLiteral("REYES, JOAN P."), QStringLiteral("secret"));
     auto user = std::make_unique<session::clsCurrentUser>();

@@ -2,8 +2,10 @@
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/Screen.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/screens/ErrorRecorder.h"
 #include "tests/support/screens/MessageScript.h"
+#include "tests/support/screens/ModalWatch.h"
 
 #include <QLocale>
 
@@ -11,21 +13,24 @@
 
 namespace {
 
-/// Every test starts on a calm program: boxes and errors that nobody expects fail it, windows it left
-/// open go.
+/// Every test starts on a calm program: boxes, errors and modal screens that nobody expects fail it, windows
+/// it left open go.
 class CalmProgram : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override {
         controls::setMessageScript(&tests::MessageScript::refuse);
         controls::ErrorBoundary::setHandler(&tests::ErrorRecorder::refuse);
+        m_watch.forget();
     }
     void OnTestEnd(const testing::TestInfo&) override {
-        controls::ErrorBoundary::reset();
+        controls::goOn();
         for (controls::Screen* screen : std::vector(controls::Screen::openScreens()))
             screen->hideScreen();
         while (QApplication::overrideCursor())
             QApplication::restoreOverrideCursor();
         QCoreApplication::sendPostedEvents();
     }
+
+    tests::ModalWatch m_watch;
 };
 
 } // namespace

@@ -61,7 +61,7 @@ void Line::send(const QByteArray& answer) {
         position += part.size();
         ByteWriter header;
         header.byte(int(MessageType::Answer)).byte(position == answer.size() ? endOfMessage : 0);
-        header.bigNumber(quint16(part.size() + headerSize)).bigNumber(m_process);
+        header.bigNumber(quint16(part.size() + headerSize)).bigNumber(quint16(0));
         header.byte(number++).byte(0);
         m_socket.write(header.bytes() + part);
     } while (position < answer.size());

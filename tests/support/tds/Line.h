@@ -42,7 +42,6 @@ class Line {
     /// As a line breaks: nothing that was written before comes through any more.
     void cut();
     void setPacketSize(int bytes) { m_packetSize = bytes; }
-    void setProcess(int id) { m_process = quint16(id); }
 
   private:
     static constexpr qsizetype headerSize = 8;
@@ -56,7 +55,6 @@ class Line {
     QByteArray m_bytes;
     QElapsedTimer m_sinceLook;
     int m_packetSize = 4096;
-    quint16 m_process = 0;
 };
 
 } // namespace tests::tds

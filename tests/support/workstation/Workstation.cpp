@@ -4,6 +4,7 @@
 #include "platform/controls/screen/Application.h"
 #include "platform/controls/screen/ErrorBoundary.h"
 #include "platform/controls/screen/MessageBox.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "session/logon/OdbcServer.h"

@@ -2,6 +2,7 @@
 // Server, and test programs run there.
 #include "platform/base/DateTime.h"
 #include "platform/base/DesksLanguage.h"
+#include "platform/base/TestDoors.h"
 #include "tests/support/tds/TdsServer.h"
 
 #include <QCommandLineParser>

@@ -1,0 +1,199 @@
+#include "tests/app/ScreenOpeners.h"
+
+#include "app/AppScreens.h"
+#include "lookup/frmAddWalkIn.h"
+#include "lookup/frmPatientList.h"
+#include "lookup/frmRegisteredOPD.h"
+#include "lookup/frmSearch.h"
+#include "menu/frmMainMenu.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/TestDoors.h"
+#include "results/frmResult.h"
+#include "results/frmResultEntry.h"
+#include "results/frmResultEntryGFR.h"
+#include "results/frmResultEntryMPI.h"
+#include "results/frmResultRadioImmuno.h"
+#include "results/frmSymbols.h"
+#include "session/Session.h"
+#include "session/logon/clsCurrentUser.h"
+#include "session/logon/frmDatabaseLogin.h"
+#include "session/logon/frmLogOn.h"
+#include "session/reports/ReportLaunch.h"
+#include "session/reports/frmDailyReport.h"
+#include "session/reports/frmDateEntry.h"
+#include "session/reports/frmReportDate.h"
+#include "session/rights/frmAccess.h"
+#include "session/rights/frmPassword.h"
+#include "session/rights/frmProgSettings.h"
+#include "session/services/Services.h"
+#include "tests/support/screens/Driver.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+namespace tests {
+
+namespace {
+
+using controls::SharedScreen;
+using session::MenuScreen;
+
+/// Looks at the window that `call` opens modally, and leaves it.
+void lookAtModal(const std::function<void()>& call, const Look& look) {
+    runModal(call, {[&](QWidget& window) {
+                 QCoreApplication::processEvents();
+                 look(window);
+                 if (auto* screen = qobject_cast<controls::Screen*>(&window))
+                     screen->hideScreen();
+                 else
+                     window.close();
+             }});
+}
+
+void lookAt(controls::Screen& screen, const Look& look) {
+    screen.Show();
+    QCoreApplication::processEvents();
+    look(screen);
+    screen.hideScreen();
+}
+
+template <typename T>
+void plain(const Look& look) {
+    T screen;
+    lookAt(screen, look);
+}
+
+template <typename T>
+void shared(const Look& look) {
+    lookAt(SharedScreen<T>::fresh(), look);
+    controls::release<T>();
+}
+
+/// What the menu opens.
+template <MenuScreen screen>
+void ofTheMenu(const Look& look) {
+    const QString mode = screen == MenuScreen::RequestMaster || screen == MenuScreen::ResultMaster
+                             ? QStringLiteral("R")
+                             : QString();
+    lookAtModal([&] { app::AppScreens().open(screen, mode); }, look);
+}
+
+void logOn(const Look& look) {
+    session::clsCurrentUser user;
+    session::frmLogOn screen(user);
+    lookAt(screen, look);
+}
+
+void password(const Look& look) {
+    session::frmPassword screen(*session::gUser);
+    lookAt(screen, look);
+}
+
+void databaseLogin(const Look& look) {
+    const auto server = session::fileServer(session::hospitalFile());
+    session::frmDatabaseLogin screen(*server);
+    lookAt(screen, look);
+}
+
+void pickList(const Look& look) {
+    lookAtModal([] { session::gCodeFind->SearchListing({}, session::clsLookupPad::doctors); }, look);
+}
+
+void reportViewer(const Look& look) {
+    session::PrepareReport(session::reportPath(QStringLiteral("NucExams.RPT")), QStringLiteral("NUCLEAR"),
+                           {});
+    lookAtModal([] { session::ShowReport(true, QStringLiteral("Examinations"), false); }, look);
+    session::gReport.reset();
+}
+
+template <typename T>
+void patientList(const Look& look) {
+    T screen;
+    screen.ListCaption = QStringLiteral("Regular Patients");
+    screen.PatientQuery = "spGlobal_RegularPatients '#1','#2','#3'";
+    screen.EnableAddPatient = true;
+    lookAt(screen, look);
+}
+
+void search(const Look& look) {
+    lookup::frmSearch screen;
+    screen.SearchCaption = QStringLiteral("Revenue Codes");
+    screen.Criteria = QStringLiteral("N");
+    screen.Query = "spNuclear_SearchRevenue '0','##'";
+    lookAt(screen, look);
+}
+
+void outRequest(const Look& look) {
+    const QString id =
+        session::Read(ado::sql("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS "
+                               "NULL ORDER BY IdNum"))
+            .Fields(0)
+            .text();
+    lookAtModal([&] { app::AppScreens().openOutRequest({.IdNumber = id}); }, look);
+}
+
+void request(const Look& look) {
+    lookAtModal([] { app::AppScreens().openRequest({.PatIdNum = "26004078", .PatientType = "I"}); }, look);
+}
+
+template <typename T>
+void resultEntry(const Look& look) {
+    T screen;
+    screen.load();
+    screen.PatientType = "I";
+    screen.RequestNum = "90001";
+    screen.setText("txtPName", "AGUILAR, ROSARIO CRUZ");
+    screen.setText("txtHospNum", "104078");
+    screen.setText("txtIdNum", "26004078");
+    screen.setText("lblProcedure", "1001 BONE SCAN, WHOLE BODY");
+    lookAt(screen, look);
+}
+
+void requestsOfAPatient(const Look& look) {
+    results::frmResult screen;
+    screen.load();
+    screen.HospitalNumber = QStringLiteral("104078");
+    screen.FormMode = QStringLiteral("R");
+    screen.setPatientName(QStringLiteral("AGUILAR, ROSARIO CRUZ"));
+    screen.Init_Grid();
+    screen.showRequests(session::Read(ado::sql("sp_Nuclear_getRequest '{}'", screen.HospitalNumber)));
+    lookAt(screen, look);
+}
+
+} // namespace
+
+const std::vector<ScreenOpener>& screenOpeners() {
+    static const std::vector<ScreenOpener> openers{
+        {"frmLogOn", logOn},
+        {"frmDatabaseLogin", databaseLogin},
+        {"frmAccess", plain<session::frmAccess>},
+        {"frmPassword", password},
+        {"frmUserRights", ofTheMenu<MenuScreen::UserRights>},
+        {"frmProgSettings", plain<session::frmProgSettings>},
+        {"frmReportDate", plain<session::frmReportDate>},
+        {"frmDailyReport", plain<session::frmDailyReport>},
+        {"frmDateEntry", plain<session::frmDateEntry>},
+        {"frmReportViewer", reportViewer},
+        {"frmPickList", pickList},
+        {"frmMainMenu", shared<menu::frmMainMenu>},
+        {"frmListPatient", ofTheMenu<MenuScreen::ListPatient>},
+        {"frmPatientList", patientList<lookup::frmPatientList>},
+        {"frmRegisteredOPD", patientList<lookup::frmRegisteredOPD>},
+        {"frmSearch", search},
+        {"frmAddWalkIn", plain<lookup::frmAddWalkIn>},
+        {"frmWalkInMaster", ofTheMenu<MenuScreen::WalkInMaster>},
+        {"frmOutRequest", outRequest},
+        {"frmRequest", request},
+        {"frmRequestMaster", ofTheMenu<MenuScreen::RequestMaster>},
+        {"frmResultMaster", ofTheMenu<MenuScreen::ResultMaster>},
+        {"frmResult", requestsOfAPatient},
+        {"frmResultEntry", resultEntry<results::frmResultEntry>},
+        {"frmResultEntryMPI", resultEntry<results::frmResultEntryMPI>},
+        {"frmResultEntryGFR", resultEntry<results::frmResultEntryGFR>},
+        {"frmResultRadioImmuno", resultEntry<results::frmResultRadioImmuno>},
+        {"frmSymbols", plain<results::frmSymbols>},
+    };
+    return openers;
+}
+
+} // namespace tests
