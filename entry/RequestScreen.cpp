@@ -82,7 +82,8 @@ void RequestScreen::showLegend() {
         label->setObjectName(QString::fromLatin1(each.name));
         label->setTextFormat(Qt::RichText); // the blanks between the codes collapse
         label->setProperty("kind", "help");
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        label->setWordWrap(true);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
         m_ui->helpLine->insertWidget(place++, label, 1);
     }
 }
