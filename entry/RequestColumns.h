@@ -15,12 +15,14 @@ enum RequestColumn {
     colQuantity = 6,
     colAmount = 7,
     colWithItems = 8,
-    colAmountEditable = 9, ///< "Y" lets the clerk key the amount
-    colSearchInventory = 10,
-    colLink = 11, ///< stock location, or the ward's own request number
-    colInventoryCode = 12,
+    colAmountEditable = 9,   ///< "Y" lets the clerk key the amount
+    colSearchInventory = 10, ///< "Y" or "N"; the unit price on stock and package lines
+    colLink = 11,            ///< stock location, or the ward's own request number
+    colInventoryCode = 12,   ///< or the ward's own request number of an out-patient
     colRoutinePrice = 13,
-    colPackageCode = 15,
+    colNothing = 14,
+    colPackageCode = 15, ///< "" on a line that is not out of a package
+    colLast = 16,        ///< holds nothing
     requestColumnCount = 17
 };
 

@@ -45,9 +45,9 @@ constexpr std::array columnLayout{
     ColumnLayout{colLink, "", 0},
     ColumnLayout{colInventoryCode, "Inventory Code", 0},
     ColumnLayout{colRoutinePrice, "RoutinePrice", 0},
-    ColumnLayout{14, "", 0},
+    ColumnLayout{colNothing, "", 0},
     ColumnLayout{colPackageCode, "", 0},
-    ColumnLayout{16, "", 0},
+    ColumnLayout{colLast, "", 0},
 };
 
 constexpr int ownKeys[] = {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_F3};

@@ -12,6 +12,7 @@
 #include "results/frmResultEntry.h"
 #include "results/frmSymbols.h"
 #include "session/Session.h"
+#include "session/StampRow.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/reports/ReportLaunch.h"
 #include "session/services/Services.h"
@@ -41,6 +42,7 @@ using session::gUser;
 using session::Read;
 using session::ReadForUpdate;
 using session::Run;
+using session::stampRow;
 
 namespace {
 
@@ -353,20 +355,13 @@ void ResultScreen::stampNurseStation() const {
         ReadForUpdate(sql("SELECT * FROM STATION..tbNurseCommunicationFile WHERE "
                           "IdNum = '{}' and RequestNum = '{}' and Revenueid = 'NU'",
                           Trim(text("txtIdNum")), Trim(NurseRequestNum)));
-    if (communication.RecordCount() > 0) {
-        communication.Fields("RecordStatus").setValue("W");
-        communication.Update();
-    }
+    stampRow(communication, "", {{"RecordStatus", "W"}});
     communication.Close();
     ado::Recordset logBook = ReadForUpdate(sql("SELECT * FROM STATION..tbNurseLogBook WHERE "
                                                "IdNum = '{}' and RequestNum = '{}' and Revenueid = 'NU'",
                                                Trim(text("txtIdNum")), Trim(NurseRequestNum)));
-    if (logBook.RecordCount() > 0) {
-        logBook.Fields("RecordStatus").setValue("W");
-        logBook.Fields("resultdate").setValue(m_resultMoment);
-        logBook.Fields("resultby").setValue(gUser->employeecode());
-        logBook.Update();
-    }
+    stampRow(logBook, "",
+             {{"RecordStatus", "W"}, {"resultdate", m_resultMoment}, {"resultby", gUser->employeecode()}});
     logBook.Close();
 }
 
@@ -427,17 +422,11 @@ void ResultScreen::revoke() {
         const Hourglass hourglass;
         ado::Recordset communication = ReadForUpdate(
             sql("SELECT * FROM STATION..tbNurseCommunicationFile WHERE ReferenceNum = '{}'", Trim(RefNum)));
-        if (communication.RecordCount() > 0) {
-            communication.Fields("RecordStatus").setValue("X");
-            communication.Update();
-        }
+        stampRow(communication, "", {{"RecordStatus", "X"}});
         communication.Close();
         ado::Recordset logBook = ReadForUpdate(
             sql("SELECT * FROM STATION..tbNurseLogBook WHERE ReferenceNum = '{}'", Trim(RefNum)));
-        if (logBook.RecordCount() > 0) {
-            logBook.Fields("RecordStatus").setValue("X");
-            logBook.Update();
-        }
+        stampRow(logBook, "", {{"RecordStatus", "X"}});
         logBook.Close();
         Run(sql("sp_Nuclear_CancelResult '{}'", RequestNum));
         gConnection->CommitTrans();
