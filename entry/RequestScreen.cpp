@@ -83,7 +83,9 @@ void RequestScreen::showLegend() {
         label->setTextFormat(Qt::RichText); // the blanks between the codes collapse
         label->setProperty("kind", "help");
         label->setWordWrap(true);
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
+        QSizePolicy narrowed(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        narrowed.setHeightForWidth(true);
+        label->setSizePolicy(narrowed);
         m_ui->helpLine->insertWidget(place++, label, 1);
     }
 }

@@ -1,5 +1,6 @@
 #include "tests/app/RoomCheck.h"
 
+#include "platform/controls/fields/ShownText.h"
 #include "platform/controls/look/FlatButton.h"
 
 #include <QAbstractItemView>
@@ -134,6 +135,9 @@ bool isCut(const QAbstractButton& button) {
 bool isCut(const QLineEdit& field) {
     if (!field.isReadOnly() && field.isEnabled())
         return false;
+    if (const auto* shown = qobject_cast<const controls::ShownText*>(&field); shown && shown->isShortened())
+        return field.width() <
+               sizeOf(field, QStringLiteral("MMMM")).width(); // the rest stands in the tool tip
     constexpr int besideTheText = 4; // the toolkit's own margin of two pixels on either side
     const int room = field.contentsRect().width() - field.textMargins().left() - field.textMargins().right();
     return field.fontMetrics().horizontalAdvance(field.displayText()) > room - besideTheText + slack ||

@@ -6,6 +6,8 @@
 #include "platform/controls/grid/FlexGridModel.h"
 #include "platform/controls/look/Look.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -350,7 +352,8 @@ void FlexGrid::layOutColumns() {
     // The view takes its margins from the headers only when it next lays itself out.
     const int head = first > 0 ? verticalHeader()->maximumWidth() : 0;
     const int room = viewport()->width() + viewportMargins().left() - head;
-    const std::vector<int> widths = m_columns.pixels(first, room);
+    std::vector<int> widths = m_columns.pixels(first, room);
+    lendToCaptions(widths);
     for (int section = 0; section < int(widths.size()); ++section) {
         const int pixels = widths[std::size_t(section)];
         horizontalHeader()->setSectionHidden(section, pixels == 0);
@@ -358,6 +361,28 @@ void FlexGrid::layOutColumns() {
             horizontalHeader()->resizeSection(section, pixels);
     }
     m_layingOut = false;
+}
+
+/// A caption that would be cut takes what it lacks from the widest column that can spare it.
+void FlexGrid::lendToCaptions(std::vector<int>& widths) const {
+    QFont bold(horizontalHeader()->font());
+    bold.setWeight(QFont::DemiBold);
+    const QFontMetrics metrics(bold);
+    const auto least = [&](std::size_t section) {
+        const QString caption =
+            m_model->headerData(int(section), Qt::Horizontal, Qt::DisplayRole).toString().trimmed();
+        return caption.isEmpty() ? 0 : metrics.horizontalAdvance(caption) + look::scaled(14);
+    };
+    for (std::size_t section = 0; section < widths.size(); ++section) {
+        const int lacking = least(section) - widths[section];
+        if (widths[section] == 0 || lacking <= 0)
+            continue;
+        const auto widest = std::max_element(widths.begin(), widths.end());
+        if (*widest - lacking < least(std::size_t(widest - widths.begin())))
+            continue;
+        *widest -= lacking;
+        widths[section] += lacking;
+    }
 }
 
 void FlexGrid::takeColumnWidth(int section, int oldWidth, int newWidth) {

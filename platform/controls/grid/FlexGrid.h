@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include <functional>
+#include <vector>
 
 namespace controls {
 
@@ -124,6 +125,7 @@ class FlexGrid : public QTableView {
     /// Brings the current cell inside and the view to it; tells when its numbers changed and `quietly` is not
     /// set.
     void placeCurrent(int row, int column, bool quietly = false);
+    void lendToCaptions(std::vector<int>& widths) const;
     void layOutColumns();
     void takeColumnWidth(int section, int oldWidth, int newWidth);
     void measure();

@@ -554,4 +554,18 @@ TEST_F(FlexGridTest, TheCurrentCellShowsItsFocus) {
     EXPECT_NE(with, grid->grab().toImage());
 }
 
+TEST(FlexGridCaptions, TakeWhatTheyLackFromTheWidestColumn) {
+    controls::FlexGrid grid;
+    grid.setFormatString(" |Department|Code|Particular");
+    grid.setColWidths({200, 300, 1000, 6000});
+    grid.resize(560, 200);
+    grid.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&grid));
+    QFont bold(grid.horizontalHeader()->font());
+    bold.setWeight(QFont::DemiBold);
+    EXPECT_GE(grid.horizontalHeader()->sectionSize(0), QFontMetrics(bold).horizontalAdvance("Department"));
+    EXPECT_EQ(grid.ColWidth(1), 300) << "the given width stays";
+    EXPECT_GT(grid.horizontalHeader()->sectionSize(2), grid.horizontalHeader()->sectionSize(1));
+}
+
 } // namespace controls
