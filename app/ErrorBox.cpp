@@ -52,6 +52,32 @@ QString typedOnScreens() {
     return parts.isEmpty() ? QString() : parts.join(QStringLiteral("\n\n")) + u'\n';
 }
 
+/// Which fields may be why the server could not read a statement: those with a quote, of them those whose
+/// text stands in it; "" for any other error and where no field holds one.
+QString quoteSentence(const base::RunTimeError& error) {
+    constexpr int incorrectSyntax = 102;
+    constexpr int unclosedQuote = 105;
+    if (error.number() != incorrectSyntax && error.number() != unclosedQuote)
+        return {};
+    QStringList holders;
+    QStringList sent;
+    for (const controls::Screen* screen : controls::Screen::openScreens()) {
+        for (const controls::HeldText& each : controls::heldTexts(*screen)) {
+            if (!each.text.contains(u'\''))
+                continue;
+            const QString caption = u'"' + each.caption + u'"';
+            holders += caption;
+            if (error.statement().contains(each.text.trimmed()))
+                sent += caption;
+        }
+    }
+    const QStringList& named = sent.isEmpty() ? holders : sent;
+    constexpr int mostNames = 3;
+    return named.isEmpty() ? QString()
+                           : QStringLiteral("A quote (') stands in %1: the server refuses a text with one.")
+                                 .arg(named.mid(0, mostNames).join(QStringLiteral(", ")));
+}
+
 /// Before the box: a desk whose clerk is at lunch must not hold the hospital's file with an open transaction.
 void closeConnection() noexcept {
     try {
@@ -82,6 +108,9 @@ ErrorBox::ErrorBox(const base::RunTimeError& error, QWidget* parent)
     m_ui->lblIcon->setPixmap(controls::look::icon("error", controls::look::danger).pixmap(side, side));
     m_ui->lblError->setText(textOf(error).section(u'\n', 0, 0));
     m_ui->lblDescription->setText(error.description());
+    const QString quote = quoteSentence(error);
+    m_ui->lblQuote->setText(quote);
+    m_ui->lblQuote->setVisible(!quote.isEmpty());
     m_ui->txtDetails->setPlainText(detailsOf(error));
     m_ui->cmdDetails->setVisible(!detailsOf(error).isEmpty());
     controls::look::setPrimary(m_ui->cmdEnd);

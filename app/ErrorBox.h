@@ -12,7 +12,8 @@ namespace Ui {
 class ErrorBox;
 }
 
-/// The run-time error box: number and sentence, the statement that failed in the details, and a copy of
+/// The run-time error box: number and sentence, which fields hold a quote where the server could not read a
+/// statement for one, the statement that failed in the details, and a copy of
 /// everything for whoever looks into it. Only shown by the boundary; the program ends when it closes.
 class ErrorBox : public QDialog {
     Q_OBJECT

@@ -14,6 +14,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace entry {
@@ -68,8 +69,10 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     , m_txtGross(*parts.txtGross)
     , m_cmdSave(*parts.cmdSave)
     , m_cmdSavePrint(*parts.cmdSavePrint)
+    , m_lblHint(parts.lblHint)
     , m_lookup(m_grid, variant.rateRule)
-    , m_editor(m_grid, editing, this) {
+    , m_editor(m_grid, editing, this)
+    , m_waiting(m_grid) {
     m_cboEntry.addItems({QStringLiteral("ROUTINE"), QStringLiteral("STAT")});
     m_editor.add(m_txtEntry);
     m_editor.add(m_cboEntry);
@@ -81,7 +84,9 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
         if (gridKey(event))
             event->accept();
     });
-    on(&m_grid, &FlexGrid::Click, this, [this] { BeginCellEdit(); });
+    on(&m_editor, &CellEditor::Closed, this, [this] { showHint(); });
+    on(&m_grid, &FlexGrid::RowColChange, this, [this] { showHint(); });
+    on(&m_grid, &FlexGrid::Click, this, [this] { grid_Click(); });
     on(&m_txtEntry, &QLineEdit::textChanged, this, [this] { txtEntry_Change(); });
     on(&m_cboEntry, &QComboBox::currentTextChanged, this, [this] { cboEntry_Change(); });
     on(&m_cboEntry, &QComboBox::activated, this, [this] { cboEntry_Change(); });
@@ -115,10 +120,11 @@ void RequestGrid::layOut() {
 
 // ---- the cell that is edited
 
-void RequestGrid::BeginCellEdit() {
+void RequestGrid::openCell(Opening opening) {
     const int column = m_grid.Col();
     if (m_grid.Row() < 1 || column < 1)
         return;
+    m_openCell.reset();
     if (isFeeRevenue(cell(colDepartment)))
         SkipColumn[colType] = SkipColumn[colQuantity] = SkipColumn[colAmount] = false;
     m_editor.hide();
@@ -126,8 +132,17 @@ void RequestGrid::BeginCellEdit() {
         m_grid.setFocus();
     else if (column == colType)
         openType();
+    else if (column == colQuantity &&
+             (opening == Opening::Entered || (m_grid.Text().isEmpty() && !lineIsEmpty())))
+        openText(QStringLiteral("1"));
     else
-        openText(column);
+        openText(m_grid.Text());
+    showHint();
+}
+
+/// Nobody's line yet; a save posts it as it is.
+bool RequestGrid::lineIsEmpty() const {
+    return cell(colDepartment).isEmpty() && cell(colCode).isEmpty();
 }
 
 void RequestGrid::openType() {
@@ -144,7 +159,8 @@ void RequestGrid::openType() {
     m_editor.open(m_cboEntry);
 }
 
-void RequestGrid::openText(int column) {
+void RequestGrid::openText(const QString& text) {
+    const int column = m_grid.Col();
     KeyRules rules = KeyRule::BackQuote;
     if (ColumnKinds[size_t(column)] == ColumnKind::UpperCase)
         rules |= KeyRule::UpperCase;
@@ -152,10 +168,14 @@ void RequestGrid::openText(int column) {
         rules |= KeyRule::Number;
     setKeyRules(&m_txtEntry, rules);
     m_txtEntry.setAlignment(column >= colPrice ? Qt::AlignRight : Qt::AlignLeft);
-    m_editor.open(m_txtEntry, column == colQuantity ? QStringLiteral("1") : m_grid.Text());
+    m_whenOpened = m_grid.Text();
+    m_openCell = current();
+    m_editor.open(m_txtEntry, text);
+    m_waiting.noteText(current(), m_whenOpened);
 }
 
 void RequestGrid::EndCellEdit() {
+    m_openCell.reset();
     m_editor.close();
 }
 
@@ -190,6 +210,10 @@ void RequestGrid::recomputeGross() {
     m_txtGross.setText(Format(gross, amountFormat));
 }
 
+WaitingCells::Cell RequestGrid::current() const {
+    return {m_grid.Row(), m_grid.Col()};
+}
+
 QString RequestGrid::cell(int column) const {
     return m_grid.TextMatrix(m_grid.Row(), column);
 }
@@ -205,13 +229,26 @@ void RequestGrid::goTo(int column) {
 
 void RequestGrid::deleteRow() {
     const bool wasEditing = m_editor.isOpen();
+    m_openCell.reset();
     m_editor.hide();
     if (m_grid.Rows() == 2)
         m_grid.AddItem({}); // the grid always offers a line
     m_grid.RemoveItem(m_grid.Row());
     recomputeGross();
     if (wasEditing)
-        BeginCellEdit();
+        openCell(Opening::PassedThrough);
+    showHint();
+}
+
+void RequestGrid::showHint() {
+    if (!m_lblHint || m_grid.Cols() < requestColumnCount)
+        return;
+    const bool takesAmount = cell(colAmountEditable) == u"Y" || isFeeRevenue(cell(colDepartment));
+    const QString waits = m_waiting.sentence(m_editor.isOpen() ? m_openCell : std::nullopt);
+    look::setKind(m_lblHint, waits.isEmpty() ? QStringLiteral("help") : QStringLiteral("warn"));
+    m_lblHint->setText(!waits.isEmpty() ? waits
+                       : takesAmount    ? QStringLiteral("Tab - from Quantity to Amount")
+                                        : QString());
 }
 
 // ---- what is typed and chosen
@@ -220,6 +257,8 @@ void RequestGrid::deleteRow() {
 void RequestGrid::txtEntry_Change() {
     if (m_grid.Col() == colQuantity && m_txtEntry.text().size() > 1)
         m_txtEntry.setText(m_txtEntry.text().left(1));
+    if (m_editor.editor() == &m_txtEntry && m_openCell == current())
+        m_waiting.noteText(current(), m_whenOpened);
 }
 
 void RequestGrid::cboEntry_Change() {
@@ -229,44 +268,168 @@ void RequestGrid::cboEntry_Change() {
     m_grid.setCellForeColor(m_grid.Row(), colType, isStat ? look::warn : QColor());
     m_grid.setCellBold(m_grid.Row(), colType, isStat);
     const QString revenue = cell(colDepartment);
+    const QString price = cell(colPrice);
     const QString routinePrice =
         cell(colRoutinePrice).isEmpty() ? QStringLiteral("1") : cell(colRoutinePrice);
     if (revenue == u"NU" && isStat)
         setCell(colPrice, base::CStr(Val(cell(colRoutinePrice)) * statFactor));
     else if (revenue == u"NU" || isFeeRevenue(revenue))
         setCell(colPrice, routinePrice);
+    m_waiting.notePrice(m_grid.Row(), price, false);
+    showHint();
 }
 
 void RequestGrid::txtEntry_Enter() {
-    const int column = m_grid.Col();
-    if (column == colDepartment) {
+    if (m_grid.Col() == colDepartment) {
         enterDepartment();
-    } else if (LookupColumn[size_t(column)]) {
-        LookUpCellCode();
-    } else if (column == colPrice) {
-        m_grid.setText(Format(m_grid.Text(), amountFormat));
-        AdvanceCell();
-    } else if (column == colQuantity) {
-        enterQuantity();
-    } else if (column == colAmount) {
-        m_grid.setText(Format(m_grid.Text(), amountFormat));
-        recomputeGross();
+    } else if (takeCell()) {
+        EndCellEdit();
         AdvanceCell();
     }
 }
 
-void RequestGrid::enterQuantity() {
+// ---- to take what was typed
+
+/// What Enter does with the open cell, but for the way it goes on.
+bool RequestGrid::takeCell() {
+    const int column = m_grid.Col();
+    if (column == colDepartment)
+        return takeDepartment();
+    if (LookupColumn[size_t(column)])
+        return LookUpCellCode();
+    if (column == colQuantity)
+        return takeQuantity();
+    if (column == colAmount)
+        return takeAmount();
+    if (column == colPrice)
+        m_grid.setText(Format(m_grid.Text(), amountFormat));
+    m_waiting.isTaken(current());
+    return true;
+}
+
+bool RequestGrid::takeDepartment() {
+    const WaitingCells::Cell here = current();
+    if (!m_lookup.LookUpDepartment(m_grid.Text())) {
+        stayOpen();
+        return false;
+    }
+    m_waiting.isTaken(here);
+    return true;
+}
+
+bool RequestGrid::takeQuantity() {
+    if (!isNumber())
+        return false;
+    const int row = m_grid.Row();
     setCell(colAmount, Format(Val(cell(colPrice)) * Val(cell(colQuantity)), amountFormat));
+    m_waiting.isTaken({row, colQuantity});
+    m_waiting.isTaken({row, colAmount});
+    m_waiting.amountIsMade(row);
     recomputeGross();
     m_cmdSavePrint.setEnabled(true);
     m_cmdSave.setEnabled(true);
-    AdvanceCell();
+    return true;
+}
+
+bool RequestGrid::takeAmount() {
+    if (!isNumber())
+        return false;
+    m_grid.setText(Format(m_grid.Text(), amountFormat));
+    m_waiting.isTaken(current());
+    m_waiting.amountIsMade(m_grid.Row());
+    recomputeGross();
+    return true;
+}
+
+/// An empty cell is posted as 0; any other text that is no number would end the save.
+bool RequestGrid::isNumber() {
+    const QString text = m_grid.Text();
+    if (text.isEmpty() || base::IsNumeric(text))
+        return true;
+    MsgBox(QStringLiteral("\"%1\" is not a number. Type the %2 in figures.")
+               .arg(text, m_grid.Col() == colAmount ? QStringLiteral("amount") : QStringLiteral("quantity")),
+           vbInformation);
+    stayOpen();
+    return false;
+}
+
+void RequestGrid::stayOpen() {
+    if (m_editor.editor() != &m_txtEntry)
+        openText(m_grid.Text());
+    m_txtEntry.setFocus();
+    SelectAllText(&m_txtEntry);
+}
+
+/// A key goes on to another cell: what was typed in this one is taken first. A quantity is confirmed as well
+/// where the amount is still the former one.
+bool RequestGrid::isLeavable(bool confirmsQuantity) {
+    if (m_editor.editor() != &m_txtEntry)
+        return true;
+    const bool confirms = confirmsQuantity && m_grid.Col() == colQuantity && m_waiting.isOld(m_grid.Row());
+    return (!confirms && !m_waiting.isTyped(current())) || takeCell();
+}
+
+void RequestGrid::grid_Click() {
+    const WaitingCells::Cell clicked = current();
+    if (m_openCell && m_openCell != clicked && m_waiting.isTyped(*m_openCell)) {
+        m_grid.setCurrentCell(m_openCell->row, m_openCell->column);
+        openText(m_grid.Text());
+        if (!takeCell())
+            return;
+        m_grid.setCurrentCell(clicked.row, clicked.column);
+    }
+    BeginCellEdit();
+}
+
+bool RequestGrid::TakeTypedCells() {
+    while (const auto typed = m_waiting.firstTyped()) {
+        const WaitingCells::Cell amount{typed->row, colAmount};
+        const QString keyedAmount = m_grid.TextMatrix(amount.row, amount.column);
+        const bool keepsAmount = typed->column == colQuantity && m_waiting.isTyped(amount);
+        m_grid.setCurrentCell(typed->row, typed->column);
+        openText(m_grid.Text());
+        if (!takeCell())
+            return false;
+        if (keepsAmount) {
+            setCell(colAmount, keyedAmount);
+            m_waiting.noteText(amount, {});
+        }
+        if (!isGoneOnWith(typed->column))
+            return false;
+    }
+    return true;
+}
+
+/// Behind a department Enter goes on to the code, behind a code to the quantity: a line that was only just
+/// begun, or begun anew, is not posted as if it were finished.
+bool RequestGrid::isGoneOnWith(int takenColumn) {
+    const QString revenue = cell(colDepartment);
+    const bool hasCodes = cell(colWithItems) == u"Y" || cell(colSearchInventory) == u"Y" ||
+                          revenue == u"NU" || isFeeRevenue(revenue);
+    int next = 0;
+    QString needs;
+    if (takenColumn == colDepartment && hasCodes && cell(colCode).isEmpty()) {
+        next = colCode;
+        needs = QStringLiteral("Line %1 has no code yet.");
+    } else if (takenColumn == colCode && (cell(colAmount).isEmpty() || m_waiting.isOld(m_grid.Row()))) {
+        next = colQuantity;
+        needs = QStringLiteral("Line %1 has a new code. Confirm its quantity first.");
+    } else {
+        return true;
+    }
+    MsgBox(needs.arg(m_grid.Row()), vbInformation);
+    m_grid.setCurrentCell(m_grid.Row(), next);
+    openCell(Opening::PassedThrough);
+    return false;
 }
 
 // ---- what a line is
 
 void RequestGrid::enterDepartment() {
-    if (!m_lookup.LookUpDepartment(m_grid.Text())) {
+    const WaitingCells::Cell here = current();
+    const bool found = m_lookup.LookUpDepartment(m_grid.Text());
+    m_waiting.isTaken(here);
+    if (!found) {
         goTo(colQuantity);
         return;
     }
@@ -286,7 +449,10 @@ void RequestGrid::enterDepartment() {
     }
 }
 
-void RequestGrid::LookUpCellCode() {
+bool RequestGrid::LookUpCellCode() {
+    const WaitingCells::Cell here = current();
+    const bool isOtherCode = m_waiting.isTyped(here);
+    const QString formerPrice = cell(colPrice);
     const QString revenue = cell(colDepartment);
     const QString code = m_grid.Text();
     bool found = false;
@@ -299,7 +465,7 @@ void RequestGrid::LookUpCellCode() {
     } else if (revenue == u"NU") {
         const LookUp result = LookUpExamLine(code);
         if (result == LookUp::Duplicate)
-            return;
+            return false;
         found = result == LookUp::Found;
         if (!found)
             MsgBox(QStringLiteral("Invalid Code."), vbExclamation);
@@ -309,12 +475,12 @@ void RequestGrid::LookUpCellCode() {
             MsgBox(QStringLiteral("Invalid Code."), vbExclamation);
     }
     if (!found) {
-        m_txtEntry.setFocus();
-        SelectAllText(&m_txtEntry);
-        return;
+        stayOpen();
+        return false;
     }
-    EndCellEdit();
-    AdvanceCell();
+    m_waiting.isTaken(here);
+    m_waiting.notePrice(here.row, formerPrice, isOtherCode);
+    return true;
 }
 
 LookUp RequestGrid::LookUpExamLine(const QString& code) {
@@ -324,6 +490,7 @@ LookUp RequestGrid::LookUpExamLine(const QString& code) {
     if (result == LookUp::Duplicate) {
         EndCellEdit();
         m_grid.setText({});
+        m_waiting.isTaken(current());
         BeginCellEdit();
     }
     return result;
@@ -357,7 +524,7 @@ std::optional<bool> RequestGrid::openCellKey(QKeyEvent* event) {
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return stepCell(isBackTab(*event) ? -1 : 1);
+        return !isLeavable(true) || stepCell(isBackTab(*event) ? -1 : 1);
     return std::nullopt;
 }
 
@@ -405,16 +572,16 @@ bool RequestGrid::listKey(QKeyEvent* event) {
 bool RequestGrid::rowKey(int key) {
     const int row = m_grid.Row();
     if (key == Qt::Key_Up) {
-        if (row >= 2) {
+        if (row >= 2 && isLeavable(false)) {
             m_grid.setRow(row - 1);
-            BeginCellEdit();
+            openCell(Opening::PassedThrough);
         }
         return true;
     }
     if (key == Qt::Key_Down) {
-        if (row < m_grid.Rows() - 1) {
+        if (row < m_grid.Rows() - 1 && isLeavable(false)) {
             m_grid.setRow(row + 1);
-            BeginCellEdit();
+            openCell(Opening::PassedThrough);
         }
         return true;
     }
@@ -451,7 +618,7 @@ bool RequestGrid::stepCell(int direction) {
             break;
     }
     m_grid.setCurrentCell(row, column);
-    BeginCellEdit();
+    openCell(Opening::PassedThrough);
     return true;
 }
 

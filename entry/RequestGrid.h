@@ -2,6 +2,7 @@
 
 #include "entry/RequestColumns.h"
 #include "entry/RequestLineLookup.h"
+#include "entry/WaitingCells.h"
 #include "platform/controls/grid/CellEditor.h"
 
 #include <QObject>
@@ -12,6 +13,7 @@
 class QAbstractButton;
 class QComboBox;
 class QKeyEvent;
+class QLabel;
 class QLineEdit;
 
 namespace controls {
@@ -29,7 +31,9 @@ inline constexpr RequestGridVariant inPatientGrid{RateRule::ByRoomClass};
 inline constexpr RequestGridVariant outPatientGrid{RateRule::AlwaysRateA};
 
 /// The entry grid of the request screens: which cells of a line take an entry, in which order the keys go
-/// through them, and how a line is priced and totalled. The controls belong to the screen.
+/// through them, and how a line is priced and totalled. A cell that was typed in is taken by Enter, and
+/// likewise when Tab, Up, Down, a click on another cell or a save leaves it; one that cannot be taken says
+/// why and stays open. Escape and scrolling leave it marked until then. The controls belong to the screen.
 class RequestGrid : public QObject {
     Q_OBJECT
 
@@ -41,6 +45,8 @@ class RequestGrid : public QObject {
         QLineEdit* txtGross;
         QAbstractButton* cmdSave;
         QAbstractButton* cmdSavePrint;
+        /// Says what the current line needs next, in words; null for none.
+        QLabel* lblHint = nullptr;
     };
 
     RequestGrid(const RequestGridVariant& variant, const Controls& parts, QObject* parent);
@@ -51,9 +57,12 @@ class RequestGrid : public QObject {
     void setRoomClass(const QString& roomClass) { m_lookup.setRoomClass(roomClass); }
 
     /// Floats the text box or the list over the current cell, unless its column is skipped.
-    void BeginCellEdit();
+    void BeginCellEdit() { openCell(Opening::Entered); }
     /// Hides both; the focus goes back to the grid.
     void EndCellEdit();
+    /// Takes every cell that was typed in and not taken yet, as Enter would. false: one of them cannot be
+    /// taken, or its line is only begun; it was said, and the cell is open.
+    bool TakeTypedCells();
     /// To the next cell that takes an entry: in this line, or the first of the next one.
     void AdvanceCell();
     /// The gross amount from column 7 of all lines.
@@ -61,12 +70,20 @@ class RequestGrid : public QObject {
 
   private:
     enum class ColumnKind { None, UpperCase, Numeric, Free };
+    enum class Opening {
+        Entered,      ///< by Enter, a click or typing: a quantity begins at 1
+        PassedThrough ///< by a key on its way: what stands there stays
+    };
 
     QString cell(int column) const;
     void setCell(int column, const QString& text);
     void goTo(int column);
+    WaitingCells::Cell current() const;
+    bool lineIsEmpty() const;
+    void openCell(Opening opening);
     void openType();
-    void openText(int column);
+    void openText(const QString& text);
+    void showHint();
 
     bool gridKey(QKeyEvent* event);
     /// The keys that a typed cell and the list of types have in common: whether it was taken, or none of
@@ -75,15 +92,23 @@ class RequestGrid : public QObject {
     bool entryKey(QKeyEvent* event);
     bool listKey(QKeyEvent* event);
     bool rowKey(int key);
+    void grid_Click();
     void txtEntry_Change();
     void txtEntry_Enter();
     void cboEntry_Change();
     bool stepCell(int direction);
     void deleteRow();
 
+    bool isLeavable(bool confirmsQuantity);
+    bool takeCell();
+    bool takeDepartment();
+    bool takeQuantity();
+    bool takeAmount();
+    bool isGoneOnWith(int takenColumn);
+    bool isNumber();
+    void stayOpen();
     void enterDepartment();
-    void enterQuantity();
-    void LookUpCellCode();
+    bool LookUpCellCode();
     LookUp LookUpExamLine(const QString& code);
 
     controls::FlexGrid& m_grid;
@@ -92,8 +117,12 @@ class RequestGrid : public QObject {
     QLineEdit& m_txtGross;
     QAbstractButton& m_cmdSave;
     QAbstractButton& m_cmdSavePrint;
+    QLabel* m_lblHint;
     RequestLineLookup m_lookup;
     controls::CellEditor m_editor;
+    WaitingCells m_waiting;
+    std::optional<WaitingCells::Cell> m_openCell; ///< the last one; none behind an ended edit
+    QString m_whenOpened;                         ///< what stood in it then
     std::array<bool, requestColumnCount> SkipColumn{};
     std::array<bool, requestColumnCount> LookupColumn{};
     std::array<ColumnKind, requestColumnCount> ColumnKinds{};

@@ -50,9 +50,10 @@ RequestScreen::RequestScreen(const RequestVariant& variant, QWidget* parent)
     txtEntry->setObjectName(QStringLiteral("txtEntry"));
     auto* cboEntry = new QComboBox(m_ui->body);
     cboEntry->setObjectName(QStringLiteral("cboEntry"));
-    m_grid = new RequestGrid(
-        variant.grid,
-        {m_ui->grdPackage, txtEntry, cboEntry, m_ui->txtGross, m_ui->cmdSave, m_ui->cmdSavePrint}, this);
+    m_grid = new RequestGrid(variant.grid,
+                             {m_ui->grdPackage, txtEntry, cboEntry, m_ui->txtGross, m_ui->cmdSave,
+                              m_ui->cmdSavePrint, m_ui->lblHint},
+                             this);
     look::setPrimary(m_ui->cmdSavePrint);
     connectControls();
 }
@@ -317,11 +318,15 @@ void RequestScreen::txtDoctor_Enter() {
 }
 
 void RequestScreen::cmdPackage_Click() {
+    if (!m_grid->TakeTypedCells())
+        return;
     session::screens().openNuclearPackage(packageGrids());
     m_grid->recomputeGross();
 }
 
 void RequestScreen::cmdNucCharges_Click() {
+    if (!m_grid->TakeTypedCells())
+        return;
     session::screens().openNucCharges(packageGrids());
     m_grid->recomputeGross();
 }
@@ -376,14 +381,14 @@ void RequestScreen::Form_QueryUnload(bool& cancel) {
 // ---- save
 
 void RequestScreen::cmdSave_Click() {
-    if (std::exchange(m_isSaving, true))
+    if (!m_grid->TakeTypedCells() || std::exchange(m_isSaving, true))
         return;
     SaveRequest();
     Unload();
 }
 
 void RequestScreen::cmdSavePrint_Click() {
-    if (std::exchange(m_isSaving, true))
+    if (!m_grid->TakeTypedCells() || std::exchange(m_isSaving, true))
         return;
     SaveRequest();
     if (IsSaved)

@@ -190,6 +190,48 @@ TEST_F(ErrorBoxTest, TakesTheFunctionalParametersAlongAndLeavesTheRestOfTheGrid)
     screen.Unload();
 }
 
+TEST_F(ErrorBoxTest, NamesTheFieldWhoseQuoteTheServerRefused) {
+    TwoFields outer;
+    outer.Show();
+    results::frmResultEntry screen;
+    screen.load();
+    screen.Show();
+    tests::keys(*screen.findChild<QLineEdit*>("txtHeight"), "5'2");
+    const auto sentence = [&](const base::RunTimeError& error) {
+        app::ErrorBox box(error);
+        box.show();
+        const auto* label = child<QLabel>(box, "lblQuote");
+        EXPECT_EQ(label->isVisible(), !label->text().isEmpty());
+        return label->text();
+    };
+    const base::RunTimeError syntax(102, "Incorrect syntax near '2'.", "42000", "sp_AddResult '5'2','25'");
+    EXPECT_EQ(sentence(syntax), "A quote (') stands in \"Height\": the server refuses a text with one.");
+    const base::RunTimeError unclosed(105, "Unclosed quotation mark.");
+    EXPECT_EQ(sentence(unclosed), sentence(syntax)) << "whatever the statement was";
+    EXPECT_EQ(sentence(serverError), "") << "which has nothing to do with it";
+    outer.findChild<QLineEdit*>("txtFirst")->setText("D'ANA");
+    EXPECT_EQ(sentence(syntax), "A quote (') stands in \"Height\": the server refuses a text with one.")
+        << "the other one was not sent";
+    EXPECT_TRUE(sentence(unclosed).contains("\"First name\", \"Height\":"))
+        << sentence(unclosed).toStdString();
+    tests::keys(*screen.findChild<QLineEdit*>("txtHeight"), "<Ctrl+A>5");
+    outer.findChild<QLineEdit*>("txtFirst")->setText("ANA");
+    EXPECT_EQ(sentence(syntax), "");
+    screen.Unload();
+    outer.Unload();
+}
+
+TEST_F(ErrorBoxTest, NamesTheCellOfAnEntryGrid) {
+    results::frmResultEntryMPI screen;
+    screen.load();
+    screen.setParameter(1, "6'0|65");
+    screen.Show();
+    app::ErrorBox box(base::RunTimeError(102, "Incorrect syntax near '0'."));
+    EXPECT_TRUE(child<QLabel>(box, "lblQuote")->text().contains(" in line 1\":"))
+        << child<QLabel>(box, "lblQuote")->text().toStdString();
+    screen.Unload();
+}
+
 class InstalledBoundary : public tests::LoggedOn {
   protected:
     InstalledBoundary() { app::installBoundary(); }

@@ -85,8 +85,10 @@ void CellEditor::write(const QString& text) {
 }
 
 void CellEditor::hide() {
-    if (QWidget* editor = std::exchange(m_open, nullptr))
+    if (QWidget* editor = std::exchange(m_open, nullptr)) {
         editor->hide();
+        Q_EMIT Closed();
+    }
 }
 
 void CellEditor::close() {

@@ -67,6 +67,8 @@ class CellEditor : public QObject {
   Q_SIGNALS:
     /// Every key in the open editor, before it acts; accept() it to keep the editor from acting.
     void KeyDown(QKeyEvent* event);
+    /// The editor is gone, whatever hid it.
+    void Closed();
 
   private:
     void watch(QWidget& editor);

@@ -60,6 +60,18 @@ void appendGrid(QStringList& lines, const FlexGrid& grid, const QString& caption
     }
 }
 
+void appendCells(QList<HeldText>& held, const FlexGrid& grid) {
+    const int rows = qMin(grid.Rows(), grid.FixedRows() + mostGridRows);
+    for (int row = grid.FixedRows(); row < rows; ++row) {
+        for (int column = grid.FixedCols(); column < grid.Cols(); ++column) {
+            const QString header = grid.FixedRows() > 0 ? grid.TextMatrix(0, column) : QString();
+            if (const QString text = grid.TextMatrix(row, column); !text.isEmpty())
+                held.append(
+                    {QStringLiteral("%1 in line %2").arg(header).arg(row - grid.FixedRows() + 1), text});
+        }
+    }
+}
+
 void appendList(QStringList& lines, const ListView& list) {
     for (int index = 1; index <= list.Count(); ++index) {
         if (index > mostGridRows) {
@@ -132,6 +144,21 @@ QString typedAsText(const QWidget& screen) {
         }
     }
     return lines.join(QLatin1Char('\n'));
+}
+
+QList<HeldText> heldTexts(const QWidget& screen) {
+    QList<HeldText> held;
+    for (const QWidget* widget : inTabOrder(screen)) {
+        if (!isNamed(*widget) || !takesTyping(*widget))
+            continue;
+        if (auto* grid = qobject_cast<const FlexGrid*>(widget)) {
+            if (!grid->marksRowOnly())
+                appendCells(held, *grid);
+        } else if (const QString text = textOfField(widget); !text.isEmpty()) {
+            held.append({captionOf(screen, *widget), text});
+        }
+    }
+    return held;
 }
 
 } // namespace controls

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 class QWidget;
@@ -13,5 +14,12 @@ QString contentsAsText(const QWidget& screen);
 /// holds something, in the order of Tab, and the rows of entry grids. The caption is the field's label, else
 /// its accessible name, else its name. Password fields are left out.
 QString typedAsText(const QWidget& screen);
+
+struct HeldText {
+    QString caption;
+    QString text;
+};
+/// The same, field by field; of entry grids cell by cell, under "Amount in line 2".
+QList<HeldText> heldTexts(const QWidget& screen);
 
 } // namespace controls

@@ -225,6 +225,27 @@ TEST_F(CellEditorTest, ScrollingMayEndTheEdit) {
     EXPECT_FALSE(editor->isOpen()) << "a column is about to be dragged";
 }
 
+TEST_F(CellEditorTest, ItTellsThatItIsGoneWhateverHidIt) {
+    edit({.closesWhenMoved = true});
+    int gone = 0;
+    on(editor.get(), &CellEditor::Closed, &window, [&] {
+        EXPECT_FALSE(editor->isOpen());
+        ++gone;
+    });
+    open(1, 1);
+    EXPECT_EQ(gone, 0);
+    editor->close();
+    EXPECT_EQ(gone, 1);
+    editor->close();
+    EXPECT_EQ(gone, 1) << "nothing was open";
+    open(1, 1);
+    grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->value() + 1);
+    EXPECT_EQ(gone, 2);
+    open(1, 1);
+    grid->setEnabled(false);
+    EXPECT_EQ(gone, 3);
+}
+
 TEST_F(CellEditorTest, EveryKeyIsToldFirst) {
     edit({});
     QList<int> told;
