@@ -2,6 +2,7 @@
 
 #include "server/engine/translate/Builtins.h"
 #include "server/engine/values/Ascii.h"
+#include "server/engine/values/Collation.h"
 
 #include <algorithm>
 
@@ -279,7 +280,7 @@ std::string ExpressionTranslator::caseOperand(const Expr& expr, std::vector<std:
     }
     for (const Term& term : terms)
         values.push_back(converted(term, type));
-    return " " + converted(operand, type) + (isText(type) && !operand.collated ? " COLLATE NOCASE" : "");
+    return " " + converted(operand, type) + (isText(type) && !operand.collated ? textOrder : "");
 }
 
 Term ExpressionTranslator::function(const Expr& expr) {
@@ -342,7 +343,7 @@ std::string ExpressionTranslator::in(const Expr& expr) {
                                "subquery is not introduced with EXISTS."),
                 "42000", expr.position);
         const bool needsCase = isText(left.type) && !left.collated;
-        return "(" + left.sql + (needsCase ? " COLLATE NOCASE" : "") + (expr.flag ? " NOT IN (" : " IN (") +
+        return "(" + left.sql + (needsCase ? textOrder : "") + (expr.flag ? " NOT IN (" : " IN (") +
                inner.sql + "))";
     }
     SqlType type = left.type;
@@ -353,7 +354,7 @@ std::string ExpressionTranslator::in(const Expr& expr) {
     }
     std::string sql = "(" + converted(left, type);
     if (isText(type) && !left.collated)
-        sql += " COLLATE NOCASE";
+        sql += textOrder;
     sql += expr.flag ? " NOT IN (" : " IN (";
     for (std::size_t i = 0; i < items.size(); ++i)
         sql += (i > 0 ? ", " : "") + converted(items[i], type);
