@@ -86,6 +86,8 @@ Term ExpressionTranslator::translatedValue(const Expr& expr) {
     case ExprKind::Function:
         return function(expr);
     case ExprKind::Cast:
+        if (expr.flag)
+            return tryCast(expr);
         return cast(value(*expr.children.front()), expr.type,
                     expr.children.size() > 1 ? converted(value(*expr.children[1]), intType) : "0");
     default:
@@ -382,6 +384,16 @@ std::string ExpressionTranslator::like(const Expr& expr) {
         return "(" + left.sql + " >= ts_likelow(" + pattern + ") AND " + left.sql + " < ts_likehigh(" +
                pattern + ") AND " + match + ")";
     return match;
+}
+
+Term ExpressionTranslator::tryCast(const Expr& expr) {
+    const Term term = value(*expr.children.front());
+    const bool isNull = classOf(term.type) == TypeClass::Null;
+    if ((!isText(term.type) && !isNull) || isText(expr.type))
+        throw notSupported("TRY_CAST", expr.position); // of a text into something else it is made for
+    return {"ts_tryconvert(" + term.sql + ", " + std::to_string(int(expr.type.kind)) + ", " +
+                std::to_string(expr.type.scale) + ")",
+            expr.type, false, term.constant, true};
 }
 
 Term ExpressionTranslator::textTerm(const Expr& expr) {

@@ -196,6 +196,16 @@ TEST_F(Lookup, CashPatientsAreAddedAndChanged) {
     EXPECT_EQ(cell(changed, 0, "CivilStatus"), QStringLiteral("WIDOWED"));
 }
 
+TEST_F(Lookup, TheLastItemNumberPassesOverCodesThatAreNone) {
+    const QString last = value(QStringLiteral("NUCLEAR..sp_Bui_Find_Last_Item_Number 'NU'"));
+    for (const char* code : {"$", "1e3", ".", "-", "A1"}) {
+        run(QStringLiteral("UPDATE BUILD_FILE..tbcoNucExam SET NucExamID = '%1' WHERE NucExamID = (SELECT "
+                           "MIN(NucExamID) FROM BUILD_FILE..tbcoNucExam WHERE LEN(NucExamID) = 4)")
+                .arg(QLatin1StringView(code)));
+        EXPECT_EQ(value(QStringLiteral("NUCLEAR..sp_Bui_Find_Last_Item_Number 'NU'")), last) << code;
+    }
+}
+
 TEST_F(Lookup, RightsAreKeptApartByWorkstation) {
     const auto other = workstation(QStringLiteral("DESK2"));
     run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1001'"));
