@@ -286,6 +286,14 @@ TEST_F(FreeTds, ALineThatIsFoundLostAtABeginIsToldAsSuch) {
     EXPECT_EQ(error.number(), base::errors::connectionInvalid);
     EXPECT_EQ(error.description(), "The connection to the server is lost. Please log on again.");
     EXPECT_FALSE(provider->inTransaction());
+    // a line that went while nobody used it
+    auto gone = std::make_unique<TdsServer>(
+        TdsServer::Options{.file = folder.filePath(QStringLiteral("gone.scintra"))});
+    const auto idle = odbc::OdbcProvider::open(gone->connectionText());
+    gone.reset();
+    const base::RunTimeError found = raised([&] { idle->begin(); });
+    EXPECT_EQ(found.number(), base::errors::connectionInvalid);
+    EXPECT_EQ(found.description(), error.description());
 }
 
 TEST_F(FreeTds, AViewOfOneTableHasItsKeyWhereverTheTableIs) {
