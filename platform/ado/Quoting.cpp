@@ -4,6 +4,36 @@
 
 namespace ado {
 
+qsizetype brokenLine(QStringView text, qsizetype at) {
+    if (text[at] != u'\\' || at + 1 >= text.size())
+        return 0;
+    if (text[at + 1] == u'\n')
+        return 1;
+    return text[at + 1] == u'\r' && at + 2 < text.size() && text[at + 2] == u'\n' ? 2 : 0;
+}
+
+QString withLinesKept(QString text) {
+    for (qsizetype at = text.indexOf(u'\\'); at >= 0; at = text.indexOf(u'\\', at + 1)) {
+        if (const qsizetype length = brokenLine(text, at)) {
+            text.insert(at + 1, text.mid(at, 1 + length));
+            at += 1 + length;
+        }
+    }
+    return text;
+}
+
+QString withLinesJoined(QStringView text) {
+    QString joined;
+    joined.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (const qsizetype length = brokenLine(text, at))
+            at += length;
+        else
+            joined += text[at];
+    }
+    return joined;
+}
+
 QString literal(const base::Value& value) {
     if (value.isNull())
         return QStringLiteral("NULL");
@@ -14,7 +44,8 @@ QString literal(const base::Value& value) {
     QString text = base::textOf(value);
     if (!value.asText())
         return text;
-    return u'\'' + text.replace(u'\'', QLatin1StringView("''")) + u'\'';
+    text.replace(u'\'', QLatin1StringView("''"));
+    return u'\'' + withLinesKept(std::move(text)) + u'\'';
 }
 
 QString bracketed(const QString& name) {

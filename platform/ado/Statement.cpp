@@ -1,15 +1,19 @@
 #include "platform/ado/Statement.h"
 
+#include "platform/ado/Quoting.h"
 #include "platform/base/Error.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace ado {
 namespace {
 
+/// Where a value stands in the text, and what it was before its lines were kept together.
 struct Range {
     qsizetype begin;
     qsizetype end;
+    QString value;
 };
 
 /// The word or sign that the server would stumble over at `at`.
@@ -67,7 +71,7 @@ class ReadBack {
     /// A value is passed over whole, once it is known to stay in its place.
     void enterValues() {
         while (m_next < m_values.size() && m_values[m_next].begin == m_at) {
-            const Range range = m_values[m_next++];
+            const Range& range = m_values[m_next++];
             const QStringView value = QStringView(m_text).mid(range.begin, range.end - range.begin);
             if (m_state == State::Literal)
                 checkLiteral(value, range);
@@ -77,13 +81,26 @@ class ReadBack {
         }
     }
 
-    void checkLiteral(QStringView value, Range range) const {
+    /// The server finds in the literal what was to stand there, no more and no less.
+    void checkLiteral(QStringView value, const Range& range) const {
         for (qsizetype i = 0; i < value.size(); ++i) {
             if (value[i] == u'\'')
                 syntaxError(m_text, range.begin + i + 1);
             if (value[i].isNull())
                 syntaxError(m_text, range.begin + i);
         }
+        if (cutsBrokenLine(range.begin) || cutsBrokenLine(range.end) || withLinesJoined(value) != range.value)
+            syntaxError(m_text, range.begin);
+    }
+
+    /// Whether a backslash before `at` would take away what stands behind it.
+    bool cutsBrokenLine(qsizetype at) const {
+        for (qsizetype before = std::max<qsizetype>(0, at - 2); before < at; ++before) {
+            const qsizetype length = brokenLine(m_text, before);
+            if (length > 0 && before + length >= at)
+                return true;
+        }
+        return false;
     }
 
     void step() {
@@ -143,15 +160,48 @@ class Joiner {
   public:
     void addText(QStringView text) { m_text += text; }
     void addValue(const QString& value) {
-        m_values.push_back({m_text.size(), m_text.size() + value.size()});
+        m_values.push_back({m_text.size(), m_text.size() + value.size(), value});
         m_text += value;
     }
     QString checked() {
+        for (qsizetype at = m_text.indexOf(u'\\'); at >= 0; at = m_text.indexOf(u'\\', at + 1)) {
+            const qsizetype length = brokenLine(m_text, at);
+            if (length > 0 && touchesValue(at, at + length)) {
+                keepLine(at, length);
+                at += 1 + length;
+            }
+        }
         ReadBack(m_text, m_values).check();
         return std::move(m_text);
     }
 
   private:
+    bool touchesValue(qsizetype first, qsizetype last) const {
+        return std::any_of(m_values.begin(), m_values.end(), [&](const Range& range) {
+            return range.begin < range.end && range.begin <= last && range.end > first;
+        });
+    }
+
+    /// withLinesKept() for the one backslash; what is put in belongs to the value that holds the backslash,
+    /// else to the one that begins behind it.
+    void keepLine(qsizetype backslash, qsizetype length) {
+        const qsizetype at = backslash + 1;
+        const qsizetype added = 1 + length;
+        m_text.insert(at, m_text.mid(backslash, added));
+        bool taken = false;
+        for (Range& range : m_values) {
+            const bool holds = range.begin < at && range.end >= at;
+            const bool begins = !taken && range.begin == at && range.end > at;
+            if (holds || begins) {
+                range.end += added;
+                taken = true;
+            } else if (range.begin > at || (taken && range.begin == at)) {
+                range.begin += added;
+                range.end += added;
+            }
+        }
+    }
+
     QString m_text;
     std::vector<Range> m_values;
 };

@@ -7,6 +7,7 @@
 #include "platform/odbc/OdbcConnection.h"
 
 #include <QHash>
+#include <QRegularExpression>
 
 namespace odbc {
 namespace {
@@ -29,6 +30,29 @@ QString keyStatement(const QString& database, const QString& table) {
                "%1INFORMATION_SCHEMA.VIEW_TABLE_USAGE V WHERE V.VIEW_NAME = %2 HAVING COUNT(*) = 1)) "
                "ORDER BY K.ORDINAL_POSITION")
         .arg(database, ado::literal(base::Value(table)));
+}
+
+/// Of a view over another database a server tells neither table nor key, only its text (NULL without the
+/// right).
+QString viewStatement(const QString& database, const QString& view) {
+    return QStringLiteral(
+               "SELECT M.definition FROM %1sys.sql_modules M INNER JOIN %1sys.objects O ON O.object_id = "
+               "M.object_id WHERE O.type = 'V' AND O.name = %2")
+        .arg(database, ado::literal(base::Value(view)));
+}
+
+/// The one table of another database that a view with that text reads; empty when it reads more, or its own.
+QString tableBelow(const QString& view) {
+    static const QRegularExpression comment(QStringLiteral(R"(--[^\n]*|/\*.*?\*/)"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression from(
+        QStringLiteral(
+            R"(^(?:(?!\bFROM\b).)*\bFROM\s+((?:\[[^\]]+\]|\w+)\.(?:\[[^\]]+\]|\w+)?\.(?:\[[^\]]+\]|\w+)))"
+            R"((?:\s+(?:AS\s+)?(?!WITH\b|WHERE\b)\w+)?(?:\s+WITH\s*\([^)]*\))?)"
+            R"((?:\s+WHERE\b(?:(?!\b(?:FROM|UNION)\b).)*)?\s*;?\s*$)"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    QString text = view;
+    return from.match(text.remove(comment)).captured(1);
 }
 
 base::RunTimeError rolledBack() {
@@ -157,7 +181,12 @@ ado::Streamed OdbcProvider::stream(const QString& text, ado::RowSink& sink) {
 void OdbcProvider::begin() {
     if (d->inTransaction)
         throw ado::transactionIsOpen();
-    d->watched([&] { d->connection.setAutocommit(false); });
+    try {
+        d->watched([&] { d->connection.setAutocommit(false); });
+    } catch (const base::RunTimeError& error) {
+        // a driver tells only that it could not begin; nothing is open yet that could be half done
+        throw d->dead && error.number() != errors::timeOut ? lineLost() : error;
+    }
     d->inTransaction = true;
 }
 
@@ -209,6 +238,13 @@ QStringList OdbcProvider::primaryKey(const QString& table) {
     QStringList columns;
     for (qsizetype row = 0; row < found.rows.count(); ++row)
         columns += base::textOf(found.rows.at(row, 0));
+    if (columns.isEmpty() && d->connection.isSqlServer()) {
+        const ado::Result view = execute(viewStatement(database, bare(parts.constLast())));
+        const QString below =
+            view.rows.count() == 1 ? tableBelow(base::textOf(view.rows.at(0, 0))) : QString();
+        if (!below.isEmpty())
+            columns = primaryKey(below);
+    }
     if (!columns.isEmpty())
         d->keys.insert(table, columns);
     return columns;

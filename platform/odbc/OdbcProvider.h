@@ -41,7 +41,8 @@ class OdbcProvider : public ado::Provider {
     void rollback() override;
     bool inTransaction() const override;
     void useDatabase(const QString& name) override;
-    /// Read from INFORMATION_SCHEMA once a table; a view of one table has the key of that table.
+    /// Read from INFORMATION_SCHEMA once a table; a view of one table has the key of that table, which for a
+    /// table of another database takes the right to see the view's text (VIEW DEFINITION).
     QStringList primaryKey(const QString& table) override;
 
     /// What the server calls itself: "Microsoft SQL Server".

@@ -100,6 +100,7 @@ class EmbeddedProvider::Private {
         , trace(path, options.hostName)
         , dataVersion(file.prepare("PRAGMA data_version")) {
         host.catalogue = &catalogue;
+        host.latinOrder = file.isInOrder();
         registerFunctions(file.handle(), host);
         session.database = catalogue.firstDatabase();
         session.hostName = toStd(options.hostName);
@@ -414,6 +415,10 @@ QStringList EmbeddedProvider::check() {
         if (line != "ok")
             problems += toQString(line);
     }
+    if (!d->file.isInOrder())
+        problems +=
+            QStringLiteral("Two rows have one key but for case or blanks at the end: names are not in the "
+                           "server's order.");
     for (const Catalogue::ModuleKey& module : d->catalogue.modules()) {
         const QString name = toQString(module.database + ".." + module.name);
         try {

@@ -2,6 +2,7 @@
 
 #include "server/engine/errors/ErrorMap.h"
 #include "server/engine/errors/ServerError.h"
+#include "server/engine/values/Collation.h"
 
 #include <chrono>
 #include <thread>
@@ -21,6 +22,9 @@ CREATE TABLE IF NOT EXISTS "scintra.columns" (
     nullable INTEGER NOT NULL, identity INTEGER NOT NULL, keyOrdinal INTEGER NOT NULL, keyName TEXT NOT NULL,
     defaultSource TEXT NOT NULL, PRIMARY KEY (databaseName, tableName, ordinal)) WITHOUT ROWID;
 )";
+
+constexpr const char* rememberOrder =
+    "INSERT OR REPLACE INTO \"scintra.settings\" (name, value) VALUES ('collation', '1')";
 
 /// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
 /// itself.
@@ -54,6 +58,7 @@ SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& 
         failOpening(path, handle ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_handler(handle, waitForLock, reinterpret_cast<void*>(std::intptr_t(busyMilliseconds)));
+    registerCollation(handle);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
@@ -71,8 +76,10 @@ void SqliteFile::prepareFile(const std::vector<std::string>& newDatabases) {
     const SqliteStatement known = prepare("SELECT 1 FROM sqlite_master WHERE name = 'scintra.columns'");
     const bool isHospital = step(known.get());
     sqlite3_reset(known.get());
-    if (isHospital)
+    if (isHospital) {
+        bringIntoOrder();
         return;
+    }
     const SqliteStatement any = prepare("SELECT 1 FROM sqlite_master");
     const bool isForeign = step(any.get());
     sqlite3_reset(any.get());
@@ -85,7 +92,43 @@ void SqliteFile::prepareFile(const std::vector<std::string>& newDatabases) {
     for (const std::string& name : newDatabases)
         execute(
             ("INSERT OR IGNORE INTO \"scintra.databases\" (name) VALUES (" + quotedText(name) + ")").c_str());
+    execute(rememberOrder);
     execute("COMMIT");
+}
+
+bool SqliteFile::readOrder() {
+    const SqliteStatement order =
+        prepare("SELECT 1 FROM \"scintra.settings\" WHERE name = 'collation' AND value = '1'");
+    m_isInOrder = step(order.get());
+    return m_isInOrder;
+}
+
+/// Once a file: the columns' order is a word in their definitions, which only the schema itself can change. A
+/// program from before this order does not know the word and leaves such a file alone.
+void SqliteFile::bringIntoOrder() {
+    if (readOrder())
+        return;
+    try {
+        execute("BEGIN IMMEDIATE");
+        if (!readOrder()) { // else another has done it meanwhile
+            const SqliteStatement version = prepare("PRAGMA schema_version");
+            step(version.get());
+            const std::string next = std::to_string(sqlite3_column_int(version.get(), 0) + 1);
+            sqlite3_reset(version.get());
+            execute("PRAGMA writable_schema = ON");
+            execute(
+                "UPDATE sqlite_master SET sql = replace(sql, 'TEXT COLLATE NOCASE', 'TEXT COLLATE SCINTRA') "
+                "WHERE type = 'table' AND name NOT LIKE 'scintra.%'");
+            execute(("PRAGMA schema_version = " + next).c_str());
+            execute("PRAGMA writable_schema = RESET");
+            execute("REINDEX SCINTRA");
+            execute(rememberOrder);
+        }
+        execute("COMMIT");
+        m_isInOrder = true;
+    } catch (const base::RunTimeError&) {
+        sqlite3_exec(handle(), "ROLLBACK; PRAGMA writable_schema = RESET", nullptr, nullptr, nullptr);
+    }
 }
 
 void SqliteFile::execute(const char* sql) {

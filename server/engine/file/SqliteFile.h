@@ -34,6 +34,10 @@ class SqliteFile {
     SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases, int busyMilliseconds);
 
     sqlite3* handle() const { return m_handle.get(); }
+    /// False for a file from before the order of texts (Collation.h) that could not be brought into it: rows
+    /// of it have the same key but for accents' case or blanks at the end. It goes on in its old order, A to
+    /// Z alone.
+    bool isInOrder() const { return m_isInOrder; }
     void execute(const char* sql);
     SqliteStatement prepare(std::string_view sql);
     /// One step; true for a row.
@@ -46,7 +50,10 @@ class SqliteFile {
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
     void prepareFile(const std::vector<std::string>& newDatabases);
+    bool readOrder();
+    void bringIntoOrder();
 
+    bool m_isInOrder = true;
     std::unique_ptr<sqlite3, Closer> m_handle;
 };
 

@@ -14,6 +14,8 @@ class Catalogue;
 /// What the functions inside SQLite share with the provider that runs them.
 struct FunctionHost {
     Catalogue* catalogue = nullptr;
+    /// Whether the file's indexes know letters beyond A to Z (SqliteFile::isInOrder).
+    bool latinOrder = true;
     /// The error that a function raised; SQLite itself only carries its text.
     std::optional<base::RunTimeError> error;
 };

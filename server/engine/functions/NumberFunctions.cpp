@@ -54,6 +54,19 @@ void convertText(sqlite3_context* context, sqlite3_value** values) {
     resultCell(context, cell);
 }
 
+/// text, type, scale; Null for a text that is none of that type
+void tryConvertText(sqlite3_context* context, sqlite3_value** values) {
+    Cell cell = cellOf(values[0]);
+    try {
+        convert(cell, {TypeKind::Varchar},
+                {TypeKind(sqlite3_value_int(values[1])), -1, sqlite3_value_int(values[2])},
+                ConversionPlace::Statement);
+        resultCell(context, cell);
+    } catch (const base::RunTimeError&) {
+        sqlite3_result_null(context);
+    }
+}
+
 /// value, its type, its scale, length of the text, style
 void toText(sqlite3_context* context, sqlite3_value** values) {
     Cell cell = cellOf(values[0]);
@@ -218,6 +231,7 @@ void databaseId(sqlite3_context* context, sqlite3_value** values) {
 
 void registerNumberFunctions(sqlite3* handle, FunctionHost& host) {
     registerFunction<convertText>(handle, host, "ts_convert", 4);
+    registerFunction<tryConvertText>(handle, host, "ts_tryconvert", 3);
     registerFunction<toText>(handle, host, "ts_totext", 5);
     registerFunction<convertMoment>(handle, host, "ts_moment", 3);
     registerFunction<wholeNumber>(handle, host, "ts_whole", 2);

@@ -187,12 +187,16 @@ void like(sqlite3_context* context, sqlite3_value** values) {
     sqlite3_result_int(context, matchesLike(valueText(values[1]), valueText(values[0])));
 }
 
+bool latinOrder(sqlite3_context* context) {
+    return static_cast<FunctionHost*>(sqlite3_user_data(context))->latinOrder;
+}
+
 void likeLow(sqlite3_context* context, sqlite3_value** values) {
-    resultText(context, likePrefix(valueText(values[0])));
+    resultText(context, likePrefix(valueText(values[0]), latinOrder(context)));
 }
 
 void likeHigh(sqlite3_context* context, sqlite3_value** values) {
-    std::string bound = likePrefix(valueText(values[0]));
+    std::string bound = likePrefix(valueText(values[0]), latinOrder(context));
     bound += "\xF4\x8F\xBF\xBF"; // the last character there is
     resultText(context, bound);
 }

@@ -40,7 +40,7 @@ enum class ExprKind {
     Subquery,   ///< query
     Case,       ///< children: operand or null, WHEN, THEN, ..., ELSE or null
     Function,   ///< text; qualifier is the database and flag set for dbo.name(...)
-    Cast,       ///< type; a second child is the style
+    Cast,       ///< type; a second child is the style; flag for TRY_CAST
     Comparison, ///< text is the sign
     And,
     Or,

@@ -142,6 +142,11 @@ void Lexer::readQuoted(Token& token, char end) {
             throw unclosedQuote(m_text.substr(begin), token.position);
         if (peek() == '\0')
             throw syntaxError("", position());
+        if (const std::size_t joined = end == '\'' ? brokenLine(m_text, m_at) : 0) {
+            for (std::size_t i = 0; i < joined; ++i)
+                advance();
+            continue;
+        }
         if (peek() == end) {
             if (peek(1) != end)
                 break;

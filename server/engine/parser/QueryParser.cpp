@@ -540,7 +540,7 @@ ExprPtr QueryParser::parenthesis() {
 ExprPtr QueryParser::wordExpression() {
     if (isWord("CASE"))
         return caseExpression();
-    if (isWord("CAST") && isSymbol("(", 1))
+    if ((isWord("CAST") || isWord("TRY_CAST")) && isSymbol("(", 1))
         return castExpression();
     if (isWord("CONVERT") && isSymbol("(", 1))
         return convertExpression();
@@ -580,11 +580,13 @@ SqlType QueryParser::castType() {
 }
 
 ExprPtr QueryParser::castExpression() {
+    const bool tries = isWord("TRY_CAST");
     const SourcePosition at = next().position;
     expectSymbol("(");
     ExprPtr expr = make(ExprKind::Cast, at, expression());
     expectWord("AS");
     expr->type = castType();
+    expr->flag = tries;
     expectSymbol(")");
     return expr;
 }

@@ -88,6 +88,13 @@ void StatementKey::takeText(bool national) {
         value->clear();
     std::size_t from = first;
     while (m_at < m_text.size()) {
+        if (const std::size_t joined = brokenLine(m_text, m_at)) {
+            if (value)
+                value->append(m_text.substr(from, m_at - from));
+            m_at += joined;
+            from = m_at;
+            continue;
+        }
         if (peek() == '\'') {
             if (peek(1) != '\'')
                 break;

@@ -2,6 +2,7 @@
 
 #include "server/engine/translate/Builtins.h"
 #include "server/engine/values/Ascii.h"
+#include "server/engine/values/Collation.h"
 
 #include <algorithm>
 
@@ -85,6 +86,8 @@ Term ExpressionTranslator::translatedValue(const Expr& expr) {
     case ExprKind::Function:
         return function(expr);
     case ExprKind::Cast:
+        if (expr.flag)
+            return tryCast(expr);
         return cast(value(*expr.children.front()), expr.type,
                     expr.children.size() > 1 ? converted(value(*expr.children[1]), intType) : "0");
     default:
@@ -279,7 +282,7 @@ std::string ExpressionTranslator::caseOperand(const Expr& expr, std::vector<std:
     }
     for (const Term& term : terms)
         values.push_back(converted(term, type));
-    return " " + converted(operand, type) + (isText(type) && !operand.collated ? " COLLATE NOCASE" : "");
+    return " " + converted(operand, type) + (isText(type) && !operand.collated ? textOrder : "");
 }
 
 Term ExpressionTranslator::function(const Expr& expr) {
@@ -342,7 +345,7 @@ std::string ExpressionTranslator::in(const Expr& expr) {
                                "subquery is not introduced with EXISTS."),
                 "42000", expr.position);
         const bool needsCase = isText(left.type) && !left.collated;
-        return "(" + left.sql + (needsCase ? " COLLATE NOCASE" : "") + (expr.flag ? " NOT IN (" : " IN (") +
+        return "(" + left.sql + (needsCase ? textOrder : "") + (expr.flag ? " NOT IN (" : " IN (") +
                inner.sql + "))";
     }
     SqlType type = left.type;
@@ -353,7 +356,7 @@ std::string ExpressionTranslator::in(const Expr& expr) {
     }
     std::string sql = "(" + converted(left, type);
     if (isText(type) && !left.collated)
-        sql += " COLLATE NOCASE";
+        sql += textOrder;
     sql += expr.flag ? " NOT IN (" : " IN (";
     for (std::size_t i = 0; i < items.size(); ++i)
         sql += (i > 0 ? ", " : "") + converted(items[i], type);
@@ -381,6 +384,16 @@ std::string ExpressionTranslator::like(const Expr& expr) {
         return "(" + left.sql + " >= ts_likelow(" + pattern + ") AND " + left.sql + " < ts_likehigh(" +
                pattern + ") AND " + match + ")";
     return match;
+}
+
+Term ExpressionTranslator::tryCast(const Expr& expr) {
+    const Term term = value(*expr.children.front());
+    const bool isNull = classOf(term.type) == TypeClass::Null;
+    if ((!isText(term.type) && !isNull) || isText(expr.type))
+        throw notSupported("TRY_CAST", expr.position); // of a text into something else it is made for
+    return {"ts_tryconvert(" + term.sql + ", " + std::to_string(int(expr.type.kind)) + ", " +
+                std::to_string(expr.type.scale) + ")",
+            expr.type, false, term.constant, true};
 }
 
 Term ExpressionTranslator::textTerm(const Expr& expr) {

@@ -62,6 +62,7 @@ class ExpressionTranslator : public TermTranslator {
     std::string caseOperand(const Expr& expr, std::vector<std::string>& values);
     Term function(const Expr& expr);
     Term ownFunction(const Expr& expr);
+    Term tryCast(const Expr& expr);
     Term scalarSubquery(const Expr& expr);
     std::string in(const Expr& expr);
     std::string like(const Expr& expr);

@@ -2,6 +2,7 @@
 
 #include "server/engine/translate/GroupCheck.h"
 #include "server/engine/values/Ascii.h"
+#include "server/engine/values/Collation.h"
 
 #include <algorithm>
 
@@ -304,7 +305,7 @@ std::string QueryTranslator::orderText(const std::vector<OrderItem>& order,
         if (place > 0) {
             sql += std::to_string(place);
             if (isText(outputs[place - 1].term.type) && !outputs[place - 1].term.collated)
-                sql += " COLLATE NOCASE";
+                sql += textOrder;
         } else {
             sql += keyed(value(expr));
         }

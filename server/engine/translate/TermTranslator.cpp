@@ -1,6 +1,7 @@
 #include "server/engine/translate/TermTranslator.h"
 
 #include "server/engine/values/Ascii.h"
+#include "server/engine/values/Collation.h"
 
 #include <algorithm>
 
@@ -39,12 +40,12 @@ std::string TermTranslator::compared(const Term& left, const std::string& sign, 
     if (classOf(right.type) != classOf(type) && !(isNumber(right.type) && isNumber(type)))
         second = converted(right, type);
     if (isText(type) && !left.collated && !right.collated)
-        first += " COLLATE NOCASE";
+        first += textOrder;
     return "(" + first + " " + sign + " " + second + ")";
 }
 
 std::string TermTranslator::keyed(const Term& term) const {
-    return isText(term.type) && !term.collated ? term.sql + " COLLATE NOCASE" : term.sql;
+    return isText(term.type) && !term.collated ? term.sql + textOrder : term.sql;
 }
 
 std::string TermTranslator::textToOther(const Term& term, const SqlType& type) {

@@ -23,6 +23,15 @@ constexpr bool isWordPart(char c) {
     return isWordStart(c) || isDigit(c) || c == '$' || c == '@';
 }
 
+/// Bytes of a backslash at `at` and the line break (LF or CRLF) right behind it, which a literal loses; else
+/// 0.
+constexpr std::size_t brokenLine(std::string_view text, std::size_t at) {
+    if (text[at] != '\\')
+        return 0;
+    const std::string_view behind = text.substr(at + 1, 2);
+    return behind == "\r\n" ? 3 : !behind.empty() && behind.front() == '\n' ? 2 : 0;
+}
+
 /// Equal but for case. `word` and `other` in UTF-8; only A to Z have case here, as in the hospital file's
 /// names.
 constexpr bool sameWord(std::string_view word, std::string_view other) {

@@ -1,25 +1,19 @@
 #include "server/engine/values/Like.h"
 
-#include "server/engine/values/Ascii.h"
+#include "server/engine/values/Collation.h"
 
 #include <QChar>
 
 namespace engine {
 namespace {
 
-/// Reads the character at `at`, folded, and moves behind it. A broken sequence is read byte by byte.
+/// Reads the character at `at` without its case, and moves behind it.
 char32_t nextCharacter(std::string_view text, std::size_t& at) {
-    const auto first = static_cast<unsigned char>(text[at++]);
-    if (first < 0x80)
-        return char32_t(static_cast<unsigned char>(upperOf(char(first))));
-    const int following = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
-    char32_t value = first & (0x3F >> following);
-    for (int i = 0; i < following; ++i) {
-        if (at >= text.size() || (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80)
-            return 0xFFFD;
-        value = (value << 6) | (static_cast<unsigned char>(text[at++]) & 0x3F);
-    }
-    return QChar::toUpper(value);
+    const char32_t character = readCharacter(text, at);
+    if (character < beyondLatin)
+        return foldedLatin(character);
+    const char32_t upper = QChar::toUpper(character);
+    return upper < beyondLatin ? character : upper;
 }
 
 /// Matches a set whose "[" was read; moves behind its "]".
@@ -89,12 +83,15 @@ bool matchesLike(std::string_view text, std::string_view pattern) {
     }
 }
 
-std::string likePrefix(std::string_view pattern) {
+std::string likePrefix(std::string_view pattern, bool latin) {
     std::size_t length = 0;
-    // an index knows no case beyond A to Z: behind the first other letter it can bound nothing
-    while (length < pattern.size() && static_cast<unsigned char>(pattern[length]) < 128 &&
-           std::string_view("%_[").find(pattern[length]) == std::string_view::npos)
-        ++length;
+    while (length < pattern.size() &&
+           std::string_view("%_[").find(pattern[length]) == std::string_view::npos) {
+        std::size_t next = length;
+        if (readCharacter(pattern, next) >= (latin ? beyondLatin : 0x80))
+            break;
+        length = next;
+    }
     return std::string(pattern.substr(0, length));
 }
 

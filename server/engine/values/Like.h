@@ -9,7 +9,7 @@ namespace engine {
 /// count.
 bool matchesLike(std::string_view text, std::string_view pattern);
 /// What every text that matches begins with, but for case: what stands before the first wild card, in plain
-/// ASCII.
-std::string likePrefix(std::string_view pattern);
+/// ASCII, or in Latin letters where the index knows their order (see Collation.h).
+std::string likePrefix(std::string_view pattern, bool latin = false);
 
 } // namespace engine

@@ -134,7 +134,7 @@ const char* storageType(TypeKind kind) {
     case TypeClass::Moment:
         return "TEXT";
     default:
-        return "TEXT COLLATE NOCASE";
+        return "TEXT COLLATE SCINTRA";
     }
 }
 

@@ -55,6 +55,26 @@ TEST(Sql, MarksInsideALiteralAreText) {
         EXPECT_EQ(sql("sp_A '{}','b'", value).text(), "sp_A '" + value + "','b'");
 }
 
+/// A server drops a backslash and the line break behind it, and the two again are what it leaves of each
+/// pair.
+TEST(Sql, ABackslashAtTheEndOfALineIsKept) {
+    EXPECT_EQ(sql("sp_A '{}'", QString("a\\\nb")).text(), "sp_A 'a\\\\\n\nb'");
+    EXPECT_EQ(sql("sp_A '{}'", QString("a\\\r\nb")).text(), "sp_A 'a\\\\\r\n\r\nb'");
+    EXPECT_EQ(sql("sp_A '{}'", QString("\\\\\n")).text(), "sp_A '\\\\\\\n\n'");
+    EXPECT_EQ(sql("sp_A '{}'", QString("\\\n\\\n")).text(), "sp_A '\\\\\n\n\\\\\n\n'");
+    for (const QString value : {"\\", "\\ \n", "\n\\", "\\\r", "\\n", "\\\r\r\n"})
+        EXPECT_EQ(sql("sp_A '{}'", value).text(), "sp_A '" + value + "'");
+    // the two come together from both sides of a value's end
+    EXPECT_EQ(sql("sp_A '{}{}{}'", QString("\\"), QString(), QString("\nb")).text(), "sp_A '\\\\\n\nb'");
+    EXPECT_EQ(sql("sp_A '{}\nb', '{}'", QString("\\"), QString("c")).text(), "sp_A '\\\\\n\nb', 'c'");
+    EXPECT_EQ(sql("sp_A '\\{}', '{}'", QString("\r\nb"), QString("c")).text(), "sp_A '\\\\\r\n\r\nb', 'c'");
+    EXPECT_EQ(sql("sp_A '{}\nb'", QString("\\\r")).text(), "sp_A '\\\\\r\n\r\nb'");
+    // what the program's own text breaks stays broken
+    EXPECT_EQ(sql("sp_A 'a\\\nb{}'", QString("c")).text(), "sp_A 'a\\\nbc'");
+    EXPECT_EQ(ado::definedStatement("'{?a}'", {{"{?a}", "\\\n"}}).text(), "'\\\\\n\n'");
+    EXPECT_EQ(ado::literal(base::Value(QString("o'\\\n"))), "'o''\\\\\n\n'");
+}
+
 TEST(Sql, OutsideQuotesOnlyNumbersStand) {
     EXPECT_EQ(sql("sp_A {}", QString("-1.5")).text(), "sp_A -1.5");
     for (const QString value : {"", "1;", "1 or 1=1", "x", "--1", "1-1", ".", "'a'"})
@@ -92,15 +112,16 @@ TEST(DefinedStatement, ReplacesWhatADefinitionNames) {
 /// Whatever a value holds: either it is the one literal of the text, or nothing is made.
 TEST(Sql, NoValueEverBecomesAStatement) {
     std::mt19937 random(20261121);
-    const QString alphabet = QString::fromUtf8("ab'\"-;/*[]{}\r\n\\ 1é") + QChar(0);
+    const QString alphabet = QString::fromUtf8("ab'\"-;/*[]{}\r\n\n\\\\ 1é") + QChar(0);
     for (int round = 0; round < 20000; ++round) {
         QString value;
         for (int i = int(random() % 12); i > 0; --i)
             value += alphabet[qsizetype(random() % unsigned(alphabet.size()))];
         const bool breaksOut = value.contains(u'\'') || value.contains(QChar(0));
         const auto error = errorOf([&] {
-            EXPECT_EQ(sql("sp_A '{}','{}' , 'z'", value, QString("y")).text(),
-                      "sp_A '" + value + "','y' , 'z'");
+            const QString text = sql("sp_A '{}','{}' , 'z'", value, QString("y")).text();
+            EXPECT_EQ(text, "sp_A '" + ado::withLinesKept(value) + "','y' , 'z'");
+            EXPECT_EQ(ado::withLinesJoined(text), "sp_A '" + value + "','y' , 'z'") << value.toStdString();
         });
         EXPECT_EQ(error.number() == 102, breaksOut) << value.toStdString();
     }

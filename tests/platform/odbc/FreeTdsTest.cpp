@@ -279,6 +279,46 @@ TEST_F(FreeTds, ACutLineIsLostForGood) {
     EXPECT_EQ(value(*open(), "SELECT Name FROM NUCLEAR..tbProbe"), u"A");
 }
 
+TEST_F(FreeTds, ALineThatIsFoundLostAtABeginIsToldAsSuch) {
+    const auto provider = openProbe();
+    server.strike(1, Fault::Cut);
+    const base::RunTimeError error = raised([&] { provider->begin(); });
+    EXPECT_EQ(error.number(), base::errors::connectionInvalid);
+    EXPECT_EQ(error.description(), "The connection to the server is lost. Please log on again.");
+    EXPECT_FALSE(provider->inTransaction());
+    // a line that went while nobody used it
+    auto gone = std::make_unique<TdsServer>(
+        TdsServer::Options{.file = folder.filePath(QStringLiteral("gone.scintra"))});
+    const auto idle = odbc::OdbcProvider::open(gone->connectionText());
+    gone.reset();
+    const base::RunTimeError found = raised([&] { idle->begin(); });
+    EXPECT_EQ(found.number(), base::errors::connectionInvalid);
+    EXPECT_EQ(found.description(), error.description());
+}
+
+TEST_F(FreeTds, AViewOfOneTableHasItsKeyWhereverTheTableIs) {
+    const auto provider = openProbe();
+    provider->execute(QStringLiteral("CREATE VIEW tbNear AS SELECT ID, Name FROM tbProbe"));
+    provider->execute(QStringLiteral("USE STATION"));
+    const QStringList key{QStringLiteral("ID")};
+    const std::pair<const char*, QStringList> views[] = {
+        {"SELECT ID, Name FROM NUCLEAR..tbProbe", key},
+        {"-- FROM the other one\nSELECT P.ID, P.Name FROM NUCLEAR.dbo.tbProbe AS P WHERE P.ID > 0", key},
+        {"SELECT ID, Name FROM [NUCLEAR]..[tbProbe] WITH (UPDLOCK, HOLDLOCK)", key},
+        {"SELECT ID FROM NUCLEAR..tbNear", key},
+        {"SELECT A.ID FROM NUCLEAR..tbProbe A INNER JOIN NUCLEAR..tbProbe B ON B.ID = A.ID", {}},
+        {"SELECT A.ID FROM NUCLEAR..tbProbe A, NUCLEAR..tbProbe B", {}},
+        {"SELECT ID FROM NUCLEAR..tbProbe UNION SELECT ID FROM NUCLEAR..tbProbe", {}},
+        {"SELECT ID FROM NUCLEAR..tbProbe WHERE ID IN (SELECT MAX(ID) FROM NUCLEAR..tbProbe)", {}}};
+    int number = 0;
+    for (const auto& [text, columns] : views) {
+        const QString name = QStringLiteral("tbView%1").arg(++number);
+        provider->execute(QStringLiteral("CREATE VIEW %1 AS %2").arg(name, QLatin1StringView(text)));
+        EXPECT_EQ(provider->primaryKey(QStringLiteral("STATION..") + name), columns) << text;
+        EXPECT_EQ(provider->primaryKey(name), columns) << text;
+    }
+}
+
 TEST_F(FreeTds, ACommitWhoseAnswerIsLostLeavesItOpen) {
     const auto provider = openProbe(1);
     provider->begin();

@@ -6,6 +6,7 @@
 #include "platform/odbc/OdbcProvider.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "tests/support/core/Databases.h"
+#include "tests/support/hospital/Site.h"
 #include "tests/support/odbc/TestDriver.h"
 #include "tests/support/tds/TdsServer.h"
 
@@ -67,6 +68,7 @@ std::vector<Side> sides() {
     const QString dsn = qEnvironmentVariable("SCINTRA_TEST_DSN");
     if (!dsn.isEmpty())
         all.push_back({"OdbcSite", {}, [dsn](const Place&) {
+                           tests::site::prepare(); // a new server has no databases yet
                            return odbc::OdbcProvider::open(QStringLiteral("DSN=%1;").arg(dsn));
                        }});
     return all;
@@ -359,6 +361,7 @@ TEST_P(TsqlProviderTest, WritesARowBack) {
     }
     connection.Close();
     m_provider = GetParam().open(m_place);
+    m_provider->useDatabase(QStringLiteral("NUCLEAR")); // where the table is taken away
 }
 
 constexpr auto nameOfSide = [](const auto& side) { return std::string(side.param.name); };

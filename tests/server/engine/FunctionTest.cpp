@@ -50,10 +50,14 @@ TEST_P(Function, givesTheSameOnADeskWithACommaToo) {
 INSTANTIATE_TEST_SUITE_P(
     Texts, Function,
     testing::Values(
-        Case{"LTRIM('  a ')", "a "}, Case{"RTRIM('  a ')", "  a"}, Case{"LTRIM(NULL)", "NULL"},
-        Case{"UPPER('abc-ñ')", "ABC-Ñ"}, Case{"LOWER('ABC-Ñ')", "abc-ñ"}, Case{"LEFT('REYES', 3)", "REY"},
-        Case{"LEFT('PEÑA', 3)", "PEÑ"}, Case{"LEFT('a', 5)", "a"}, Case{"RIGHT('REYES', 2)", "ES"},
-        Case{"RIGHT('PEÑA', 2)", "ÑA"}, Case{"RIGHT('a', 5)", "a"}, Case{"SUBSTRING('REYES', 2, 3)", "EYE"},
+        Case{"TRY_CAST('12' AS int)", "12"}, Case{"TRY_CAST('$' AS int)", "NULL"},
+        Case{"TRY_CAST('1e3' AS int)", "NULL"}, Case{"TRY_CAST('' AS int)", "0"},
+        Case{"TRY_CAST(NULL AS int)", "NULL"}, Case{"TRY_CAST('99999999999' AS int)", "NULL"},
+        Case{"TRY_CAST('02/30/2026' AS datetime)", "NULL"}, Case{"LTRIM('  a ')", "a "},
+        Case{"RTRIM('  a ')", "  a"}, Case{"LTRIM(NULL)", "NULL"}, Case{"UPPER('abc-ñ')", "ABC-Ñ"},
+        Case{"LOWER('ABC-Ñ')", "abc-ñ"}, Case{"LEFT('REYES', 3)", "REY"}, Case{"LEFT('PEÑA', 3)", "PEÑ"},
+        Case{"LEFT('a', 5)", "a"}, Case{"RIGHT('REYES', 2)", "ES"}, Case{"RIGHT('PEÑA', 2)", "ÑA"},
+        Case{"RIGHT('a', 5)", "a"}, Case{"SUBSTRING('REYES', 2, 3)", "EYE"},
         Case{"SUBSTRING('REYES', 0, 3)", "RE"}, Case{"SUBSTRING('REYES', -5, 3)", ""},
         Case{"SUBSTRING('REYES', 4, 99)", "ES"}, Case{"SUBSTRING(12345, 2, 2)", "23"},
         Case{"LEN('abc  ')", "3"}, Case{"LEN('')", "0"}, Case{"LEN('ñandú')", "5"}, Case{"LEN(NULL)", "NULL"},

@@ -1,5 +1,7 @@
 #include "tests/server/engine/Hospital.h"
 
+#include "platform/ado/Quoting.h"
+#include "platform/ado/Statement.h"
 #include "server/engine/parser/Keywords.h"
 #include "server/engine/parser/Lexer.h"
 #include "server/engine/parser/Parser.h"
@@ -255,6 +257,26 @@ TEST(Fuzz, theKitsOwnFilesAreReadOrTurnedDown) {
         }
     }
     EXPECT_GT(read, 0);
+}
+
+/// What a field holds is what the server keeps, read by its scanner or taken out of the text beforehand.
+TEST(Fuzz, aValueArrivesAsItWasPut) {
+    constexpr int rounds = 20'000;
+    const QString alphabet = QStringLiteral("\\\\\\\n\n\r\n\r-/*[%a\u00D1 ");
+    std::mt19937 random(20261122);
+    Hospital hospital;
+    for (int i = 0; i < rounds; ++i) {
+        QString value;
+        for (int length = int(random() % 10); length > 0; --length)
+            value += alphabet[qsizetype(random() % unsigned(alphabet.size()))];
+        const QString half = value.left(value.size() / 2);
+        const QString rest = value.mid(half.size());
+        EXPECT_EQ(hospital.value(ado::sql("SELECT '{}{}'", half, rest).text()).asText()->toStdString(),
+                  value.toStdString());
+        const engine::Token token =
+            engine::Lexer(ado::literal(base::Value(value + u'\'')).toStdString()).tokens().front();
+        EXPECT_EQ(token.text, (value + u'\'').toStdString());
+    }
 }
 
 } // namespace

@@ -40,6 +40,11 @@ TEST(StatementKey, takesTheArgumentsOfACall) {
     EXPECT_EQ(keyOf("-- 'quoted'\nsp_X 'a' /* 'b' */"), "-- 'quoted'\nsp_X ?s /* 'b' */ | a");
 }
 
+TEST(StatementKey, aBackslashJoinsLines) {
+    EXPECT_EQ(keyOf("sp_X 'a\\\nb', 'c\\\r\nd', 'e\\\\\n\nf', 'g\\h', '\\'"),
+              "sp_X ?s, ?s, ?s, ?s, ?s | ab | cd | e\\\nf | g\\h | \\");
+}
+
 TEST(StatementKey, takesTextsAndComparedNumbersOfAStatement) {
     EXPECT_EQ(keyOf("SELECT TOP 5 a FROM t WHERE b = 'x' AND c >= 10 AND d = 1.5 ORDER BY 2"),
               "SELECT TOP 5 a FROM t WHERE b = ?s AND c >= ?i AND d = ?1 ORDER BY 2 | x | 10 | 1.500000");

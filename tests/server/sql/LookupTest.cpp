@@ -196,6 +196,19 @@ TEST_F(Lookup, CashPatientsAreAddedAndChanged) {
     EXPECT_EQ(cell(changed, 0, "CivilStatus"), QStringLiteral("WIDOWED"));
 }
 
+TEST_F(Lookup, TheLastItemNumberPassesOverCodesThatAreNone) {
+    const QString last = value(QStringLiteral("NUCLEAR..sp_Bui_Find_Last_Item_Number 'NU'"));
+    for (const char* code : {"$", "1e3", ".", "-", "A1"}) {
+        run(QStringLiteral("UPDATE BUILD_FILE..tbcoNucExam SET NucExamID = '%1' WHERE NucExamID = (SELECT "
+                           "MIN(NucExamID) FROM BUILD_FILE..tbcoNucExam WHERE NucExamID LIKE '[0-9][0-9]%')")
+                .arg(QLatin1StringView(code)));
+        EXPECT_EQ(value(QStringLiteral("NUCLEAR..sp_Bui_Find_Last_Item_Number 'NU'")), last) << code;
+        EXPECT_EQ(value(QStringLiteral("SELECT COUNT(*) FROM BUILD_FILE..tbcoNucExam WHERE NucExamID = '%1'")
+                            .arg(QLatin1StringView(code))),
+                  u"1");
+    }
+}
+
 TEST_F(Lookup, RightsAreKeptApartByWorkstation) {
     const auto other = workstation(QStringLiteral("DESK2"));
     run(QStringLiteral("NUCLEAR..spNuclear_GetSavedUserRights '1001'"));

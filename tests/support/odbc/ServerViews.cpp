@@ -1,5 +1,7 @@
 #include "tests/support/odbc/ServerViews.h"
 
+#include "platform/base/Conversion.h"
+
 #include <QRegularExpression>
 
 #include <sqlite3.h>
@@ -24,20 +26,37 @@ ado::Result fileRows(engine::EmbeddedProvider& provider, const QString& columns,
     return result;
 }
 
+/// The text of a view; without a database, of the present one.
+ado::Result viewRows(engine::EmbeddedProvider& provider, const QString& database, const QString& view) {
+    return fileRows(
+        provider, QStringLiteral("definition"),
+        QStringLiteral("SELECT source FROM \"scintra.modules\" WHERE databaseName = '%1' AND name = '%2' "
+                       "AND kind = 'V'")
+            .arg(database.isEmpty() ? provider.database() : database, view));
+}
+
 } // namespace
 
 std::optional<ado::Result> catalogueRows(engine::EmbeddedProvider& provider, const QString& text) {
     static const QRegularExpression key(QStringLiteral(
         R"(FROM (?:\[(\w+)\]\.)?INFORMATION_SCHEMA\.TABLE_CONSTRAINTS.*T\.TABLE_NAME = '(\w+)' OR)"));
+    static const QRegularExpression viewText(QStringLiteral(
+        R"(^SELECT M\.definition FROM (?:\[(\w+)\]\.)?sys\.sql_modules.*O\.type = 'V' AND O\.name = '(\w+)')"));
     static const QRegularExpression columns(QStringLiteral(R"(FROM \[(\w+)\]\.INFORMATION_SCHEMA\.COLUMNS)"));
     static const QRegularExpression modules(QStringLiteral(R"(FROM \[(\w+)\]\.sys\.sql_modules)"));
     if (const auto match = key.match(text); match.hasMatch()) {
         ado::Result result = fileRows(provider, QStringLiteral("COLUMN_NAME"), {});
+        // VIEW_TABLE_USAGE knows the tables of its own database only
+        const ado::Result view = viewRows(provider, match.captured(1), match.captured(2));
+        if (view.rows.count() == 1 && base::textOf(view.rows.at(0, 0)).contains(QLatin1StringView("..")))
+            return result;
         for (const QString& name :
              provider.primaryKey(match.captured(1) + QStringLiteral("..") + match.captured(2)))
             result.rows.values.emplace_back(name);
         return result;
     }
+    if (const auto match = viewText.match(text); match.hasMatch())
+        return viewRows(provider, match.captured(1), match.captured(2));
     if (const auto match = columns.match(text); match.hasMatch())
         return fileRows(
             provider, QStringLiteral("TABLE_NAME,COLUMN_NAME,DATA_TYPE,CHARACTER_MAXIMUM_LENGTH,IS_NULLABLE"),

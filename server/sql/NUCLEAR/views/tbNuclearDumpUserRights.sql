@@ -6,5 +6,5 @@ CREATE OR ALTER VIEW tbNuclearDumpUserRights
 AS
 SELECT RightsID
 FROM tbNuclearSessionRights
-WHERE Workstation = HOST_NAME() AND SessionID = @@SPID
+WHERE Workstation = CAST(HOST_NAME() AS varchar(128)) AND SessionID = @@SPID
 GO
