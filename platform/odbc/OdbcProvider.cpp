@@ -31,13 +31,6 @@ QString keyStatement(const QString& database, const QString& table) {
         .arg(database, ado::literal(base::Value(table)));
 }
 
-base::RunTimeError rolledBack() {
-    return base::RunTimeError(
-        errors::noTransaction,
-        QStringLiteral("The server has rolled the transaction back: nothing of it was kept."),
-        QStringLiteral("25000"), {});
-}
-
 base::RunTimeError lineLost() {
     return base::RunTimeError(base::errors::connectionInvalid,
                               QStringLiteral("The connection to the server is lost. Please log on again."),
@@ -74,7 +67,7 @@ class OdbcProvider::Private {
     auto watchedText(const QString& text, Call call) {
         try {
             if (rolledBackByServer)
-                throw rolledBack();
+                throw ado::rolledBackByServer();
             return watched(call);
         } catch (const base::RunTimeError& error) {
             throw error.withStatement(text);
@@ -166,7 +159,7 @@ void OdbcProvider::commit() {
         throw ado::nothingToCommit();
     if (d->rolledBackByServer) {
         rollback();
-        throw rolledBack();
+        throw ado::rolledBackByServer();
     }
     d->inTransaction = false;
     try {
