@@ -1,5 +1,6 @@
 #include "results/ResultScreen.h"
 
+#include "platform/ado/TransactionErrors.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/DateBox.h"
@@ -403,6 +404,16 @@ void ResultScreen::btnClear_Click() {
 
 // ---- revocation
 
+/// A commit that failed leaves nothing to roll back: the box is to be seen nevertheless.
+static void rollBackWhatIsOpen() {
+    try {
+        gConnection->RollbackTrans();
+    } catch (const base::RunTimeError& error) {
+        if (error.number() != ado::nothingToRollBack().number())
+            throw;
+    }
+}
+
 void ResultScreen::btnRevoke_Click() {
     if (!m_variant.revocationIsTrapped) {
         revoke();
@@ -411,7 +422,7 @@ void ResultScreen::btnRevoke_Click() {
     try {
         revoke();
     } catch (const base::RunTimeError&) {
-        gConnection->RollbackTrans();
+        rollBackWhatIsOpen();
         MsgBox(QStringLiteral("Data Not Successfully Saved."), vbOKOnly, QStringLiteral("Warning"));
     }
 }

@@ -193,13 +193,17 @@ int runCheck(const Arguments& arguments) {
     return exitDone;
 }
 
+hospital::Existing existingOf(const Arguments& arguments) {
+    return arguments.force ? hospital::Existing::Replace : hospital::Existing::Refuse;
+}
+
 int runBackup(const Arguments& arguments) {
-    hospital::backupHospital(fileOf(arguments), arguments.words[1], showProgress);
+    hospital::backupHospital(fileOf(arguments), arguments.words[1], existingOf(arguments), showProgress);
     return exitDone;
 }
 
 int runRestore(const Arguments& arguments) {
-    hospital::restoreHospital(arguments.words[0], fileOf(arguments, 1), showProgress);
+    hospital::restoreHospital(arguments.words[0], fileOf(arguments, 1), existingOf(arguments), showProgress);
     return exitDone;
 }
 
@@ -263,8 +267,8 @@ constexpr Command commandList[] = {
     {"update", "[FILE]", "bring tables and procedures up to this program's", 0, 1, runUpdate},
     {"trace", "on|off|show [FILE]", "write down every statement, without results", 1, 2, runTrace},
     {"check", "[FILE]", "read the file and try every procedure on it", 0, 1, runCheck},
-    {"backup", "FILE TO", "copy while people work", 2, 2, runBackup},
-    {"restore", "FROM [FILE]", "put a copy in the place of a file", 1, 2, runRestore},
+    {"backup", "FILE TO [--force]", "copy while people work", 2, 2, runBackup},
+    {"restore", "FROM [FILE] [--force]", "put a copy in the place of a file", 1, 2, runRestore},
     {"sql", "FILE \"text\"", "run a text and print its rows", 2, 2, runSql, Target::Either},
     {"install", "--dsn NAME [--demo]",
      "make the hospital's databases on a SQL Server, or add what is missing", 0, 0, runInstall,

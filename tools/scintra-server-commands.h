@@ -17,6 +17,8 @@ struct Arguments {
     /// The database login; empty for the data source's own.
     QString login;
     bool demo = false;
+    /// A file that stands in the way is replaced.
+    bool force = false;
 };
 
 /// What a command works on.

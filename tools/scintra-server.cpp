@@ -49,6 +49,10 @@ bool readArguments(const QStringList& words, tools::Arguments& arguments, QStrin
             arguments.demo = true;
             continue;
         }
+        if (word == QLatin1String("--force")) {
+            arguments.force = true;
+            continue;
+        }
         if (i + 1 == words.size()) {
             fault = word + QStringLiteral(" needs a value.");
             return false;

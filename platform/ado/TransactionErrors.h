@@ -20,5 +20,11 @@ inline base::RunTimeError nothingToRollBack() {
         3903, QStringLiteral("The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."),
         QStringLiteral("25000"), {});
 }
+/// A transaction that the server took back as a whole, behind an error in it.
+inline base::RunTimeError rolledBackByServer() {
+    return base::RunTimeError(
+        -2147168242, QStringLiteral("The server has rolled the transaction back: nothing of it was kept."),
+        QStringLiteral("25000"), {});
+}
 
 } // namespace ado

@@ -13,6 +13,7 @@ inline constexpr int overflow = 6;
 inline constexpr int subscriptOutOfRange = 9;
 inline constexpr int typeMismatch = 13;
 inline constexpr int fileNotFound = 53;
+inline constexpr int fileExists = 58;
 inline constexpr int objectNotSet = 91;
 inline constexpr int invalidUseOfNull = 94;
 inline constexpr int formAlreadyDisplayed = 400;

@@ -55,13 +55,6 @@ QString tableBelow(const QString& view) {
     return from.match(text.remove(comment)).captured(1);
 }
 
-base::RunTimeError rolledBack() {
-    return base::RunTimeError(
-        errors::noTransaction,
-        QStringLiteral("The server has rolled the transaction back: nothing of it was kept."),
-        QStringLiteral("25000"), {});
-}
-
 base::RunTimeError lineLost() {
     return base::RunTimeError(base::errors::connectionInvalid,
                               QStringLiteral("The connection to the server is lost. Please log on again."),
@@ -98,7 +91,7 @@ class OdbcProvider::Private {
     auto watchedText(const QString& text, Call call) {
         try {
             if (rolledBackByServer)
-                throw rolledBack();
+                throw ado::rolledBackByServer();
             return watched(call);
         } catch (const base::RunTimeError& error) {
             throw error.withStatement(text);
@@ -195,7 +188,7 @@ void OdbcProvider::commit() {
         throw ado::nothingToCommit();
     if (d->rolledBackByServer) {
         rollback();
-        throw rolledBack();
+        throw ado::rolledBackByServer();
     }
     d->inTransaction = false;
     try {

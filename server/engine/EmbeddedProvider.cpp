@@ -2,6 +2,7 @@
 
 #include "platform/ado/TransactionErrors.h"
 #include "server/engine/Trace.h"
+#include "server/engine/errors/ErrorMap.h"
 #include "server/engine/parser/ObjectText.h"
 #include "server/engine/run/BatchCache.h"
 #include "server/engine/run/Interpreter.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace engine {
 namespace {
@@ -121,6 +123,8 @@ class EmbeddedProvider::Private {
     void readSettings();
     void forget();
     void transactionStep(const char* sql, bool opens, const base::RunTimeError& outOfTurn);
+    void seeTransaction();
+    void endTransaction(bool keep);
     const Table* tableBelow(const ObjectText& object);
     void traceStep(const char* words, std::int64_t nanoseconds, const base::RunTimeError* error);
     bool holdsSecret(const std::vector<StmtPtr>& statements, const std::string& defaultDatabase);
@@ -173,7 +177,14 @@ void EmbeddedProvider::Private::lookForChanges() {
     readSettings();
 }
 
+/// A full disk takes the whole transaction back, not the statement alone.
+void EmbeddedProvider::Private::seeTransaction() {
+    session.rolledBack = session.inTransaction && sqlite3_get_autocommit(file.handle()) != 0;
+}
+
 ado::Result EmbeddedProvider::Private::execute(const QString& text, ado::RowSink* sink) {
+    if (session.rolledBack)
+        throw ado::rolledBackByServer();
     lookForChanges();
     const QByteArray utf8 = text.toUtf8();
     const std::shared_ptr<Module> module = batches.batch({utf8.constData(), std::size_t(utf8.size())});
@@ -181,9 +192,7 @@ ado::Result EmbeddedProvider::Private::execute(const QString& text, ado::RowSink
     try {
         run(*module, result, sink);
     } catch (...) {
-        // a full disk takes the whole transaction back, not the statement alone
-        if (sqlite3_get_autocommit(file.handle()))
-            session.inTransaction = false;
+        seeTransaction();
         if (interpreter.takeDefinitionRan())
             forget();
         throw;
@@ -237,6 +246,25 @@ const Table* EmbeddedProvider::Private::tableBelow(const ObjectText& object) {
     return catalogue.table(name.database.empty() ? view->database : name.database, name.name);
 }
 
+/// There is none any more afterwards, whatever is raised.
+void EmbeddedProvider::Private::endTransaction(bool keep) {
+    const bool gone = std::exchange(session.rolledBack, false);
+    session.inTransaction = false;
+    if (gone) {
+        if (keep)
+            throw ado::rolledBackByServer();
+        return;
+    }
+    const int code = sqlite3_exec(file.handle(), keep ? "COMMIT" : "ROLLBACK", nullptr, nullptr, nullptr);
+    if (code == SQLITE_OK)
+        return;
+    const base::RunTimeError error = errorOfSqlite(file.handle(), code);
+    if (sqlite3_get_autocommit(file.handle()) == 0)
+        sqlite3_exec(file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    if (keep || sqlite3_get_autocommit(file.handle()) == 0) // what was to be undone is undone
+        throw error;
+}
+
 void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens,
                                                 const base::RunTimeError& outOfTurn) {
     QElapsedTimer timer;
@@ -245,7 +273,10 @@ void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens,
     try {
         if (session.inTransaction == opens)
             throw base::RunTimeError(outOfTurn);
-        file.execute(sql);
+        if (opens)
+            file.execute(sql);
+        else
+            endTransaction(*sql == 'C');
         session.inTransaction = opens;
     } catch (const base::RunTimeError& error) {
         traceStep(sql, timer.nsecsElapsed(), &error);
@@ -268,7 +299,7 @@ std::unique_ptr<EmbeddedProvider> EmbeddedProvider::open(const QString& file, co
 EmbeddedProvider::EmbeddedProvider(std::unique_ptr<Private> self) : d(std::move(self)) {}
 
 EmbeddedProvider::~EmbeddedProvider() {
-    if (d->session.inTransaction)
+    if (!sqlite3_get_autocommit(d->file.handle()))
         sqlite3_exec(d->file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 

@@ -30,7 +30,8 @@ struct Options {
 /// A batch outside of begin() is one transaction by itself: all of it is written, or, after an error,
 /// nothing. A batch that writes takes the write lock before its first read, so that a number that it reads
 /// and then raises is drawn by no other workstation in between. Between begin() and commit() an error undoes
-/// the failed statement only, and the transaction stays open.
+/// the failed statement only, and the transaction stays open. An error that takes all of it back (a full
+/// disk) leaves it to be ended: until then every text raises -2147168242, and so does the commit.
 class EmbeddedProvider : public ado::Provider {
   public:
     /// Raises 4060 when the file cannot be opened, or is no hospital file.
@@ -46,7 +47,7 @@ class EmbeddedProvider : public ado::Provider {
     /// Takes the write lock at once; waits for another workstation that has it. Raises -2147168237 when a
     /// transaction is open already, 1222 when the wait was too long.
     void begin() override;
-    /// Raises 3902 without a transaction.
+    /// Raises 3902 without a transaction. Whatever it raises, nothing was kept and no transaction is open.
     void commit() override;
     /// Raises 3903 without a transaction.
     void rollback() override;

@@ -1,9 +1,9 @@
 #include "server/hospital/Backup.h"
 
 #include "platform/base/Error.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/OwnFile.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <sqlite3.h>
@@ -34,12 +34,10 @@ File openFile(const QString& name, int flags) {
 
 File openHospital(const QString& name) {
     if (!QFileInfo::exists(name))
-        throw base::RunTimeError(53, QStringLiteral("File not found: ") + name);
-    File file = openFile(name, SQLITE_OPEN_READWRITE);
-    if (sqlite3_exec(file.get(), "SELECT value FROM \"scintra.settings\"", nullptr, nullptr, nullptr) !=
-        SQLITE_OK)
+        throw base::RunTimeError(base::errors::fileNotFound, QStringLiteral("File not found: ") + name);
+    if (stateOf(name) != FileState::Hospital)
         throw base::RunTimeError(321, QStringLiteral("Not a hospital file: ") + name);
-    return file;
+    return openFile(name, SQLITE_OPEN_READWRITE);
 }
 
 /// In one step when `pages` is negative, so that the target changes at once.
@@ -64,36 +62,179 @@ void copyPages(sqlite3* from, sqlite3* to, int pages, const Progress& progress) 
         throw base::RunTimeError(75, QString::fromUtf8(sqlite3_errstr(result)));
 }
 
-} // namespace
-
-void backupHospital(const QString& from, const QString& to, const Progress& progress) {
-    const File source = openHospital(from);
-    // An open read keeps the moment, so that writers do not make the copy begin anew.
-    if (sqlite3_exec(source.get(), "BEGIN; SELECT COUNT(*) FROM sqlite_master", nullptr, nullptr, nullptr) !=
-        SQLITE_OK)
-        throw base::RunTimeError(75, QString::fromUtf8(sqlite3_errmsg(source.get())));
-    const QString unfinished = to + QStringLiteral(".new");
-    QFile::remove(unfinished);
-    try {
-        const File target = openFile(unfinished, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-        copyPages(source.get(), target.get(), pagesAtOnce, progress);
-    } catch (...) {
-        QFile::remove(unfinished);
-        throw;
-    }
-    QFile::remove(to);
-    if (!QFile::rename(unfinished, to)) {
-        QFile::remove(unfinished);
-        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + to);
-    }
+/// Share of the work, of 100.
+Progress part(const Progress& progress, int from, int to) {
+    if (!progress)
+        return {};
+    return [progress, from, to](int percent, const QString& stage) {
+        progress(from + percent * (to - from) / 100, stage);
+    };
 }
 
-void restoreHospital(const QString& from, const QString& to, const Progress& progress) {
+/// Reads every page and every index, then opens the file as a workstation does. Raises 321.
+void readInFull(const QString& name, const QString& whatItIs) {
+    QString fault;
+    {
+        const File file = openFile(name, SQLITE_OPEN_READWRITE);
+        sqlite3_stmt* statement = nullptr;
+        int code = sqlite3_prepare_v2(file.get(), "PRAGMA integrity_check(1)", -1, &statement, nullptr);
+        if (code == SQLITE_OK)
+            code = sqlite3_step(statement);
+        if (code == SQLITE_ROW)
+            fault = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
+        else
+            fault = QString::fromUtf8(sqlite3_errmsg(file.get()));
+        sqlite3_finalize(statement);
+    }
+    if (fault == QLatin1StringView("ok")) {
+        try {
+            engine::EmbeddedProvider::open(name, {});
+            return;
+        } catch (const base::RunTimeError& error) {
+            fault = error.description();
+        }
+    }
+    throw base::RunTimeError(321, QStringLiteral("%1 is damaged: %2").arg(whatItIs, fault));
+}
+
+/// A copy of one moment, under another name, known to be whole.
+void makeCopy(sqlite3* source, const QString& name, const QString& whatItIs, const Progress& progress) {
+    // An open read keeps the moment, so that writers do not make the copy begin anew.
+    if (sqlite3_exec(source, "BEGIN; SELECT COUNT(*) FROM sqlite_master", nullptr, nullptr, nullptr) !=
+        SQLITE_OK)
+        throw base::RunTimeError(75, QString::fromUtf8(sqlite3_errmsg(source)));
+    removeWithJournals(name);
+    createOwnFile(name);
+    try {
+        copyPages(source, openFile(name, SQLITE_OPEN_READWRITE).get(), pagesAtOnce, progress);
+        readInFull(name, whatItIs);
+    } catch (...) {
+        removeWithJournals(name);
+        throw;
+    }
+    sqlite3_exec(source, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void refuseTarget(const QString& from, const QString& to, Existing existing) {
+    if (isSameFile(from, to) || isSameFile(from, to + QStringLiteral(".new")))
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("That is one and the same file: ") + to);
+    if (existing == Existing::Refuse && QFileInfo::exists(to))
+        throw base::RunTimeError(
+            base::errors::fileExists,
+            QStringLiteral("File already exists: %1. With --force it is replaced.").arg(to));
+}
+
+/// Takes what stands in the journal into the file, which only works when nobody else has it open.
+void settle(const QString& name) {
+    const File file = openFile(name, SQLITE_OPEN_READWRITE);
+    sqlite3_busy_timeout(file.get(), 0);
+    const int code = sqlite3_exec(file.get(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+    if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
+        throw base::RunTimeError(70,
+                                 QStringLiteral("Permission denied: a workstation has %1 open.").arg(name));
+}
+
+/// Where an old file is kept beside: a name that nobody has.
+QString nameBeside(const QString& file) {
+    QString name = file + QStringLiteral(".before");
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = QStringLiteral("%1.before-%2").arg(file).arg(number);
+    return name;
+}
+
+/// Over a hospital, as one transaction of it: whoever has it open reads the copy from then on.
+void restoreOver(const QString& copy, const QString& to, const Progress& progress) {
+    const QString before = nameBeside(to);
+    createOwnFile(before);
+    const File target = openFile(to, SQLITE_OPEN_READWRITE);
+    try {
+        copyPages(target.get(), openFile(before, SQLITE_OPEN_READWRITE).get(), pagesAtOnce,
+                  part(progress, 0, 40));
+        copyPages(openFile(copy, SQLITE_OPEN_READWRITE).get(), target.get(), -1, part(progress, 40, 90));
+    } catch (...) {
+        removeWithJournals(before); // nothing was changed
+        throw;
+    }
+    try {
+        readInFull(to, to);
+    } catch (...) {
+        copyPages(openFile(before, SQLITE_OPEN_READWRITE).get(), target.get(), -1, {});
+        removeWithJournals(before);
+        throw;
+    }
+    removeWithJournals(before);
+    removeWithJournals(copy);
+}
+
+/// Over a file that no hospital can be read from.
+void restoreInstead(const QString& copy, const QString& to) {
+    const bool there = QFileInfo::exists(to);
+    const QString before = nameBeside(to);
+    if (there)
+        moveIntoPlace(to, before);
+    try {
+        moveIntoPlace(copy, to);
+        readInFull(to, to);
+    } catch (...) {
+        if (there)
+            moveIntoPlace(before, to);
+        throw;
+    }
+    if (there)
+        removeWithJournals(before);
+}
+
+/// The file behind a link, so that the link stays one.
+QString targetOf(const QString& name) {
+    const QString canonical = QFileInfo(name).canonicalFilePath();
+    return canonical.isEmpty() ? name : canonical;
+}
+
+} // namespace
+
+void backupHospital(const QString& from, const QString& named, Existing existing, const Progress& progress) {
+    const QString to = targetOf(named);
     const File source = openHospital(from);
-    if (!QDir().mkpath(QFileInfo(to).absolutePath()))
-        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + to);
-    const File target = openFile(to, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    copyPages(source.get(), target.get(), -1, progress);
+    refuseTarget(from, to, existing);
+    makeOwnFolder(QFileInfo(to).absolutePath());
+    const MakingLock lock(to, {});
+    const QString unfinished = to + QStringLiteral(".new");
+    makeCopy(source.get(), unfinished, from, part(progress, 0, 95));
+    try {
+        refuseTarget(from, to, existing); // made meanwhile
+        if (stateOf(to) == FileState::Hospital)
+            settle(to);
+        moveIntoPlace(unfinished, to);
+    } catch (...) {
+        removeWithJournals(unfinished);
+        throw;
+    }
+    if (progress)
+        progress(100, QStringLiteral("Done"));
+}
+
+void restoreHospital(const QString& from, const QString& named, Existing existing, const Progress& progress) {
+    const QString to = targetOf(named);
+    const File source = openHospital(from);
+    refuseTarget(from, to, existing);
+    makeOwnFolder(QFileInfo(to).absolutePath());
+    const MakingLock lock(to, {});
+    const QString unfinished = to + QStringLiteral(".new");
+    makeCopy(source.get(), unfinished, QStringLiteral("The copy ") + from, part(progress, 0, 50));
+    try {
+        refuseTarget(from, to, existing); // made meanwhile
+        if (stateOf(to) == FileState::Hospital)
+            restoreOver(unfinished, to, part(progress, 50, 95));
+        else
+            restoreInstead(unfinished, to);
+        QFile::setPermissions(to, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    } catch (...) {
+        removeWithJournals(unfinished);
+        throw;
+    }
+    if (progress)
+        progress(100, QStringLiteral("Done"));
 }
 
 } // namespace hospital

@@ -6,13 +6,20 @@
 
 namespace hospital {
 
-/// Copies a hospital file while others work on it; the copy is of one moment. `to` appears only once it is
-/// whole and replaces a file of that name. Raises 53 when `from` is not there, 321 when it is no hospital
-/// file, 75 when `to` cannot be written.
-void backupHospital(const QString& from, const QString& to, const Progress& progress = {});
+/// What becomes of a file that stands where a copy is to go.
+enum class Existing { Refuse, Replace };
 
-/// Puts the copy `from` in the place of `to`, in one step for whoever has `to` open. Raises as above, and 70
+/// Copies a hospital file while others work on it; the copy is of one moment. It is made under another name,
+/// read in full and then moved into place; only its owner can read it. Raises 53 when `from` is not there,
+/// 321 when it is no hospital file or damaged, 58 when `to` is there and not to be replaced, 70 when `to` is
+/// a hospital that a workstation has open, 5 when it is `from` itself, 75 when it cannot be written. After
+/// any of these `to` is what it was.
+void backupHospital(const QString& from, const QString& to, Existing existing, const Progress& progress = {});
+
+/// Puts the copy `from` in the place of `to`, in one step for whoever has `to` open. The copy is read in full
+/// before, `to` is kept beside as "<to>.before" until what took its place was opened. Raises as above, and 70
 /// when a workstation holds `to` locked.
-void restoreHospital(const QString& from, const QString& to, const Progress& progress = {});
+void restoreHospital(const QString& from, const QString& to, Existing existing,
+                     const Progress& progress = {});
 
 } // namespace hospital

@@ -3,9 +3,8 @@
 #include "platform/base/Error.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/hospital/Kit.h"
+#include "server/hospital/OwnFile.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -22,38 +21,41 @@ QStringList databasesOfFile() {
     return names;
 }
 
+void fillNewFile(const QString& unfinished, const Fill& fill, const Progress& progress) {
+    createOwnFile(unfinished);
+    engine::Options options;
+    options.newDatabases = databasesOfFile();
+    const auto provider = engine::EmbeddedProvider::open(unfinished, options);
+    provider->begin();
+    installKit(*provider, [&](int percent, const QString& stage) {
+        if (progress)
+            progress(fill ? percent * shareOfKit / 100 : percent, stage);
+    });
+    if (fill)
+        fill(*provider, progress);
+    provider->commit();
+}
+
 /// Made under another name and renamed when it is whole, so that a half-made file is never taken for a
 /// hospital.
 void makeFile(const QString& file, const Fill& fill, const Progress& progress) {
-    if (QFileInfo::exists(file))
+    if (isThere(file))
         throw base::RunTimeError(58, QStringLiteral("File already exists: ") + file);
-    if (!QDir().mkpath(QFileInfo(file).absolutePath()))
-        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + file);
-    const QString unfinished = file + QStringLiteral(".new");
-    const auto removeUnfinished = [&] {
-        for (const char* tail : {"", "-wal", "-shm"})
-            QFile::remove(unfinished + QLatin1String(tail));
-    };
-    removeUnfinished();
-    try {
-        engine::Options options;
-        options.newDatabases = databasesOfFile();
-        const auto provider = engine::EmbeddedProvider::open(unfinished, options);
-        provider->begin();
-        installKit(*provider, [&](int percent, const QString& stage) {
-            if (progress)
-                progress(fill ? percent * shareOfKit / 100 : percent, stage);
-        });
-        if (fill)
-            fill(*provider, progress);
-        provider->commit();
-    } catch (...) {
-        removeUnfinished();
-        throw;
-    }
-    if (!QFile::rename(unfinished, file)) {
-        removeUnfinished();
-        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + file);
+    makeOwnFolder(QFileInfo(file).absolutePath());
+    const MakingLock lock(file, [&] {
+        if (progress)
+            progress(0, QStringLiteral("Another program makes it"));
+    });
+    if (!isThere(file)) {
+        const QString unfinished = file + QStringLiteral(".new");
+        removeWithJournals(unfinished);
+        try {
+            fillNewFile(unfinished, fill, progress);
+            moveIntoPlace(unfinished, file);
+        } catch (...) {
+            removeWithJournals(unfinished);
+            throw;
+        }
     }
     if (progress)
         progress(100, QStringLiteral("Done"));
@@ -65,6 +67,11 @@ QString defaultHospitalFile() {
     // The program's own data folder, also for a tool that goes by another name.
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
            QStringLiteral("/Kerova/Visual Scintra/hospital.scintra");
+}
+
+bool isThere(const QString& file) {
+    const FileState state = stateOf(file);
+    return state != FileState::Missing && state != FileState::Unfinished;
 }
 
 void createEmptyHospital(const QString& file, const Progress& progress) {

@@ -15,9 +15,14 @@ namespace hospital {
 /// Where the program keeps the hospital of this computer, unless it is told otherwise.
 QString defaultHospitalFile();
 
+/// False as well for a file whose making was cut off: it is made anew. True for a file that is no hospital,
+/// which nobody may write over.
+bool isThere(const QString& file);
+
 /// Makes a new file with the tables and procedures and nothing in them but what no hospital can do without
-/// (the number rows, revenue codes, rights). Raises 58 when the file is there already, 75 when it cannot be
-/// written.
+/// (the number rows, revenue codes, rights). Only its owner can read it, and the folders that are made for
+/// it. Of several programs that make it at once one does, the others wait and find it made. Raises 58 when
+/// the file is there already, 75 when it cannot be written.
 void createEmptyHospital(const QString& file, const Progress& progress = {});
 
 /// Puts rows into a hospital that was just made; inside one transaction with its making.

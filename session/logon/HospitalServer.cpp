@@ -7,7 +7,6 @@
 #include "session/logon/OdbcServer.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QSysInfo>
 
 namespace session {
@@ -24,9 +23,14 @@ class FileServer : public HospitalServer {
     QString connectionString() const override {
         return QStringLiteral("Provider=Scintra;Data Source=") + QDir::toNativeSeparators(file());
     }
-    bool isThere() const override { return QFileInfo::exists(file()); }
+    bool isThere() const override { return hospital::isThere(file()); }
     void prepare(const std::function<void(int)>& progress) override {
-        demo::createHospital(file(), [&](int percent, const QString&) { progress(percent); });
+        try {
+            demo::createHospital(file(), [&](int percent, const QString&) { progress(percent); });
+        } catch (const base::RunTimeError& error) {
+            if (error.number() != base::errors::fileExists)
+                throw; // else another program has made it since isThere() was asked
+        }
     }
     std::unique_ptr<ado::Provider> open(const QString& login) override {
         engine::Options options;

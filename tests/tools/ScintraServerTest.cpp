@@ -87,7 +87,9 @@ TEST_F(ScintraServer, MakesFillsChecksAndCopiesAHospital) {
     ASSERT_EQ(run({QStringLiteral("backup"), m_file, m_copy}).code, 0);
     EXPECT_EQ(sql(QStringLiteral("DELETE FROM PATIENT_DATA..tbMaster")).err,
               QStringLiteral("470 rows written\n"));
-    ASSERT_EQ(run({QStringLiteral("restore"), m_copy, m_file}).code, 0);
+    EXPECT_EQ(run({QStringLiteral("restore"), m_copy, m_file}).code, 3);
+    EXPECT_EQ(run({QStringLiteral("backup"), m_file, m_copy}).code, 3);
+    ASSERT_EQ(run({QStringLiteral("restore"), m_copy, m_file, QStringLiteral("--force")}).code, 0);
     EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) AS n FROM PATIENT_DATA..tbMaster")).out,
               QStringLiteral("n\n470\n"));
     EXPECT_EQ(run({QStringLiteral("update"), m_file}).out, QStringLiteral("It was up to date.\n"));

@@ -4,7 +4,7 @@
 #include "server/engine/errors/ServerError.h"
 #include "server/engine/values/Collation.h"
 
-#include <chrono>
+#include <algorithm>
 #include <thread>
 
 namespace engine {
@@ -26,18 +26,6 @@ CREATE TABLE IF NOT EXISTS "scintra.columns" (
 constexpr const char* rememberOrder =
     "INSERT OR REPLACE INTO \"scintra.settings\" (name, value) VALUES ('collation', '1')";
 
-/// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
-/// itself.
-int waitForLock(void* limit, int calls) {
-    constexpr int firstSteps = 40; // of one millisecond
-    const auto milliseconds = static_cast<int>(reinterpret_cast<std::intptr_t>(limit));
-    const int waited = calls < firstSteps ? calls : firstSteps + (calls - firstSteps) * 5;
-    if (waited >= milliseconds)
-        return 0;
-    std::this_thread::sleep_for(std::chrono::milliseconds(calls < firstSteps ? 1 : 5));
-    return 1;
-}
-
 [[noreturn]] void failOpening(const std::string& path, const char* reason) {
     throw serverError(4060,
                       QStringLiteral("Cannot open the hospital file '%1'. %2")
@@ -47,8 +35,24 @@ int waitForLock(void* limit, int calls) {
 
 } // namespace
 
+/// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
+/// itself. The clock tells when it was long enough: a sleep takes longer than it was asked for.
+int LockWait::wait(void* self, int calls) {
+    constexpr int firstSteps = 40; // of one millisecond
+    auto& lock = *static_cast<LockWait*>(self);
+    if (calls == 0)
+        lock.m_began = std::chrono::steady_clock::now();
+    const auto left = lock.m_limit - (std::chrono::steady_clock::now() - lock.m_began);
+    if (left <= left.zero())
+        return 0;
+    const std::chrono::steady_clock::duration step = std::chrono::milliseconds(calls < firstSteps ? 1 : 5);
+    std::this_thread::sleep_for(std::min(step, left));
+    return 1;
+}
+
 SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
-                       int busyMilliseconds) {
+                       int busyMilliseconds)
+    : m_lockWait(busyMilliseconds) {
     sqlite3* handle = nullptr;
     const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
     const int code =
@@ -57,7 +61,7 @@ SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& 
     if (code != SQLITE_OK)
         failOpening(path, handle ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
     sqlite3_extended_result_codes(handle, 1);
-    sqlite3_busy_handler(handle, waitForLock, reinterpret_cast<void*>(std::intptr_t(busyMilliseconds)));
+    sqlite3_busy_handler(handle, LockWait::wait, &m_lockWait);
     registerCollation(handle);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);

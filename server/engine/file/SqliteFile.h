@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,12 +27,26 @@ class StatementReset {
     sqlite3_stmt* m_statement;
 };
 
+/// How long a statement waits for the lock of another workstation.
+class LockWait {
+  public:
+    explicit LockWait(int milliseconds) : m_limit(milliseconds) {}
+    /// SQLite's busy handler; `self` is the LockWait.
+    static int wait(void* self, int calls);
+
+  private:
+    std::chrono::milliseconds m_limit;
+    std::chrono::steady_clock::time_point m_began;
+};
+
 /// The open SQLite file. Every member raises base::RunTimeError in the server's words.
 class SqliteFile {
   public:
     /// `path` in UTF-8. A file that is missing is made, with `newDatabases`. Raises 4060 when the file cannot
     /// be opened, is no hospital file, or is not there and no databases are given for it.
     SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases, int busyMilliseconds);
+    SqliteFile(const SqliteFile&) = delete;
+    SqliteFile& operator=(const SqliteFile&) = delete;
 
     sqlite3* handle() const { return m_handle.get(); }
     /// False for a file from before the order of texts (Collation.h) that could not be brought into it: rows
@@ -54,6 +69,7 @@ class SqliteFile {
     void bringIntoOrder();
 
     bool m_isInOrder = true;
+    LockWait m_lockWait; ///< the handle knows its address
     std::unique_ptr<sqlite3, Closer> m_handle;
 };
 

@@ -332,8 +332,10 @@ void Interpreter::runWrite(const Stmt& statement, Run& run) {
         stepWrite(*query, run);
     } catch (...) {
         sqlite3_reset(query.statement());
-        command(m_rollbackTo);
-        command(m_release);
+        if (sqlite3_get_autocommit(m_file.handle()) == 0) { // else the savepoint went with the transaction
+            command(m_rollbackTo);
+            command(m_release);
+        }
         throw;
     }
     command(m_release);

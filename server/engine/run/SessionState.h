@@ -20,6 +20,9 @@ struct SessionState {
     std::string identityInsert;
     /// Between begin() and commit() or rollback().
     bool inTransaction = false;
+    /// An error has taken the whole of that transaction back. Until it is ended nothing runs: a text would be
+    /// kept at once, and a save by half.
+    bool rolledBack = false;
 };
 
 } // namespace engine

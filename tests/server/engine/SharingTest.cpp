@@ -1,5 +1,6 @@
 #include "tests/server/engine/Hospital.h"
 #include "tests/support/core/Databases.h"
+#include "tests/support/core/FullDisk.h"
 
 #include <QFile>
 #include <QThread>
@@ -118,6 +119,19 @@ TEST(Sharing, aSecondWriterWaitsAndAReaderDoesNot) {
     other->rollback();
 }
 
+TEST(Sharing, aWaitEndsWhenItsTimeIsOver) {
+    Hospital hospital;
+    hospital.install(QString::fromLatin1(numbers));
+    constexpr int allowed = 1500;
+    const auto other = hospital.open(QStringLiteral("WARD2"), allowed);
+    hospital.provider().begin();
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_THROW(other->begin(), base::RunTimeError);
+    EXPECT_GE(timer.elapsed(), allowed);
+    EXPECT_LT(timer.elapsed(), allowed * 5 / 4) << "sleeps were counted, which take longer than they say";
+}
+
 TEST(Transaction, isRolledBackWhole) {
     Hospital hospital;
     hospital.install(QString::fromLatin1(numbers));
@@ -170,6 +184,54 @@ TEST(Transaction, takesDefinitionsBackAsWell) {
     hospital.provider().rollback();
     EXPECT_EQ(hospital.error("SELECT * FROM tbGone"), "208: Invalid object name 'tbGone'.");
     EXPECT_EQ(hospital.error("sp_Gone"), "2812: Could not find stored procedure 'sp_Gone'.");
+}
+
+TEST(Transaction, aDiskThatIsFullAtTheCommitLeavesNoneOpen) {
+    Hospital hospital;
+    hospital.install(QString::fromLatin1(numbers));
+    engine::EmbeddedProvider& provider = hospital.provider();
+    provider.begin();
+    hospital.run("sp_Draw");
+    {
+        const tests::FullDisk full(QFile(hospital.file() + QStringLiteral("-wal")).size());
+        EXPECT_EQ(numberOf([&] { provider.commit(); }), 823);
+    }
+    EXPECT_FALSE(provider.inTransaction());
+    EXPECT_EQ(numberOf([&] { provider.rollback(); }), 3903);
+    EXPECT_EQ(hospital.rows("SELECT ChargeSlip FROM tbNucSlip"), "0");
+    EXPECT_EQ(hospital.expression("@@TRANCOUNT"), "0");
+    provider.begin();
+    hospital.run("sp_Draw");
+    provider.commit();
+    EXPECT_EQ(hospital.rows("SELECT ChargeSlip FROM tbNucSlip"), "1");
+}
+
+TEST(Transaction, thatAFullDiskTookBackKeepsNothingThatComesAfter) {
+    Hospital hospital;
+    hospital.install(QString::fromLatin1(numbers));
+    engine::EmbeddedProvider& provider = hospital.provider();
+    const auto fill = [&] {
+        sqlite3_exec(provider.handle(), "PRAGMA max_page_count = 1", nullptr, nullptr, nullptr);
+        int number = 0;
+        for (int i = 0; i < 4000 && number == 0; ++i)
+            number = numberOf([&] { hospital.run("INSERT INTO tbDrawn VALUES (1, 'ANY')"); });
+        sqlite3_exec(provider.handle(), "PRAGMA max_page_count = 1000000", nullptr, nullptr, nullptr);
+        return number;
+    };
+    const auto later = [&] { return numberOf([&] { hospital.run("sp_Nuclear_IncRefNum"); }); };
+    provider.begin();
+    EXPECT_EQ(fill(), 1105);
+    EXPECT_TRUE(provider.inTransaction());
+    EXPECT_EQ(later(), -2147168242);
+    provider.rollback();
+    EXPECT_EQ(hospital.rows("SELECT ChargeSlip, (SELECT COUNT(*) FROM tbDrawn) FROM tbNucSlip"), "0|0");
+    provider.begin();
+    EXPECT_EQ(fill(), 1105);
+    EXPECT_EQ(later(), -2147168242);
+    EXPECT_EQ(numberOf([&] { provider.commit(); }), -2147168242);
+    EXPECT_FALSE(provider.inTransaction());
+    EXPECT_EQ(later(), 0);
+    EXPECT_EQ(hospital.rows("SELECT ChargeSlip, (SELECT COUNT(*) FROM tbDrawn) FROM tbNucSlip"), "1|0");
 }
 
 TEST(Sharing, definitionsOfAnotherAreSeenWithinASecond) {

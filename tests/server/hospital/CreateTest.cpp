@@ -4,10 +4,17 @@
 #include "server/engine/EmbeddedProvider.h"
 #include "server/hospital/Kit.h"
 
+#include "tests/support/core/Raised.h"
+
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
 
 namespace {
 
@@ -110,6 +117,73 @@ TEST_F(EmptyHospital, NeverAppearsWhenItsFillingFails) {
     EXPECT_THROW(hospital::createFilledHospital(m_file, fill), base::RunTimeError);
     for (const char* tail : {"", ".new", ".new-wal", ".new-shm"})
         EXPECT_FALSE(QFileInfo::exists(m_file + QLatin1String(tail))) << tail;
+}
+
+TEST_F(EmptyHospital, IsMadeOnceByWhoeverStartsFirst) {
+    constexpr int rounds = 4;
+    constexpr int starts = 4;
+    for (int round = 0; round < rounds; ++round) {
+        const QString file = m_folder.filePath(QStringLiteral("round%1/hospital.scintra").arg(round));
+        std::atomic<int> fillings{0};
+        std::atomic<int> failures{0};
+        std::vector<std::thread> threads;
+        for (int i = 0; i < starts; ++i) {
+            threads.emplace_back([&] {
+                try {
+                    hospital::createFilledHospital(
+                        file, [&](engine::EmbeddedProvider&, const hospital::Progress&) { ++fillings; });
+                } catch (const base::RunTimeError& error) {
+                    failures += error.number() != 58; // it was there when this one began
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        EXPECT_EQ(failures, 0);
+        EXPECT_EQ(fillings, 1);
+        EXPECT_TRUE(engine::EmbeddedProvider::open(file, {})->check().isEmpty());
+        EXPECT_EQ(QDir(QFileInfo(file).path()).entryList(QDir::Files),
+                  QStringList{QStringLiteral("hospital.scintra")});
+    }
+}
+
+TEST_F(EmptyHospital, IsMadeAnewWhereItsMakingWasCutOff) {
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(m_file).path()));
+    {
+        engine::Options options;
+        options.newDatabases = hospital::kitDatabases();
+        engine::EmbeddedProvider::open(m_file, options);
+    }
+    EXPECT_FALSE(hospital::isThere(m_file));
+    hospital::createEmptyHospital(m_file);
+    EXPECT_TRUE(hospital::isThere(m_file));
+    EXPECT_TRUE(open()->check().isEmpty());
+    QFile nothing(m_folder.filePath(QStringLiteral("nothing")));
+    ASSERT_TRUE(nothing.open(QIODevice::WriteOnly));
+    nothing.close();
+    EXPECT_FALSE(hospital::isThere(nothing.fileName()));
+    hospital::createEmptyHospital(nothing.fileName());
+    EXPECT_TRUE(hospital::isThere(nothing.fileName()));
+}
+
+TEST_F(EmptyHospital, NeverTakesThePlaceOfAnotherFile) {
+    QFile letter(m_folder.filePath(QStringLiteral("letter")));
+    ASSERT_TRUE(letter.open(QIODevice::WriteOnly));
+    letter.write("Dear Sir");
+    letter.close();
+    EXPECT_TRUE(hospital::isThere(letter.fileName()));
+    EXPECT_EQ(tests::raised([&] { hospital::createEmptyHospital(letter.fileName()); }).number(), 58);
+    EXPECT_EQ(letter.size(), 8);
+}
+
+TEST_F(EmptyHospital, IsReadableByItsOwnerOnlyWithItsJournalsAndItsFolder) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    provider->setSetting(QStringLiteral("any"), QStringLiteral("thing"));
+    const auto own = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    for (const char* tail : {"", "-wal", "-shm"})
+        EXPECT_EQ(QFile::permissions(m_file + QLatin1String(tail)), own) << tail;
+    EXPECT_EQ(QFile::permissions(QFileInfo(m_file).path()), own | QFile::ExeOwner | QFile::ExeUser);
 }
 
 } // namespace
