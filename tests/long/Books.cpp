@@ -14,7 +14,7 @@ Books Books::of(const QString& file) {
     const auto session = engine::EmbeddedProvider::open(file, {});
     const auto value = [&](const char* query) {
         const ado::Rows rows = ado::runBatch(*session, QString::fromLatin1(query)).rows;
-        return base::textOf(rows.at(0, 0)).toInt();
+        return rows.count() == 0 ? 0 : base::textOf(rows.at(0, 0)).toInt();
     };
     Books books;
     books.requests = value("SELECT COUNT(*) FROM NUCLEAR..tbNucMaster");

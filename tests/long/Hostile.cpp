@@ -5,6 +5,7 @@
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/ErrorBoundary.h"
 #include "platform/controls/screen/TestDoors.h"
+#include "session/Session.h"
 #include "tests/app/ScreenOpeners.h"
 #include "tests/long/Hand.h"
 #include "tests/long/OnDuty.h"
@@ -79,6 +80,8 @@ void turnTo(QWidget& field) {
 /// Over what stands in the field, as a user pastes.
 void paste(QWidget& field) {
     turnTo(field);
+    if (!field.isVisible())
+        return;
     field.setFocus();
     if (qobject_cast<controls::FlexGrid*>(&field))
         tests::keysToFocus(field, QStringLiteral("1")); // opens the cell
@@ -117,7 +120,11 @@ qsizetype once(OnDuty& duty, const tests::ScreenOpener& opener, qsizetype from, 
     } catch (const controls::ProgramStopped&) {
         // told by the boundary
     }
+    const bool stopped = controls::ErrorBoundary::isStopping();
     controls::goOn();
+    // the program would have ended there, and its connection with it
+    if (stopped && session::gConnection->inTransaction())
+        session::gConnection->RollbackTrans();
     for (const QString& text : std::as_const(duty.recorder->texts)) {
         if (const QString wrong = wrongIn(text, value); !wrong.isEmpty())
             fault(QStringLiteral("field %1: %2\n%3").arg(from).arg(wrong, text));
