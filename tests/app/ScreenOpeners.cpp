@@ -29,6 +29,7 @@
 #include "tests/support/screens/Driver.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QTest>
 
 namespace tests {
@@ -42,7 +43,10 @@ using session::MenuScreen;
 void lookAtModal(const std::function<void()>& call, const Look& look) {
     runModal(call, {[&](QWidget& window) {
                  QCoreApplication::processEvents();
+                 const QPointer<QWidget> open(&window);
                  look(window);
+                 if (!open)
+                     return;
                  if (auto* screen = qobject_cast<controls::Screen*>(&window))
                      screen->hideScreen();
                  else

@@ -92,6 +92,9 @@ Stairs stairsAround() {
     stairs["tests/platform/report"] += hospital;
     stairs["tests/orders"] += QStringList{"server/site", "platform/odbc"};
     stairs["tests/server/site"] += QStringLiteral("platform/odbc");
+    // the attacks go at everything, with what the tests of screens and engine attack with
+    stairs["tests/long"] =
+        stairs["tests/app"] + QStringList{"tests/app", "tests/server/engine", "platform/odbc"};
     return stairs;
 }
 

@@ -57,8 +57,9 @@ class Run : public QObject, private ModalWatch::Driver {
     void next() {
         QWidget* window = QApplication::activeModalWidget();
         if (m_steps.empty()) {
-            // A window in which an earlier step still waits for an inner one goes on when that one is done.
-            if (window && !m_waiting.contains(window))
+            // A window in which an earlier step still waits for an inner one goes on when that one is done;
+            // what a step drives on its own is that step's.
+            if (window && isInnermost() && !m_waiting.contains(window))
                 closeWhatIsLeft("the steps left it open");
             return;
         }

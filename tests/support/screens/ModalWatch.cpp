@@ -27,6 +27,10 @@ ModalWatch::Driver::~Driver() {
     innermost() = m_outer;
 }
 
+bool ModalWatch::Driver::isInnermost() const {
+    return innermost() == this;
+}
+
 ModalWatch::ModalWatch() {
     m_rounds.setInterval(0);
     QObject::connect(&m_rounds, &QTimer::timeout, this, [this] { look(); });

@@ -22,6 +22,8 @@ class ModalWatch : public QObject {
         virtual ~Driver();
         Driver(const Driver&) = delete;
         Driver& operator=(const Driver&) = delete;
+        /// False while another driver, made later, lives.
+        bool isInnermost() const;
         /// A modal window came up. Only the innermost driver is told.
         virtual void modalShown() {}
 

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <random>
+#include <vector>
+
+namespace attacks {
+
+/// One run of an attack: how long it goes on, its chance, and what it found. All that is random comes from
+/// its seed.
+class Course {
+  public:
+    /// `seconds` or `rounds` that are 0 set no bound.
+    Course(quint32 seed, int seconds, int rounds);
+
+    quint32 seed() const { return m_seed; }
+    /// True for another round, which it counts; false when time or rounds are over or a fault was found.
+    bool goesOn();
+    int rounds() const { return m_rounds; }
+    /// From 0 to `below` - 1.
+    int number(int below);
+
+    /// A figure of the table at the end; figures of one name add up.
+    void count(const QString& figure, qint64 more = 1) { m_figures[figure] += more; }
+    /// What went wrong, with all that is needed to do it again. Ends the run.
+    void fail(const QString& what);
+    bool failed() const { return !m_faults.isEmpty(); }
+    /// Prints the figures and the verdict.
+    void tell(const char* attack) const;
+
+  private:
+    quint32 m_seed;
+    qint64 m_milliseconds;
+    int m_most;
+    int m_rounds = 0;
+    std::mt19937 m_random;
+    QElapsedTimer m_clock;
+    std::map<QString, qint64> m_figures;
+    QStringList m_faults;
+};
+
+/// What an attack's own process does with its words; its exit code is 0 when all was well.
+using Part = int (*)(const QStringList& words);
+
+struct Attack {
+    const char* name;
+    const char* does;
+    void (*run)(Course& course);
+    Part part;  ///< null for one that starts no process of this program
+    int rounds; ///< of the short form
+};
+
+/// Every attack, in the order in which they are run.
+const std::vector<Attack>& all();
+
+/// How a process of this program ended that worked for an attack.
+struct Ended {
+    bool good = false;
+    QString how;  ///< "crashed", "exit code 3", "never ended"; empty when good
+    QString said; ///< its standard output
+};
+/// Runs the attack's part in a process of its own.
+Ended runPart(const char* attack, const QStringList& words, int seconds = 120);
+/// A program beside this one, or one that it is built with.
+QString programBeside(const QString& name);
+
+} // namespace attacks

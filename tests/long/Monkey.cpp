@@ -1,0 +1,141 @@
+// Random keys over every screen, boxes answered at random.
+
+#include "tests/long/Monkey.h"
+
+#include "tests/app/ScreenOpeners.h"
+#include "tests/long/Hand.h"
+#include "tests/long/OnDuty.h"
+#include "tests/long/Shrink.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <cstdlib>
+
+namespace attacks {
+
+namespace {
+
+constexpr int keysPerOpening = 150;
+constexpr int longestShrinking = 240'000; // milliseconds; what hangs takes its time
+constexpr const char* faultyScreen = "Faulty";
+
+struct Keys {
+    int weight;
+    QStringList keys;
+};
+
+/// What a hand reaches for, and how often. "<Click 3>" is a click on the third of the buttons that are
+/// enabled, counted round.
+const std::vector<Keys>& keyboard() {
+    static const std::vector<Keys> all{
+        {26, {"<Enter>", "<Enter>", "<Enter>", "<Tab>", "<Shift+Tab>", "<Esc>"}},
+        {14, {"<Up>", "<Down>", "<Left>", "<Right>", "<Home>", "<End>", "<PageUp>", "<PageDown>"}},
+        {8, {"<Del>", "<Backspace>", "<Ins>", "<Space>"}},
+        {10, {"<F1>", "<F2>", "<F3>", "<F4>", "<F5>", "<F6>", "<F7>", "<F8>", "<F9>", "<F11>", "<F12>"}},
+        {5, {"<Ctrl+A>", "<Ctrl+C>", "<Ctrl+V>", "<Ctrl+X>", "<Ctrl+Z>", "<Ctrl+F>", "<Ctrl+Home>"}},
+        {10,
+         {"<Alt+S>", "<Alt+C>", "<Alt+A>", "<Alt+P>", "<Alt+E>", "<Alt+D>", "<Alt+N>", "<Alt+R>", "<Alt+O>",
+          "<Alt+X>", "<Alt+Down>", "<Shift+Down>", "<Shift+End>"}},
+        {12,
+         {"1001", "1002", "NU", "UR", "MD", "201", "3", "REYES", "A", "11/21/2026", "02/30/2026", "100.50",
+          "kerova", "26004078", "S", "R"}},
+        {12, {"a", "b", "e", "z", "0", "9", ".", ",", "/", "-", "'", "%", "_", "[", "*", "(", "ñ", "≥"}},
+        {10, {"<Click 0>", "<Click 1>", "<Click 2>", "<Click 3>", "<Click 5>", "<Click 7>", "<Click 11>"}},
+    };
+    return all;
+}
+
+QStringList randomKeys(Course& course) {
+    int sum = 0;
+    for (const Keys& some : keyboard())
+        sum += some.weight;
+    QStringList keys;
+    while (keys.size() < keysPerOpening) {
+        int at = course.number(sum);
+        for (const Keys& some : keyboard()) {
+            at -= some.weight;
+            if (at >= 0)
+                continue;
+            keys += some.keys[course.number(int(some.keys.size()))];
+            break;
+        }
+    }
+    return keys;
+}
+
+/// Dies of a "b" that comes after an "a": for the shrinker's own proof.
+class Faulty : public QLineEdit {
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->text() == QLatin1String("b") && m_ready)
+            std::abort();
+        m_ready = m_ready || event->text() == QLatin1String("a");
+    }
+    bool m_ready = false;
+};
+
+void openFaulty(const tests::Look& look) {
+    Faulty screen;
+    screen.show();
+    look(screen);
+}
+
+tests::ScreenOpener openerOf(const QString& screen) {
+    for (const tests::ScreenOpener& opener : tests::screenOpeners())
+        if (screen == QLatin1String(opener.screen))
+            return opener;
+    return {faultyScreen, openFaulty};
+}
+
+/// One opening of a screen in a process of its own: nothing of the one before it counts.
+Ended open(const QString& screen, const QString& answers, const QStringList& keys) {
+    return runPart("monkey", QStringList{screen, answers} + keys);
+}
+
+void playOn(Course& course, const QString& screen) {
+    const QStringList keys = randomKeys(course);
+    const QString answers = QString::number(course.number(1 << 30));
+    const Ended ended = open(screen, answers, keys);
+    course.count(QStringLiteral("keys"), keys.size());
+    for (const QString& line : ended.said.split(u'\n')) {
+        if (line.startsWith(QLatin1String("error ")))
+            course.count(screen + u' ' + line.left(120));
+    }
+    if (ended.good)
+        return;
+    std::printf("%s %s, shrinking\n%s", qPrintable(screen), qPrintable(ended.how), qPrintable(ended.said));
+    std::fflush(stdout);
+    QElapsedTimer clock;
+    clock.start();
+    const QStringList shortest = shrink(keys, [&](const QStringList& some) {
+        return clock.elapsed() < longestShrinking && open(screen, answers, some).how == ended.how;
+    });
+    course.fail(QStringLiteral("%1 %2\n%3The shortest keys that do it: %4\nAgain: --part monkey %1 %5 %6")
+                    .arg(screen, ended.how, ended.said, shortest.join(u' '), answers)
+                    .arg(u'\'' + QStringList(shortest).replaceInStrings("'", "'\\''").join("' '") + u'\''));
+}
+
+} // namespace
+
+void monkey(Course& course) {
+    const auto& openers = tests::screenOpeners();
+    while (course.goesOn())
+        playOn(course,
+               QString::fromLatin1(openers[std::size_t(course.rounds() - 1) % openers.size()].screen));
+}
+
+void monkeyOnFaulty(Course& course) {
+    while (course.goesOn())
+        playOn(course, QString::fromLatin1(faultyScreen));
+}
+
+int monkeyPart(const QStringList& words) {
+    answerAtRandom(words.value(1).toUInt());
+    return onScreens([&](OnDuty&) {
+        Hand hand(words.mid(2));
+        openerOf(words.value(0)).open([&](QWidget& screen) { hand.play(screen); });
+    });
+}
+
+} // namespace attacks

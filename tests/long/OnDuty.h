@@ -1,0 +1,29 @@
+#pragma once
+
+#include "tests/support/screens/LoggedOn.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace attacks {
+
+/// 1001 logged on to a demo hospital of its own, as tests have it.
+class OnDuty : public tests::LoggedOn {
+    void TestBody() override {}
+};
+
+/// Ends the process with 3 and says what hung, when nobody beats for that many seconds. One for the process.
+class Watchdog {
+  public:
+    explicit Watchdog(int seconds);
+    static void beat();
+};
+
+/// Says the line and ends the process with 1.
+[[noreturn]] void fault(const QString& line);
+/// What runs on the screens of this process: its folder is a fresh one, errors at the boundary are said as
+/// "error NUMBER TEXT", and one that reached nothing but the end of `body` is a fault. Returns 0.
+int onScreens(const std::function<void(OnDuty&)>& body);
+
+} // namespace attacks
