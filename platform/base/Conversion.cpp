@@ -239,7 +239,11 @@ QString Trim(const QString& text) {
 }
 
 QString BackQuoted(QString text) {
-    return text.replace(u'\'', u'`');
+    for (QChar& c : text) {
+        if (c == u'\'' || c == QChar(0x02BC) || c == QChar(0x2019) || c == QChar(0xFF07))
+            c = u'`';
+    }
+    return text;
 }
 
 } // namespace base

@@ -31,7 +31,8 @@ QString Trim(const QString& text);
 QString LTrim(const QString& text);
 QString RTrim(const QString& text);
 
-/// Each ' as `: the statements' texts are quoted with '.
+/// Each ' as `: the statements' texts are quoted with '. So are the apostrophes that a server's code page may
+/// fold to a ' (U+02BC, U+2019, U+FF07).
 QString BackQuoted(QString text);
 
 } // namespace base

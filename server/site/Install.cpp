@@ -28,11 +28,23 @@ QString forServer(ado::Provider& server, const QString& batch) {
     return text.replace(head.at, head.length, there ? QStringLiteral("ALTER") : QStringLiteral("CREATE"));
 }
 
+/// One that keeps every character in the kit's varchar columns came with SQL Server 2019.
+QString collationOf(ado::Provider& server) {
+    const QString utf8 = QStringLiteral("Latin1_General_100_CI_AS_SC_UTF8");
+    try {
+        if (isThere(server,
+                    QStringLiteral("(SELECT name FROM sys.fn_helpcollations() WHERE name = '%1')").arg(utf8)))
+            return utf8;
+    } catch (const base::RunTimeError&) {
+        // a server that cannot tell has none
+    }
+    return QStringLiteral("SQL_Latin1_General_CP1_CI_AS");
+}
+
 /// Names of objects are written in more than one case, which a server may be told to tell apart. Readers do
 /// not wait for a save of another desk, as on the file that comes along.
-void createDatabase(ado::Provider& server, const QString& name) {
-    ado::runBatch(server,
-                  QStringLiteral("CREATE DATABASE %1 COLLATE SQL_Latin1_General_CP1_CI_AS").arg(name));
+void createDatabase(ado::Provider& server, const QString& name, const QString& collation) {
+    ado::runBatch(server, QStringLiteral("CREATE DATABASE %1 COLLATE %2").arg(name, collation));
     ado::runBatch(server, QStringLiteral("ALTER DATABASE %1 SET READ_COMMITTED_SNAPSHOT ON").arg(name));
 }
 
@@ -43,10 +55,14 @@ void install(ado::Provider& server, const hospital::Progress& progress) {
         if (progress)
             progress(percent, stage);
     };
+    QString collation; // one for all ten: their texts are compared with each other
     for (const QString& database : hospital::kitDatabases()) {
         tell(0, QStringLiteral("Database ") + database);
-        if (!isThere(server, QStringLiteral("DB_ID(%1)").arg(ado::literal(base::Value(database)))))
-            createDatabase(server, ado::bracketed(database));
+        if (!isThere(server, QStringLiteral("DB_ID(%1)").arg(ado::literal(base::Value(database))))) {
+            if (collation.isEmpty())
+                collation = collationOf(server);
+            createDatabase(server, ado::bracketed(database), collation);
+        }
     }
     const auto& files = hospital::kitFiles();
     int done = 0;

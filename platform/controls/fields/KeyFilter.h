@@ -17,7 +17,7 @@ enum class KeyRule {
 Q_DECLARE_FLAGS(KeyRules, KeyRule)
 Q_DECLARE_OPERATORS_FOR_FLAGS(KeyRules)
 
-/// What the rules make of typed or pasted text.
+/// What the rules make of typed or pasted text. A NUL or half a surrogate pair never gets through.
 QString filtered(const QString& text, KeyRules rules);
 /// Applies the rules to everything a user types, pastes or drops; texts set by code stay as they are.
 void setKeyRules(QLineEdit* field, KeyRules rules);

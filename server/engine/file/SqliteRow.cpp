@@ -14,6 +14,12 @@ base::Value textValue(sqlite3_stmt* statement, int column, ado::DataType type) {
         if (const auto moment = base::fromIso(text.data(), qsizetype(text.size())))
             return base::Value(*moment);
     }
+    // the conversion takes a mark of byte order at the front for none of the text's own, and a row is found
+    // by its text
+    const std::string_view mark = "\xEF\xBB\xBF";
+    if (text.substr(0, mark.size()) == mark)
+        return base::Value(QChar(0xFEFF) + QString::fromUtf8(text.data() + mark.size(),
+                                                             qsizetype(text.size() - mark.size())));
     return base::Value(QString::fromUtf8(text.data(), qsizetype(text.size())));
 }
 

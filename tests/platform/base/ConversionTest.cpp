@@ -139,6 +139,8 @@ TEST(DateTime, CountsDaysOnBothSidesOf1970) {
 
 TEST(Conversion, AQuoteBecomesABackQuote) {
     EXPECT_EQ(BackQuoted("O'NEIL'S `A`"), "O`NEIL`S `A`");
+    EXPECT_EQ(BackQuoted(QStringLiteral("O\u02BCNEIL\u2019S \uFF07A\u2018")),
+              QStringLiteral("O`NEIL`S `A\u2018"));
     EXPECT_EQ(BackQuoted({}), "");
 }
 

@@ -37,6 +37,10 @@ TEST_F(KeyFilter, RulesOfATextOnItsOwn) {
     EXPECT_EQ(filtered(QStringLiteral("o'Neil"), KeyRule::BackQuote), QStringLiteral("o`Neil"));
     EXPECT_EQ(filtered(QStringLiteral("a1 2.5-+e,"), KeyRule::Number), QStringLiteral("12.5-+"));
     EXPECT_EQ(filtered(QStringLiteral("-1.5x"), KeyRule::Digits), QStringLiteral("15"));
+    const QString broken =
+        QStringLiteral("a") + QChar(0) + QChar(0xD83D) + QStringLiteral("b\U0001F600") + QChar(0xDE00);
+    EXPECT_EQ(filtered(broken, {}), QStringLiteral("ab\U0001F600"));
+    EXPECT_EQ(filtered(QStringLiteral("o\u2019n"), nameRules), QStringLiteral("O`N"));
     EXPECT_EQ(filtered(QString::fromUtf8("ñß"), KeyRule::UpperCase), QString::fromUtf8("Ñß"));
 }
 

@@ -56,6 +56,14 @@ TEST_F(Write, anAmountIsKeptAsItIsOnADeskWithACommaToo) {
     EXPECT_EQ(rows("SELECT CONVERT(varchar, SUM(Price), 1) FROM tbAmount"), "301.50");
 }
 
+TEST_F(Write, aMarkOfByteOrderAtTheFrontIsAText) {
+    const QString marked = QStringLiteral("\uFEFFREYES");
+    const base::Value read = m_hospital.value(QStringLiteral("SELECT '%1'").arg(marked));
+    EXPECT_EQ(read, base::Value(marked));
+    EXPECT_EQ(m_hospital.value(QStringLiteral("SELECT LEN('%1')").arg(*read.asText())), base::Value(6));
+    EXPECT_EQ(m_hospital.value(QStringLiteral("SELECT '\uFEFF'")), base::Value(QStringLiteral("\uFEFF")));
+}
+
 TEST_F(Write, everyTypeComesBackAsItWas) {
     run("INSERT INTO tbAll (Name, National, Code, Notes, Small, Tiny, Whole, Large, Flag, Price, Rate, "
         "Weight, Born, Stamp, Host) "

@@ -149,6 +149,34 @@ TEST(InstallOverFreeTds, MakesTheKitAndTheMadeUpHospital) {
               QStringList{QStringLiteral("NUCLEAR..sp_Nuclear_IncRefNum: is missing")});
 }
 
+TEST(InstallDatabases, KeepEveryCharacterWhereTheServerCan) {
+    class Server : public tests::ScriptedProvider {
+      public:
+        bool knowsUtf8 = true;
+        QStringList made;
+        ado::Result execute(const QString& text) override {
+            if (text.contains(QStringLiteral("fn_helpcollations()"))) {
+                EXPECT_TRUE(text.contains(QStringLiteral("'Latin1_General_100_CI_AS_SC_UTF8'")));
+                return rowsOf(
+                    QStringLiteral("n"),
+                    {{knowsUtf8 ? base::Value("Latin1_General_100_CI_AS_SC_UTF8") : base::Value()}});
+            }
+            if (text.startsWith(QStringLiteral("SELECT DB_ID(")))
+                return rowsOf(QStringLiteral("n"), {{base::Value()}});
+            if (!text.contains(QStringLiteral(" DATABASE ")))
+                throw base::RunTimeError(50000, QStringLiteral("enough"));
+            made += text;
+            return {};
+        }
+    } server;
+    EXPECT_THROW(site::install(server, {}), base::RunTimeError);
+    EXPECT_EQ(server.made.filter(QStringLiteral(" COLLATE Latin1_General_100_CI_AS_SC_UTF8")).size(), 10);
+    server.made.clear();
+    server.knowsUtf8 = false;
+    EXPECT_THROW(site::install(server, {}), base::RunTimeError);
+    EXPECT_EQ(server.made.filter(QStringLiteral(" COLLATE SQL_Latin1_General_CP1_CI_AS")).size(), 10);
+}
+
 TEST(InstallDatabases, AreMadeWhereTheyAreMissing) {
     /// Knows NUCLEAR only, and stops at the kit's first file.
     class Server : public tests::ScriptedProvider {
