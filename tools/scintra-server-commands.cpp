@@ -19,6 +19,9 @@
 #include <QSysInfo>
 #include <QTextStream>
 
+#include <termios.h>
+#include <unistd.h>
+
 #include <cstdio>
 
 namespace tools {
@@ -49,12 +52,36 @@ QString readLine() {
     return in.readLine();
 }
 
+/// From the keyboard a password is not shown; from a file or a pipe it is read as it is.
+QString readSecret(const char* prompt) {
+    std::fputs(prompt, stderr);
+    termios shown{};
+    const bool isKeyboard = isatty(STDIN_FILENO) && tcgetattr(STDIN_FILENO, &shown) == 0;
+    if (!isKeyboard)
+        return readLine();
+    termios hidden = shown;
+    hidden.c_lflag &= ~tcflag_t(ECHO);
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+    const QString secret = readLine();
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown);
+    std::fputc('\n', stderr);
+    return secret;
+}
+
+/// From the keyboard twice, since nobody sees what was typed.
+QString readNewSecret(const char* prompt) {
+    const QString secret = readSecret(prompt);
+    if (isatty(STDIN_FILENO) && readSecret("Once more: ") != secret)
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("The two passwords differ."));
+    return secret;
+}
+
 std::unique_ptr<ado::Provider> openDataSource(const Arguments& arguments) {
     odbc::ConnectionText text;
     text.add("DSN", arguments.dsn);
     if (!arguments.login.isEmpty()) {
-        std::fputs("Database password: ", stderr);
-        text.add("UID", arguments.login).add("PWD", readLine());
+        text.add("UID", arguments.login).add("PWD", readSecret("Database password: "));
     }
     text.add("APP", QStringLiteral("scintra-server")).add("WSID", QSysInfo::machineHostName());
     text.add("Language", QStringLiteral("us_english"));
@@ -89,9 +116,28 @@ void print(const QString& text) {
     std::fputc('\n', stdout);
 }
 
+/// The common password of the guarded screens, where there is none yet. As long as it is empty nobody passes.
+void askCommonPassword(ado::Provider& provider) {
+    const ado::Result row = provider.execute(sql("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo"));
+    if (row.rows.count() == 0 || !base::textOf(row.rows.at(0, 0)).isEmpty())
+        return;
+    const QString password = readNewSecret("Common password of the guarded screens: ");
+    if (password.contains(u'\''))
+        throw base::RunTimeError(base::errors::invalidProcedureCall,
+                                 QStringLiteral("The password cannot hold a quote."));
+    if (password.isEmpty()) {
+        std::fputs("None: the guarded screens stay shut until PATIENT_DATA..tbHospitalInfo has an "
+                   "OPDPassword.\n",
+                   stderr);
+        return;
+    }
+    provider.execute(sql("UPDATE PATIENT_DATA..tbHospitalInfo SET OPDPassword = '{}'", password));
+}
+
 int runInit(const Arguments& arguments) {
     const QString file = fileOf(arguments);
     hospital::createEmptyHospital(file, showProgress);
+    askCommonPassword(*openHospital(file));
     print(QStringLiteral(
               "Made %1. Add a first user with: scintra-server password FILE ID --name \"LAST, FIRST\"")
               .arg(file));
@@ -134,8 +180,7 @@ int runPassword(const Arguments& arguments) {
     if (!known && arguments.name.isEmpty())
         throw base::RunTimeError(base::errors::itemNotFound,
                                  QStringLiteral("There is no user %1. With --name one is added.").arg(id));
-    std::fputs("Password: ", stderr);
-    const QString password = readLine();
+    const QString password = readNewSecret("Password: ");
     if (password.isEmpty())
         throw base::RunTimeError(base::errors::invalidProcedureCall,
                                  QStringLiteral("An empty password is none."));
@@ -241,6 +286,12 @@ int runInstall(const Arguments& arguments) {
     site::install(*provider, showProgress);
     if (arguments.demo)
         site::installDemo(*provider, showProgress);
+    const QStringList missing = site::missingNumbers(*provider);
+    for (const QString& table : missing)
+        print(table);
+    if (!missing.isEmpty())
+        return exitFaulty;
+    askCommonPassword(*provider);
     print(arguments.demo ? QStringLiteral("Installed on %1. User 1001, password kerova.").arg(arguments.dsn)
                          : QStringLiteral("Installed on %1. Add a first user with: scintra-server password "
                                           "--dsn %1 ID --name \"LAST, FIRST\"")

@@ -31,7 +31,8 @@ QString Trace::fileOf(const QString& hospitalFile) {
 }
 
 bool Trace::isSecret(const QString& text) {
-    return text.contains(QLatin1StringView("PasswordHash"), Qt::CaseInsensitive);
+    return text.contains(QLatin1StringView("$argon2")) ||
+           text.contains(QLatin1StringView("PasswordHash"), Qt::CaseInsensitive);
 }
 
 void Trace::write(const Line& line) {
@@ -51,8 +52,12 @@ void Trace::write(const Line& line) {
                  text);
     QFile file(m_file);
     // opened for each line, so that the workstations' lines do not cut into each other
-    if (file.open(QIODevice::WriteOnly | QIODevice::Append))
-        file.write(written.toUtf8());
+    constexpr QFileDevice::Permissions own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append, own))
+        return;
+    if (file.size() == 0 || (file.permissions() & (QFileDevice::ReadGroup | QFileDevice::ReadOther)))
+        file.setPermissions(own); // one of an older program
+    file.write(written.toUtf8());
 }
 
 } // namespace engine

@@ -6,7 +6,8 @@
 
 namespace engine {
 
-/// The server's diary of statements: a line each, in a file beside the hospital's. Texts only, never results.
+/// The server's diary of statements: a line each, in a file beside the hospital's that only its
+/// owner can read. Texts only, never results.
 class Trace {
   public:
     Trace(const QString& hospitalFile, QString workstation);
@@ -25,7 +26,7 @@ class Trace {
     /// A diary that cannot be written is given up in silence: it must not stop the hospital.
     void write(const Line& line);
 
-    /// A text whose literals nobody may read: it names a password's hash.
+    /// A text whose literals nobody may read: it names a password's hash, or holds one.
     static bool isSecret(const QString& text);
     static QString fileOf(const QString& hospitalFile);
 

@@ -7,6 +7,11 @@
 
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <sqlite3.h>
+
+#include <exception>
 
 namespace hospital {
 
@@ -61,6 +66,51 @@ void makeFile(const QString& file, const Fill& fill, const Progress& progress) {
         progress(100, QStringLiteral("Done"));
 }
 
+/// Every column, as "NUCLEAR..tbNucSlipRow.SlipID".
+QStringList columnsOf(engine::EmbeddedProvider& provider) {
+    QStringList columns;
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(provider.handle(),
+                       "SELECT databaseName || '..' || tableName || '.' || name FROM \"scintra.columns\" "
+                       "ORDER BY databaseName, tableName, ordinal",
+                       -1, &statement, nullptr);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        columns += QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
+    sqlite3_finalize(statement);
+    return columns;
+}
+
+/// Columns that the kit's procedures count on and its files do not add.
+QStringList missingColumns(engine::EmbeddedProvider& provider) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("kit.scintra"));
+    createEmptyHospital(file);
+    const QStringList there = columnsOf(provider);
+    QStringList missing;
+    for (const QString& column : columnsOf(*engine::EmbeddedProvider::open(file, {}))) {
+        if (!there.contains(column, Qt::CaseInsensitive))
+            missing += column;
+    }
+    return missing;
+}
+
+/// Procedures over a table that lacks a column would only fail when somebody needs them.
+void bringUp(engine::EmbeddedProvider& provider) {
+    std::exception_ptr failure;
+    try {
+        installKit(provider, {});
+    } catch (const base::RunTimeError&) {
+        failure = std::current_exception(); // may come from a missing column as well
+    }
+    const QStringList missing = missingColumns(provider);
+    if (!missing.isEmpty())
+        throw base::RunTimeError(
+            207, QStringLiteral("The kit of %1 is too old to be brought up to date. Missing: %2.")
+                     .arg(provider.file(), missing.join(QStringLiteral(", "))));
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
 } // namespace
 
 QString defaultHospitalFile() {
@@ -83,14 +133,24 @@ void createFilledHospital(const QString& file, const Fill& fill, const Progress&
 }
 
 bool ensureKit(engine::EmbeddedProvider& provider) {
+    const int number = installedKitNumber(provider);
+    if (number > kitNumber)
+        throw base::RunTimeError(
+            4060,
+            QStringLiteral("%1 was brought up to kit %2 by a newer program; this program has kit %3. Please "
+                           "start the newer one.")
+                .arg(provider.file())
+                .arg(number)
+                .arg(kitNumber));
     if (installedKitVersion(provider) == kitVersion())
         return false;
     provider.begin();
     try {
-        installKit(provider, {});
+        bringUp(provider);
         provider.commit();
     } catch (...) {
-        provider.rollback();
+        if (provider.inTransaction())
+            provider.rollback();
         throw;
     }
     return true;

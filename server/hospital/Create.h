@@ -33,7 +33,8 @@ using Fill = std::function<void(engine::EmbeddedProvider& provider, const Progre
 void createFilledHospital(const QString& file, const Fill& fill, const Progress& progress = {});
 
 /// Brings tables and procedures of an open file up to the program's own; quick when they are. True when it
-/// had to.
+/// had to. Raises 4060 when the file was given a newer kit by another program, 207 with the names of the
+/// columns that its tables lack when they are too old; the file is then what it was.
 bool ensureKit(engine::EmbeddedProvider& provider);
 
 } // namespace hospital

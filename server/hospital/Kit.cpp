@@ -19,6 +19,7 @@ namespace hospital {
 namespace {
 
 constexpr const char* versionSetting = "kitVersion";
+constexpr const char* numberSetting = "kitNumber";
 
 int rankOf(const QString& name) {
     if (name.endsWith(QLatin1String("/tables.sql")))
@@ -86,6 +87,11 @@ void installKit(engine::EmbeddedProvider& provider, const Progress& progress) {
         ++done;
     }
     provider.setSetting(QLatin1String(versionSetting), kitVersion());
+    provider.setSetting(QLatin1String(numberSetting), QString::number(kitNumber));
+}
+
+int installedKitNumber(engine::EmbeddedProvider& provider) {
+    return provider.setting(QLatin1String(numberSetting)).toInt();
 }
 
 QString installedKitVersion(engine::EmbeddedProvider& provider) {

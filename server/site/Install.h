@@ -15,6 +15,10 @@ void install(ado::Provider& server, const hospital::Progress& progress);
 /// are patients already.
 void installDemo(ado::Provider& server, const hospital::Progress& progress);
 
+/// Number tables without their row. install() does not fill them where requests exist, since their numbers
+/// would be given out again.
+QStringList missingNumbers(ado::Provider& server);
+
 /// What differs from the kit, one line each; none when all is well. Adds nothing.
 QStringList verify(ado::Provider& server);
 

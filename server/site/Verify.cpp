@@ -78,6 +78,23 @@ class Comparison {
         return true;
     }
 
+    /// What install() sets where it makes the database, and a DBA may have left out.
+    void compareSettings() {
+        const ado::Rows rows =
+            ado::runBatch(m_server,
+                          QStringLiteral("SELECT name, collation_name, is_read_committed_snapshot_on "
+                                         "FROM sys.databases WHERE name = %1")
+                              .arg(ado::literal(base::Value(m_database))))
+                .rows;
+        if (rows.count() != 1)
+            return; // a login that may not see it
+        const QString collation = rows.at(0, 1).isNull() ? QString() : cell(rows, 0, 1);
+        if (!collation.contains(QLatin1StringView("_CI_")))
+            tell(QString(), QStringLiteral("the collation %1 tells upper from lower case").arg(collation));
+        if (base::CDbl(cell(rows, 0, 2)) == 0)
+            tell(QString(), QStringLiteral("READ_COMMITTED_SNAPSHOT is off"));
+    }
+
     void compare(const engine::Table& table) {
         const QString name = QString::fromStdString(table.name);
         const auto found = m_columns.constFind(upper(name));
@@ -134,7 +151,28 @@ class Comparison {
     QStringList m_differences;
 };
 
+constexpr const char* numberTables[] = {"NUCLEAR..tbNucSlipRow", "BILLING..tbAssessmentNumRow",
+                                        "PATIENT_DATA..tbLastWalkInNumRow", "STATION..tbNurseRequestNum"};
+
 } // namespace
+
+QStringList missingNumbers(ado::Provider& server) {
+    QStringList missing;
+    for (const char* name : numberTables) {
+        const QString table = QString::fromLatin1(name);
+        try {
+            const ado::Rows rows =
+                ado::runBatch(server, QStringLiteral("SELECT COUNT(*) FROM ") + table).rows;
+            if (const double count = base::CDbl(cell(rows, 0, 0)); count != 1)
+                missing += QStringLiteral("%1: %2 rows, not the one that the next numbers are drawn from")
+                               .arg(table)
+                               .arg(count);
+        } catch (const base::RunTimeError&) {
+            // the table is missing, which is told with the tables
+        }
+    }
+    return missing;
+}
 
 QStringList verify(ado::Provider& server) {
     const QTemporaryDir folder;
@@ -146,6 +184,7 @@ QStringList verify(ado::Provider& server) {
     for (const QString& database : hospital::kitDatabases()) {
         Comparison comparison(server, database);
         if (comparison.read()) {
+            comparison.compareSettings();
             for (const engine::Table& table : tables) {
                 if (QString::fromStdString(table.database) == database)
                     comparison.compare(table);
@@ -157,7 +196,7 @@ QStringList verify(ado::Provider& server) {
         }
         differences += comparison.differences();
     }
-    return differences;
+    return differences + missingNumbers(server);
 }
 
 } // namespace site

@@ -11,6 +11,7 @@ struct ScintraReport : testing::Test {
     static int run(const QString& program, const QStringList& words, QString* err = nullptr) {
         QProcess process;
         process.start(QStringLiteral(SCINTRA_BINARY_DIR "/bin/") + program, words);
+        process.closeWriteChannel(); // nobody answers what is asked
         EXPECT_TRUE(process.waitForFinished(60'000)) << process.errorString().toStdString();
         if (err)
             *err = QString::fromUtf8(process.readAllStandardError());

@@ -143,4 +143,15 @@ TEST_F(ScintraServer, AddsAUserAndChangesAPassword) {
               QStringLiteral("LastName\tFirstName\nREYES\tJOAN P.\n"));
 }
 
+TEST_F(ScintraServer, AsksForTheCommonPasswordOfTheGuardedScreens) {
+    const QString common = QStringLiteral("SELECT OPDPassword FROM PATIENT_DATA..tbHospitalInfo");
+    const Outcome made = run({QStringLiteral("init"), m_file}, "Gate1\n");
+    EXPECT_EQ(made.code, 0);
+    EXPECT_TRUE(made.err.contains(QLatin1String("Common password")));
+    EXPECT_EQ(sql(common).out, QStringLiteral("OPDPassword\nGate1\n"));
+    const Outcome none = run({QStringLiteral("init"), m_copy});
+    EXPECT_EQ(none.code, 0);
+    EXPECT_TRUE(none.err.contains(QLatin1String("stay shut"))) << none.err.toStdString();
+}
+
 } // namespace

@@ -29,7 +29,7 @@ QString cellOf(const base::Value& value) {
     return quoted(text);
 }
 
-/// False when it was stopped, or the device took less than all.
+/// False when it was stopped.
 bool writeCsv(const RowSource& rows, QIODevice& device, const ProgressCall& progress) {
     QByteArray block("\xEF\xBB\xBF");
     QStringList cells;
@@ -48,11 +48,13 @@ bool writeCsv(const RowSource& rows, QIODevice& device, const ProgressCall& prog
         addLine();
         if (block.size() < largestBlock)
             continue;
-        if (device.write(block) != block.size() || (progress && !progress({row + 1, 0, 0})))
+        writeAll(device, block);
+        if (progress && !progress({row + 1, 0, 0}))
             return false;
         block.clear();
     }
-    return device.write(block) == block.size();
+    writeAll(device, block);
+    return true;
 }
 
 } // namespace

@@ -140,7 +140,8 @@ bool exportPdf(const PageDocument& document, const QString& path, const Progress
             return false;
         painter.end();
     }
-    if (!file.commit())
+    // commit() writes what is still held back as well, but does not look whether it could
+    if (file.error() != QFileDevice::NoError || !file.flush() || !file.commit())
         failed(path, file.errorString());
     return true;
 }

@@ -188,6 +188,14 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
     return finish(workbook, count, progress);
 }
 
+/// The library does not look whether the last of what it wrote found room: a workbook ends with the end of
+/// its directory.
+bool isWhole(QIODevice& workbook) {
+    constexpr qint64 endOfDirectory = 22;
+    workbook.seek(std::max<qint64>(workbook.size() - endOfDirectory, 0));
+    return workbook.read(4) == QByteArray("PK\5\6", 4);
+}
+
 } // namespace
 
 bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QString& path,
@@ -199,6 +207,8 @@ bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QStrin
             throw base::RunTimeError(errorFile, work.errorString());
         if (!writeWorkbook(rows, heading, work.fileName(), progress))
             return false;
+        if (!isWhole(work))
+            throw base::RunTimeError(errorFile, QStringLiteral("there is no room for the workbook"));
     } catch (const base::RunTimeError& error) {
         if (error.number() != errorFile)
             throw;
@@ -210,8 +220,7 @@ bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QStrin
             const QByteArray block = work.read(1 << 20);
             if (block.isEmpty())
                 throw fileError(path, work.errorString());
-            if (file.write(block) != block.size())
-                return false;
+            writeAll(file, block);
         }
         return true;
     });

@@ -2,7 +2,8 @@
 USE NUCLEAR
 GO
 
-IF NOT EXISTS (SELECT 1 FROM tbNucSlip)
+-- Where there are some already a new row would give their numbers out again: it is for the DBA to fill.
+IF NOT EXISTS (SELECT 1 FROM tbNucSlip) AND NOT EXISTS (SELECT 1 FROM tbNucMaster)
     INSERT INTO tbNucSlip (SlipID, ChargeSlip, RequestNum)
     VALUES (1, 1, 1)
 GO

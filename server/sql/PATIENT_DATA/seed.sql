@@ -7,7 +7,8 @@ IF NOT EXISTS (SELECT 1 FROM tbHospitalInfo)
     VALUES (1, 'Hospital', '', '', '', '')
 GO
 
-IF NOT EXISTS (SELECT 1 FROM tbLastWalkInNum)
+-- Where there are some already a new row would give their numbers out again: it is for the DBA to fill.
+IF NOT EXISTS (SELECT 1 FROM tbLastWalkInNum) AND NOT EXISTS (SELECT 1 FROM tbCashPatient)
     INSERT INTO tbLastWalkInNum (WalkInNumID, lastopd, transnum)
     VALUES (1, 'W1000', 1000)
 GO

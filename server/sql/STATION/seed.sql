@@ -2,7 +2,8 @@
 USE STATION
 GO
 
-IF NOT EXISTS (SELECT 1 FROM tbNurseRequestNum)
+-- Where there are some already a new row would give their numbers out again: it is for the DBA to fill.
+IF NOT EXISTS (SELECT 1 FROM tbNurseRequestNum) AND NOT EXISTS (SELECT 1 FROM tbNurseLogBook)
     INSERT INTO tbNurseRequestNum (RequestNumID, RequestNum)
     VALUES (1, 7000000)
 GO

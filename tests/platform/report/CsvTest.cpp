@@ -1,6 +1,8 @@
 #include "platform/report/output/Csv.h"
 #include "platform/base/Error.h"
 #include "tests/platform/report/Bench.h"
+#include "tests/support/core/FullDisk.h"
+#include "tests/support/core/Raised.h"
 
 #include <QFile>
 
@@ -52,5 +54,32 @@ TEST(Csv, AFileThatCannotBeWrittenRaises75) {
         FAIL();
     } catch (const base::RunTimeError& error) {
         EXPECT_EQ(error.number(), 75);
+    }
+}
+
+TEST(Csv, ADiskThatIsFullRaises75AndKeepsTheFileThatWasThere) {
+    tests::Cells cells;
+    for (int i = 0; i < 30000; ++i)
+        cells.push_back({QStringLiteral("line %1 of many").arg(i)});
+    const ado::Rows many = tests::ScriptedProvider::rowsOf("A", cells).rows;
+    const ado::Rows few = tests::ScriptedProvider::rowsOf("A", {{"one"}, {"two"}}).rows;
+    const tests::Folder folder;
+    const QString path = folder.path("out.csv");
+    for (const ado::Rows* rows : {&few, &many}) {
+        const qint64 whole = report::csvOf(report::HeldRows(*rows)).size();
+        for (const qint64 room : {qint64(0), whole / 2, whole - 1}) {
+            QFile good(path);
+            ASSERT_TRUE(good.open(QIODevice::WriteOnly));
+            good.write("good");
+            good.close();
+            EXPECT_EQ(tests::raised([&] {
+                          const tests::FullDisk full(room);
+                          report::exportCsv(report::HeldRows(*rows), path);
+                      }).number(),
+                      75)
+                << room << " of " << whole;
+            ASSERT_TRUE(good.open(QIODevice::ReadOnly));
+            EXPECT_EQ(good.readAll(), "good");
+        }
     }
 }

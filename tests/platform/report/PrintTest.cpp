@@ -7,6 +7,9 @@
 #include <QPrinterInfo>
 #include <QRegularExpression>
 
+#include "tests/support/core/FullDisk.h"
+#include "tests/support/core/Raised.h"
+
 #include <gtest/gtest.h>
 
 using tests::Folder;
@@ -97,6 +100,23 @@ TEST_F(PrintTest, APathThatCannotBeWrittenRaises) {
         FAIL();
     } catch (const base::RunTimeError& error) {
         EXPECT_EQ(error.number(), 75);
+    }
+}
+
+TEST_F(PrintTest, ADiskThatIsFullRaisesAndKeepsThePdfThatWasThere) {
+    const auto document = tests::laidOut(inside, "A", {{"x"}});
+    const QString path = folder.path("full.pdf");
+    report::exportPdf(*document, path);
+    const qint64 whole = QFile(path).size();
+    for (const qint64 room : {qint64(0), whole / 2, whole - 1}) {
+        folder.write("full.pdf", "before");
+        EXPECT_EQ(tests::raised([&] {
+                      const tests::FullDisk full(room);
+                      report::exportPdf(*document, path);
+                  }).number(),
+                  75)
+            << room << " of " << whole;
+        EXPECT_EQ(QFile(path).size(), 6);
     }
 }
 

@@ -5,8 +5,11 @@
 #include "platform/report/output/SheetLibrary.h"
 #include "tests/platform/report/Bench.h"
 
+#include "tests/support/core/FullDisk.h"
+#include "tests/support/core/Raised.h"
 #include <QDir>
 #include <QFile>
+
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -231,6 +234,27 @@ TEST_F(XlsxTest, WhatWasThereStaysUntilTheFileIsWhole) {
         EXPECT_TRUE(report::exportRows(CountedRows(3), {}, path));
         EXPECT_NE(content(), "before");
         QFile::remove(path);
+    }
+}
+
+TEST_F(XlsxTest, ADiskThatIsFullRaises75AndKeepsTheFileThatWasThere) {
+    // many rows: of a small workbook the largest file is one of the library's own, whose loss it does not
+    // tell
+    const CountedRows rows(30'000);
+    const QString path = folder.path("full.xlsx");
+    ASSERT_TRUE(report::exportRows(rows, {}, path));
+    const qint64 whole = QFile(path).size();
+    for (const qint64 room : {qint64(0), whole / 4, whole / 2, whole - 100, whole - 1}) {
+        folder.write("full.xlsx", "before");
+        EXPECT_EQ(tests::raised([&] {
+                      const tests::FullDisk full(room);
+                      report::exportRows(rows, {}, path);
+                  }).number(),
+                  75)
+            << room << " of " << whole << ", left " << QFile(path).size();
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), "before");
     }
 }
 

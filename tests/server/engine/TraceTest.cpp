@@ -74,6 +74,27 @@ TEST(Trace, masksWhatTouchesAPasswordsHash) {
     EXPECT_TRUE(trace.contains("SELECT 'open'"));
 }
 
+TEST(Trace, masksAHashWhereverItStands) {
+    Hospital hospital;
+    hospital.provider().setTracing(true);
+    hospital.run("SELECT '$argon2id$v=19$m=65536$salt$secret1', 'secret2'");
+    hospital.run("SELECT 1 /* '$argon2id$secret3' */");
+    EXPECT_FALSE(traceOf(hospital).contains("secret")) << traceOf(hospital).toStdString();
+    EXPECT_TRUE(traceOf(hospital).contains("SELECT '***', '***'"));
+}
+
+TEST(Trace, isReadableByItsOwnerOnly) {
+    Hospital hospital;
+    hospital.provider().setTracing(true);
+    hospital.run("SELECT 1");
+    const QString file = hospital.file() + QStringLiteral(".trace.txt");
+    const auto own = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    EXPECT_EQ(QFile::permissions(file), own);
+    QFile::setPermissions(file, own | QFile::ReadGroup | QFile::ReadOther);
+    hospital.run("SELECT 2");
+    EXPECT_EQ(QFile::permissions(file), own);
+}
+
 TEST(Trace, isSeenByAnOpenProviderWithinASecond) {
     Hospital hospital;
     const auto other = hospital.open(QStringLiteral("WARD2"));

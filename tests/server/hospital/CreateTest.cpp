@@ -186,4 +186,45 @@ TEST_F(EmptyHospital, IsReadableByItsOwnerOnlyWithItsJournalsAndItsFolder) {
     EXPECT_EQ(QFile::permissions(QFileInfo(m_file).path()), own | QFile::ExeOwner | QFile::ExeUser);
 }
 
+TEST_F(EmptyHospital, OfANewerKitIsNotTakenBack) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    EXPECT_EQ(hospital::installedKitNumber(*provider), hospital::kitNumber);
+    provider->setSetting(QStringLiteral("kitNumber"), QString::number(hospital::kitNumber + 1));
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("newer"));
+    const base::RunTimeError error = tests::raised([&] { hospital::ensureKit(*provider); });
+    EXPECT_EQ(error.number(), 4060);
+    for (const int number : {hospital::kitNumber, hospital::kitNumber + 1})
+        EXPECT_TRUE(error.description().contains(QStringLiteral("kit %1").arg(number)));
+    EXPECT_EQ(hospital::installedKitVersion(*provider), QStringLiteral("newer"));
+}
+
+TEST_F(EmptyHospital, OfAKitThatIsTooOldIsToldByItsColumns) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    for (const char* text : {"USE BILLING", "DROP TABLE tbDeposit",
+                             "CREATE TABLE tbDeposit (DepositID varchar(9) NOT NULL)", "USE NUCLEAR"})
+        provider->execute(QString::fromLatin1(text));
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
+    const base::RunTimeError error = tests::raised([&] { hospital::ensureKit(*provider); });
+    EXPECT_EQ(error.number(), 207);
+    EXPECT_TRUE(error.description().contains(QStringLiteral("BILLING..tbDeposit.")))
+        << error.description().toStdString();
+    EXPECT_FALSE(provider->inTransaction());
+    EXPECT_EQ(hospital::installedKitVersion(*provider), QStringLiteral("older"));
+}
+
+TEST_F(EmptyHospital, ItsNumbersNeverBeginAnewWhereRequestsExist) {
+    hospital::createEmptyHospital(m_file);
+    const auto provider = open();
+    provider->execute(QStringLiteral(
+        "INSERT INTO NUCLEAR..tbNucMaster (RequestNum, ItemID, TransDate) VALUES ('5', 'A', GETDATE())"));
+    provider->execute(QStringLiteral("DELETE FROM NUCLEAR..tbNucSlipRow"));
+    provider->execute(QStringLiteral("DELETE FROM BILLING..tbAssessmentNumRow"));
+    provider->setSetting(QStringLiteral("kitVersion"), QStringLiteral("older"));
+    EXPECT_TRUE(hospital::ensureKit(*provider));
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM NUCLEAR..tbNucSlipRow"), 0);
+    EXPECT_EQ(number(*provider, "SELECT COUNT(*) FROM BILLING..tbAssessmentNumRow"), 1);
+}
+
 } // namespace

@@ -118,6 +118,20 @@ TEST_F(Install, TellsWhatDiffers) {
     EXPECT_EQ(differences.size(), 2 + deposit.size()) << differences.join(u'\n').toStdString();
 }
 
+TEST_F(Install, TellsSettingsAndNumberRowsThatAreWrong) {
+    const auto provider = open();
+    site::install(*provider, {});
+    const auto settings = engine::EmbeddedProvider::open(file, {});
+    settings->setSetting(QStringLiteral("BILLING collation"), QStringLiteral("Latin1_General_BIN"));
+    settings->setSetting(QStringLiteral("STATION snapshot"), QStringLiteral("0"));
+    ado::runBatch(*provider, QStringLiteral("DELETE FROM NUCLEAR..tbNucSlipRow"));
+    const QStringList wrong{
+        QStringLiteral("BILLING: the collation Latin1_General_BIN tells upper from lower case"),
+        QStringLiteral("STATION: READ_COMMITTED_SNAPSHOT is off"),
+        QStringLiteral("NUCLEAR..tbNucSlipRow: 0 rows, not the one that the next numbers are drawn from")};
+    EXPECT_EQ(site::verify(*provider), wrong);
+}
+
 TEST_F(Install, NamesTheFileAndTheLineOfAnError) {
     const auto provider = open();
     server.strike(30, tests::Fault::Error);

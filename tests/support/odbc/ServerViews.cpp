@@ -44,6 +44,14 @@ std::optional<ado::Result> catalogueRows(engine::EmbeddedProvider& provider, con
         R"(^SELECT M\.definition FROM (?:\[(\w+)\]\.)?sys\.sql_modules.*O\.type = 'V' AND O\.name = '(\w+)')"));
     static const QRegularExpression columns(QStringLiteral(R"(FROM \[(\w+)\]\.INFORMATION_SCHEMA\.COLUMNS)"));
     static const QRegularExpression modules(QStringLiteral(R"(FROM \[(\w+)\]\.sys\.sql_modules)"));
+    static const QRegularExpression databases(QStringLiteral(R"(FROM sys\.databases WHERE name = '(\w+)')"));
+    if (const auto match = databases.match(text); match.hasMatch())
+        return fileRows(
+            provider, QStringLiteral("name,collation_name,is_read_committed_snapshot_on"),
+            QStringLiteral("SELECT '%1', COALESCE((SELECT value FROM \"scintra.settings\" WHERE name "
+                           "= '%1 collation'), 'SQL_Latin1_General_CP1_CI_AS'), COALESCE((SELECT value "
+                           "FROM \"scintra.settings\" WHERE name = '%1 snapshot'), '1')")
+                .arg(match.captured(1)));
     if (const auto match = key.match(text); match.hasMatch()) {
         ado::Result result = fileRows(provider, QStringLiteral("COLUMN_NAME"), {});
         // VIEW_TABLE_USAGE knows the tables of its own database only
