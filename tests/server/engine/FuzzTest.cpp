@@ -9,6 +9,8 @@
 #include <QDirIterator>
 #include <QFile>
 
+#include <random>
+
 /// Texts that are nearly right, thousands of them: whatever comes in, an answer or an error comes out.
 namespace {
 
