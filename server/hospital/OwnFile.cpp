@@ -111,7 +111,7 @@ void moveIntoPlace(const QString& from, const QString& to) {
 }
 
 MakingLock::MakingLock(const QString& file, const std::function<void()>& waiting)
-    : m_lock(file + QStringLiteral(".lock")) {
+    : m_lock(file + QStringLiteral(".making")) {
     constexpr int longestMaking = 60'000;
     constexpr int step = 50;
     // A lock of a program that is gone is taken over at once; this is for one that was cut off before it had
