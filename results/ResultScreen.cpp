@@ -1,6 +1,5 @@
 #include "results/ResultScreen.h"
 
-#include "platform/ado/TransactionErrors.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/DateBox.h"
@@ -404,16 +403,6 @@ void ResultScreen::btnClear_Click() {
 
 // ---- revocation
 
-/// A commit that failed leaves nothing to roll back: the box is to be seen nevertheless.
-static void rollBackWhatIsOpen() {
-    try {
-        gConnection->RollbackTrans();
-    } catch (const base::RunTimeError& error) {
-        if (error.number() != ado::nothingToRollBack().number())
-            throw;
-    }
-}
-
 void ResultScreen::btnRevoke_Click() {
     if (!m_variant.revocationIsTrapped) {
         revoke();
@@ -422,7 +411,7 @@ void ResultScreen::btnRevoke_Click() {
     try {
         revoke();
     } catch (const base::RunTimeError&) {
-        rollBackWhatIsOpen();
+        gConnection->RollbackTrans();
         MsgBox(QStringLiteral("Data Not Successfully Saved."), vbOKOnly, QStringLiteral("Warning"));
     }
 }

@@ -4,6 +4,7 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
+#include "platform/base/Terminal.h"
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/OdbcProvider.h"
 #include "server/demo/Hospital.h"
@@ -18,9 +19,6 @@
 #include <QFileInfo>
 #include <QSysInfo>
 #include <QTextStream>
-
-#include <termios.h>
-#include <unistd.h>
 
 #include <cstdio>
 
@@ -55,23 +53,17 @@ QString readLine() {
 /// From the keyboard a password is not shown; from a file or a pipe it is read as it is.
 QString readSecret(const char* prompt) {
     std::fputs(prompt, stderr);
-    termios shown{};
-    const bool isKeyboard = isatty(STDIN_FILENO) && tcgetattr(STDIN_FILENO, &shown) == 0;
-    if (!isKeyboard)
-        return readLine();
-    termios hidden = shown;
-    hidden.c_lflag &= ~tcflag_t(ECHO);
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+    const base::HiddenTyping hidden;
     const QString secret = readLine();
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown);
-    std::fputc('\n', stderr);
+    if (base::isTypedAt())
+        std::fputc('\n', stderr);
     return secret;
 }
 
 /// From the keyboard twice, since nobody sees what was typed.
 QString readNewSecret(const char* prompt) {
     const QString secret = readSecret(prompt);
-    if (isatty(STDIN_FILENO) && readSecret("Once more: ") != secret)
+    if (base::isTypedAt() && readSecret("Once more: ") != secret)
         throw base::RunTimeError(base::errors::invalidProcedureCall,
                                  QStringLiteral("The two passwords differ."));
     return secret;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace ado {
 namespace {
@@ -51,18 +52,28 @@ Recordset Connection::Execute(const Statement& statement) {
 void Connection::BeginTrans() {
     provider();
     tell(TransactionStep::Begin);
+    m_commitFailed = false;
     m_provider->begin();
 }
 
 void Connection::CommitTrans() {
     provider();
     tell(TransactionStep::Commit);
-    m_provider->commit();
+    try {
+        m_provider->commit();
+    } catch (const base::RunTimeError&) {
+        m_commitFailed = !m_provider->inTransaction();
+        throw;
+    }
 }
 
 void Connection::RollbackTrans() {
     provider();
     tell(TransactionStep::Rollback);
+    // The commit took the transaction along as it failed: nothing is left to take back, and nothing wrong in
+    // asking.
+    if (std::exchange(m_commitFailed, false) && !m_provider->inTransaction())
+        return;
     m_provider->rollback();
 }
 

@@ -71,6 +71,7 @@ class Connection {
     Streamed stream(const Statement& statement, RowSink& sink);
     void BeginTrans();
     void CommitTrans();
+    /// Raises 3903 without a transaction, unless a commit has just failed and took it along.
     void RollbackTrans();
     bool inTransaction() const { return m_provider && m_provider->inTransaction(); }
 
@@ -95,6 +96,7 @@ class Connection {
     QString m_defaultDatabase;
     int m_cursorLocation = adUseServer;
     std::vector<Observer*> m_observers;
+    bool m_commitFailed = false;
 };
 
 } // namespace ado

@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/engine/values/Collation.h"
 #include "server/hospital/OwnFile.h"
 
 #include <QFileInfo>
@@ -29,6 +30,7 @@ File openFile(const QString& name, int flags) {
     if (result != SQLITE_OK)
         throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + name);
     sqlite3_busy_timeout(handle, busyMs);
+    engine::registerCollation(handle);
     return file;
 }
 
