@@ -195,12 +195,13 @@ TEST_F(Doctors, TwoHundredRowsSayThatThereMayBeMore) {
     });
 }
 
-TEST_F(Doctors, CompleteCodeOpensNoList) {
-    session.server().answer(QStringLiteral("never"), rows({}));
-    tests::ScriptedSession fresh;
-    fresh.server().answer(QStringLiteral("SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM "
-                                         "BUILD_FILE..tbcoDoctor WHERE DoctorID = 'D2'"),
-                          rows({{"D2", "CRUZ", "BEN", "C", "Y"}}));
+TEST(DoctorsByCode, CompleteCodeOpensNoList) {
+    tests::ScriptedSession session;
+    session.server().answer(
+        QStringLiteral("SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM "
+                       "BUILD_FILE..tbcoDoctor WHERE DoctorID = 'D2'"),
+        ScriptedProvider::rowsOf(QStringLiteral("DoctorID,LastName,FirstName,MiddleName,Specialty"),
+                                 {{"D2", "CRUZ", "BEN", "C", "Y"}}));
     EXPECT_TRUE(gCodeFind->SearchMode);
     EXPECT_TRUE(gCodeFind->SearchListing(QStringLiteral("D2"), clsLookupPad::doctors));
     EXPECT_EQ(gCodeFind->ResultCode, u"D2");
