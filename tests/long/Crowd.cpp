@@ -37,6 +37,7 @@ struct Member {
 Member member(const QString& program, const QStringList& words) {
     Member one;
     one.clock.start();
+    one.process->setStandardInputFile(QProcess::nullDevice()); // "init" asks for a password
     one.process->start(program, words);
     return one;
 }
