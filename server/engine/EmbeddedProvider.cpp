@@ -262,7 +262,7 @@ void EmbeddedProvider::Private::endTransaction(bool keep) {
     if (sqlite3_get_autocommit(file.handle()) == 0)
         sqlite3_exec(file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
     if (keep || sqlite3_get_autocommit(file.handle()) == 0) // what was to be undone is undone
-        throw error;
+        throw base::RunTimeError(error);
 }
 
 void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens,
