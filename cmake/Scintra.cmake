@@ -127,5 +127,5 @@ function(scintra_test)
     add_dependencies(${name} desk_languages)
     add_test(NAME ${ARG_FOLDER} COMMAND ${name})
     set_tests_properties(${ARG_FOLDER} PROPERTIES TIMEOUT 600
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1;LC_ALL=C.UTF-8;TZ=Asia/Manila;LOCPATH=${CMAKE_BINARY_DIR}/locale")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1;LC_ALL=C.UTF-8;TZ=Asia/Manila;LOCPATH=${CMAKE_BINARY_DIR}/locale;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/leaks.txt:print_suppressions=0")
 endfunction()
