@@ -1,9 +1,13 @@
 #include "app/AppScreens.h"
-#include "platform/controls/screen/Screen.h"
+#include "orders/frmOutRequest.h"
+#include "orders/frmRequest.h"
+#include "platform/controls/screen/TestDoors.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 
 #include <gtest/gtest.h>
+
+#include <QPushButton>
 
 namespace {
 
@@ -26,6 +30,22 @@ TEST_F(OpenScreens, TheMenuOpensTheWalkInMasterFile) {
                         EXPECT_EQ(window.windowTitle(), QStringLiteral("Walk-In Master File"));
                         tests::keysToFocus(window, "<Esc>");
                     }});
+}
+
+TEST_F(OpenScreens, EveryRequestScreensSavesComeOnAndGoOffWithItsOpening) {
+    app::AppScreens().enableRequestSaves();
+    const auto saves = [](QWidget& screen) {
+        return tests::child<QPushButton>(screen, "cmdSave").isEnabled() &&
+               tests::child<QPushButton>(screen, "cmdSavePrint").isEnabled();
+    };
+    EXPECT_TRUE(controls::SharedScreen<orders::frmRequest>::exists());
+    EXPECT_TRUE(saves(controls::SharedScreen<orders::frmRequest>::current()));
+    auto& out = controls::SharedScreen<orders::frmOutRequest>::fresh();
+    EXPECT_TRUE(saves(out)) << "made for it";
+    out.load();
+    EXPECT_FALSE(saves(out)) << "a plain request begins with nothing to save";
+    controls::release<orders::frmRequest>();
+    controls::release<orders::frmOutRequest>();
 }
 
 } // namespace
