@@ -89,7 +89,9 @@ class ReadBack {
             if (value[i].isNull())
                 syntaxError(m_text, range.begin + i);
         }
-        if (cutsBrokenLine(range.begin) || cutsBrokenLine(range.end) || withLinesJoined(value) != range.value)
+        const bool arrives =
+            value.contains(u'\\') ? withLinesJoined(value) == range.value : value == range.value;
+        if (!arrives || cutsBrokenLine(range.begin) || cutsBrokenLine(range.end))
             syntaxError(m_text, range.begin);
     }
 

@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -136,8 +137,13 @@ int compareTexts(std::string_view first, std::string_view second) {
                    : Weight{std::uint32_t(beyondLatin << 8) + std::uint32_t(character), 0};
     };
     int accents = 0;
+    // What both begin with decides nothing; most comparisons of an index are over here.
     std::size_t firstAt = 0;
-    std::size_t secondAt = 0;
+    const std::size_t least = std::min(first.size(), second.size());
+    while (firstAt < least && first[firstAt] == second[firstAt] &&
+           static_cast<unsigned char>(first[firstAt]) < 0x80)
+        ++firstAt;
+    std::size_t secondAt = firstAt;
     while (firstAt < first.size() && secondAt < second.size()) {
         if (first[firstAt] == second[secondAt] && static_cast<unsigned char>(first[firstAt]) < 0x80) {
             ++firstAt;
