@@ -131,6 +131,8 @@ int scaled(int pixels) {
 }
 
 void setKind(QWidget* widget, const QString& kind) {
+    if (widget->property("kind") == QVariant(kind))
+        return; // to polish a widget anew costs more than all else here
     widget->setProperty("kind", kind);
     repolish(widget);
 }
