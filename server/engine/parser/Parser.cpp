@@ -460,6 +460,9 @@ CallArgument Parser::callArgument() {
         argument.value->text = next().text;
         if (isWord("OUTPUT") || isWord("OUT"))
             notSupportedHere();
+    } else if (isKind(TokenKind::Parameter)) {
+        argument.value = std::make_unique<Expr>(ExprKind::Variable, at);
+        argument.value->slot = next().parameter;
     } else if (isKind(TokenKind::Global)) {
         argument.value = std::make_unique<Expr>(ExprKind::Global, at);
         argument.value->text = upperText(next().text);

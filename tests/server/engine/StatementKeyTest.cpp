@@ -1,5 +1,6 @@
 #include "server/engine/parser/StatementKey.h"
 
+#include "server/engine/run/BatchCache.h"
 #include "server/engine/values/Like.h"
 #include "server/engine/values/NumberText.h"
 
@@ -114,6 +115,20 @@ TEST(NumberText, readsAndWritesAmounts) {
     EXPECT_EQ(engine::fixedText(-0.001, 2), "0.00");
     EXPECT_EQ(engine::roundedTo(2.675, 2), 2.68);
     EXPECT_EQ(engine::roundedTo(-0.5, 0), -1);
+}
+
+TEST(BatchCache, ReadsTextsThatDifferInTheirValuesOnce) {
+    engine::SessionState session;
+    session.database = "NUCLEAR";
+    engine::BatchCache batches(session);
+    for (const auto& [one, other] :
+         {std::pair("sp_X 'a', 5, 1.5, NULL, @e = 'b'", "sp_X 'c', 6, 2.5, NULL, @e = 'd'"),
+          std::pair("EXEC sp_X N'a'", "EXEC sp_X N'b'"),
+          std::pair("SELECT a FROM t WHERE b = 'x'", "SELECT a FROM t WHERE b = 'y'")}) {
+        const auto module = batches.batch(one);
+        EXPECT_EQ(batches.batch(other), module) << one;
+    }
+    EXPECT_NE(batches.batch("sp_X 'a', 5"), batches.batch("sp_X 'a', 5.0"));
 }
 
 } // namespace
