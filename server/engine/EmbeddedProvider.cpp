@@ -96,7 +96,7 @@ class EmbeddedProvider::Private {
   public:
     Private(const QString& path, const Options& options)
         : fileName(path)
-        , file(toStd(path), toStd(options.newDatabases), options.busyMilliseconds)
+        , file(toStd(path), toStd(options.newDatabases), {options.busyMilliseconds, options.waiting})
         , catalogue(file)
         , interpreter(file, catalogue, session, host)
         , trace(path, options.hostName)

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 struct sqlite3;
@@ -21,6 +22,8 @@ struct Options {
     QStringList newDatabases;
     /// How long a statement waits for another workstation's transaction before it fails with 1222.
     int busyMilliseconds = 30'000;
+    /// Told each second while one waits so, on the thread that waits. Raises nothing.
+    std::function<void(int seconds)> waiting;
 };
 
 /// The hospital server that comes along: T-SQL run on one SQLite file. Several providers, also of several

@@ -30,7 +30,7 @@ std::vector<ModuleText> kitModules() {
 }
 
 std::vector<engine::Table> tablesOf(const QString& path) {
-    engine::SqliteFile file(path.toStdString(), {}, 0);
+    engine::SqliteFile file(path.toStdString(), {}, {0});
     engine::Catalogue catalogue(file);
     const engine::SqliteStatement names =
         file.prepare("SELECT DISTINCT databaseName, tableName FROM \"scintra.columns\" ORDER BY 1, 2");

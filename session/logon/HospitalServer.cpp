@@ -1,5 +1,6 @@
 #include "session/logon/HospitalServer.h"
 
+#include "platform/controls/screen/WaitingSign.h"
 #include "server/demo/Hospital.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/hospital/Create.h"
@@ -37,6 +38,7 @@ class FileServer : public HospitalServer {
         options.hostName = QSysInfo::machineHostName();
         options.programName = QStringLiteral("Visual Scintra");
         options.loginName = login;
+        options.waiting = controls::showWaiting;
         auto provider = engine::EmbeddedProvider::open(file(), options);
         hospital::ensureKit(*provider);
         return provider;
@@ -65,6 +67,10 @@ QString& lastServerName() {
 }
 
 } // namespace
+
+controls::KeptCharacters HospitalServer::keptCharacters(ado::Connection&) const {
+    return controls::KeptCharacters::All;
+}
 
 void HospitalServer::setLogin(const QString&, const QString&) {}
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/ado/Provider.h"
+#include "platform/ado/Connection.h"
 #include "platform/base/Error.h"
+#include "platform/controls/fields/KeptCharacters.h"
 
 #include <QString>
 
@@ -27,6 +28,8 @@ class HospitalServer {
     virtual void prepare(const std::function<void(int)>& progress) = 0;
     /// A session of its own. Raises what the server says.
     virtual std::unique_ptr<ado::Provider> open(const QString& login) = 0;
+    /// Of the texts that its sessions send. Raises what the server says.
+    virtual controls::KeptCharacters keptCharacters(ado::Connection& session) const;
     /// The database login of the sessions to come, for a server that wants one.
     virtual void setLogin(const QString& user, const QString& password);
     /// The server wants another database login: it can be asked for.

@@ -1,5 +1,7 @@
 #include "session/logon/OdbcServer.h"
 
+#include "platform/ado/Connection.h"
+#include "platform/ado/Recordset.h"
 #include "platform/base/Error.h"
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/Diagnostics.h"
@@ -70,6 +72,7 @@ class OdbcServer : public HospitalServer {
     bool isThere() const override { return true; }
     void prepare(const std::function<void(int)>&) override {}
     std::unique_ptr<ado::Provider> open(const QString& login) override;
+    controls::KeptCharacters keptCharacters(ado::Connection& session) const override;
     void setLogin(const QString& user, const QString& password) override {
         askedLogins()[m_dataSource] = {user, password};
     }
@@ -103,6 +106,19 @@ std::unique_ptr<ado::Provider> OdbcServer::open(const QString&) {
         }
         throw;
     }
+}
+
+/// Tried out, so that neither a collation's name nor a version has to be known.
+controls::KeptCharacters OdbcServer::keptCharacters(ado::Connection& session) const {
+    const QString anywhere = QStringLiteral("\u2265\u03B1\u4E2D");
+    const QString western = QStringLiteral("\u20AC\u0152\u00D1\u00FF");
+    ado::Recordset kept;
+    kept.Open(ado::sql("SELECT CAST(N'{}' AS varchar(20)) AS Anywhere, CAST(N'{}' AS varchar(20)) AS Western",
+                       anywhere, western),
+              session);
+    return kept.Fields("Anywhere").text() == anywhere ? controls::KeptCharacters::All
+           : kept.Fields("Western").text() == western ? controls::KeptCharacters::Western
+                                                      : controls::KeptCharacters::Ascii;
 }
 
 QString OdbcServer::sentence(const base::RunTimeError& error) const {

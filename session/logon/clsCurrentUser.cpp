@@ -109,6 +109,7 @@ LogOnResult clsCurrentUser::logOnTo(const std::shared_ptr<HospitalServer>& serve
     ado::Recordset user = readUser(*connection, employeeCode);
     const LogOnResult result = tryPassword(*connection, user, employeeCode, password, true);
     if (result == LogOnResult::Good) {
+        controls::setKeptCharacters(server->keptCharacters(*connection));
         m_connection = std::move(connection);
         takeUser(user, server);
     }

@@ -162,6 +162,15 @@ TEST_F(LogOn, ServersAreListedOnceTheDialogIsSeenOrWhenTheyAreNeeded) {
     });
 }
 
+TEST_F(LogOn, OfTheMachinesDataSourcesATestSeesItsOwnAlone) {
+    setHospitalServers({});
+    QStringList names;
+    for (const auto& there : hospitalServers())
+        names += there->name();
+    names.removeOne(qEnvironmentVariable("SCINTRA_TEST_DSN"));
+    EXPECT_EQ(names, QStringList{QStringLiteral("This computer")});
+}
+
 TEST_F(LogOn, FileMaintenanceBringsItsOwnDepartment) {
     show([](controls::Screen& logOn) { type(logOn, "1900", "files"); });
     EXPECT_EQ(user.PasswordDeptCode(), u"00");

@@ -1,4 +1,5 @@
 #include "platform/base/Error.h"
+#include "platform/controls/fields/KeptCharacters.h"
 #include "session/logon/OdbcServer.h"
 #include "tests/session/LogOnDialog.h"
 #include "tests/support/hospital/Site.h"
@@ -84,6 +85,41 @@ TEST_F(OdbcLogOn, LogsOnToADataSourceAndOffersItFirstNextTime) {
         choose(logOn, "This computer");
         QTest::keyClick(&logOn, Qt::Key_Escape);
     });
+}
+
+TEST_F(OdbcLogOn, AsksWhichCharactersTheServerKeeps) {
+    const auto logOnHere = [] {
+        clsCurrentUser next;
+        EXPECT_EQ(next.logOnTo(odbcServer(QStringLiteral("Ward")), QStringLiteral("1001"),
+                               QStringLiteral("kerova")),
+                  LogOnResult::Good);
+    };
+    const QString probe = QString::fromUtf8("\u2265\u03B1\u4E2D\u0152\u00D1");
+    const auto lost = [&probe] {
+        return controls::lostCharactersSentence(probe).section(u' ', 6).section(u':', 0, 0);
+    };
+    logOnHere();
+    EXPECT_EQ(lost(), QString());
+    // what a code page makes of the characters that it does not have
+    const auto keepOnly = [inner = fakeDriver().answer](char16_t last) {
+        fakeDriver().answer = [inner, last](int connection, const QString& text) {
+            QString arrived = text;
+            if (text.contains(QStringLiteral("AS varchar(20)")))
+                for (QChar& c : arrived)
+                    c = c.unicode() > last && c.unicode() != 0x20AC && c.unicode() != 0x0152 ? QChar(u'?')
+                                                                                             : c;
+            return inner(connection, arrived);
+        };
+    };
+    keepOnly(0xFF);
+    logOnHere();
+    EXPECT_EQ(lost(), QString::fromUtf8("\u2265 \u03B1 \u4E2D"));
+    keepOnly(0x7F);
+    logOnHere();
+    EXPECT_EQ(lost(), QString::fromUtf8("\u2265 \u03B1 \u4E2D \u0152 \u00D1"));
+    clsCurrentUser own;
+    EXPECT_TRUE(own.logOn(hospital.file(), QStringLiteral("1001"), QStringLiteral("kerova")));
+    EXPECT_EQ(lost(), QString()) << "the file keeps all of them";
 }
 
 TEST_F(OdbcLogOn, AsksForTheDatabaseLoginOnce) {

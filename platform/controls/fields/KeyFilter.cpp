@@ -16,24 +16,13 @@ bool passes(QChar c, KeyRules rules) {
     return true;
 }
 
-/// Half of a character, or none: no server keeps it.
-bool isBroken(const QString& text, qsizetype at) {
-    const QChar c = text[at];
-    if (c.isHighSurrogate())
-        return at + 1 >= text.size() || !text[at + 1].isLowSurrogate();
-    if (c.isLowSurrogate())
-        return at == 0 || !text[at - 1].isHighSurrogate();
-    return c.isNull();
-}
-
 } // namespace
 
 QString filtered(const QString& text, KeyRules rules) {
     QString result;
     result.reserve(text.size());
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        const QChar c = text[at];
-        if (passes(c, rules) && !isBroken(text, at))
+    for (const QChar c : text) {
+        if (passes(c, rules))
             result += rules.testFlag(KeyRule::UpperCase) ? c.toUpper() : c;
     }
     return rules.testFlag(KeyRule::BackQuote) ? base::BackQuoted(std::move(result)) : result;

@@ -17,9 +17,10 @@ enum class KeyRule {
 Q_DECLARE_FLAGS(KeyRules, KeyRule)
 Q_DECLARE_OPERATORS_FOR_FLAGS(KeyRules)
 
-/// What the rules make of typed or pasted text. A NUL or half a surrogate pair never gets through.
+/// What the rules make of typed or pasted text.
 QString filtered(const QString& text, KeyRules rules);
-/// Applies the rules to everything a user types, pastes or drops; texts set by code stay as they are.
+/// Applies the rules to everything a user types, pastes or drops; a text of which the server would lose
+/// something is refused whole, with a sentence at the field. Texts set by code stay as they are.
 void setKeyRules(QLineEdit* field, KeyRules rules);
 void setKeyRules(QPlainTextEdit* field, KeyRules rules);
 

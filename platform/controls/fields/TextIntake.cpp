@@ -1,5 +1,6 @@
 #include "platform/controls/fields/TextIntake.h"
 
+#include "platform/controls/fields/KeptCharacters.h"
 #include "platform/controls/fields/Keys.h"
 
 #include <QClipboard>
@@ -13,6 +14,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QToolTip>
 
 namespace controls {
 
@@ -57,12 +59,23 @@ void TextIntake::insert(const QString& raw) {
             .replace(QLatin1Char('\n'), QLatin1Char(' '))
             .replace(QLatin1Char('\t'), QLatin1Char(' '));
     text = filtered(text, m_rules);
-    if (text.isEmpty())
+    if (text.isEmpty() || refuses(text))
         return;
     if (m_line)
         m_line->insert(text);
     else
         m_plain->insertPlainText(text);
+}
+
+/// Whole, not by its lost characters: "5" is another finding than "≥5".
+bool TextIntake::refuses(const QString& text) {
+    constexpr int shownMilliseconds = 10'000;
+    const QString sentence = lostCharactersSentence(text);
+    if (sentence.isEmpty())
+        return false;
+    QToolTip::showText(m_field->mapToGlobal(QPoint(0, m_field->height())), sentence, m_field, {},
+                       shownMilliseconds);
+    return true;
 }
 
 void TextIntake::moveCursorTo(const QPoint& position) {
@@ -102,6 +115,10 @@ bool TextIntake::key(QKeyEvent* event) {
     if (!typesText(*event))
         return false;
     const QString text = filtered(event->text(), m_rules);
+    if (refuses(text)) {
+        event->accept();
+        return true;
+    }
     if (text == event->text())
         return false;
     event->accept();
@@ -121,9 +138,11 @@ bool TextIntake::eventFilter(QObject* watched, QEvent* event) {
         return watched == m_field && key(static_cast<QKeyEvent*>(event));
     case QEvent::InputMethod: {
         auto* input = static_cast<QInputMethodEvent*>(event);
-        if (watched == m_field)
-            input->setCommitString(filtered(input->commitString(), m_rules), input->replacementStart(),
+        if (watched == m_field) {
+            const QString text = filtered(input->commitString(), m_rules);
+            input->setCommitString(refuses(text) ? QString() : text, input->replacementStart(),
                                    input->replacementLength());
+        }
         return false;
     }
     case QEvent::Drop: {

@@ -28,6 +28,7 @@ class TextIntake : public QObject {
     bool key(QKeyEvent* event);
     bool isReadOnly() const;
     void insert(const QString& raw);
+    bool refuses(const QString& text);
     void moveCursorTo(const QPoint& position);
     QMenu* standardMenu() const;
     void showMenu(const QPoint& globalPosition);

@@ -40,19 +40,26 @@ constexpr const char* rememberOrder =
 int LockWait::wait(void* self, int calls) {
     constexpr int firstSteps = 40; // of one millisecond
     auto& lock = *static_cast<LockWait*>(self);
-    if (calls == 0)
-        lock.m_began = std::chrono::steady_clock::now();
-    const auto left = lock.m_limit - (std::chrono::steady_clock::now() - lock.m_began);
+    const auto now = std::chrono::steady_clock::now();
+    if (calls == 0) {
+        lock.m_began = now;
+        lock.m_seconds = 0;
+    }
+    const auto left = lock.m_limit - (now - lock.m_began);
     if (left <= left.zero())
         return 0;
+    const auto seconds = int(std::chrono::duration_cast<std::chrono::seconds>(now - lock.m_began).count());
+    if (seconds > lock.m_seconds && lock.m_told)
+        lock.m_told(seconds);
+    lock.m_seconds = seconds;
     const std::chrono::steady_clock::duration step = std::chrono::milliseconds(calls < firstSteps ? 1 : 5);
     std::this_thread::sleep_for(std::min(step, left));
     return 1;
 }
 
 SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
-                       int busyMilliseconds)
-    : m_lockWait(busyMilliseconds) {
+                       LockWait lockWait)
+    : m_lockWait(std::move(lockWait)) {
     sqlite3* handle = nullptr;
     const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
     const int code =

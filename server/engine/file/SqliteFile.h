@@ -3,9 +3,11 @@
 #include <sqlite3.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace engine {
@@ -30,12 +32,15 @@ class StatementReset {
 /// How long a statement waits for the lock of another workstation.
 class LockWait {
   public:
-    explicit LockWait(int milliseconds) : m_limit(milliseconds) {}
+    LockWait(int milliseconds, std::function<void(int seconds)> told = {})
+        : m_limit(milliseconds), m_told(std::move(told)) {}
     /// SQLite's busy handler; `self` is the LockWait.
     static int wait(void* self, int calls);
 
   private:
     std::chrono::milliseconds m_limit;
+    std::function<void(int seconds)> m_told;
+    int m_seconds = 0; ///< told last
     std::chrono::steady_clock::time_point m_began;
 };
 
@@ -44,7 +49,7 @@ class SqliteFile {
   public:
     /// `path` in UTF-8. A file that is missing is made, with `newDatabases`. Raises 4060 when the file cannot
     /// be opened, is no hospital file, or is not there and no databases are given for it.
-    SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases, int busyMilliseconds);
+    SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases, LockWait lockWait);
     SqliteFile(const SqliteFile&) = delete;
     SqliteFile& operator=(const SqliteFile&) = delete;
 

@@ -1,4 +1,6 @@
 #include "platform/controls/fields/KeyFilter.h"
+
+#include "platform/controls/fields/KeptCharacters.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QClipboard>
@@ -11,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +33,11 @@ class KeyFilter : public testing::Test {
     QLineEdit field;
 };
 
+struct Western {
+    Western() { setKeptCharacters(KeptCharacters::Western); }
+    ~Western() { setKeptCharacters(KeptCharacters::All); }
+};
+
 } // namespace
 
 TEST_F(KeyFilter, RulesOfATextOnItsOwn) {
@@ -37,9 +45,6 @@ TEST_F(KeyFilter, RulesOfATextOnItsOwn) {
     EXPECT_EQ(filtered(QStringLiteral("o'Neil"), KeyRule::BackQuote), QStringLiteral("o`Neil"));
     EXPECT_EQ(filtered(QStringLiteral("a1 2.5-+e,"), KeyRule::Number), QStringLiteral("12.5-+"));
     EXPECT_EQ(filtered(QStringLiteral("-1.5x"), KeyRule::Digits), QStringLiteral("15"));
-    const QString broken =
-        QStringLiteral("a") + QChar(0) + QChar(0xD83D) + QStringLiteral("b\U0001F600") + QChar(0xDE00);
-    EXPECT_EQ(filtered(broken, {}), QStringLiteral("ab\U0001F600"));
     EXPECT_EQ(filtered(QStringLiteral("o\u2019n"), nameRules), QStringLiteral("O`N"));
     EXPECT_EQ(filtered(QString::fromUtf8("ñß"), KeyRule::UpperCase), QString::fromUtf8("Ñß"));
 }
@@ -138,6 +143,46 @@ TEST_F(KeyFilter, DroppedAndComposedTextComesOutRuled) {
     composed.setCommitString(QString::fromUtf8("ñ'"));
     QCoreApplication::sendEvent(&field, &composed);
     EXPECT_EQ(field.text(), QString::fromUtf8("D`AÑ`"));
+}
+
+TEST_F(KeyFilter, ATextOfWhichTheServerLosesSomethingIsRefusedWhole) {
+    setKeyRules(&field, KeyRule::BackQuote);
+    QGuiApplication::clipboard()->setText(QString::fromUtf8("\u226550 % \u03B1 \u4E2D \u03B1"));
+    tests::keys(field, QStringLiteral("<Ctrl+V>"));
+    EXPECT_EQ(field.text(), QGuiApplication::clipboard()->text()) << "the file keeps every character";
+    field.clear();
+
+    const Western western;
+    tests::keysToFocus(field, QStringLiteral("5<Ctrl+V>"));
+    EXPECT_EQ(field.text(), QStringLiteral("5"));
+    EXPECT_EQ(
+        QToolTip::text(),
+        QString::fromUtf8("The hospital's server does not keep \u2265 \u03B1 \u4E2D: nothing was put in."));
+    QKeyEvent alpha(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUtf8("\u03B2"));
+    QCoreApplication::sendEvent(&field, &alpha);
+    QInputMethodEvent composed;
+    composed.setCommitString(QString::fromUtf8("\u03B3"));
+    QCoreApplication::sendEvent(&field, &composed);
+    EXPECT_EQ(field.text(), QStringLiteral("5"));
+    QGuiApplication::clipboard()->setText(QString::fromUtf8("\u20AC \u0152 \u00D1 \u2019 \u00B2"));
+    tests::keysToFocus(field, QStringLiteral("<Ctrl+V>"));
+    EXPECT_EQ(field.text(), QString::fromUtf8("5\u20AC \u0152 \u00D1 ` \u00B2"));
+}
+
+TEST_F(KeyFilter, NoServerKeepsHalfACharacter) {
+    const QString whole = QStringLiteral("b\U0001F600");
+    EXPECT_EQ(lostCharactersSentence(whole), QString());
+    EXPECT_EQ(
+        lostCharactersSentence(QStringLiteral("a") + QChar(0) + QChar(0xD83D) + whole + QChar(0xDE00)),
+        QStringLiteral("The hospital's server does not keep U+0000 U+D83D U+DE00: nothing was put in."));
+    setKeptCharacters(KeptCharacters::Ascii);
+    EXPECT_EQ(lostCharactersSentence(QString::fromUtf8("\u00D1o")),
+              QString::fromUtf8("The hospital's server does not keep \u00D1: nothing was put in."));
+    QString many;
+    for (char16_t c = 0x100; c < 0x110; ++c)
+        many += QChar(c);
+    EXPECT_TRUE(lostCharactersSentence(many).contains(QStringLiteral(" and 4 others: ")));
+    setKeptCharacters(KeptCharacters::All);
 }
 
 TEST_F(KeyFilter, NewRulesReplaceTheFormer) {

@@ -25,13 +25,15 @@ class Hospital {
     Hospital() : m_file(m_directory.filePath(QStringLiteral("hospital.scintra"))), m_provider(open()) {}
 
     std::unique_ptr<engine::EmbeddedProvider> open(const QString& workstation = QStringLiteral("WARD1"),
-                                                   int busyMilliseconds = 30'000) const {
+                                                   int busyMilliseconds = 30'000,
+                                                   const std::function<void(int)>& waiting = {}) const {
         engine::Options options;
         options.hostName = workstation;
         options.programName = QStringLiteral("Visual Scintra");
         options.loginName = QStringLiteral("1001");
         options.newDatabases = tests::databases();
         options.busyMilliseconds = busyMilliseconds;
+        options.waiting = waiting;
         return engine::EmbeddedProvider::open(m_file, options);
     }
     engine::EmbeddedProvider& provider() { return *m_provider; }

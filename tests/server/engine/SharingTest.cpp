@@ -123,13 +123,16 @@ TEST(Sharing, aWaitEndsWhenItsTimeIsOver) {
     Hospital hospital;
     hospital.install(QString::fromLatin1(numbers));
     constexpr int allowed = 1500;
-    const auto other = hospital.open(QStringLiteral("WARD2"), allowed);
+    std::vector<int> told;
+    const auto other =
+        hospital.open(QStringLiteral("WARD2"), allowed, [&told](int seconds) { told.push_back(seconds); });
     hospital.provider().begin();
     QElapsedTimer timer;
     timer.start();
     EXPECT_THROW(other->begin(), base::RunTimeError);
     EXPECT_GE(timer.elapsed(), allowed);
     EXPECT_LT(timer.elapsed(), allowed * 5 / 4) << "sleeps were counted, which take longer than they say";
+    EXPECT_EQ(told, std::vector<int>{1});
 }
 
 TEST(Transaction, isRolledBackWhole) {

@@ -4,6 +4,7 @@
 #include "tests/support/core/Databases.h"
 #include "tests/support/odbc/ServerViews.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLibrary>
 #include <QSysInfo>
@@ -30,12 +31,45 @@ std::vector<ado::Result> resultsOf(ado::Result whole) {
     return results;
 }
 
-/// The driver manager asks for its folder once: before main() is early enough for every test.
+/// The lines of one data source in an odbc.ini; "" when it is not there.
+QByteArray sectionOf(const QString& ini, const QByteArray& name) {
+    QFile file(ini);
+    QByteArray section;
+    if (!file.open(QIODevice::ReadOnly))
+        return section;
+    for (bool inside = false; !file.atEnd();) {
+        const QByteArray line = file.readLine();
+        if (line.startsWith('['))
+            inside = line.trimmed().compare('[' + name + ']', Qt::CaseInsensitive) == 0;
+        if (inside)
+            section += line;
+    }
+    return section;
+}
+
+/// The driver manager asks for its folder once: before main() is early enough for every test. Of the
+/// machine's data sources the tests see none but the one that they are given: the log-on would choose another
+/// one by itself.
 const bool early = [] {
-    if (!qEnvironmentVariableIsSet("SCINTRA_TEST_DSN")) {
+    const QByteArray given = qgetenv("SCINTRA_TEST_DSN");
+    if (given.isEmpty()) {
         qputenv("ODBCSYSINI", SCINTRA_TEST_DRIVERS);
         qputenv("ODBCINI", SCINTRA_TEST_DRIVERS "/odbc.ini");
+        return true;
     }
+    const QString systems = qEnvironmentVariable("ODBCSYSINI", QStringLiteral("/etc"));
+    QByteArray section =
+        sectionOf(qEnvironmentVariable("ODBCINI", QDir::homePath() + QStringLiteral("/.odbc.ini")), given);
+    if (section.isEmpty())
+        section = sectionOf(systems + QStringLiteral("/odbc.ini"), given);
+    static const QTemporaryDir folder;
+    const QString ini = folder.filePath(QStringLiteral("odbc.ini"));
+    QFile file(ini);
+    if (!file.open(QIODevice::WriteOnly) || file.write(section) != section.size())
+        throw std::runtime_error("no place for an odbc.ini");
+    QFile::copy(systems + QStringLiteral("/odbcinst.ini"), folder.filePath(QStringLiteral("odbcinst.ini")));
+    qputenv("ODBCSYSINI", folder.path().toLocal8Bit());
+    qputenv("ODBCINI", ini.toLocal8Bit());
     return true;
 }();
 
