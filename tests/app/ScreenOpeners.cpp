@@ -186,6 +186,7 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmSearch", search},
         {"frmAddWalkIn", plain<lookup::frmAddWalkIn>},
         {"frmWalkInMaster", ofTheMenu<MenuScreen::WalkInMaster>},
+        {"frmAssessment", ofTheMenu<MenuScreen::Assessment>},
         {"frmOutRequest", outRequest},
         {"frmRequest", request},
         {"frmRequestMaster", ofTheMenu<MenuScreen::RequestMaster>},
