@@ -4,6 +4,7 @@
 #include "platform/base/Format.h"
 #include "session/Session.h"
 #include "tests/orders/RequestFixture.h"
+#include "tests/orders/SlipPrinter.h"
 
 #include <QRegularExpression>
 
@@ -216,6 +217,50 @@ TEST_F(OutPosting, ASecondPressPostsOnce) {
                   }});
     type("<Alt+S><Alt+S>");
     EXPECT_EQ(nextSlip(), slip + 1);
+}
+
+TEST_F(OutPosting, ItsSlipIsFilledAndPrintedLikeAnAdmittedPatients) {
+    const tests::SlipPrinter slip;
+    openOut({.IdNumber = id, .NursingRemarks = "FASTING", .RequestingNurse = "1002"});
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    const QString amount = cell(1, 7);
+    const QString name =
+        field("txtLname").text() + ", " + field("txtFname").text() + ' ' + field("txtMname").text();
+    const QString company = field("txtCompany").text();
+    const QString reference = QStringLiteral("C%1J").arg(nextSlip());
+    boxes.expect({"Data Successfully Saved!", controls::vbOKOnly, "Message"});
+    takeTexts();
+    type("<Alt+P>");
+    const QStringList texts = takeTexts();
+    EXPECT_EQ(listed(texts.mid(texts.indexOf("COMMIT") + 1)),
+              listed({"delete from tbNucChargeSlip",
+                      "sp_Nuclear_DumpChargeSlip '1001','BONE SCAN, WHOLE BODY','1','" + amount + "','" +
+                          amount + "', '1001', 'NU'",
+                      "SELECT Name FROM PASSWORD..tbPasswordMain WHERE Employeeid = '1002'"}));
+    EXPECT_EQ(slip.printed.value(1), "1: " + name);
+    EXPECT_EQ(slip.printed.value(2), "2: " + company);
+    EXPECT_EQ(slip.printed.value(3), "3: " + id);
+    EXPECT_EQ(slip.printed.value(5), "5: FASTING");
+    EXPECT_EQ(slip.printed.value(8), "8: " + reference) << "the slip has the number that the box keeps back";
+    EXPECT_TRUE(screen().isUnloaded());
+}
+
+TEST_F(OutPosting, BothPackageCommandsHandTheirGridsOver) {
+    openOut({.IdNumber = id});
+    screens.whileOpen = [&] { grid().setTextMatrix(1, 7, "250"); };
+    tests::click(button("cmdPackage"));
+    EXPECT_EQ(field("txtGross").text(), "250.00");
+    screens.whileOpen = [&] { grid().setTextMatrix(1, 7, "300"); };
+    tests::click(button("cmdNucCharges"));
+    EXPECT_EQ(field("txtGross").text(), "300.00");
+    screens.whileOpen = {};
+    ASSERT_EQ(screens.packages.size(), 1u);
+    ASSERT_EQ(screens.nucCharges.size(), 1u);
+    auto& unused = tests::child<controls::FlexGrid>(screen(), "mshflexPackageItems");
+    for (const auto& handed : {screens.packages[0], screens.nucCharges[0]}) {
+        EXPECT_EQ(handed.SourceGrid, &grid());
+        EXPECT_EQ(handed.PackageGrid, &unused);
+    }
 }
 
 } // namespace

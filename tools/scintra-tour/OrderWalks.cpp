@@ -1,6 +1,5 @@
 #include "tools/scintra-tour/OrderWalks.h"
 
-#include "orders/frmAssessment.h"
 #include "tools/scintra-tour/Steps.h"
 
 #include <QComboBox>
@@ -78,7 +77,7 @@ void addOutPatientWalk(Walk& walk, const QString& idNumber) {
     walk.step(QStringLiteral("Close the box with Enter"), box, pressEnter);
 }
 
-void addAssessmentWalk(Walk& walk, const QString& hospitalNumber, AssessmentWalkResult& result) {
+void addAssessmentWalk(Walk& walk, const QString& hospitalNumber) {
     openFromMenu(walk, "Assessment");
     walk.picture(QStringLiteral("empty-assessment"), freshAssessment);
     walk.step(QStringLiteral("Choose \"OPD/ Regular Patients\""), freshAssessment, clicked("optType_1"));
@@ -102,10 +101,7 @@ void addAssessmentWalk(Walk& walk, const QString& hospitalNumber, AssessmentWalk
     walk.step(QStringLiteral("Save and print"), seen("frmAssessment"), clicked("btnClear"));
     const Sight box = boxSaying(QStringLiteral("Data Successfully Saved."));
     walk.picture(QStringLiteral("assessment-saved"), box);
-    walk.step(QStringLiteral("Close the box with Enter"), box, [&result](QWidget& window) {
-        result.number = controls::SharedScreen<orders::frmAssessment>::current().AssessmentRef();
-        pressEnter(window);
-    });
+    walk.step(QStringLiteral("Close the box with Enter"), box, pressEnter);
     walk.picture(QStringLiteral("next-patient"), freshAssessment);
     walk.step(QStringLiteral("Leave the assessments"), freshAssessment, clicked("btnClose"));
 }

@@ -7,13 +7,8 @@ namespace tour {
 /// From the menu to a saved request of the out-patient `idNumber`, who is on a company's account.
 void addOutPatientWalk(Walk& walk, const QString& idNumber);
 
-/// What the cashier gets.
-struct AssessmentWalkResult {
-    QString number; ///< "NU5025"
-};
-
 /// From the menu to a printed assessment of a registered patient: a stat procedure and a fee; the fresh
-/// screen behind it is closed. `result` must outlive the walk.
-void addAssessmentWalk(Walk& walk, const QString& hospitalNumber, AssessmentWalkResult& result);
+/// screen behind it is closed.
+void addAssessmentWalk(Walk& walk, const QString& hospitalNumber);
 
 } // namespace tour
