@@ -19,6 +19,7 @@
 #include "ui_frmAssessment.h"
 
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QMenu>
 
 #include <array>
@@ -141,6 +142,7 @@ void frmAssessment::txtSname_Enter() {
         return;
     }
     forgetPatient();
+    m_ui->band->setSubtitle(QStringLiteral("Nobody was chosen. Type the last name and press Enter"));
     m_ui->txtSname->setFocus();
     SelectAllText(m_ui->txtSname);
 }

@@ -1,5 +1,6 @@
 // Whom an assessment is for: the three kinds of patients, and at which rate each is priced.
 #include "platform/base/Conversion.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "session/Session.h"
 #include "tests/orders/AssessmentFixture.h"
 
@@ -90,6 +91,8 @@ TEST_F(AssessmentPatient, AWalkInWhoIsNotOnFileLeavesTheNameToBeTypedAgain) {
     find("optType_0", "zzz<Enter>");
     EXPECT_EQ(takeTexts(), QStringList{"spGlobal_CashPatient '0', 'ZZZ'"});
     EXPECT_EQ(patient(), "||ZZZ|||");
+    EXPECT_EQ(tests::child<controls::HeaderBand>(screen(), "band").subtitle(),
+              "Nobody was chosen. Type the last name and press Enter");
     EXPECT_TRUE(field("txtSname").hasFocus());
     EXPECT_EQ(field("txtSname").selectedText(), "ZZZ");
 }

@@ -3,6 +3,7 @@
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/FlatButton.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QTest>
