@@ -4,6 +4,7 @@
 #include "lookup/frmListPatient.h"
 #include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
+#include "orders/frmAssessment.h"
 #include "orders/frmOutRequest.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/screen/Screen.h"
@@ -32,7 +33,9 @@ void showInMode(const QString& formMode) {
 } // namespace
 
 AppScreens::AppScreens()
-    : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
+    : m_table{{session::MenuScreen::Assessment,
+               [](const QString&) { orders::frmAssessment::ShowForEachPatient(); }},
+              {session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},

@@ -16,25 +16,47 @@ bool sameName(const std::string& one, const char* other) {
 
 } // namespace
 
-RawOrder::RawOrder(sqlite3* handle, const std::string& chargeSlip) : m_handle(handle) {
-    readTable("NUCLEAR.tbNucMaster", "RefNum", chargeSlip);
-    readTable("STATION.tbNurseLogBook", "ReferenceNum", chargeSlip);
-    readTable("BILLING.tbDailyBill", "RefNum", chargeSlip);
-    readTable("INVENTORY.tbInvStockCard", "RefNum", chargeSlip);
-    m_lines = sqlite3_int64(m_tables[1].rows.size());
+const OrderKind requestOrder{.tables = {{"NUCLEAR.tbNucMaster", "RefNum"},
+                                        {"STATION.tbNurseLogBook", "ReferenceNum"},
+                                        {"BILLING.tbDailyBill", "RefNum"},
+                                        {"INVENTORY.tbInvStockCard", "RefNum"}},
+                             .numbersTable = "NUCLEAR.tbNucSlipRow",
+                             .referenceColumn = "ChargeSlip",
+                             .lineColumn = "RequestNum",
+                             .referenceBegin = "C",
+                             .referenceEnd = "J",
+                             .lineBegin = "",
+                             .takesStock = true};
+const OrderKind assessmentOrder{.tables = {{"BILLING.tbCashAssessment", "RefNum"}},
+                                .numbersTable = "BILLING.tbAssessmentNumRow",
+                                .referenceColumn = "assessmentnum",
+                                .lineColumn = "RequestNum",
+                                .referenceBegin = "NU",
+                                .referenceEnd = "",
+                                .lineBegin = "NU"};
 
-    RawStatement movements(handle,
-                           "SELECT ItemID, Quantity FROM \"INVENTORY.tbInvStockCard\" WHERE RefNum = ?1");
-    movements.bind(1, chargeSlip);
-    while (movements.step())
-        m_stock.emplace_back(movements.text(0), sqlite3_column_double(movements.get(), 1));
-
-    const auto prepare = [&](const char* text) { return std::make_unique<RawStatement>(handle, text); };
+RawOrder::RawOrder(const OrderKind& kind, sqlite3* handle, const std::string& reference)
+    : m_kind(kind), m_handle(handle) {
+    for (const auto& [table, column] : kind.tables) {
+        readTable(table, column, reference);
+        m_lines = std::max(m_lines, sqlite3_int64(m_tables.back().rows.size()));
+    }
+    if (kind.takesStock) {
+        RawStatement movements(handle,
+                               "SELECT ItemID, Quantity FROM \"INVENTORY.tbInvStockCard\" WHERE RefNum = ?1");
+        movements.bind(1, reference);
+        while (movements.step())
+            m_stock.emplace_back(movements.text(0), sqlite3_column_double(movements.get(), 1));
+    }
+    const auto prepare = [&](const std::string& text) {
+        return std::make_unique<RawStatement>(handle, text);
+    };
+    const std::string numbers = quoted(kind.numbersTable);
     m_begin = prepare("BEGIN IMMEDIATE");
     m_commit = prepare("COMMIT");
-    m_numbers = prepare("SELECT ChargeSlip, RequestNum FROM \"NUCLEAR.tbNucSlipRow\"");
-    m_advance = prepare(
-        "UPDATE \"NUCLEAR.tbNucSlipRow\" SET ChargeSlip = ChargeSlip + 1, RequestNum = RequestNum + ?1");
+    m_numbers = prepare("SELECT " + kind.referenceColumn + ", " + kind.lineColumn + " FROM " + numbers);
+    m_advance = prepare("UPDATE " + numbers + " SET " + kind.referenceColumn + " = " + kind.referenceColumn +
+                        " + 1, " + kind.lineColumn + " = " + kind.lineColumn + " + ?1");
     m_lowerStock = prepare("UPDATE \"INVENTORY.tbInvStock\" SET OnHand = OnHand - ?1 WHERE ItemID = ?2 "
                            "AND LocationID = '224'");
 }
@@ -54,7 +76,7 @@ void RawOrder::readTable(const std::string& name, const std::string& slipColumn,
         else if (sameName(columnName, "RequestNum"))
             cell = Cell::RequestNum;
         else if (sameName(columnName, "LogBookID") || sameName(columnName, "BillID") ||
-                 sameName(columnName, "StockCardID"))
+                 sameName(columnName, "StockCardID") || sameName(columnName, "AssessID"))
             cell = Cell::RowId;
         table.cells.push_back(cell);
         places += column == 0 ? "?" : ", ?";
@@ -98,9 +120,9 @@ void RawOrder::write() {
 }
 
 void RawOrder::writeTable(Table& table, sqlite3_int64 chargeSlip, sqlite3_int64 requestNum) {
-    const std::string slip = 'C' + std::to_string(chargeSlip) + 'J';
+    const std::string slip = m_kind.referenceBegin + std::to_string(chargeSlip) + m_kind.referenceEnd;
     for (const auto& row : table.rows) {
-        const std::string number = std::to_string(requestNum++);
+        const std::string number = m_kind.lineBegin + std::to_string(requestNum++);
         for (std::size_t column = 0; column < row.size(); ++column) {
             const int place = int(column) + 1;
             const Value& value = row[column];

@@ -8,12 +8,22 @@
 
 namespace bench {
 
+/// What a kind of save writes, and how its numbers look.
+struct OrderKind {
+    std::vector<std::pair<std::string, std::string>> tables; ///< name, column of the reference
+    std::string numbersTable, referenceColumn, lineColumn;   ///< the row of the last numbers
+    std::string referenceBegin, referenceEnd, lineBegin;     ///< around the numbers
+    bool takesStock = false;
+};
+extern const OrderKind requestOrder;
+extern const OrderKind assessmentOrder;
+
 /// The rows that one saved order left behind, and the least that writes such rows again: one transaction,
 /// prepared statements, every value bound.
 class RawOrder {
   public:
-    /// Reads the rows of the slip `chargeSlip` out of the file. The handle is not owned.
-    RawOrder(sqlite3* handle, const std::string& chargeSlip);
+    /// Reads the rows of the reference out of the file. The handle is not owned.
+    RawOrder(const OrderKind& kind, sqlite3* handle, const std::string& reference);
 
     /// Writes the order once more, under numbers of its own.
     void write();
@@ -36,6 +46,7 @@ class RawOrder {
     void readTable(const std::string& name, const std::string& slipColumn, const std::string& chargeSlip);
     void writeTable(Table& table, sqlite3_int64 chargeSlip, sqlite3_int64 requestNum);
 
+    const OrderKind& m_kind;
     sqlite3* m_handle;
     std::vector<Table> m_tables;
     std::vector<std::pair<std::string, double>> m_stock; ///< item and quantity

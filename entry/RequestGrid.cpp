@@ -1,5 +1,6 @@
 #include "entry/RequestGrid.h"
 
+#include "lookup/RateSelection.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/KeyFilter.h"
@@ -70,7 +71,11 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     , m_cmdSave(*parts.cmdSave)
     , m_cmdSavePrint(*parts.cmdSavePrint)
     , m_lblHint(parts.lblHint)
-    , m_lookup(m_grid, variant.rateRule)
+    , m_lookup(m_grid,
+               [this, rule = variant.rateRule](const session::NuclearExamRecord& exam) {
+                   return lookup::rateForClass(exam, rule == RateRule::ByRoomClass ? m_roomClass
+                                                                                   : QStringLiteral("A"));
+               })
     , m_editor(m_grid, editing, this)
     , m_waiting(m_grid) {
     m_cboEntry.addItems({QStringLiteral("ROUTINE"), QStringLiteral("STAT")});

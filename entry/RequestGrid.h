@@ -22,6 +22,12 @@ class FlexGrid;
 
 namespace entry {
 
+/// How a screen picks an exam's rate.
+enum class RateRule {
+    ByRoomClass, ///< RateA to RateE by the patient's room class; any other class prices at 0
+    AlwaysRateA
+};
+
 /// Where the request screens differ on their grid.
 struct RequestGridVariant {
     RateRule rateRule;
@@ -29,6 +35,7 @@ struct RequestGridVariant {
 
 inline constexpr RequestGridVariant inPatientGrid{RateRule::ByRoomClass};
 inline constexpr RequestGridVariant outPatientGrid{RateRule::AlwaysRateA};
+inline constexpr RequestGridVariant assessmentGrid{RateRule::ByRoomClass};
 
 /// The entry grid of the request screens: which cells of a line take an entry, in which order the keys go
 /// through them, and how a line is priced and totalled. A cell that was typed in is taken by Enter, and
@@ -54,7 +61,7 @@ class RequestGrid : public QObject {
     /// Headers, widths, rules of the columns; one empty line.
     void layOut();
     /// "A" to "E", or "OPD".
-    void setRoomClass(const QString& roomClass) { m_lookup.setRoomClass(roomClass); }
+    void setRoomClass(const QString& roomClass) { m_roomClass = roomClass; }
 
     /// Floats the text box or the list over the current cell, unless its column is skipped.
     void BeginCellEdit() { openCell(Opening::Entered); }
@@ -118,6 +125,7 @@ class RequestGrid : public QObject {
     QAbstractButton& m_cmdSave;
     QAbstractButton& m_cmdSavePrint;
     QLabel* m_lblHint;
+    QString m_roomClass;
     RequestLineLookup m_lookup;
     controls::CellEditor m_editor;
     WaitingCells m_waiting;

@@ -1,7 +1,6 @@
 #include "entry/RequestLineLookup.h"
 
 #include "entry/RequestColumns.h"
-#include "lookup/RateSelection.h"
 #include "lookup/clsRevenueCode.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
@@ -58,11 +57,10 @@ LookUp RequestLineLookup::readExamLine(const QString& code) {
         return LookUp::NotFound;
 
     const session::NuclearExamRecord exam = gCodeFind->NuclearExamRecord;
-    const double rate =
-        lookup::rateForClass(exam, m_rateRule == RateRule::ByRoomClass ? m_roomClass : QStringLiteral("A"));
+    const double rate = m_rate(exam);
     setCell(colRoutinePrice, Format(rate, amountFormat));
     if (isOnAnotherRow(exam.ResultCode)) {
-        MsgBox(QStringLiteral("Exam already selected."), vbExclamation, QStringLiteral("Assessment"));
+        MsgBox(QString::fromLatin1(m_repeated.prompt), vbExclamation, QString::fromLatin1(m_repeated.title));
         return LookUp::Duplicate;
     }
     setCell(colCode, exam.ResultCode);

@@ -2,17 +2,17 @@
 
 #include <QString>
 
+#include <functional>
+
+namespace session {
+struct NuclearExamRecord;
+}
+
 namespace controls {
 class FlexGrid;
 }
 
 namespace entry {
-
-/// How a screen picks an exam's rate.
-enum class RateRule {
-    ByRoomClass, ///< RateA to RateE by the patient's room class; any other class prices at 0
-    AlwaysRateA
-};
 
 enum class LookUp {
     Found,
@@ -25,10 +25,18 @@ enum class LookUp {
 /// item, its price. Nothing is filled of what is not found. Where the clerk goes then is the grid's.
 class RequestLineLookup {
   public:
-    RequestLineLookup(controls::FlexGrid& grid, RateRule rateRule) : m_grid(grid), m_rateRule(rateRule) {}
+    /// The price of an exam.
+    using Rate = std::function<double(const session::NuclearExamRecord&)>;
+    /// How an exam is refused that stands on another line.
+    struct RepeatedBox {
+        const char* prompt = "Exam already selected.";
+        const char* title = "Assessment";
+    };
 
-    /// "A" to "E", or "OPD".
-    void setRoomClass(const QString& roomClass) { m_roomClass = roomClass; }
+    RequestLineLookup(controls::FlexGrid& grid, Rate rate)
+        : RequestLineLookup(grid, std::move(rate), RepeatedBox()) {}
+    RequestLineLookup(controls::FlexGrid& grid, Rate rate, const RepeatedBox& repeated)
+        : m_grid(grid), m_rate(std::move(rate)), m_repeated(repeated) {}
 
     bool LookUpDepartment(const QString& code);
     /// An error of the search is said in a box; it is NotFound then.
@@ -43,8 +51,8 @@ class RequestLineLookup {
     bool isOnAnotherRow(const QString& code) const;
 
     controls::FlexGrid& m_grid;
-    RateRule m_rateRule;
-    QString m_roomClass;
+    Rate m_rate;
+    RepeatedBox m_repeated;
 };
 
 } // namespace entry

@@ -1,7 +1,10 @@
 #include "entry/RequestScreen.h"
 
 #include "entry/ChargeSlip.h"
+#include "entry/DoctorSearch.h"
+#include "entry/InputLineLookup.h"
 #include "lookup/FieldText.h"
+#include "lookup/RateSelection.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/KeyFilter.h"
@@ -19,7 +22,6 @@ using base::Val;
 using namespace controls;
 using lookup::fieldText;
 using session::gAdmission;
-using session::gCodeFind;
 using session::gConnection;
 using session::gPatientMaster;
 using session::Read;
@@ -72,6 +74,7 @@ void RequestScreen::connectControls() {
     on(m_ui->cmdPackage, &QPushButton::clicked, this, [this] { cmdPackage_Click(); });
     if (m_ui->cmdNucCharges)
         on(m_ui->cmdNucCharges, &QPushButton::clicked, this, [this] { cmdNucCharges_Click(); });
+    on(m_ui->grdInput, &FlexGrid::EnterPressed, this, [this] { LookUpInputLine(); });
     on(m_ui->chkPackage, &QCheckBox::toggled, this, [this] { chkPackage_Click(); });
     on(m_ui->cboPackage, &QComboBox::activated, this, [this] { cboPackage_Click(); });
 }
@@ -285,6 +288,20 @@ void RequestScreen::Initialize_TableInput() {
     grid.setCols(requestColumnCount);
 }
 
+/// Nothing shows that grid, and its lines are not posted: the price of a code in it is all there is.
+bool RequestScreen::LookUpInputLine() {
+    if (m_ui->grdInput->Cols() < requestColumnCount)
+        return false;
+    return InputLineLookup(*m_ui->grdInput, [this](const auto& exam) { return inputRate(exam); })
+        .LookUpCode();
+}
+
+double RequestScreen::inputRate(const session::NuclearExamRecord& exam) const {
+    const double rate = entry.PatientType == u"I" ? lookup::rateForClass(exam, entry.PatientClass)
+                                                  : lookup::rateOrZero(exam.Outpatient);
+    return Val(Format(rate, QStringLiteral("#####.00")));
+}
+
 void RequestScreen::enableSaves(bool enabled) {
     m_ui->cmdSave->setEnabled(enabled);
     m_ui->cmdSavePrint->setEnabled(enabled);
@@ -293,28 +310,13 @@ void RequestScreen::enableSaves(bool enabled) {
 // ---- events, in the order of the screen
 
 void RequestScreen::cmdDoctor_Click(bool withMiddleName) {
-    gCodeFind->SearchMode = true;
-    if (!gCodeFind->SearchListing(m_ui->txtDoctorID->text(), session::clsLookupPad::doctors)) {
-        if (gCodeFind->Cancelled())
-            MsgBox(QStringLiteral("You must fill in the Requesting Doctor First!"), vbCritical,
-                   QStringLiteral("DoctorId"));
-        return;
-    }
-    const session::DoctorRecord doctor = gCodeFind->DoctorRecord;
-    const QString middle = withMiddleName ? doctor.MiddleName + u' ' : QString();
-    m_ui->txtDoctor->setText(QStringLiteral("DR. %1 %2%3").arg(doctor.FirstName, middle, doctor.LastName));
-    m_ui->txtDoctorID->setText(doctor.ResultCode);
-    focusNextChild();
+    if (findDoctorByCode(*m_ui->txtDoctorID, *m_ui->txtDoctor, withMiddleName))
+        focusNextChild();
 }
 
 void RequestScreen::txtDoctor_Enter() {
-    gCodeFind->SearchMode = true;
-    if (!gCodeFind->SearchListing(m_ui->txtDoctor->text(), session::clsLookupPad::doctors))
-        return;
-    const session::DoctorRecord doctor = gCodeFind->DoctorRecord;
-    m_ui->txtDoctor->setText(
-        QStringLiteral("%1,%2 %3").arg(doctor.LastName, doctor.FirstName, doctor.MiddleName));
-    DoctorCode = doctor.ResultCode;
+    if (const auto doctor = findDoctorByName(*m_ui->txtDoctor))
+        DoctorCode = doctor->ResultCode;
 }
 
 void RequestScreen::cmdPackage_Click() {

@@ -50,6 +50,9 @@ class RequestScreen : public controls::Screen {
     session::RequestEntry entry;
     /// Sets up the hidden grid of an assessment's lines.
     void Initialize_TableInput();
+    /// Finds the code of the hidden grid's current line and prices it. false: it was not found, or stands
+    /// there already, which was said.
+    bool LookUpInputLine();
     /// Writes a field of the header by its given name ("txtRoom"), behind load(); raises 461 when there is
     /// none.
     void setText(const char* name, const QString& text);
@@ -66,6 +69,9 @@ class RequestScreen : public controls::Screen {
     virtual void fillHeader();
     /// The lines of a ward's request.
     virtual ado::Recordset readNurseLines() const;
+
+    /// The price of an exam in the hidden grid.
+    virtual double inputRate(const session::NuclearExamRecord& exam) const;
 
     /// From the row of an out-patient search.
     void fillOutPatient(ado::Recordset stay);

@@ -17,10 +17,13 @@ double rateForClass(const session::NuclearExamRecord& exam, const QString& roomC
     for (const ClassRate& entry : rates) {
         if (roomClass != entry.roomClass)
             continue;
-        const base::Value& rate = exam.*entry.rate;
-        return rate.isNull() ? 0 : base::CDbl(rate);
+        return rateOrZero(exam.*entry.rate);
     }
     return 0;
+}
+
+double rateOrZero(const base::Value& rate) {
+    return rate.isNull() ? 0 : base::CDbl(rate);
 }
 
 } // namespace lookup

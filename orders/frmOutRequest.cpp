@@ -1,5 +1,8 @@
 #include "orders/frmOutRequest.h"
 
+#include "lookup/FieldText.h"
+#include "lookup/RateSelection.h"
+#include "platform/base/Conversion.h"
 #include "session/Session.h"
 
 namespace orders {
@@ -39,6 +42,19 @@ void frmOutRequest::fillHeader() {
 
 ado::Recordset frmOutRequest::readNurseLines() const {
     return Read(sql("spNuclearcommsearchexam '{}'", IdNumber()));
+}
+
+bool frmOutRequest::Check_IfHMO(const QString& patientNumber, QString& AccountNum) const {
+    ado::Recordset account = Read(sql("RADIOLOGY..Radiology_CheckIfHMO '{}'", base::Trim(patientNumber)));
+    if (account.Eof())
+        return false;
+    AccountNum = lookup::fieldText(account, "AccountNum");
+    return true;
+}
+
+double frmOutRequest::inputRate(const session::NuclearExamRecord& exam) const {
+    QString account;
+    return lookup::rateOrZero(Check_IfHMO(IdNumber(), account) ? exam.RateH : exam.RateA);
 }
 
 } // namespace orders

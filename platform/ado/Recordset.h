@@ -62,6 +62,9 @@ class Recordset {
 
     /// The table that Update() writes to, for rows that came out of a procedure: "DATABASE..table".
     void setUniqueTable(const QString& table) { m_uniqueTable = table; }
+    /// Update() then finds the row by all that was read instead of by the primary key; it must be the only
+    /// one like that. For a table whose key the text does not select.
+    void setFoundByAllColumns(bool byAll) { m_foundByAllColumns = byAll; }
     /// Sends an UPDATE of the fields that were set, found by the primary key and the values last read.
     /// Nothing set, nothing sent. Raises 3251 when there is no table or key, -2147217864 when the row is not
     /// there any more.
@@ -81,6 +84,7 @@ class Recordset {
     Connection* m_connection = nullptr;
     QString m_source;
     QString m_uniqueTable;
+    bool m_foundByAllColumns = false;
     Rows m_rows;
     qsizetype m_position = 0;
     bool m_open = false;

@@ -61,12 +61,16 @@ Statement WriteBack::statement(const QString& target, const QStringList& key) co
         if (const auto& edit = m_recordset.m_edits[std::size_t(i)]) {
             changes += bracketed(name) + QStringLiteral(" = ") + literal(*edit);
             conditions += condition(i);
-        } else if (isKey) {
+        } else if (isKey || m_recordset.m_foundByAllColumns) {
             conditions += condition(i);
         }
     }
-    for (const QString& name : key)
-        m_recordset.Fields(name); // a key that was not selected finds no row for certain
+    if (m_recordset.m_foundByAllColumns)
+        conditions += QStringLiteral("(SELECT COUNT(*) FROM %1 WHERE %2) = 1")
+                          .arg(target, conditions.join(QStringLiteral(" AND ")));
+    else
+        for (const QString& name : key)
+            m_recordset.Fields(name); // a key that was not selected finds no row for certain
     return Statement(
         QStringLiteral("UPDATE %1 SET %2 WHERE %3")
             .arg(target, changes.join(QStringLiteral(", ")), conditions.join(QStringLiteral(" AND "))));

@@ -1,5 +1,6 @@
 #include "app/AppScreens.h"
 #include "menu/frmMainMenu.h"
+#include "orders/frmOutRequest.h"
 #include "platform/base/Conversion.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
@@ -8,6 +9,8 @@
 #include "tests/support/screens/MessageScript.h"
 
 #include <QAbstractButton>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 namespace {
@@ -29,26 +32,47 @@ class OutPatientCharge : public tests::LoggedOn {
                 .Fields(0)
                 .text());
     }
-    ~OutPatientCharge() override { controls::release<menu::frmMainMenu>(); }
-    /// Charge Entry by keyboard, and what is typed in the list of out-patients.
-    void chargeEntry(const QString& typed) {
+    ~OutPatientCharge() override {
+        controls::release<orders::frmOutRequest>();
+        controls::release<menu::frmMainMenu>();
+    }
+    /// Charge Entry by keyboard, what is typed in the list of out-patients, and what follows behind it.
+    void chargeEntry(const QString& typed, const tests::Step& behind = {}) {
         auto& menuScreen = SharedScreen<menu::frmMainMenu>::current();
         tests::click(tests::child<QAbstractButton>(menuScreen, "cmdMainMenu_0"));
         tests::click(tests::child<QAbstractButton>(menuScreen, "fltSubMenu_1"));
         takeTexts();
-        tests::runModal([&] { tests::keysToFocus(menuScreen, QStringLiteral("2")); }, {[&](QWidget& list) {
-                            EXPECT_EQ(list.windowTitle(), QStringLiteral("Registered OPD"));
-                            tests::keysToFocus(list, typed);
-                        }});
+        std::vector<tests::Step> steps{[&](QWidget& list) {
+            EXPECT_EQ(list.windowTitle(), QStringLiteral("Registered OPD"));
+            tests::keysToFocus(list, typed);
+        }};
+        if (behind)
+            steps.push_back(behind);
+        tests::runModal([&] { tests::keysToFocus(menuScreen, QStringLiteral("2")); }, steps);
         EXPECT_FALSE(tests::child<QWidget>(menuScreen, "Frame2").isVisible());
         EXPECT_TRUE(tests::child<QWidget>(menuScreen, "picMainMenu").isVisible());
         EXPECT_TRUE(tests::child<QWidget>(menuScreen, "fltSubMenu_1").isEnabled());
         EXPECT_TRUE(tests::child<QWidget>(menuScreen, "btnChargeEntry").isEnabled());
     }
     /// Picks `idNumber` by its number.
-    void pick() {
+    void pick(const tests::Step& behind = {}) {
         chargeEntry(QStringLiteral("<Shift+Tab><Down><Tab>") + idNumber +
-                    QStringLiteral("<Enter><Down><Enter>"));
+                        QStringLiteral("<Enter><Down><Enter>"),
+                    behind);
+    }
+    /// Picks him with the screens of the program behind the menu: the request screen opens for him.
+    void pickToRequest() {
+        session::setScreens(&program);
+        bool isOpen = false;
+        pick([&](QWidget& request) {
+            isOpen = request.objectName() == QStringLiteral("frmOutRequest");
+            EXPECT_EQ(tests::child<QLineEdit>(request, "txtIdNum").text(), idNumber);
+            tests::keysToFocus(request, "NU<Enter>1001<Enter><Enter>1<Enter>");
+            EXPECT_TRUE(tests::child<QPushButton>(request, "cmdSave").isEnabled());
+            tests::click(tests::child<QPushButton>(request, "cmdClose"));
+        });
+        EXPECT_TRUE(isOpen);
+        session::setScreens(&screens);
     }
     void bill(const char* invoiceNumber, bool lateCharges) {
         session::Run(ado::sql("UPDATE PATIENT_DATA..tbOutPatient SET BillingDate = '11/20/2026', "
@@ -75,6 +99,12 @@ TEST_F(OutPatientCharge, AnOpenBillGoesToTheRequestScreen) {
     EXPECT_EQ(entry.CashPrice, 0);
     EXPECT_FALSE(entry.NurseCommnunication);
     EXPECT_TRUE(entry.chargeEntry);
+}
+
+TEST_F(OutPatientCharge, AnOpenBillAndLateChargesEndInTheRequestScreenItself) {
+    pickToRequest();
+    bill("", true);
+    pickToRequest();
 }
 
 TEST_F(OutPatientCharge, AListThatIsLeftDoesNothing) {

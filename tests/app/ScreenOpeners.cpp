@@ -6,6 +6,7 @@
 #include "lookup/frmRegisteredOPD.h"
 #include "lookup/frmSearch.h"
 #include "menu/frmMainMenu.h"
+#include "orders/frmAssessment.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "results/frmResult.h"
@@ -186,6 +187,7 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmSearch", search},
         {"frmAddWalkIn", plain<lookup::frmAddWalkIn>},
         {"frmWalkInMaster", ofTheMenu<MenuScreen::WalkInMaster>},
+        {"frmAssessment", shared<orders::frmAssessment>}, // the menu's comes again after each save
         {"frmOutRequest", outRequest},
         {"frmRequest", request},
         {"frmRequestMaster", ofTheMenu<MenuScreen::RequestMaster>},

@@ -51,6 +51,7 @@ TEST(Numbers, ACallByTheDesksLanguageIsSeen) {
 
 /// Programs that hand over to a main that does, and one that writes no number.
 const QStringList withoutMain{"tests/lookup/registrar/main.cpp", "tests/orders/saver/main.cpp",
+                              "tests/orders/outsaver/main.cpp",  "tests/orders/assessor/main.cpp",
                               "tests/results/recorder/main.cpp", "bench/minimal.cpp"};
 
 TEST(Programs, IgnoreTheDesksLanguageFromTheirFirstLine) {

@@ -27,8 +27,13 @@ Books Books::of(const QString& file) {
         value("SELECT -OnHand FROM INVENTORY..tbInvStock WHERE ItemID = '40001' AND LocationID = '224'");
     books.walkIns = value("SELECT COUNT(*) FROM PATIENT_DATA..tbCashPatient");
     books.walkInNumber = value("SELECT SUBSTRING(lastopd, 2, 10) FROM PATIENT_DATA..tbLastWalkInNum");
+    books.assessments = value("SELECT assessmentnum FROM BILLING..tbAssessmentNum");
+    books.assessedNumbers = value("SELECT RequestNum FROM BILLING..tbAssessmentNum");
+    books.assessedLines = value("SELECT COUNT(*) FROM BILLING..tbCashAssessment");
     books.shared =
         value("SELECT COUNT(*) FROM (SELECT RequestNum FROM NUCLEAR..tbNucMaster GROUP BY RequestNum "
+              "HAVING COUNT(*) > 1) AS Twice") +
+        value("SELECT COUNT(*) FROM (SELECT RequestNum FROM BILLING..tbCashAssessment GROUP BY RequestNum "
               "HAVING COUNT(*) > 1) AS Twice");
     return books;
 }
@@ -39,11 +44,12 @@ QString Books::disagreement(const Books& before) const {
     if (saved >= 0 && requests - before.requests == 2 * saved && logBook - before.logBook == 2 * saved &&
         bills - before.bills == saved && stockCards - before.stockCards == saved &&
         numbers - before.numbers == 2 * saved && stockTaken - before.stockTaken == 2 * saved &&
-        walkIns - before.walkIns == added && shared == before.shared)
+        walkIns - before.walkIns == added && assessedLines - before.assessedLines == 2 * filed(before) &&
+        assessedNumbers - before.assessedNumbers == 2 * filed(before) && shared == before.shared)
         return {};
     return QStringLiteral(
                "requests %1 log book %2 bills %3 stock cards %4 slips %5 numbers %6 stock %7 walk-ins "
-               "%8 of %9 shared %10")
+               "%8 of %9 shared %10 assessments %11 lines %12 numbers %13")
         .arg(requests - before.requests)
         .arg(logBook - before.logBook)
         .arg(bills - before.bills)
@@ -53,7 +59,10 @@ QString Books::disagreement(const Books& before) const {
         .arg(stockTaken - before.stockTaken)
         .arg(walkIns - before.walkIns)
         .arg(added)
-        .arg(shared - before.shared);
+        .arg(shared - before.shared)
+        .arg(filed(before))
+        .arg(assessedLines - before.assessedLines)
+        .arg(assessedNumbers - before.assessedNumbers);
 }
 
 QString damageOf(const QString& file) {

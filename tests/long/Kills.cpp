@@ -59,11 +59,14 @@ void duringSaves(Course& course, const QString& name) {
     killed(course, program, {file, QString::fromLatin1(many)}, 200, 1500);
     expectWhole(course, name, file, before);
     const Books between = Books::of(file);
-    course.count(QStringLiteral("whole saves"), between.saves(before) + between.registrations(before));
+    const auto whole = [](const Books& now, const Books& then) {
+        return now.saves(then) + now.registrations(then) + now.filed(then);
+    };
+    course.count(QStringLiteral("whole saves"), whole(between, before));
     if (!course.failed() && !works(program, {file, QStringLiteral("1")}))
         course.fail(name + QStringLiteral(": nothing works after it"));
     const Books after = Books::of(file);
-    if (after.saves(between) + after.registrations(between) != 1)
+    if (whole(after, between) != 1)
         course.fail(name + QStringLiteral(": the save after it is not one"));
     expectWhole(course, name + QStringLiteral(", after it"), file, before);
     tests::forgetHospital(file);
@@ -75,6 +78,10 @@ void duringRequests(Course& course) {
 
 void duringRegistrations(Course& course) {
     duringSaves(course, QStringLiteral("registrar"));
+}
+
+void duringAssessments(Course& course) {
+    duringSaves(course, QStringLiteral("assessor"));
 }
 
 /// The first save of a result writes the section's log book and two rows of the ward: all of it, or none.
@@ -138,8 +145,8 @@ void duringBackup(Course& course) {
 } // namespace
 
 void kills(Course& course) {
-    constexpr std::array moments{duringRequests, duringResults, duringRegistrations, duringFirstStart,
-                                 duringBackup};
+    constexpr std::array moments{duringRequests,    duringResults,    duringRegistrations,
+                                 duringAssessments, duringFirstStart, duringBackup};
     while (course.goesOn())
         moments[std::size_t(course.rounds() - 1) % moments.size()](course);
 }

@@ -1,72 +1,12 @@
-#include "platform/report/layout/PageDocument.h"
-#include "platform/report/output/Print.h"
 #include "session/Session.h"
-#include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/RequestFixture.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <variant>
+#include "tests/orders/SlipPrinter.h"
 
 namespace {
 
-QStringList textsOf(const report::PageDocument& document) {
-    QStringList texts;
-    for (const report::Item& item : document.page(0)->items)
-        if (const auto* run = std::get_if<report::TextRun>(&item))
-            texts += run->text;
-    return texts;
-}
-
-/// A printer that is there or not, and keeps the texts of what it was given.
-class Printer : public report::PrintTarget {
-  public:
-    Printer(bool ready, QStringList& texts) : m_ready(ready), m_texts(texts) {}
-    bool isReady() const override { return m_ready; }
-    void print(const report::PageDocument& document) override {
-        for (const QString& text : textsOf(document))
-            m_texts += tests::toTestDays(text);
-    }
-
-  private:
-    bool m_ready;
-    QStringList& m_texts;
-};
-
-/// The charge slip's place is taken by a report that shows its ten values, one a line.
 class ChargeSlip : public tests::RequestFixture {
   public:
-    ChargeSlip() {
-        QDir(m_programFolder.path()).mkdir("Reports");
-        QFile definition(m_programFolder.filePath("Reports/Chargeslip.RPT"));
-        EXPECT_TRUE(definition.open(QIODevice::WriteOnly));
-        QString parameters, fields;
-        for (int i = 0; i < 10; ++i) {
-            parameters += QStringLiteral("<parameter name=\"P%1\"/>").arg(i);
-            fields += QStringLiteral("<field x=\"0mm\" y=\"%2mm\" width=\"150mm\" height=\"6mm\" "
-                                     "value=\"&quot;%1: &quot; &amp; {?P%1}\"/>")
-                          .arg(i)
-                          .arg(i * 7);
-        }
-        definition.write(
-            QStringLiteral("<report version=\"1\" title=\"Slip\"><page width=\"180mm\" height=\"120mm\" "
-                           "left=\"10mm\" right=\"10mm\" top=\"10mm\" bottom=\"10mm\"/>%1<table "
-                           "name=\"Rooms\" location=\"BUILD_FILE..tbcoRoom\">SELECT TOP 1 RoomID FROM "
-                           "{table} ORDER BY RoomID</table><details height=\"80mm\">%2</details></report>")
-                .arg(parameters, fields)
-                .toUtf8());
-        session::setProgramFolder(m_programFolder.path());
-        usePrinter(true);
-    }
-    ~ChargeSlip() override {
-        report::setPrintTarget(QString());
-        session::setProgramFolder({});
-    }
-
-    void usePrinter(bool ready) { report::setPrintTarget(std::make_unique<Printer>(ready, printed)); }
     void expectSaved() {
         boxes.expect({QStringLiteral("Data Successfully Saved! ChargeSlip No.: 'C%1J'").arg(nextSlip()),
                       controls::vbOKOnly, "Message"});
@@ -76,11 +16,10 @@ class ChargeSlip : public tests::RequestFixture {
         const QStringList texts = takeTexts();
         return texts.mid(texts.indexOf("COMMIT") + 1);
     }
+    void usePrinter(bool ready) { printer.usePrinter(ready); }
 
-    QStringList printed;
-
-  private:
-    QTemporaryDir m_programFolder;
+    tests::SlipPrinter printer;
+    const QStringList& printed = printer.printed;
 };
 
 TEST_F(ChargeSlip, TakesTheLinesDownToTheFirstWithoutACode) {

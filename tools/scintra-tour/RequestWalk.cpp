@@ -17,16 +17,8 @@ namespace tour {
 
 namespace {
 
-/// The current cell of the entry grid, once its edit box (or list) floats over it.
 Sight editing(const char* editor, int row, int column) {
-    return [editor, row, column]() -> QWidget* {
-        QWidget* window = windowOnTop(QStringLiteral("frmRequest"));
-        if (!window)
-            return nullptr;
-        const auto& grid = control<controls::FlexGrid>(*window, QStringLiteral("grdPackage"));
-        const auto& box = control<QWidget>(*window, QString::fromLatin1(editor));
-        return box.isVisible() && grid.Row() == row && grid.Col() == column ? window : nullptr;
-    };
+    return tour::editing("frmRequest", "grdPackage", editor, row, column);
 }
 
 void addLogOn(Walk& walk, const QString& employeeCode, const QString& password) {

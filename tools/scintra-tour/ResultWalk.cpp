@@ -5,8 +5,6 @@
 #include "platform/report/viewer/Viewer.h"
 #include "tools/scintra-tour/Steps.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -65,19 +63,8 @@ void addEntry(Walk& walk) {
     });
     walk.picture(QStringLiteral("result"), entryScreen);
     walk.step(QStringLiteral("Save and print the result"), entryScreen, clicked("btnSavePrint"));
-    const Sight box = []() -> QWidget* {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (!modal)
-            return nullptr;
-        for (const QLabel* label : modal->findChildren<QLabel*>()) {
-            if (label->text() == QStringLiteral("Data Successfully Saved!"))
-                return modal;
-        }
-        return nullptr;
-    };
-    walk.step(QStringLiteral("Close the result's box with Enter"), box, [](QWidget& window) {
-        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, Qt::Key_Return);
-    });
+    walk.step(QStringLiteral("Close the result's box with Enter"),
+              boxSaying(QStringLiteral("Data Successfully Saved!")), pressEnter);
 }
 
 void addPage(Walk& walk, ResultWalkResult& result) {

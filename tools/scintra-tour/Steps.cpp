@@ -1,7 +1,11 @@
 #include "tools/scintra-tour/Steps.h"
 
+#include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/FlatButton.h"
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
 #include <QTest>
 
 #include <stdexcept>
@@ -30,6 +34,34 @@ Sight focused(const char* window, const char* name) {
         auto* child = found ? found->findChild<QWidget*>(QString::fromLatin1(name)) : nullptr;
         return child && child->isVisible() && child->hasFocus() ? found : nullptr;
     };
+}
+
+Sight editing(const char* window, const char* grid, const char* editor, int row, int column) {
+    return [window, grid, editor, row, column]() -> QWidget* {
+        QWidget* screen = windowOnTop(QString::fromLatin1(window));
+        if (!screen)
+            return nullptr;
+        const auto& lines = control<controls::FlexGrid>(*screen, QString::fromLatin1(grid));
+        const auto& box = control<QWidget>(*screen, QString::fromLatin1(editor));
+        return box.isVisible() && lines.Row() == row && lines.Col() == column ? screen : nullptr;
+    };
+}
+
+Sight boxSaying(const QString& text) {
+    return [text]() -> QWidget* {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal)
+            return nullptr;
+        for (const QLabel* label : modal->findChildren<QLabel*>()) {
+            if (label->text() == text)
+                return modal;
+        }
+        return nullptr;
+    };
+}
+
+void pressEnter(QWidget& window) {
+    QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, Qt::Key_Return);
 }
 
 Deed typed(const char* name, const QString& text, Qt::Key key) {

@@ -1,4 +1,6 @@
 #include "app/AppScreens.h"
+#include "platform/ado/Batch.h"
+#include "platform/base/Conversion.h"
 #include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "platform/controls/look/Look.h"
@@ -10,6 +12,7 @@
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "tools/scintra-tour/Findings.h"
+#include "tools/scintra-tour/OrderWalks.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
 
@@ -31,16 +34,33 @@ void say(const QString& text) {
 
 /// What an earlier tour left in the folder.
 void clearFolder(const QDir& folder) {
-    for (const QString& name :
-         folder.entryList({QStringLiteral("*.png"), QStringLiteral("slip.pdf"), QStringLiteral("trace.txt"),
-                           QStringLiteral("hospital.scintra*")},
-                          QDir::Files))
+    for (const QString& name : folder.entryList(
+             {QStringLiteral("*.png"), QStringLiteral("slip.pdf"), QStringLiteral("assessment.pdf"),
+              QStringLiteral("trace.txt"), QStringLiteral("hospital.scintra*")},
+             QDir::Files))
         QFile::remove(folder.filePath(name));
 }
 
 void makeHospital(const QString& file) {
     demo::createHospital(file);
     engine::EmbeddedProvider::open(file, {})->setTracing(true);
+}
+
+QString valueOf(const QString& file, const QString& query) {
+    return base::textOf(ado::runBatch(*engine::EmbeddedProvider::open(file, {}), query).rows.at(0, 0));
+}
+
+/// The latest out-patient on a company's account whose bill is open.
+QString outPatientOnAccount(const QString& file) {
+    return valueOf(file, QStringLiteral("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS "
+                                        "NULL AND BillingDate IS NULL AND AccountNum <> HospNum ORDER BY "
+                                        "IdNum DESC"));
+}
+
+QString lastAssessment(const QString& file) {
+    return valueOf(file,
+                   QStringLiteral("SELECT TOP 1 RefNum + ' of ' + PatientName FROM BILLING..tbCashAssessment "
+                                  "ORDER BY AssessID DESC"));
 }
 
 /// Ends the server's diary and moves it to the folder's trace.txt; gives the number of its lines.
@@ -53,11 +73,11 @@ int takeTrace(const QString& hospitalFile, const QString& target) {
 }
 
 /// Says what the tour brought; ends the process when something is missing.
-void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& chargeSlip) {
+void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& chargeSlip,
+            const tour::Findings& findings) {
     const QDir folder(walk.folder());
     const int statements = takeTrace(hospitalFile, folder.filePath(QStringLiteral("trace.txt")));
     say(QStringLiteral("\nslip number: %1").arg(chargeSlip));
-    const tour::Findings findings = tour::findOrder(hospitalFile, chargeSlip);
     for (const QString& line : findings.lines)
         say(line);
     say(QStringLiteral("statements: %1 (trace.txt)").arg(statements));
@@ -93,6 +113,16 @@ int runTour(const QString& folder) {
     });
     tour::RequestWalkResult result;
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
+    tour::addOutPatientWalk(walk, outPatientOnAccount(hospitalFile));
+    tour::Findings findings; // before the next slip takes the work table
+    walk.step(
+        QStringLiteral("Another sheet of paper"),
+        [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
+        [&](QWidget&) {
+            findings = tour::findOrder(hospitalFile, result.chargeSlip);
+            report::setPrintTarget(QDir(folder).filePath(QStringLiteral("assessment.pdf")));
+        });
+    tour::addAssessmentWalk(walk, QStringLiteral("104078"));
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
     walk.step(
@@ -101,7 +131,10 @@ int runTour(const QString& folder) {
             if (!shown.page.contains(QStringLiteral("-90001")) ||
                 !shown.page.contains(result.admissionNumber))
                 walk.fail(QStringLiteral("The result's page is not whole."));
-            finish(walk, hospitalFile, result.chargeSlip);
+            say(QStringLiteral("\nassessment: %1").arg(lastAssessment(hospitalFile)));
+            if (QFileInfo(QDir(folder).filePath(QStringLiteral("assessment.pdf"))).size() == 0)
+                walk.fail(QStringLiteral("The assessment's slip was not printed."));
+            finish(walk, hospitalFile, result.chargeSlip, findings);
             QCoreApplication::exit(0);
         });
     walk.start();
@@ -123,10 +156,14 @@ int main(int argc, char** argv) {
     if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
         say(QStringLiteral(
             "usage: scintra-tour [FOLDER]\n\n"
-            "Takes one request through the program, from the log-on to the printed slip and its result, on a "
-            "made-up\n"
-            "hospital in a fresh file, and leaves a picture of each step, the slip and all statements\n"
-            "in the folder (./out/tour). Exit code 1 when a step does not happen."));
+            "Takes requests through the program, on a made-up hospital in a fresh file: one from the log-on "
+            "to "
+            "the\n"
+            "printed slip and its result, one of an out-patient, and an assessment for the cashier. Leaves a "
+            "picture of\n"
+            "each step, the slips and all statements in the folder (./out/tour). Exit code 1 when a step "
+            "does "
+            "not happen."));
         return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
     }
     try {

@@ -1,8 +1,8 @@
 // Saves the same request again and again, and says what the box told of each.
 
 #include "orders/frmRequest.h"
-#include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/TestDoors.h"
+#include "tests/orders/SavedLines.h"
 #include "tests/support/workstation/Workstation.h"
 
 #include <QPushButton>
@@ -15,13 +15,7 @@ void saveRequest(tests::Workstation& workstation) {
     screen.entry.PatientType = QStringLiteral("I");
     screen.Show();
     auto* grid = screen.findChild<controls::FlexGrid*>(QStringLiteral("grdPackage"));
-    const char* lines[2][7] = {{"NU", "1001", "BONE SCAN", "ROUTINE", "100.00", "1", "100.00"},
-                               {"UR", "40001", "SYRINGE", "", "12.00", "2", "24.00"}};
-    grid->setRows(3);
-    for (int row = 1; row <= 2; ++row) {
-        for (int column = 1; column <= 7; ++column)
-            grid->setTextMatrix(row, column, QString::fromLatin1(lines[row - 1][column - 1]));
-    }
+    tests::putLines(*grid, {"UR", "40001", "SYRINGE", "", "12.00", "2", "24.00"});
     auto* cmdSave = screen.findChild<QPushButton*>(QStringLiteral("cmdSave"));
     cmdSave->setEnabled(true);
     // Behind the screen's own reads: it is the save that is cut.

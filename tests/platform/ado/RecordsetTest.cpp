@@ -127,6 +127,23 @@ TEST_F(RecordsetTest, UpdateRefusesWhatItCannotFind) {
     EXPECT_EQ(errorOf([&] { rows.Update(); }), -2147217864);
 }
 
+TEST_F(RecordsetTest, ARowIsFoundByAllItsColumnsWhereTheKeyWasNotSelected) {
+    server->answer("sp_A", logBookRow());
+    server->keyColumns = {"Elsewhere"};
+    tests::StatementRecorder recorder(connection);
+    Recordset rows;
+    rows.Open(sql("sp_A"), connection, ado::CursorType::Dynamic, LockType::Optimistic);
+    rows.setUniqueTable("A..t");
+    rows.setFoundByAllColumns(true);
+    rows.Fields("RecordStatus").setValue("X");
+    rows.Update();
+    EXPECT_EQ(
+        recorder.texts.last(),
+        "UPDATE: UPDATE A..t SET [RecordStatus] = 'X' WHERE [RequestNum] = 7 AND [RecordStatus] IS NULL "
+        "AND [Name] = 'O''BRIEN' AND (SELECT COUNT(*) FROM A..t WHERE [RequestNum] = 7 AND "
+        "[RecordStatus] IS NULL AND [Name] = 'O''BRIEN') = 1");
+}
+
 TEST_F(RecordsetTest, AConnectionIsFoundByItsString) {
     EXPECT_EQ(Connection::byConnectionString("test"), &connection);
     connection.Close();

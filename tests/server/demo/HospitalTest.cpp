@@ -113,6 +113,16 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL AND DcrDate IS NULL",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL AND LateCharges = 1",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient2 WHERE OkeyNU = 1",
+        "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient P INNER JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = "
+        "P.IdNum WHERE P.DcrDate IS NULL AND P.BillingDate IS NULL AND D.OkeyNU = 1",
+        "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient P INNER JOIN PATIENT_DATA..tbPatient2 D ON D.IdNum = "
+        "P.IdNum WHERE P.DcrDate IS NULL AND P.BillingDate IS NULL AND D.OkeyNU = 0",
+        "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient O INNER JOIN BUILD_FILE..tbcoCompany C ON "
+        "C.AccountNum = O.AccountNum WHERE C.IsHMO = 1 AND O.DcrDate IS NULL",
+        "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient O INNER JOIN BUILD_FILE..tbcoCompany C ON "
+        "C.AccountNum = O.AccountNum WHERE C.IsHMO = 0 AND O.DcrDate IS NULL",
+        "SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE PatientType = 'O' AND RecordStatus = "
+        "'N'",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE AccountNum = HospNum",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbOutPatient WHERE BillingDate IS NOT NULL AND InvoiceNumber = "

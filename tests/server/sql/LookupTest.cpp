@@ -288,4 +288,17 @@ TEST_F(Lookup, TheExamFileOfTheSectionIsTheHospitals) {
     EXPECT_EQ(value(QStringLiteral("sp_Bui_Find_Last_Item_Number 'NU'")), QStringLiteral("1304"));
 }
 
+TEST_F(Lookup, AnHmoIsToldByTheAccountOfTheStay) {
+    const QString stay = value(QStringLiteral(
+        "SELECT TOP 1 O.IdNum FROM PATIENT_DATA..tbOutPatient O INNER JOIN BUILD_FILE..tbcoCompany C ON "
+        "C.AccountNum = O.AccountNum WHERE C.IsHMO = 1 ORDER BY O.IdNum DESC"));
+    const QString check = QStringLiteral("RADIOLOGY..Radiology_CheckIfHMO '%1'");
+    const QString ofStay = QStringLiteral("SELECT %1 FROM PATIENT_DATA..tbOutPatient WHERE IdNum = '%2'");
+    const QString account = value(ofStay.arg(QStringLiteral("AccountNum"), stay));
+    EXPECT_EQ(value(check.arg(stay)), account);
+    EXPECT_EQ(value(check.arg(value(ofStay.arg(QStringLiteral("HospNum"), stay)))), account);
+    run(QStringLiteral("UPDATE BUILD_FILE..tbcoCompany SET IsHMO = 0 WHERE AccountNum = '%1'").arg(account));
+    EXPECT_EQ(rows(check.arg(stay)).count(), 0);
+}
+
 } // namespace

@@ -306,6 +306,18 @@ TEST_F(Posting, AssessmentsAreAddedOnceAndLinkedByReceipt) {
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_CashLink 'OR555'")).count(), 1);
 }
 
+TEST_F(Posting, AnAssessmentThatWasRevokedIsNoneToTheCheck) {
+    const QString add =
+        QStringLiteral("spNuclear_AddCashAsses '104078','T104078C','AGUILAR, VIRGILIO AVELINO','11/21/2026 "
+                       "08:30:00 AM', 'NU9999','1001','5200', '1001','NU7777','NU'  ,'', '204','1'");
+    run(add);
+    EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'NU','1001','NU7776'")).count(), 0)
+        << "another assessment";
+    EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'NU','1001','NU7777'")).count(), 1);
+    run(QStringLiteral("UPDATE BILLING..tbCashAssessment SET RecordStatus = 'R' WHERE RefNum = 'NU7777'"));
+    EXPECT_EQ(rows(QStringLiteral("spNuclear_CheckCashAsses 'NU','1001','NU7777'")).count(), 0);
+}
+
 TEST_F(Posting, TwoWorkstationsNeverDrawTheSameNumber) {
     const auto other = workstation(QStringLiteral("DESK2"));
     const auto draw = [](ado::Provider& provider) {
