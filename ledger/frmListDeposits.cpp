@@ -59,7 +59,7 @@ void frmListDeposits::showAmounts() {
         for (int row = 1; row < grid.Rows(); ++row) {
             const QString text = grid.TextMatrix(row, column);
             if (base::IsNumeric(text))
-                grid.setTextMatrix(row, column, base::Format(text, QStringLiteral("##,###.00")));
+                grid.setTextMatrix(row, column, base::Format(text, QStringLiteral("0.00")));
         }
     }
 }

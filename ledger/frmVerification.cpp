@@ -23,10 +23,10 @@ constexpr const char* fields[] = {"Receipt #", "Payment From", "transaction Date
                                   "Transaction Type"};
 
 constexpr controls::ListColumn columns[] = {{"Receipt #", 1600},
-                                            {"Payment From", 4000},
-                                            {"Transaction Date", 2600},
+                                            {"Payment From", 3400},
+                                            {"Transaction Date", 2500},
                                             {"Amount", 1500, Qt::AlignRight},
-                                            {"Transaction Type", 3000}};
+                                            {"Transaction Type", 2600}};
 
 } // namespace
 

@@ -40,7 +40,7 @@ TEST_F(ListDeposits, ListsThemUnderTheResultsOwnHeaders) {
     }
     EXPECT_EQ(headers.join(u','), u',' + QString(columns));
     EXPECT_EQ(cells, (QStringList{"", "SANTOS, MARIA", "104001", "26004001", "11/20/2026", "201", "OR31501",
-                                  "12,000.00", "6,000.50", "3001", "B", "3A"}));
+                                  "12000.00", "6000.50", "3001", "B", "3A"}));
     EXPECT_EQ(child<QLabel>(screen, "lblHits").text(), QStringLiteral("1 deposit"));
 }
 

@@ -190,8 +190,12 @@ void ListView::focusInEvent(QFocusEvent* event) {
     QTreeWidget::focusInEvent(event);
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     // A window that comes up says Tab as well, before anything in it has the focus: nobody chose yet.
-    if (byTab && hasFocus() && Count() > 0 && !SelectedItem())
+    if (SelectedItem() || Count() == 0)
+        return;
+    if (byTab && hasFocus())
         select(Item(1));
+    else
+        selectionModel()->clearCurrentIndex(); // it would look like a choice
 }
 
 void ListView::paintEvent(QPaintEvent* event) {
