@@ -61,6 +61,7 @@ struct frmBuildFile::State {
 frmBuildFile::frmBuildFile(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmBuildFile>()) {
     m_ui->setupUi(this);
     m_rates = {m_ui->txtRateA, m_ui->txtRateB, m_ui->txtRateC, m_ui->txtRateD, m_ui->txtRateE};
+    m_ui->fmeExamInfo->setMaximumWidth(controls::look::scaled(380)); // the list takes all other room
     m_ui->grdExams->setFixedCols(0);
     m_ui->grdExams->setRowSelect(true);
     m_ui->grdExams->setEmptyText(QStringLiteral("The file holds no exam. F8 adds one."));

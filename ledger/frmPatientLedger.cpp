@@ -104,7 +104,7 @@ void frmPatientLedger::bringViewerIntoSight() {
     if (!m_ui->Viewer->isHidden())
         return;
     m_ui->Viewer->show();
-    resize(width(), look::scaled(heightWithViewer));
+    growTo(look::scaled(heightWithViewer));
 }
 
 void frmPatientLedger::showPatient(const LedgerHeading& heading) {
