@@ -1,5 +1,11 @@
 #include "app/AppScreens.h"
 
+#include "charges/frmBuildFile.h"
+#include "ledger/frmClearPatient.h"
+#include "ledger/frmDischargeNotice.h"
+#include "ledger/frmListDeposits.h"
+#include "ledger/frmPatientLedger.h"
+#include "ledger/frmVerification.h"
 #include "lookup/clsOutPatientSearch.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmWalkInMaster.h"
@@ -39,6 +45,10 @@ AppScreens::AppScreens()
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
+              {session::MenuScreen::BuildFile, showModal<charges::frmBuildFile>},
+              {session::MenuScreen::PatientLedger, showModal<ledger::frmPatientLedger>},
+              {session::MenuScreen::Verification, showModal<ledger::frmVerification>},
+              {session::MenuScreen::ListDeposits, showModal<ledger::frmListDeposits>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {
@@ -76,10 +86,16 @@ void AppScreens::enableRequestSaves() {
 }
 
 session::ChosenPatient AppScreens::openDischargeNotice() {
-    return {};
+    auto& screen = SharedScreen<ledger::frmDischargeNotice>::fresh();
+    screen.ShowModal();
+    return {.Valid = screen.Valid, .IdNum = screen.IdNum};
 }
 
-void AppScreens::openClearPatient(const QString&) {}
+void AppScreens::openClearPatient(const QString& IdNum) {
+    auto& screen = SharedScreen<ledger::frmClearPatient>::fresh();
+    screen.IdNum = IdNum;
+    screen.ShowModal();
+}
 
 std::optional<session::FoundOutPatient> AppScreens::findOutPatient(const QString& searchText) {
     lookup::clsOutPatientSearch search;

@@ -22,6 +22,9 @@ extern QString gReportOptionTitle;
 QString programFolder();
 /// "<program folder>\Reports\<file>": the path as the screens give it to PrepareReport.
 QString reportPath(const QString& file);
+/// Opens the report into gReport and no more: without a heading, a log-on or a value. Raises the engine's
+/// error when the file is missing or unreadable.
+void OpenReport(const QString& path);
 /// Opens the report, sets its heading, logs its tables on to `database` and feeds its parameter fields in
 /// their stored order. Fields beyond the values prompt when the report runs; values beyond the fields are
 /// ignored. Raises the engine's error when the file is missing or unreadable or the log-on fails.

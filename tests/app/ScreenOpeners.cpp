@@ -1,6 +1,10 @@
 #include "tests/app/ScreenOpeners.h"
 
 #include "app/AppScreens.h"
+#include "charges/frmBuildFile.h"
+#include "ledger/frmClearPatient.h"
+#include "ledger/frmDischargeNotice.h"
+#include "ledger/frmPatientLedger.h"
 #include "lookup/frmAddWalkIn.h"
 #include "lookup/frmPatientList.h"
 #include "lookup/frmRegisteredOPD.h"
@@ -9,6 +13,8 @@
 #include "orders/frmAssessment.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/TestDoors.h"
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/viewer/Viewer.h"
 #include "results/frmResult.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
@@ -29,8 +35,11 @@
 #include "session/services/Services.h"
 #include "tests/support/screens/Driver.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 
 namespace tests {
@@ -165,6 +174,36 @@ void requestsOfAPatient(const Look& look) {
     lookAt(screen, look);
 }
 
+void editedExam(const Look& look) {
+    charges::frmBuildFile screen;
+    screen.Show();
+    child<QPushButton>(screen, "btnEdit").click();
+    lookAt(screen, look);
+}
+
+void patientLedger(const Look& look) {
+    ledger::frmPatientLedger screen;
+    screen.Show();
+    child<QComboBox>(screen, "cmbPatientClass").setCurrentIndex(0);
+    auto& number = child<QLineEdit>(screen, "txtIdNum");
+    number.setText("26004022");
+    QTest::keyClick(&number, Qt::Key_Return);
+    const auto& viewer = child<report::Viewer>(screen, "Viewer");
+    (void)QTest::qWaitFor([&] { return viewer.document() && viewer.document()->isComplete(); }, 60'000);
+    lookAt(screen, look);
+    screen.Unload();
+}
+
+void clearPatient(const Look& look) {
+    ledger::frmClearPatient screen;
+    screen.IdNum =
+        session::Read(ado::sql("SELECT TOP 1 IdNum FROM STATION..tbDischargeNotice ORDER BY IdNum"))
+            .Fields(0)
+            .text();
+    lookAt(screen, look);
+    controls::release<ledger::frmDischargeNotice>();
+}
+
 } // namespace
 
 const std::vector<ScreenOpener>& screenOpeners() {
@@ -198,6 +237,12 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmResultEntryGFR", resultEntry<results::frmResultEntryGFR>},
         {"frmResultRadioImmuno", resultEntry<results::frmResultRadioImmuno>},
         {"frmSymbols", plain<results::frmSymbols>},
+        {"frmBuildFile", editedExam},
+        {"frmPatientLedger", patientLedger},
+        {"frmVerification", ofTheMenu<MenuScreen::Verification>},
+        {"frmListDeposits", ofTheMenu<MenuScreen::ListDeposits>},
+        {"frmDischargeNotice", plain<ledger::frmDischargeNotice>},
+        {"frmClearPatient", clearPatient},
     };
     return openers;
 }

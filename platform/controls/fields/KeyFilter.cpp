@@ -13,6 +13,9 @@ bool passes(QChar c, KeyRules rules) {
         return digit;
     if (rules.testFlag(KeyRule::Number))
         return digit || c == QLatin1Char('.') || c == QLatin1Char('+') || c == QLatin1Char('-');
+    if (rules.testFlag(KeyRule::Rate))
+        return c < QLatin1Char(':') && c != QLatin1Char('\'') && c != QLatin1Char(',') &&
+               c != QLatin1Char('/');
     return true;
 }
 

@@ -153,6 +153,11 @@ void ListView::keyPressEvent(QKeyEvent* event) {
             Q_EMIT EnterPressed();
         return;
     }
+    if (event->key() == Qt::Key_Down && Count() > 0 && !SelectedItem()) {
+        select(Item(1));
+        event->accept();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -184,8 +189,13 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
 void ListView::focusInEvent(QFocusEvent* event) {
     QTreeWidget::focusInEvent(event);
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-    if (byTab && Count() > 0 && !SelectedItem())
+    // A window that comes up says Tab as well, before anything in it has the focus: nobody chose yet.
+    if (SelectedItem() || Count() == 0)
+        return;
+    if (byTab && hasFocus())
         select(Item(1));
+    else
+        selectionModel()->clearCurrentIndex(); // it would look like a choice
 }
 
 void ListView::paintEvent(QPaintEvent* event) {

@@ -39,7 +39,7 @@ class ListItem : public QTreeWidgetItem {
 
 /// A list in report style: columns with headers, lines that can be looked up by a key, one of which may be
 /// selected. It is only looked at and chosen from. Items and sub-items count from 1. Nothing is selected
-/// until somebody chooses; Tab into the list chooses the first item.
+/// until somebody chooses; Tab into the list chooses the first item, and so does Down while none is chosen.
 class ListView : public QTreeWidget {
     Q_OBJECT
 

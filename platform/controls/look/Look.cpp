@@ -74,6 +74,7 @@ QString valueOf(QStringView token) {
         ColorToken{"fieldLine", &fieldLine},
         ColorToken{"readOnly", &readOnly},
         ColorToken{"marked", &marked},
+        ColorToken{"inquiry", &inquiry},
     };
     for (const ColorToken& color : tokens)
         if (token == QLatin1StringView(color.name))

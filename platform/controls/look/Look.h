@@ -31,6 +31,8 @@ inline const QColor fieldLine(0xB4, 0xC0, 0xCA);
 inline const QColor readOnly(0xF3, 0xF5, 0xF7);
 /// Behind the one symbol that is marked.
 inline const QColor marked(0x00, 0x00, 0x80);
+/// Of the field that holds the number asked for, while it has the focus.
+inline const QColor inquiry(0x00, 0xFF, 0xFF);
 
 /// Fusion, the font, the palette and the one style sheet. Call once, after the application is made.
 void apply(QApplication& application);

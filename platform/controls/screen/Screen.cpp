@@ -80,6 +80,13 @@ QRect roomFor(const QWidget* parent) {
     return screen ? screen->availableGeometry() : QRect(0, 0, 1366, 768);
 }
 
+constexpr int barHeight = 32;
+
+/// The window's own bar and frame need some of the room.
+QSize mostIn(const QRect& room) {
+    return room.size() - QSize(16, 48);
+}
+
 QWidget* openerOf(const Screen* screen) {
     if (QWidget* parent = screen->parentWidget())
         return parent->window();
@@ -228,18 +235,24 @@ void Screen::placeOver(QWidget* opener) {
     if (!testAttribute(Qt::WA_Resized))
         adjustSize();
     const QRect room = roomFor(opener);
-    // The window's own bar and frame need some of it.
-    const QSize most(room.width() - 16, room.height() - 48);
+    const QSize most = mostIn(room);
     const QSize least = minimumSizeHint();
     if (layout() && (least.width() > most.width() || least.height() > most.height()))
         scrollContents();
     resize(size().expandedTo(minimumSizeHint()).boundedTo(most));
     const QPoint middle = opener && opener->isVisible() ? opener->frameGeometry().center() : room.center();
-    QRect place(QPoint(), size() + QSize(0, 32));
+    QRect place(QPoint(), size() + QSize(0, barHeight));
     place.moveCenter(middle);
     place.moveLeft(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())));
     place.moveTop(qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
     move(place.topLeft());
+}
+
+void Screen::growTo(int height) {
+    const QRect room = roomFor(this);
+    const QSize most = mostIn(room);
+    resize(width(), qMin(height, most.height()));
+    move(x(), qMax(room.top(), qMin(y(), room.bottom() - this->height() - barHeight)));
 }
 
 void Screen::scrollContents() {

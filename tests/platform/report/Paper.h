@@ -42,6 +42,7 @@ class Paper {
     Sum total(const QString& start, int cell = -1) const;
     /// What the groups' footers add up to. Their first cell reads "12 lines", "1 procedure, ...".
     Sum groups(int cell = -1) const;
+    const std::vector<QStringList>& lines() const { return m_lines; }
     /// The first cells of all lines.
     QStringList firstCells() const;
 
