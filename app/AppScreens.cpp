@@ -1,10 +1,15 @@
 #include "app/AppScreens.h"
 
+#include "charges/frmCSEntry.h"
+#include "charges/frmPHEntry.h"
 #include "lookup/clsOutPatientSearch.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
+#include "orders/frmListCashComm.h"
+#include "orders/frmNurseCommunication.h"
 #include "orders/frmOutRequest.h"
+#include "orders/frmPrepaidRequest.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/screen/Screen.h"
 #include "results/frmRequestMaster.h"
@@ -33,6 +38,11 @@ void showInMode(const QString& formMode) {
 
 AppScreens::AppScreens()
     : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
+              {session::MenuScreen::CSEntry, showModal<charges::frmCSEntry>},
+              {session::MenuScreen::PHEntry, showModal<charges::frmPHEntry>},
+              {session::MenuScreen::ListCashComm, showModal<orders::frmListCashComm>},
+              {session::MenuScreen::NurseCommunication, showModal<orders::frmNurseCommunication>},
+              {session::MenuScreen::PrepaidRequest, showModal<orders::frmPrepaidRequest>},
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},

@@ -12,7 +12,8 @@ enum class KeyRule {
     UpperCase = 1, ///< letters come out upper-cased
     BackQuote = 2, ///< ' becomes ` (the statements' texts are quoted with ')
     Number = 4,    ///< only 1234567890.+- get through
-    Digits = 8     ///< only 0 to 9
+    Digits = 8,    ///< only 0 to 9
+    Fraction = 16  ///< only 0 to 9, the point and the slash
 };
 Q_DECLARE_FLAGS(KeyRules, KeyRule)
 Q_DECLARE_OPERATORS_FOR_FLAGS(KeyRules)
