@@ -4,7 +4,6 @@
 #include "platform/base/Error.h"
 #include "server/demo/Names.h"
 
-#include <QSet>
 #include <QStringList>
 
 namespace demo {
@@ -29,32 +28,6 @@ constexpr Deed turns[] = {Deed::Ward,    Deed::Payment, Deed::Ward,     Deed::Pr
 
 QString text(const ado::Rows& rows, qsizetype row, qsizetype column) {
     return base::Trim(base::textOf(rows.at(row, column)));
-}
-
-QSet<QString> wordsOf(std::span<const char* const> list) {
-    QSet<QString> words;
-    for (const char* word : list)
-        words.insert(QString::fromUtf8(word));
-    return words;
-}
-
-/// A last name may have a prefix before it, a given name a second one behind it.
-bool isMadeUp(const QString& last, const QString& first) {
-    static const QSet<QString> lasts = wordsOf(lastNames());
-    static const QSet<QString> givens = wordsOf(maleNames()) | wordsOf(femaleNames());
-    bool lastIsKnown = lasts.contains(last);
-    for (qsizetype blank = last.indexOf(u' '); !lastIsKnown && blank >= 0;
-         blank = last.indexOf(u' ', blank + 1))
-        lastIsKnown = lasts.contains(last.mid(blank + 1));
-    if (!lastIsKnown)
-        return false;
-    if (givens.contains(first))
-        return true;
-    for (qsizetype blank = first.indexOf(u' '); blank >= 0; blank = first.indexOf(u' ', blank + 1)) {
-        if (givens.contains(first.left(blank)) && givens.contains(first.mid(blank + 1)))
-            return true;
-    }
-    return false;
 }
 
 void refuseAnothersHospital(ado::Provider& server) {
