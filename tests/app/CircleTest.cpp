@@ -87,26 +87,32 @@ TEST_F(Circle, FromAnAssessmentToItsResult) {
     EXPECT_EQ(count("BILLING..tbDailyBill", "HospNum = '" + code + "'"), 0) << "it was paid in cash";
 
     boxes.expect({"Data Successfully Saved!", controls::vbInformation, "Notification"});
+    const auto leave = [](QWidget& window) {
+        if (auto& screen = dynamic_cast<controls::Screen&>(window); !screen.isUnloaded())
+            screen.Unload();
+    };
     tests::runModal(
         [&] { appScreens.open(MenuScreen::RequestMaster, QStringLiteral("R")); },
-        {[&](QWidget& door) { keysToFocus(door, code + "<Enter><Down><Enter>"); },
+        {[&](QWidget& door) {
+             keysToFocus(door, code + "<Enter><Down><Enter>");
+             leave(door);
+         },
          [&](QWidget& list) {
              auto& grid = child<controls::FlexGrid>(list, "grdTable");
              for (int row = 1; row < grid.Rows() && grid.TextMatrix(grid.Row(), 1) != number; ++row)
                  keysToFocus(list, "<Down>");
              keysToFocus(list, "<Enter>");
+             leave(list);
          },
-         [](QWidget& entry) {
+         [&](QWidget& entry) {
              keysToFocus(entry, "90077");
              for (int tabs = 0; tabs < 40 && entry.focusWidget()->objectName() != u"txtRadiopharmaceutical";
                   ++tabs)
                  keysToFocus(entry, "<Tab>");
              keysToFocus(entry, "Tc-99m MDP<Enter><Home>20<Enter>I.V.<Enter>ANTERIOR<Enter>");
-             keysToFocus(entry, "Bones are whole.<Enter>No lesion.");
-             keysToFocus(entry, "<Alt+P>");
-         },
-         [](QWidget& viewer) { keysToFocus(viewer, "<Esc>"); },
-         [](QWidget& door) { keysToFocus(door, "<Esc>"); }});
+             keysToFocus(entry, "Bones are whole.<Enter>No lesion.<Alt+S>");
+             leave(entry);
+         }});
     EXPECT_EQ(count("NUCLEAR..tbNucMaster", filed + " AND RequestStatus = 'W'"), 1);
     EXPECT_EQ(count("NUCLEAR..tbNucResult", "RequestNum = '" + number + "' AND HospNum = '" + code + "'"), 1);
     EXPECT_EQ(count("NUCLEAR..tbNucLogBook", "RequestNum = '" + number + "' AND CaseNumber = '26-90077'"), 1);
