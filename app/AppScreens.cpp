@@ -1,6 +1,8 @@
 #include "app/AppScreens.h"
 
 #include "charges/frmBuildFile.h"
+#include "charges/frmCSEntry.h"
+#include "charges/frmPHEntry.h"
 #include "ledger/frmClearPatient.h"
 #include "ledger/frmDischargeNotice.h"
 #include "ledger/frmListDeposits.h"
@@ -11,7 +13,10 @@
 #include "lookup/frmWalkInMaster.h"
 #include "menu/frmMainMenu.h"
 #include "orders/frmAssessment.h"
+#include "orders/frmListCashComm.h"
+#include "orders/frmNurseCommunication.h"
 #include "orders/frmOutRequest.h"
+#include "orders/frmPrepaidRequest.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/screen/Screen.h"
 #include "results/frmRequestMaster.h"
@@ -42,6 +47,11 @@ AppScreens::AppScreens()
     : m_table{{session::MenuScreen::Assessment,
                [](const QString&) { orders::frmAssessment::ShowForEachPatient(); }},
               {session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
+              {session::MenuScreen::CSEntry, showModal<charges::frmCSEntry>},
+              {session::MenuScreen::PHEntry, showModal<charges::frmPHEntry>},
+              {session::MenuScreen::ListCashComm, showModal<orders::frmListCashComm>},
+              {session::MenuScreen::NurseCommunication, showModal<orders::frmNurseCommunication>},
+              {session::MenuScreen::PrepaidRequest, showModal<orders::frmPrepaidRequest>},
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},

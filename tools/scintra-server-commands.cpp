@@ -8,6 +8,7 @@
 #include "platform/odbc/DataSources.h"
 #include "platform/odbc/OdbcProvider.h"
 #include "server/demo/Hospital.h"
+#include "server/demo/Neighbours.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Trace.h"
 #include "server/hospital/Backup.h"
@@ -19,8 +20,10 @@
 #include <QFileInfo>
 #include <QSysInfo>
 #include <QTextStream>
+#include <QThread>
 
 #include <cstdio>
+#include <ranges>
 
 namespace tools {
 
@@ -273,6 +276,32 @@ int runSql(const Arguments& arguments) {
     return exitDone;
 }
 
+demo::Deed deedOf(const QString& name) {
+    const auto found = std::ranges::find_if(
+        demo::deeds(), [&](const demo::NamedDeed& each) { return name == QLatin1String(each.name); });
+    if (found != demo::deeds().end())
+        return found->deed;
+    QStringList names;
+    for (const demo::NamedDeed& each : demo::deeds())
+        names << QLatin1String(each.name);
+    throw base::RunTimeError(base::errors::invalidProcedureCall,
+                             QStringLiteral("There is no \"%1\": %2.").arg(name, names.join(u", ")));
+}
+
+int runNeighbours(const Arguments& arguments) {
+    const bool once = !arguments.once.isEmpty();
+    const demo::Deed deed = once ? deedOf(arguments.once) : demo::Deed::Ward;
+    const auto provider = openHospital(arguments);
+    demo::Neighbours neighbours(*provider, std::uint64_t(base::now().ms));
+    while (!once) {
+        print(neighbours.actInTurn());
+        std::fflush(stdout);
+        QThread::sleep(static_cast<unsigned long>(arguments.everySeconds));
+    }
+    print(neighbours.act(deed));
+    return exitDone;
+}
+
 int runInstall(const Arguments& arguments) {
     const auto provider = openDataSource(arguments);
     site::install(*provider, showProgress);
@@ -313,6 +342,8 @@ constexpr Command commandList[] = {
     {"backup", "FILE TO [--force]", "copy while people work", 2, 2, runBackup},
     {"restore", "FROM [FILE] [--force]", "put a copy in the place of a file", 1, 2, runRestore},
     {"sql", "FILE \"text\"", "run a text and print its rows", 2, 2, runSql, Target::Either},
+    {"neighbours", "[--file FILE] [--every SECONDS] [--once KIND]",
+     "play wards, cashier and prepaid office on the made-up hospital", 0, 1, runNeighbours, Target::Either},
     {"install", "--dsn NAME [--demo]",
      "make the hospital's databases on a SQL Server, or add what is missing", 0, 0, runInstall,
      Target::DataSource},

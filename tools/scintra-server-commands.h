@@ -19,6 +19,9 @@ struct Arguments {
     bool demo = false;
     /// A file that stands in the way is replaced.
     bool force = false;
+    int everySeconds = 20;
+    /// Does one thing of this kind and ends; empty for going on.
+    QString once;
 };
 
 /// What a command works on.

@@ -15,13 +15,13 @@ void printUsage(std::FILE* out) {
     std::fputs("Usage: scintra-server COMMAND ...\n\n", out);
     for (const tools::Command& command : tools::serverCommands())
         std::fprintf(out, "  %-9s %-42s %s\n", command.name, command.usage, command.does);
-    std::fprintf(
-        out,
-        "\nFILE may be left out or be \"-\": then it is the file of the program itself,\n%s\n"
-        "With password and sql, --dsn NAME may stand in the place of FILE. Where the data source has no\n"
-        "database login, --login NAME gives it; its password is read first from standard input.\n"
-        "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
-        qPrintable(hospital::defaultHospitalFile()));
+    std::fprintf(out,
+                 "\nFILE may be left out or be \"-\": then it is the file of the program itself,\n%s\n"
+                 "With password, sql and neighbours, --dsn NAME may stand in the place of FILE. Where the "
+                 "data source has no\n"
+                 "database login, --login NAME gives it; its password is read first from standard input.\n"
+                 "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
+                 qPrintable(hospital::defaultHospitalFile()));
 }
 
 int refuse(const QString& reason) {
@@ -67,7 +67,17 @@ bool readArguments(const QStringList& words, tools::Arguments& arguments, QStrin
             arguments.dsn = value;
         else if (word == QLatin1String("--login"))
             arguments.login = value;
-        else {
+        else if (word == QLatin1String("--file"))
+            arguments.words << value;
+        else if (word == QLatin1String("--once"))
+            arguments.once = value;
+        else if (word == QLatin1String("--every")) {
+            arguments.everySeconds = value.toInt(&good);
+            if (!good || arguments.everySeconds < 1) {
+                fault = value + QStringLiteral(" is no number of seconds.");
+                return false;
+            }
+        } else {
             fault = QStringLiteral("There is no option ") + word + u'.';
             return false;
         }

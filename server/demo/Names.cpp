@@ -1,5 +1,7 @@
 #include "server/demo/Names.h"
 
+#include <QSet>
+
 namespace demo {
 
 namespace {
@@ -144,6 +146,46 @@ PersonName drawName(Chance& chance) {
         name.last = QString::fromUtf8(chance.of(std::span<const char* const>(prefixList))) + name.last;
     name.middle = QString::fromUtf8(chance.of(lastNames()));
     return name;
+}
+
+PersonName oddName(int index) {
+    switch (index) {
+    case 3:
+        return {QStringLiteral("O'BRIEN"), QStringLiteral("SEAN"), QStringLiteral("D'ARCY"), false};
+    case 8:
+        return {QStringLiteral("D'SOUZA"), QString::fromUtf8("MARÍA"), QString::fromUtf8("NÚÑEZ"), true};
+    case 14:
+        return {QString::fromUtf8("PEÑAFLORIDA"), QString::fromUtf8("JOSÉ"), QString::fromUtf8("IBAÑEZ"),
+                false};
+    case 21:
+        return {QStringLiteral("SANTOS-REYES"), QStringLiteral("MA. LOURDES"), QStringLiteral("L."), true};
+    default:
+        return {};
+    }
+}
+
+bool isMadeUp(const QString& lastName, const QString& firstName) {
+    static const auto wordsOf = [](std::span<const char* const> list) {
+        QSet<QString> words;
+        for (const char* word : list)
+            words.insert(QString::fromUtf8(word));
+        return words;
+    };
+    static const QSet<QString> lasts = wordsOf(lastNames());
+    static const QSet<QString> givens = wordsOf(maleNames()) | wordsOf(femaleNames());
+    for (int index = 0; index < oddNameCount; ++index) {
+        if (const PersonName odd = oddName(index); odd.last == lastName && odd.first == firstName)
+            return true;
+    }
+    bool isLast = lasts.contains(lastName);
+    for (const char* prefix : prefixList) {
+        const QString begin = QString::fromUtf8(prefix);
+        isLast = isLast || (lastName.startsWith(begin) && lasts.contains(lastName.mid(begin.size())));
+    }
+    bool isFirst = givens.contains(firstName);
+    for (qsizetype at = firstName.indexOf(u' '); at >= 0; at = firstName.indexOf(u' ', at + 1))
+        isFirst = isFirst || (givens.contains(firstName.left(at)) && givens.contains(firstName.mid(at + 1)));
+    return isLast && isFirst;
 }
 
 } // namespace demo

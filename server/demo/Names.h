@@ -30,5 +30,10 @@ struct PersonName {
 };
 /// One name in five has two given names, one in nine a compound last name.
 PersonName drawName(Chance& chance);
+/// The patients of the made-up hospital who have a name of their own; "" for all others.
+inline constexpr int oddNameCount = 22;
+PersonName oddName(int index);
+/// Whether those names can be drawn, or belong to one of those patients.
+bool isMadeUp(const QString& lastName, const QString& firstName);
 
 } // namespace demo

@@ -24,23 +24,6 @@ struct Registered {
     std::optional<base::DateTime> birth;
 };
 
-/// Names that the searches of the screens stumble over.
-PersonName oddName(int index) {
-    switch (index) {
-    case 3:
-        return {QStringLiteral("O'BRIEN"), QStringLiteral("SEAN"), QStringLiteral("D'ARCY"), false};
-    case 8:
-        return {QStringLiteral("D'SOUZA"), QString::fromUtf8("MARÍA"), QString::fromUtf8("NÚÑEZ"), true};
-    case 14:
-        return {QString::fromUtf8("PEÑAFLORIDA"), QString::fromUtf8("JOSÉ"), QString::fromUtf8("IBAÑEZ"),
-                false};
-    case 21:
-        return {QStringLiteral("SANTOS-REYES"), QStringLiteral("MA. LOURDES"), QStringLiteral("L."), true};
-    default:
-        return {};
-    }
-}
-
 std::optional<base::DateTime> drawBirth(Chance& chance, base::DateTime now) {
     // Old records often lack the day.
     if (chance.inHundred(6))

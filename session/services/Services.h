@@ -169,6 +169,12 @@ class clsFormulist {
     /// The chosen item's code or "". A complete code is taken without a dialog. `stockLocation` takes the
     /// location of the item when it was empty.
     QString ShowList(QString& searchText, bool showList, QString& stockLocation);
+    /// Title of the next list; "" for the list's own.
+    QString ListTitle;
+    static constexpr const char* centralSupply = "21";
+    /// The same for the hospital's own stores, whatever DrugsORCSR says: medicines, or, of `store`
+    /// centralSupply, the supplies that lie there.
+    QString ShowList(const QString& searchText, const QString& store = {});
 
   private:
     ado::Connection* m_connection = nullptr;
@@ -176,6 +182,7 @@ class clsFormulist {
 
 struct Invent {
     double SellingPriceIn = 0;
+    double SellingPriceOut = 0;
 };
 
 /// One movement of the stock card, in the order of its 22 arguments.
@@ -195,11 +202,22 @@ struct StockCardEntry {
     QString argument22; ///< "O"
 };
 
+/// Where an item lies; callers have it as a text or as a number. Without one: anywhere.
+struct StockLocation {
+    StockLocation() = default;
+    StockLocation(const QString& code) : text(code) {}
+    StockLocation(int number) : text(QString::number(number)) {}
+    QString text;
+};
+
 class clsDrug {
   public:
-    /// False when the item is not on file at that location ("" is any).
-    bool SearchDrug(const QString& code, const QString& location);
-    QString DrugName;
+    static constexpr int pharmacy = 20; ///< the hospital's own store of medicines
+
+    /// False when the item is not on file there; the members are then empty.
+    bool SearchDrug(const QString& code, const StockLocation& at);
+    QString DrugCode, DrugName;
+    bool Status = false; ///< True: the item is out of use
     session::Invent Invent;
     void AppendStockCard(const StockCardEntry& entry);
 

@@ -21,6 +21,19 @@ QString codeOf(const QString& text) {
     return base::BackQuoted(base::Trim(text));
 }
 
+/// A bit, or a text that says one.
+bool isSet(const base::Value& value) {
+    if (const bool* bit = value.asBool())
+        return *bit;
+    const QString word = base::Trim(base::textOf(value));
+    return word == u"True" || base::Val(word) != 0;
+}
+
+double priceOf(ado::Recordset& row, const char* field) {
+    const base::Value& price = row.Fields(field).Value();
+    return price.isNull() ? 0 : base::CDbl(price);
+}
+
 } // namespace
 
 bool clsFormulist::InitConnection(ado::Connection& connection) {
@@ -40,29 +53,42 @@ QString clsFormulist::ShowList(QString& searchText, bool showList, QString& stoc
     return code;
 }
 
+QString clsFormulist::ShowList(const QString& searchText, const QString& store) {
+    PickListing listing = store == QLatin1String(centralSupply) ? supplyListing : medicineListing;
+    const QByteArray title = ListTitle.toLatin1();
+    if (!title.isEmpty())
+        listing.title = title.constData();
+    Pick chosen = pick(m_connection, listing, {{}, store}, searchText, true);
+    return chosen.row ? base::Trim(chosen.row->Fields("ItemID").text()) : QString();
+}
+
 bool clsDispense::InitConnect(ado::Connection& connection) {
     Drug.m_connection = &connection;
     return canRead(connection, ado::sql("SELECT TOP 1 ItemID FROM INVENTORY..tbInvStock"));
 }
 
-bool clsDrug::SearchDrug(const QString& code, const QString& location) {
+bool clsDrug::SearchDrug(const QString& code, const StockLocation& at) {
     if (!m_connection)
         throw base::RunTimeError(base::errors::connectionInvalid);
+    DrugCode.clear();
     DrugName.clear();
+    Status = false;
     Invent = {};
+    const QString location = codeOf(at.text);
     ado::Recordset row;
     row.Open(
-        ado::sql(
-            "SELECT TOP 1 I.ItemID, I.ItemName, I.SellingPriceIn FROM INVENTORY..tbInvMaster I LEFT JOIN "
-            "INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE I.ItemID = '{}' AND ('{}' = '' OR "
-            "S.LocationID = '{}')",
-            codeOf(code), codeOf(location), codeOf(location)),
+        ado::sql("SELECT TOP 1 I.ItemID, I.ItemName, I.SellingPriceIn, I.SellingPriceOut, I.Inactive FROM "
+                 "INVENTORY..tbInvMaster I LEFT JOIN INVENTORY..tbInvStock S ON S.ItemID = I.ItemID WHERE "
+                 "I.ItemID = '{}' AND ('{}' = '' OR "
+                 "S.LocationID = '{}')",
+                 codeOf(code), location, location),
         *m_connection);
     if (row.State() != ado::Recordset::adStateOpen || row.Eof())
         return false;
+    DrugCode = base::Trim(row.Fields("ItemID").text());
     DrugName = base::Trim(row.Fields("ItemName").text());
-    const base::Value& price = row.Fields("SellingPriceIn").Value();
-    Invent.SellingPriceIn = price.isNull() ? 0 : base::CDbl(price);
+    Status = isSet(row.Fields("Inactive").Value());
+    Invent = {priceOf(row, "SellingPriceIn"), priceOf(row, "SellingPriceOut")};
     row.Close();
     return true;
 }

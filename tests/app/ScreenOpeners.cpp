@@ -1,6 +1,7 @@
 #include "tests/app/ScreenOpeners.h"
 
 #include "app/AppScreens.h"
+#include "charges/ItemRequestScreen.h"
 #include "charges/frmBuildFile.h"
 #include "ledger/frmClearPatient.h"
 #include "ledger/frmDischargeNotice.h"
@@ -11,6 +12,7 @@
 #include "lookup/frmSearch.h"
 #include "menu/frmMainMenu.h"
 #include "orders/frmAssessment.h"
+#include "orders/frmRequestForm.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "platform/report/layout/PageDocument.h"
@@ -40,6 +42,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 
 namespace tests {
@@ -150,6 +153,27 @@ void request(const Look& look) {
     lookAtModal([] { app::AppScreens().openRequest({.PatIdNum = "26004078", .PatientType = "I"}); }, look);
 }
 
+/// A store's screen with a patient taken and a line begun.
+template <MenuScreen screen>
+void itemRequest(const Look& look) {
+    lookAtModal([] { app::AppScreens().open(screen); },
+                [&](QWidget& window) {
+                    click(child<QRadioButton>(window, "optType_2"));
+                    keys(child<QLineEdit>(window, "txtPName"), QStringLiteral("26004078<Enter>"));
+                    keysToFocus(window, screen == MenuScreen::PHEntry ? QStringLiteral("30001<Enter>")
+                                                                      : QStringLiteral("40001<Enter>"));
+                    look(window);
+                });
+}
+
+void requestForm(const Look& look) {
+    orders::frmRequestForm screen;
+    ado::Recordset request =
+        session::Read(ado::sql("NUCLEAR..sp_Nuclear_GetPrepaidPatientInfo '{}'", QStringLiteral("PS401")));
+    screen.take(request);
+    lookAt(screen, look);
+}
+
 template <typename T>
 void resultEntry(const Look& look) {
     T screen;
@@ -229,6 +253,12 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmAssessment", shared<orders::frmAssessment>}, // the menu's comes again after each save
         {"frmOutRequest", outRequest},
         {"frmRequest", request},
+        {"frmNurseCommunication", ofTheMenu<MenuScreen::NurseCommunication>},
+        {"frmListCashComm", ofTheMenu<MenuScreen::ListCashComm>},
+        {"frmPrepaidRequest", ofTheMenu<MenuScreen::PrepaidRequest>},
+        {"frmRequestForm", requestForm},
+        {"frmPHEntry", itemRequest<MenuScreen::PHEntry>},
+        {"frmCSEntry", itemRequest<MenuScreen::CSEntry>},
         {"frmRequestMaster", ofTheMenu<MenuScreen::RequestMaster>},
         {"frmResultMaster", ofTheMenu<MenuScreen::ResultMaster>},
         {"frmResult", requestsOfAPatient},

@@ -41,6 +41,25 @@ TEST_F(Faults, EightWorkstationsNeverShareANumber) {
         0);
 }
 
+TEST_F(Faults, EightDesksTakeEachRequestOfTheirInTrayOnce) {
+    const int before = value("SELECT COUNT(*) FROM NUCLEAR..tbNucMaster");
+    const int billed = value("SELECT COUNT(*) FROM BILLING..tbDailyBill");
+    const int ward = value("SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N'");
+    saveAtOnce(QStringLiteral("taker"), 8, 4);
+    const int left = value("SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N'");
+    EXPECT_LT(left, ward);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM NUCLEAR..tbNucMaster"), before + ward - left);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM BILLING..tbDailyBill"), billed + ward - left);
+    EXPECT_EQ(value("SELECT COUNT(*) FROM (SELECT NurseRequestNum FROM NUCLEAR..tbNucMaster GROUP BY "
+                    "NurseRequestNum HAVING COUNT(*) > 1) AS Twice"),
+              0);
+    EXPECT_EQ(
+        value("SELECT COUNT(*) FROM STATION..tbNurseLogBook L INNER JOIN STATION..tbNurseCommunicationFile "
+              "C ON C.RequestNum = L.RequestNum WHERE C.RecordStatus <> L.RecordStatus"),
+        0)
+        << "both files of the wards say the same";
+}
+
 // ---- an out-patient's request: its supply leaves no request behind
 
 const QString outSaver = QStringLiteral("outsaver");

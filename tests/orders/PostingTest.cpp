@@ -2,7 +2,7 @@
 #include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/reports/ReportLaunch.h"
-#include "tests/orders/RequestFixture.h"
+#include "tests/orders/SavingFixture.h"
 
 #include <QTest>
 
@@ -12,57 +12,9 @@ using tests::RequestFixture;
 
 namespace {
 
-/// Puts the numbers of a save into an expected list of texts: {slip} and {r1}, {r2} ... for the requests.
-QStringList expected(QStringList texts, int slip, int request) {
-    for (QString& text : texts) {
-        text.replace("{slip}", QStringLiteral("C%1J").arg(slip));
-        for (int i = 1; i <= 9; ++i)
-            text.replace(QStringLiteral("{r%1}").arg(i), QString::number(request + i - 1));
-    }
-    return texts;
-}
+using tests::listed;
 
-/// The list of texts, one a line, for a readable difference.
-std::string listed(const QStringList& texts) {
-    return texts.join(u'\n').toStdString();
-}
-
-using tests::isServerNow;
-using tests::toTestDays;
-using tests::Way;
-
-class Posting : public RequestFixture {
-  public:
-    void save(const QString& slip) {
-        boxes.expect({QStringLiteral("Data Successfully Saved! ChargeSlip No.: '%1'").arg(slip),
-                      controls::vbOKOnly, "Message"});
-        type("<Alt+S>");
-    }
-    QString slipText(int slip) const { return QStringLiteral("C%1J").arg(slip); }
-    /// The server dates the save. Where its clock is its own, these are the texts with the time that it told.
-    QStringList atServerTime(QStringList texts, int slip) const {
-        if (hospital.way() != Way::Site)
-            return texts;
-        const auto moment = [&](const char* column, const char* table, const char* reference) {
-            return *hospital
-                        .run(QStringLiteral("SELECT TOP 1 %1 FROM %2 WHERE %3 = '%4'")
-                                 .arg(QLatin1String(column), QLatin1String(table), QLatin1String(reference),
-                                      slipText(slip)))
-                        .at(0, 0)
-                        .asDateTime();
-        };
-        const base::DateTime billed = moment("TransDate", "BILLING..tbDailyBill", "RefNum");
-        EXPECT_TRUE(isServerNow(billed));
-        texts.replaceInStrings(QStringLiteral("11/21/2026 08:30:00 AM"),
-                               toTestDays(base::Format(billed, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM"))));
-        if (texts.filter(QStringLiteral("[processdate] = ")).isEmpty())
-            return texts;
-        const base::DateTime processed = moment("ProcessDate", "STATION..tbNurseLogBook", "ReferenceNum");
-        EXPECT_TRUE(isServerNow(processed));
-        return texts.replaceInStrings(QStringLiteral("2026-11-21T08:30:00.000"),
-                                      toTestDays(base::toIso(processed).replace(u' ', u'T')));
-    }
-};
+class Posting : public tests::SavingFixture {};
 
 TEST_F(Posting, AProcedureAndAFeeInOneTransaction) {
     openAdmitted();

@@ -33,8 +33,8 @@ class ScintraServer : public testing::Test {
 TEST_F(ScintraServer, HelpsAndRefusesWrongWords) {
     const Outcome help = run({QStringLiteral("--help")});
     EXPECT_EQ(help.code, 0);
-    for (const char* command :
-         {"demo", "init", "generate", "trace", "check", "backup", "restore", "sql", "install", "verify"})
+    for (const char* command : {"demo", "init", "generate", "trace", "check", "backup", "restore", "sql",
+                                "install", "verify", "neighbours"})
         EXPECT_TRUE(help.out.contains(QLatin1String(command))) << command;
     EXPECT_EQ(run({}).code, 2);
     EXPECT_EQ(run({QStringLiteral("dmeo")}).code, 2);
@@ -46,6 +46,43 @@ TEST_F(ScintraServer, HelpsAndRefusesWrongWords) {
     EXPECT_EQ(run({QStringLiteral("check"), m_file, QStringLiteral("--colour"), QStringLiteral("red")}).code,
               2);
     EXPECT_TRUE(run({QStringLiteral("dmeo")}).err.contains(QLatin1String("dmeo")));
+}
+
+TEST_F(ScintraServer, NeighboursPlayOnTheMadeUpHospitalAlone) {
+    ASSERT_EQ(run({"demo", m_file}).code, 0);
+    const auto once = [&](const char* kind) { return run({"neighbours", "--file", m_file, "--once", kind}); };
+    const auto number = [&](const char* query) {
+        return sql(QLatin1String(query)).out.section(u'\n', 1, 1).toInt();
+    };
+    const struct {
+        const char* kind;
+        const char* counted;
+    } deeds[] = {{"ward", "SELECT COUNT(*) FROM STATION..tbNurseCommunicationFile WHERE RecordStatus = 'N'"},
+                 {"payment",
+                  "SELECT COUNT(DISTINCT ORNumber) FROM BILLING..tbCashAssessment WHERE RecordStatus = '1'"},
+                 {"prepaid", "SELECT COUNT(*) FROM NUCLEAR..tbNucPrepaid WHERE PrintStatus = ''"},
+                 {"discharge", "SELECT COUNT(*) FROM STATION..tbDischargeNotice"}};
+    for (const auto& deed : deeds) {
+        const int before = number(deed.counted);
+        const Outcome told = once(deed.kind);
+        EXPECT_EQ(told.code, 0) << told.err.toStdString();
+        const int more = number(deed.counted) - before;
+        EXPECT_GE(more, 1) << told.out.toStdString();
+        EXPECT_LE(more, 2) << told.out.toStdString();
+    }
+    EXPECT_EQ(
+        number("SELECT COUNT(*) FROM BILLING..tbCashAssessment A WHERE A.RecordStatus = '1' AND NOT EXISTS "
+               "(SELECT 1 FROM BILLING..tbCashReceipt R WHERE R.ORNumber = A.ORNumber)"),
+        0);
+    EXPECT_EQ(once("party").code, 3);
+    EXPECT_EQ(run({"neighbours", "--file", m_file, "--every", "0"}).code, 2);
+    const int waiting = number(deeds[0].counted);
+    sql("UPDATE PATIENT_DATA..tbMaster SET LastName = 'SMYTHE' WHERE HospNum = '104078'");
+    EXPECT_EQ(once("ward").code, 3);
+    sql("UPDATE PATIENT_DATA..tbMaster SET LastName = 'AGUILAR' WHERE HospNum = '104078'");
+    sql("UPDATE PATIENT_DATA..tbHospitalInfo SET Company = 'ST. ELSEWHERE'");
+    EXPECT_EQ(once("ward").code, 3);
+    EXPECT_EQ(number(deeds[0].counted), waiting) << "before a row is touched";
 }
 
 TEST_F(ScintraServer, TellsFilesFromDataSources) {

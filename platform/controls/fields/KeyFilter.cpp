@@ -11,6 +11,8 @@ bool passes(QChar c, KeyRules rules) {
     const bool digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
     if (rules.testFlag(KeyRule::Digits))
         return digit;
+    if (rules.testFlag(KeyRule::Fraction))
+        return digit || c == QLatin1Char('.') || c == QLatin1Char('/');
     if (rules.testFlag(KeyRule::Number))
         return digit || c == QLatin1Char('.') || c == QLatin1Char('+') || c == QLatin1Char('-');
     if (rules.testFlag(KeyRule::Rate))

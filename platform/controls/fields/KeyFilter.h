@@ -13,7 +13,8 @@ enum class KeyRule {
     BackQuote = 2, ///< ' becomes ` (the statements' texts are quoted with ')
     Number = 4,    ///< only 1234567890.+- get through
     Digits = 8,    ///< only 0 to 9
-    Rate = 16      ///< no ', comma or slash, and nothing behind the digits (codes of 58 and more)
+    Rate = 16,     ///< no ', comma or slash, and nothing behind the digits (codes of 58 and more)
+    Fraction = 32  ///< only 0 to 9, the point and the slash
 };
 Q_DECLARE_FLAGS(KeyRules, KeyRule)
 Q_DECLARE_OPERATORS_FOR_FLAGS(KeyRules)

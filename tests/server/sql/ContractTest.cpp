@@ -180,6 +180,9 @@ constexpr Contract contracts[] = {
      "DoctorName"},
     {"NUCLEAR..sp_Nuclear_RequestFormInfo '<prepaid>', '<out>'",
      "Code;Exam;Quantity;Amount;TransDate;UserID;RequestNum;RefNum"},
+    {"sp_Nuclear_ReportRequestForm '<prepaid>'", "RefNum;RequestNum;IdNum;HospNum;PatientName;Age;Sex;"
+                                                 "BirthDate;RoomID;HouseStreet;Barangay;Town;Province;"
+                                                 "DoctorName;TransDate;ItemID;Exam;Quantity"},
     {"NUCLEAR..sp_Nuclear_PrepaidUpdatePrintStatus '<prepaid>'", ""},
     {"sp_Nuclear_GetCancelRequest_new'S',1", "Last Name;First Name;Middle Name;RoomID;Exam;Trans. "
                                              "Date;RequestNum;UserID;Hosp. No.;Adm. No.;RefNum;RevenueID;"

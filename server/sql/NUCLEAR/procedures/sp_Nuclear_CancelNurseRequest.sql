@@ -1,3 +1,4 @@
+-- What a desk has processed meanwhile is not revoked here: it stands on the bill.
 USE NUCLEAR
 GO
 
@@ -6,6 +7,11 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_CancelNurseRequest
     @RequestNum varchar(20)
 AS
 SET NOCOUNT ON
+IF EXISTS (SELECT 1 FROM STATION..tbNurseCommunicationFile
+        WHERE RequestNum = @RequestNum AND IdNum = @IdNum AND RevenueID = 'NU' AND RecordStatus IN ('X', 'W'))
+    AND NOT EXISTS (SELECT 1 FROM STATION..tbNurseCommunicationFile
+        WHERE RequestNum = @RequestNum AND IdNum = @IdNum AND RevenueID = 'NU' AND RecordStatus = 'N')
+    THROW 50004, 'The request of the ward was processed or revoked meanwhile.', 1;
 UPDATE STATION..tbNurseCommunicationFile
 SET RecordStatus = 'R', ProcessDate = GETDATE()
 WHERE RequestNum = @RequestNum AND IdNum = @IdNum AND RevenueID = 'NU' AND RecordStatus = 'N'

@@ -11,6 +11,7 @@ SELECT R.ItemID AS Code, E.NucExam AS Exam, R.Quantity, R.Amount, R.TransDate, R
 FROM tbNucPrepaid R
 LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = R.ItemID
 WHERE R.RefNum = @RefNum AND R.IdNum = @IdNum
-    AND NOT EXISTS (SELECT 1 FROM tbNucMaster N WHERE N.RefNum = R.RefNum AND N.RequestStatus = 'W')
+    AND NOT EXISTS (SELECT 1 FROM tbNucMaster N WHERE N.RefNum = R.RefNum AND N.ItemID = R.ItemID
+        AND N.RequestStatus = 'W')
 ORDER BY R.RequestNum
 GO

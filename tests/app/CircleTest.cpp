@@ -1,0 +1,121 @@
+// The whole circle around the section, by keys: what was assessed is paid at the cashier's, taken from the
+// receipts, requested, and gets its result.
+#include "app/AppScreens.h"
+#include "orders/frmListCashComm.h"
+#include "orders/frmOutRequest.h"
+#include "platform/base/Conversion.h"
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/screen/TestDoors.h"
+#include "results/frmRequestMaster.h"
+#include "results/frmResult.h"
+#include "results/frmResultEntry.h"
+#include "server/demo/Neighbours.h"
+#include "session/Session.h"
+#include "session/TestDoors.h"
+#include "session/reports/ReportLaunch.h"
+#include "tests/support/screens/Driver.h"
+#include "tests/support/screens/LoggedOn.h"
+#include "tests/support/screens/MessageScript.h"
+
+namespace {
+
+using session::MenuScreen;
+using tests::child;
+using tests::keys;
+using tests::keysToFocus;
+
+class Circle : public tests::LoggedOn {
+  protected:
+    Circle() {
+        session::setScreens(&appScreens);
+        session::setProgramFolder(QStringLiteral(SCINTRA_SOURCE_DIR));
+    }
+    ~Circle() override {
+        controls::release<orders::frmListCashComm>();
+        controls::release<orders::frmOutRequest>();
+        controls::release<results::frmRequestMaster>();
+        controls::release<results::frmResult>();
+        controls::release<results::frmResultEntry>();
+        session::gReport.reset();
+        session::setProgramFolder({});
+        session::setScreens(nullptr);
+    }
+
+    app::AppScreens appScreens;
+    tests::MessageScript boxes;
+};
+
+TEST_F(Circle, FromAnAssessmentToItsResult) {
+    const QString code = value(
+        "SELECT TOP 1 HospNum FROM PATIENT_DATA..tbCashPatient WHERE BirthDate IS NOT NULL ORDER BY HospNum");
+    const QString walkIn = " FROM PATIENT_DATA..tbCashPatient WHERE HospNum = '" + code + "'";
+    const QString name = value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName" + walkIn);
+    hospital.run(
+        "NUCLEAR..spNuclear_AddCashAsses '" + code + "','','" + base::BackQuoted(name) +
+        "','11/21/2026 11:59:00 PM', 'NU99001','1001','5200', '1001','NU77001','NU'  ,'', '204','1'");
+    const auto cashier = hospital.open(QStringLiteral("cashier"));
+    const QString told = demo::Neighbours(*cashier, 1).act(demo::Deed::Payment);
+    const QString paid = " FROM BILLING..tbCashAssessment WHERE RefNum = 'NU77001'";
+    const QString receipt = value("SELECT ORNumber" + paid);
+    ASSERT_FALSE(receipt.isEmpty()) << told.toStdString();
+    EXPECT_EQ(value("SELECT RecordStatus" + paid), "1");
+    EXPECT_EQ(count("BILLING..tbCashReceipt", "ORNumber = '" + receipt + "' AND Amount = 5200"), 1);
+
+    boxes.expect({"Data Successfully Saved!", controls::vbOKOnly, "Message"});
+    tests::runModal([&] { appScreens.open(MenuScreen::ListCashComm); },
+                    {[&](QWidget& list) {
+                         keysToFocus(list, receipt + "<Enter><Down><Enter>");
+                         keysToFocus(list, "<Esc>");
+                     },
+                     [&](QWidget& picker) {
+                         auto& grid = child<controls::FlexGrid>(picker, "grdTable");
+                         for (int at = 1; at < grid.Rows() && grid.TextMatrix(grid.Row(), 1) != code; ++at)
+                             keys(grid, "<Down>");
+                         keys(grid, "<Enter>");
+                     },
+                     [&](QWidget& request) {
+                         keys(child<controls::FlexGrid>(request, "grdPackage"),
+                              "NU<Enter>1001<Enter>R<Enter>1<Enter>");
+                         keysToFocus(request, "<Alt+S>");
+                     }});
+    const QString filed = "RefNum = '" + receipt + "' AND ItemID = '1001'";
+    ASSERT_EQ(count("NUCLEAR..tbNucMaster", filed + " AND HospNum = '" + code + "' AND RequestStatus = ''"),
+              1);
+    const QString number = value("SELECT RequestNum FROM NUCLEAR..tbNucMaster WHERE " + filed);
+    EXPECT_EQ(count("STATION..tbNurseLogBook", "RequestNum = '" + number + "' AND HospNum = '" + code + "'"),
+              1);
+    EXPECT_EQ(count("BILLING..tbDailyBill", "HospNum = '" + code + "'"), 0) << "it was paid in cash";
+
+    boxes.expect({"Data Successfully Saved!", controls::vbInformation, "Notification"});
+    const auto leave = [](QWidget& window) {
+        if (auto& screen = dynamic_cast<controls::Screen&>(window); !screen.isUnloaded())
+            screen.Unload();
+    };
+    tests::runModal(
+        [&] { appScreens.open(MenuScreen::RequestMaster, QStringLiteral("R")); },
+        {[&](QWidget& door) {
+             keysToFocus(door, code + "<Enter><Down><Enter>");
+             leave(door);
+         },
+         [&](QWidget& list) {
+             auto& grid = child<controls::FlexGrid>(list, "grdTable");
+             for (int row = 1; row < grid.Rows() && grid.TextMatrix(grid.Row(), 1) != number; ++row)
+                 keysToFocus(list, "<Down>");
+             keysToFocus(list, "<Enter>");
+             leave(list);
+         },
+         [&](QWidget& entry) {
+             keysToFocus(entry, "90077");
+             for (int tabs = 0; tabs < 40 && entry.focusWidget()->objectName() != u"txtRadiopharmaceutical";
+                  ++tabs)
+                 keysToFocus(entry, "<Tab>");
+             keysToFocus(entry, "Tc-99m MDP<Enter><Home>20<Enter>I.V.<Enter>ANTERIOR<Enter>");
+             keysToFocus(entry, "Bones are whole.<Enter>No lesion.<Alt+S>");
+             leave(entry);
+         }});
+    EXPECT_EQ(count("NUCLEAR..tbNucMaster", filed + " AND RequestStatus = 'W'"), 1);
+    EXPECT_EQ(count("NUCLEAR..tbNucResult", "RequestNum = '" + number + "' AND HospNum = '" + code + "'"), 1);
+    EXPECT_EQ(count("NUCLEAR..tbNucLogBook", "RequestNum = '" + number + "' AND CaseNumber = '26-90077'"), 1);
+}
+
+} // namespace
