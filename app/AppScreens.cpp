@@ -9,6 +9,9 @@
 #include "platform/controls/screen/Screen.h"
 #include "results/frmRequestMaster.h"
 #include "results/frmResultMaster.h"
+#include "revocation/frmAssessmentStatus.h"
+#include "revocation/frmCancelRequest.h"
+#include "revocation/frmRePrint.h"
 #include "session/rights/frmUserRights.h"
 
 namespace app {
@@ -35,6 +38,9 @@ AppScreens::AppScreens()
     : m_table{{session::MenuScreen::ListPatient, showModal<lookup::frmListPatient>},
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
+              {session::MenuScreen::CancelRequest, [](const QString&) { revocation::openCancelRequest(); }},
+              {session::MenuScreen::RePrint, showModal<revocation::frmRePrint>},
+              {session::MenuScreen::AssessmentStatus, showModal<revocation::frmAssessmentStatus>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 

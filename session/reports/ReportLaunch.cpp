@@ -74,13 +74,17 @@ QString reportPath(const QString& file) {
     return programFolder() + QStringLiteral("\\Reports\\") + file;
 }
 
-void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters) {
-    if (const auto& other = otherReportLaunchers().prepareReport)
-        return other(path, database, parameters);
+void OpenReport(const QString& path) {
     gReport = report::Report::open(
         path, [](const QString& server, const QString& base, const QString& login, const QString& password) {
             return user().openReportConnection(server, base, login, password);
         });
+}
+
+void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters) {
+    if (const auto& other = otherReportLaunchers().prepareReport)
+        return other(path, database, parameters);
+    OpenReport(path);
     gReport->headingName = gHospitalName;
     gReport->headingAddress = gHospitalAddress;
     for (report::TableLogOn& table : gReport->tables()) {
