@@ -35,18 +35,18 @@ enum SubItem {
     requestingDoctor
 };
 
-constexpr controls::ListColumn columns[] = {{"Name", 3200},
+constexpr controls::ListColumn columns[] = {{"Name", 2700},
                                             {"Code", 900},
-                                            {"Item Description", 3400},
+                                            {"Item Description", 2900},
                                             {"Quantity", 900, Qt::AlignRight},
                                             {"RefNum", 1200},
                                             {"Amount", 1300, Qt::AlignRight},
                                             {"Status", 1100},
-                                            {"RecordStatus", 1200},
+                                            {"RecordStatus", 1500},
                                             {"AssessID", 1000},
                                             {"Adm.Num.", 1100},
                                             {"RevenueId", 1000},
-                                            {"RequestingDoctor", 2600}};
+                                            {"RequestingDoctor", 2200}};
 
 /// Where each SubItem comes from, from 1 on.
 constexpr const char* sources[] = {"Code",   "Exam",      "Quantity",     "RefNum",

@@ -221,39 +221,35 @@ void frmRePrint::PrintChargeSlipFormulas() {
     report::Report& slip = *session::gReport;
     for (report::TableLogOn& table : slip.tables())
         session::SetReportTableLogOn(table, QStringLiteral("NUCLEAR"));
+    const QHash<QString, QString> values = formulaValues();
     for (const QString& name : slip.formulaNames()) {
-        if (const QString value = formulaValue(name.toUpper()); !value.isNull())
-            slip.setFormula(name, report::quotedFormula(value));
+        if (const auto value = values.find(name.toUpper()); value != values.end())
+            slip.setFormula(name, report::quotedFormula(*value));
     }
     slip.watermark = QString::fromLatin1(entry::rePrintMark);
     session::ShowReport(false, QStringLiteral("Charge Slip ") + m_slip, false);
 }
 
-/// By upper-cased name; Null for a formula that is to stay as it is.
-QString frmRePrint::formulaValue(const QString& field) const {
-    const std::pair<const char*, QString> values[] = {{"TITLE", {}},
-                                                      {"PATIENT", m_patientName},
-                                                      {"COMPANY", m_company},
-                                                      {"ADMNO", m_admissionNumber},
-                                                      {"ISSUER", GetEmployeeName(m_encoder)},
-                                                      {"REMARKS", QStringLiteral("/")},
-                                                      {"CHARGEDATE", m_chargeDate},
-                                                      {"HOSPITAL", session::gHospitalName},
-                                                      {"ADDRESS", session::gHospitalAddress},
-                                                      {"TIN", {}},
-                                                      {"HOSPNUM", m_ui->txtHospNum->text()},
-                                                      {"ROOMNUM", m_room},
-                                                      {"DOCTOR", m_doctor},
-                                                      {"REQUESTINGNURSE", {}},
-                                                      {"AGE", {}},
-                                                      {"COSTCENTERNUM", {}},
-                                                      {"REMARKSTITLE", {}},
-                                                      {"@USERID", gUser->employeecode()}};
-    for (const auto& [name, value] : values) {
-        if (field == QLatin1String(name))
-            return value.isNull() ? QStringLiteral("") : value;
-    }
-    return {};
+/// By upper-cased name; a formula that is not among them stays as it is.
+QHash<QString, QString> frmRePrint::formulaValues() const {
+    return {{QStringLiteral("TITLE"), {}},
+            {QStringLiteral("PATIENT"), m_patientName},
+            {QStringLiteral("COMPANY"), m_company},
+            {QStringLiteral("ADMNO"), m_admissionNumber},
+            {QStringLiteral("ISSUER"), GetEmployeeName(m_encoder)},
+            {QStringLiteral("REMARKS"), QStringLiteral("/")},
+            {QStringLiteral("CHARGEDATE"), m_chargeDate},
+            {QStringLiteral("HOSPITAL"), session::gHospitalName},
+            {QStringLiteral("ADDRESS"), session::gHospitalAddress},
+            {QStringLiteral("TIN"), {}},
+            {QStringLiteral("HOSPNUM"), m_ui->txtHospNum->text()},
+            {QStringLiteral("ROOMNUM"), m_room},
+            {QStringLiteral("DOCTOR"), m_doctor},
+            {QStringLiteral("REQUESTINGNURSE"), {}},
+            {QStringLiteral("AGE"), {}},
+            {QStringLiteral("COSTCENTERNUM"), {}},
+            {QStringLiteral("REMARKSTITLE"), {}},
+            {QStringLiteral("@USERID"), gUser->employeecode()}};
 }
 
 QString frmRePrint::GetEmployeeName(const QString& id) {

@@ -2,6 +2,8 @@
 
 #include "platform/controls/list/ListScreen.h"
 
+#include <QHash>
+
 #include <memory>
 
 namespace Ui {
@@ -44,7 +46,7 @@ class frmRePrint : public controls::ListScreen {
     void layOutCharges();
     void rowChanged();
     void dumpLine(const QString& code) const;
-    QString formulaValue(const QString& field) const;
+    QHash<QString, QString> formulaValues() const;
 
     std::unique_ptr<Ui::frmRePrint> m_ui;
     QString m_patientName, m_company, m_admissionNumber, m_room, m_doctor;

@@ -1,5 +1,6 @@
-// Cancels request 90001. With CANCELLER_WAITS set it says "ready" with the line open, and presses behind a
-// line of its input, so that several desks have it open at once.
+// Cancels request 90001, 90002 and so on, one for each save that is asked for. With CANCELLER_WAITS set it
+// says "ready" with the line open, and presses behind a line of its input, so that several desks have it open
+// at once.
 
 #include "platform/controls/screen/TestDoors.h"
 #include "revocation/frmCancelRequest.h"
@@ -14,9 +15,10 @@
 namespace {
 
 void cancelRequest(tests::Workstation& workstation) {
+    static int number = 90000;
     revocation::frmCancelRequest search;
     revocation::frmCancellation cancellation;
-    search.handOver(cancellation, QStringLiteral("90001"));
+    search.handOver(cancellation, QString::number(++number));
     cancellation.Show();
     if (qEnvironmentVariableIsSet("CANCELLER_WAITS")) {
         std::cout << "ready" << std::endl;
