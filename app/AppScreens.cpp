@@ -21,6 +21,9 @@
 #include "platform/controls/screen/Screen.h"
 #include "results/frmRequestMaster.h"
 #include "results/frmResultMaster.h"
+#include "revocation/frmAssessmentStatus.h"
+#include "revocation/frmCancelRequest.h"
+#include "revocation/frmRePrint.h"
 #include "session/rights/frmUserRights.h"
 
 namespace app {
@@ -54,6 +57,9 @@ AppScreens::AppScreens()
               {session::MenuScreen::PrepaidRequest, showModal<orders::frmPrepaidRequest>},
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
+              {session::MenuScreen::CancelRequest, [](const QString&) { revocation::openCancelRequest(); }},
+              {session::MenuScreen::RePrint, showModal<revocation::frmRePrint>},
+              {session::MenuScreen::AssessmentStatus, showModal<revocation::frmAssessmentStatus>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
               {session::MenuScreen::BuildFile, showModal<charges::frmBuildFile>},
               {session::MenuScreen::PatientLedger, showModal<ledger::frmPatientLedger>},

@@ -12,14 +12,18 @@ namespace entry {
 
 /// What the charge slip shows besides its lines.
 struct ChargeSlipHeader {
-    QString patientName;
-    QString account;
-    QString admissionNumber;
-    QString nursingRemarks;
-    QString doctor;
-    QString chargeSlip;
-    QString nurse; ///< as nurseText() gives it
+    QString patientName = {};
+    QString account = {};
+    QString admissionNumber = {};
+    QString nursingRemarks = {};
+    QString doctor = {};
+    QString chargeSlip = {};
+    QString nurse = {}; ///< as nurseText() gives it
+    QString mark = {};  ///< stands across every page; "" for none
 };
+
+/// Tells a copy of a slip from the first one.
+inline constexpr const char* rePrintMark = "RE-PRINT";
 
 /// A line of the slip's work table; numbers as texts.
 struct SlipLine {

@@ -29,6 +29,9 @@ void OpenReport(const QString& path);
 /// their stored order. Fields beyond the values prompt when the report runs; values beyond the fields are
 /// ignored. Raises the engine's error when the file is missing or unreadable or the log-on fails.
 void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters);
+/// Opens the report and nothing more: its tables have no log-on yet (SetReportTableLogOn), its formulas are
+/// those of the file. Raises the engine's error when the file is missing or unreadable.
+void OpenReport(const QString& path);
 /// Opens a sub-report of gReport by name: its tables move to the user's database, under the fixed log-on.
 /// Raises 91 without an open report, the engine's error for an unknown name.
 void PrepareSubReport(const QString& name, const std::vector<base::Value>& parameters);

@@ -86,22 +86,33 @@ const PickListing confinedPatientListing{
                  {"Room", "RoomID", 900},
                  {"Adm. Date", "AdmDate", 1300, PickFormat::Date}}},
     .exact = "SELECT P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, P.RoomID, "
-             "M.Sex, P.Age, M.BirthDate, P.AdmDate FROM PATIENT_DATA..tbPatient P INNER JOIN "
-             "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID "
-             "= P.RoomID WHERE P.IdNum = '##code'",
-    .newest = "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, "
-              "P.RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM PATIENT_DATA..tbPatient P INNER JOIN "
-              "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON "
-              "R.RoomID = P.RoomID WHERE P.DcrDate IS NULL ORDER BY P.AdmDate DESC",
-    .byCode = "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, "
-              "P.RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM PATIENT_DATA..tbPatient P INNER JOIN "
-              "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON "
-              "R.RoomID = P.RoomID WHERE P.IdNum LIKE '##text%' AND P.DcrDate IS NULL ORDER BY P.IdNum",
-    .byName = "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, "
-              "P.RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM PATIENT_DATA..tbMaster M INNER JOIN "
-              "PATIENT_DATA..tbPatient P ON P.HospNum = M.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON "
-              "R.RoomID = P.RoomID WHERE M.LastName LIKE '##last%' AND M.FirstName LIKE '##first%' AND "
-              "P.DcrDate IS NULL ORDER BY M.LastName, M.FirstName, M.MiddleName"};
+             "M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + ' ' + "
+             "D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbPatient P INNER JOIN PATIENT_DATA..tbMaster M "
+             "ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID = P.RoomID LEFT JOIN "
+             "BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON "
+             "D.DoctorID = P.DoctorID1 WHERE P.IdNum = '##code'",
+    .newest =
+        "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, P.RoomID, "
+        "M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + ' ' + "
+        "D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbPatient P INNER JOIN PATIENT_DATA..tbMaster M ON "
+        "M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID = P.RoomID LEFT JOIN "
+        "BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON "
+        "D.DoctorID = P.DoctorID1 WHERE P.DcrDate IS NULL ORDER BY P.AdmDate DESC",
+    .byCode =
+        "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, P.RoomID, "
+        "M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + ' ' + "
+        "D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbPatient P INNER JOIN PATIENT_DATA..tbMaster M ON "
+        "M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID = P.RoomID LEFT JOIN "
+        "BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON "
+        "D.DoctorID = P.DoctorID1 WHERE P.IdNum LIKE '##text%' AND P.DcrDate IS NULL ORDER BY P.IdNum",
+    .byName =
+        "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, R.RoomClassID, P.RoomID, "
+        "M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + ' ' + "
+        "D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbMaster M INNER JOIN PATIENT_DATA..tbPatient P ON "
+        "P.HospNum = M.HospNum LEFT JOIN BUILD_FILE..tbcoRoom R ON R.RoomID = P.RoomID LEFT JOIN "
+        "BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON "
+        "D.DoctorID = P.DoctorID1 WHERE M.LastName LIKE '##last%' AND M.FirstName LIKE '##first%' AND "
+        "P.DcrDate IS NULL ORDER BY M.LastName, M.FirstName, M.MiddleName"};
 
 const PickListing outPatientListing{
     .title = "Out-Patients",
@@ -114,22 +125,33 @@ const PickListing outPatientListing{
                  {"First Name", "FirstName", 2000},
                  {"Middle Name", "MiddleName", 1600},
                  {"Adm. Date", "AdmDate", 1300, PickFormat::Date}}},
-    .exact = "SELECT P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS RoomClassID, 'OPD' "
-             "AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM PATIENT_DATA..tbOutPatient P INNER JOIN "
-             "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum WHERE P.IdNum = '##code'",
-    .newest = "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS "
-              "RoomClassID, 'OPD' AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM "
-              "PATIENT_DATA..tbOutPatient P INNER JOIN PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum "
-              "WHERE P.DcrDate IS NULL AND P.OPDStatus <> 'R' ORDER BY P.AdmDate DESC",
-    .byCode = "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS "
-              "RoomClassID, 'OPD' AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM "
-              "PATIENT_DATA..tbOutPatient P INNER JOIN PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum "
-              "WHERE P.IdNum LIKE '##text%' AND P.DcrDate IS NULL AND P.OPDStatus <> 'R' ORDER BY P.IdNum",
+    .exact =
+        "SELECT P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS RoomClassID, 'OPD' AS "
+        "RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + ' ' + "
+        "D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbOutPatient P INNER JOIN PATIENT_DATA..tbMaster M "
+        "ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoCompany C ON C.AccountNum = P.AccountNum LEFT "
+        "JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = P.DoctorID1 WHERE P.IdNum = '##code'",
+    .newest =
+        "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS RoomClassID, "
+        "'OPD' AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + "
+        "' ' + D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbOutPatient P INNER JOIN "
+        "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoCompany C ON "
+        "C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = P.DoctorID1 WHERE "
+        "P.DcrDate IS NULL AND P.OPDStatus <> 'R' ORDER BY P.AdmDate DESC",
+    .byCode =
+        "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS RoomClassID, "
+        "'OPD' AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + ', ' + D.FirstName + "
+        "' ' + D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbOutPatient P INNER JOIN "
+        "PATIENT_DATA..tbMaster M ON M.HospNum = P.HospNum LEFT JOIN BUILD_FILE..tbcoCompany C ON "
+        "C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = P.DoctorID1 WHERE "
+        "P.IdNum LIKE '##text%' AND P.DcrDate IS NULL AND P.OPDStatus <> 'R' ORDER BY P.IdNum",
     .byName = "SELECT TOP 200 P.IdNum, P.HospNum, M.LastName, M.FirstName, M.MiddleName, 'OPD' AS "
-              "RoomClassID, 'OPD' AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate FROM "
-              "PATIENT_DATA..tbMaster M INNER JOIN PATIENT_DATA..tbOutPatient P ON P.HospNum = M.HospNum "
-              "WHERE M.LastName LIKE '##last%' AND M.FirstName LIKE '##first%' AND P.DcrDate IS NULL AND "
-              "P.OPDStatus <> 'R' ORDER BY M.LastName, M.FirstName, M.MiddleName"};
+              "RoomClassID, 'OPD' AS RoomID, M.Sex, P.Age, M.BirthDate, P.AdmDate, C.Company, D.LastName + "
+              "', ' + D.FirstName + ' ' + D.MiddleName AS AttendingDr FROM PATIENT_DATA..tbMaster M INNER "
+              "JOIN PATIENT_DATA..tbOutPatient P ON P.HospNum = M.HospNum LEFT JOIN BUILD_FILE..tbcoCompany "
+              "C ON C.AccountNum = P.AccountNum LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = "
+              "P.DoctorID1 WHERE M.LastName LIKE '##last%' AND M.FirstName LIKE '##first%' AND P.DcrDate IS "
+              "NULL AND P.OPDStatus <> 'R' ORDER BY M.LastName, M.FirstName, M.MiddleName"};
 
 // The stock shown is the section's own, 179 for drugs and 224 for supplies, unless a location is asked for;
 // then only what lies there can be taken.

@@ -104,10 +104,12 @@ bool clsDeptFind::PatientListing(const QString& searchText, int listingCode, boo
     if (!chosen.row)
         return false;
     ado::Recordset& row = *chosen.row;
-    patient = {textOf(row, "IdNum"),           textOf(row, "HospNum"),    textOf(row, "LastName"),
-               textOf(row, "FirstName"),       textOf(row, "MiddleName"), textOf(row, "RoomClassID"),
-               textOf(row, "RoomID"),          textOf(row, "Sex"),        textOf(row, "Age"),
-               row.Fields("BirthDate").Value()};
+    patient = {textOf(row, "IdNum"),      textOf(row, "HospNum"),
+               textOf(row, "LastName"),   textOf(row, "FirstName"),
+               textOf(row, "MiddleName"), textOf(row, "RoomClassID"),
+               textOf(row, "RoomID"),     textOf(row, "Sex"),
+               textOf(row, "Age"),        row.Fields("BirthDate").Value(),
+               textOf(row, "Company"),    textOf(row, "AttendingDr")};
     return true;
 }
 

@@ -139,6 +139,8 @@ class clsLookupPad {
 struct ListedPatient {
     QString IdNumber, HospitalNumber, LastName, FirstName, MiddleName, RoomClassID, RoomID, Sex, Age;
     base::Value BirthDate;
+    QString Company;     ///< of the account; "" when the patient pays personally
+    QString AttendingDr; ///< "LAST, FIRST MIDDLE"; "" without one
 };
 
 /// The department's patient lists.

@@ -23,6 +23,8 @@
 #include "results/frmResultEntryMPI.h"
 #include "results/frmResultRadioImmuno.h"
 #include "results/frmSymbols.h"
+#include "revocation/frmCancelRequest.h"
+#include "revocation/frmCancellation.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/logon/frmDatabaseLogin.h"
@@ -198,6 +200,19 @@ void requestsOfAPatient(const Look& look) {
     lookAt(screen, look);
 }
 
+/// A request that waits, as the search hands it over.
+void cancellation(const Look& look) {
+    const QString request =
+        session::Read(ado::sql("SELECT TOP 1 RequestNum FROM tbNucMaster WHERE RequestStatus "
+                               "= '' AND RevenueID = 'NU' ORDER BY RequestNum DESC"))
+            .Fields(0)
+            .text();
+    revocation::frmCancelRequest search;
+    revocation::frmCancellation screen;
+    search.handOver(screen, request);
+    lookAt(screen, look);
+}
+
 void editedExam(const Look& look) {
     charges::frmBuildFile screen;
     screen.Show();
@@ -267,6 +282,10 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmResultEntryGFR", resultEntry<results::frmResultEntryGFR>},
         {"frmResultRadioImmuno", resultEntry<results::frmResultRadioImmuno>},
         {"frmSymbols", plain<results::frmSymbols>},
+        {"frmCancelRequest", ofTheMenu<MenuScreen::CancelRequest>},
+        {"frmCancellation", cancellation},
+        {"frmRePrint", ofTheMenu<MenuScreen::RePrint>},
+        {"frmAssessmentStatus", ofTheMenu<MenuScreen::AssessmentStatus>},
         {"frmBuildFile", editedExam},
         {"frmPatientLedger", patientLedger},
         {"frmVerification", ofTheMenu<MenuScreen::Verification>},

@@ -108,6 +108,54 @@ void duringResults(Course& course) {
     tests::forgetHospital(file);
 }
 
+/// Charged lines are cancelled one after the other: each is taken back on the bill, at the wards' and in its
+/// request, or nowhere.
+void duringCancellations(Course& course) {
+    constexpr int lines = 150;
+    const QString file = tests::demoHospital();
+    {
+        const auto session = engine::EmbeddedProvider::open(file, {});
+        session->useDatabase(QStringLiteral("NUCLEAR"));
+        session->begin();
+        for (int number = 90001; number <= 90000 + lines; ++number) {
+            for (const char* text : {"sp_Nuclear_AddRequest '104078','26004078','%1', "
+                                     "'1001','100','204','I', 'C%1J','1001','%1','','1', "
+                                     "'','NU'",
+                                     "sp_addnurselogbook '104078','26004078', '1001','EXAM','100', "
+                                     "'1001','1001', 'C%1J','NU','I','%1','1'",
+                                     "sp_addbill 'I','26004078','11/21/2026 08:00:00 AM','C%1J', "
+                                     "'1001','100','NU','1001','1','','', "
+                                     "'104078'"})
+                ado::runBatch(*session, QString::fromLatin1(text).arg(number));
+        }
+        session->commit();
+    }
+    killed(course, programBeside(QStringLiteral("canceller")), {file, QString::number(lines)}, 200, 1500);
+    if (const QString damage = damageOf(file); !damage.isEmpty())
+        return course.fail(QStringLiteral("cancellations: ") + damage);
+    const auto session = engine::EmbeddedProvider::open(file, {});
+    const auto count = [&](const char* query) {
+        return base::textOf(ado::runBatch(*session, QString::fromLatin1(query)).rows.at(0, 0)).toInt();
+    };
+    const int revoked = count(
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucMaster WHERE RequestNum LIKE '90___' AND RequestStatus = 'R'");
+    const int reversed =
+        count("SELECT COUNT(*) FROM BILLING..tbDailyBill B INNER JOIN NUCLEAR..tbNucMaster N ON N.RefNum = "
+              "B.RefNum WHERE N.RequestNum LIKE '90___' AND B.Marker = 'D' AND N.RequestStatus = 'R'");
+    const int all =
+        count("SELECT COUNT(*) FROM BILLING..tbDailyBill WHERE RefNum LIKE 'C90___J' AND Marker = 'D'");
+    const int ward = count(
+        "SELECT COUNT(*) FROM STATION..tbNurseLogBook WHERE RequestNum LIKE '90___' AND RecordStatus = 'R'");
+    course.count(QStringLiteral("whole cancellations"), revoked);
+    if (reversed != revoked || all != revoked || ward != revoked)
+        course.fail(QStringLiteral("%1 cancelled, %2 of %3 reversals theirs, %4 at the wards'")
+                        .arg(revoked)
+                        .arg(reversed)
+                        .arg(all)
+                        .arg(ward));
+    tests::forgetHospital(file);
+}
+
 /// The first start makes the hospital; the next one finds it whole, or makes it.
 void duringFirstStart(Course& course) {
     const QTemporaryDir folder;
@@ -145,8 +193,8 @@ void duringBackup(Course& course) {
 } // namespace
 
 void kills(Course& course) {
-    constexpr std::array moments{duringRequests,    duringResults,    duringRegistrations,
-                                 duringAssessments, duringFirstStart, duringBackup};
+    constexpr std::array moments{duringRequests,   duringResults, duringRegistrations, duringAssessments,
+                                 duringFirstStart, duringBackup,  duringCancellations};
     while (course.goesOn())
         moments[std::size_t(course.rounds() - 1) % moments.size()](course);
 }

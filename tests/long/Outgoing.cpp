@@ -21,10 +21,15 @@ qsizetype endOf(const QString& text, qsizetype at, QChar end, bool doubled, bool
 
 /// Blanks, quotes of every kind and line breaks do not count, nor the case: fields and procedures are free
 /// to trim, to turn a quote into a back-quote and a percent sign into a single wildcard, to write capitals.
+/// Nor does half a character, which no field takes.
 QString bare(const QString& text) {
     QString left;
-    for (const QChar c : text) {
-        if (!c.isSpace() && !c.isNull() &&
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const QChar c = text[at];
+        const bool isHalf =
+            (c.isHighSurrogate() && (at + 1 == text.size() || !text[at + 1].isLowSurrogate())) ||
+            (c.isLowSurrogate() && (at == 0 || !text[at - 1].isHighSurrogate()));
+        if (!c.isSpace() && !c.isNull() && !isHalf &&
             !QStringLiteral("'`\u00B4\u02BC\u2018\u2019\uFF07\uFEFF").contains(c))
             left += c == u'%' ? QChar(u'_') : c.toUpper();
     }

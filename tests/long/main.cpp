@@ -22,7 +22,7 @@ namespace attacks {
 const std::vector<Attack>& all() {
     static const std::vector<Attack> attacks{
         {"monkey", "random keys over every screen, boxes answered at random", monkey, monkeyPart, 28},
-        {"kills", "programs killed at random moments of what they write", kills, nullptr, 5},
+        {"kills", "programs killed at random moments of what they write", kills, nullptr, 6},
         {"hostile", "hostile values through every field of every screen", hostile, hostilePart, 8},
         {"workstations", "workstations that save, register and break off at once", workstations, nullptr, 1},
         {"fuzz", "statements, T-SQL and report definitions that are nearly right", fuzz, fuzzPart, 6},

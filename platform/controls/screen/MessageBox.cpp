@@ -16,6 +16,15 @@ MessageScript& currentScript() {
     return script;
 }
 
+/// A box that waits for an answer shows no hourglass, whatever goes on behind it.
+class PlainPointer {
+  public:
+    PlainPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~PlainPointer() { QApplication::restoreOverrideCursor(); }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+};
+
 } // namespace
 
 int MsgBox(const QString& prompt, int style, const QString& title) {
@@ -28,6 +37,7 @@ int MsgBox(const QString& prompt, int style, const QString& title) {
     int answer = MessageDialog::leavingAnswer(style);
     {
         const ModalLevel level;
+        const PlainPointer pointer;
         dialog->exec();
     }
     if (dialog) {

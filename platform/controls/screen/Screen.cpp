@@ -152,8 +152,13 @@ void Screen::ShowModal() {
         const ModalLevel level;
         exec();
     }
-    if (self && isVisible())
-        QDialog::setVisible(false); // the loop was ended from outside
+    if (self && isVisible()) {
+        // The loop was ended from outside: it took back that the screen is modal, and a screen that is not
+        // would be hidden and still hold up all others.
+        setModal(true);
+        QDialog::setVisible(false);
+        setModal(false);
+    }
     if (self)
         std::erase(openList(), this);
     ErrorBoundary::throwIfStopping();

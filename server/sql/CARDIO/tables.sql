@@ -30,5 +30,6 @@ BEGIN
     )
     CREATE INDEX IX_ReaderPayment_DoctorID ON tbReaderPayment (DoctorID)
     CREATE INDEX IX_ReaderPayment_PaidDate ON tbReaderPayment (PaidDate)
+    CREATE INDEX IX_ReaderPayment_RefNum ON tbReaderPayment (RefNum)
 END
 GO

@@ -72,23 +72,42 @@ BusyPeriod::Line BusyPeriod::post(const char* moment, const Stay& stay, const QS
                 .arg(stay.type, stay.idNum, billTime(moment), slip, line.item, amount, line.revenue)
                 .arg(quantity)
                 .arg(stay.hospNum));
+    if (line.revenue == "UR")
+        run(QStringLiteral("INVENTORY..sp_AppendStockCard "
+                           "'%1','%2','%3','%4','%5',%6,0,%7,'1001','PRN','301','','','',0,"
+                           "'CS','CS','',NULL,NULL,NULL,'O'")
+                .arg(stay.hospNum, stay.idNum, line.item, billTime(moment), slip)
+                .arg(quantity)
+                .arg(amount));
     return line;
 }
 
+/// Every line is taken back twice, as by a second desk: the second time counts for nothing.
 void BusyPeriod::revoke(const Line& line, const char* moment) {
     run(QStringLiteral("UPDATE tbNucMaster SET requeststatus = 'R' WHERE requestnum = '%1'")
             .arg(line.requestNum));
-    const bool cash = line.slip.startsWith("OR");
-    if (cash)
-        run(QStringLiteral("spGlobal_CashUpdate '%1','NU','%2',''").arg(line.slip, line.item));
-    else if (line.revenue == "NU")
-        run(QStringLiteral("sp_addbill '%1','%2','%3','%4',  '%5','-%6','NU','1001','1','','D'")
-                .arg(line.stay.type, line.stay.idNum, billTime(moment), line.slip, line.item, line.amount));
-    else
-        run(QStringLiteral(
-                "sp_AppendStockCard 'PC','%1','%2','%3','%4','PC', '%5','1','-%6','1001','PRN','179'")
-                .arg(line.stay.hospNum, line.stay.idNum, line.item, billTime(moment), line.slip,
-                     line.amount));
+    for (int desk = 0; desk < 2; ++desk) {
+        if (line.slip.startsWith("OR")) {
+            run(QStringLiteral("spGlobal_CashUpdate '%1','NU','%2',''").arg(line.slip, line.item));
+            continue;
+        }
+        const bool admitted = *line.stay.type == 'I';
+        if (admitted && line.revenue != "NU")
+            run(QStringLiteral(
+                    "sp_AppendStockCard 'PC','%1','%2','%3','%4','PC', '%5','1','-%6','1001','PRN','179'")
+                    .arg(line.stay.hospNum, line.stay.idNum, line.item, billTime(moment), line.slip,
+                         line.amount));
+        else if (!line.stay.idNum.startsWith("T"))
+            run(QStringLiteral("sp_addbill '%1','%2','%3','%4',  '%5','-%6','%7','1001','1','%8','D'")
+                    .arg(line.stay.type, line.stay.idNum, billTime(moment), line.slip, line.item, line.amount,
+                         line.revenue, line.revenue == "NU" ? "" : "NU"));
+        if (!admitted) {
+            const base::FixedClock clock{momentOf(moment)};
+            run(QStringLiteral("CARDIO..spGlobal_CashUpdate '%1','NU','%2',''").arg(line.slip, line.item));
+        }
+    }
+    if (line.revenue == "MD")
+        return; // the doctor's, not the section's
     const QString day = QString::fromLatin1(moment).left(10);
     if (day >= "2026-11-09" && day <= "2026-11-20") {
         ++m_revokedLines;
@@ -121,6 +140,12 @@ void BusyPeriod::postRevoked() {
     revoke(post("2026-11-20 09:00:00.000", m_in, "44.44"), "2026-11-21 00:00:00.000"); // revoked after
     revoke(post("2026-11-11 09:00:00.000", m_out, "55.55"), "2026-11-20 23:59:59.000");
     revoke(post("2026-11-11 09:30:00.000", m_in, "66", "40001", 1, "204", "UR"), "2026-11-14 08:00:00.000");
+    // a number that begins with T has no bill; it is revoked on the day of its request
+    const Stay temporary{"", QStringLiteral("W1010"), QStringLiteral("T9001")};
+    revoke(post("2026-11-12 09:00:00.000", temporary, "77.77"), "2026-11-12 09:00:00.000");
+    // fees, of which one goes by the stock card's way
+    revoke(post("2026-11-17 09:10:00.000", m_in, "88", "201", 1, "204", "MD"), "2026-11-18 09:00:00.000");
+    revoke(post("2026-11-17 09:20:00.000", m_out, "99", "201", 1, "204", "MD"), "2026-11-18 09:00:00.000");
 }
 
 void BusyPeriod::assess(const char* moment, const char* receipt, const QString& item, const char* amount,

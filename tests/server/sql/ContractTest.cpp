@@ -193,6 +193,7 @@ constexpr Contract contracts[] = {
      "NurseRequestNum;ItemID;Request No."},
     {"spGlobal_CashUpdate '<or>','NU','1001',''", ""},
     {"CARDIO..spGlobal_CashUpdate '<slip>','NU','1001',''", ""},
+    {"sp_Nuclear_MarkCancelled '<slip>','<adm>','1001'", ""},
     {"sp_AppendStockCard 'PC','104001','<adm>','30001','11/21/2026 08:30:00 AM','PC', "
      "'<slip>','2','-97','1001','PRN','179'",
      ""},

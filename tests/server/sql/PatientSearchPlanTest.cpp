@@ -93,10 +93,19 @@ TEST_P(IncomingPlan, AnIndexAnswers) {
 }
 
 /// The road to the results, at a million of them.
-const char* const resultSearches[] = {"sp_Nuclear_RequestMaster 'SA'",    "sp_Nuclear_RequestMaster '104001'",
-                                      "sp_Nuclear_ResultMaster 'SA'",     "sp_Nuclear_ResultMaster ''",
-                                      "sp_Nuclear_ResultMaster '104001'", "sp_Nuclear_getRequest '104001'",
-                                      "sp_Nuclear_GetResult '104001'",    "sp_Nuclear_ResultEntry '50001'"};
+const char* const resultSearches[] = {"sp_Nuclear_RequestMaster 'SA'",
+                                      "sp_Nuclear_RequestMaster '104001'",
+                                      "sp_Nuclear_ResultMaster 'SA'",
+                                      "sp_Nuclear_ResultMaster ''",
+                                      "sp_Nuclear_ResultMaster '104001'",
+                                      "sp_Nuclear_getRequest '104001'",
+                                      "sp_Nuclear_GetResult '104001'",
+                                      "sp_Nuclear_ResultEntry '50001'",
+                                      "sp_Nuclear_GetCancelRequest_new'SA',1",
+                                      "sp_Nuclear_GetCancelRequest_new'104001',2",
+                                      "sp_Nuclear_GetCancelRequest_new'26004001',3",
+                                      "sp_Nuclear_GetCancelRequest_new'50001',4",
+                                      "sp_Nuclear_ChargesbyPatient '26004001'"};
 
 class ResultSearchPlan : public SearchPlan {};
 
@@ -108,7 +117,7 @@ TEST_P(ResultSearchPlan, AnIndexAnswers) {
     EXPECT_FALSE(lines.filter(QStringLiteral("SEARCH")).isEmpty());
     // What an index has found, 200 rows at most from each way, or the patients that wait.
     lines.removeIf([](const QString& line) {
-        return line == u"SCAN A" || line == u"SCAN B" || line == u"SCAN P" ||
+        return line == u"SCAN A" || line == u"SCAN B" || line == u"SCAN P" || line == u"SCAN L" ||
                line.startsWith(u"SCAN M USING INDEX");
     });
     EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();

@@ -30,7 +30,8 @@ class Workstations : public testing::Test {
 
     TestHospital hospital;
 
-  private:
+  protected:
+    /// A workstation with these arguments behind the file; it is running.
     std::unique_ptr<QProcess> start(const QString& program, const QStringList& arguments) const;
 };
 

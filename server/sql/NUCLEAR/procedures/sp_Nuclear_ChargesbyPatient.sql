@@ -1,4 +1,5 @@
--- What the section charged a stay, latest first. The wards' log book holds every line: exams, fees and stock.
+-- What the section charged a stay, latest first. The wards' log book holds every line: exams, fees and stock. A fee goes
+-- by the doctor who asked for the rest of its slip.
 USE NUCLEAR
 GO
 
@@ -7,10 +8,13 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_ChargesbyPatient
 AS
 SET NOCOUNT ON
 SELECT L.ReferenceNum AS RefNum, L.RequestDate AS TransDate, L.ItemID, L.Description, L.Quantity, L.Amount,
-    L.ProcessBy AS UserID, D.LastName + ', ' + D.FirstName + ' ' + D.MiddleName AS requestdoctorname
+    L.ProcessBy AS UserID,
+    (SELECT TOP 1 D.LastName + ', ' + D.FirstName + ' ' + D.MiddleName
+        FROM tbNucMaster N
+        INNER JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = N.RequestDocCode
+        WHERE N.RefNum = L.ReferenceNum
+        ORDER BY N.RequestNum) AS requestdoctorname
 FROM STATION..tbNurseLogBook L
-LEFT JOIN tbNucMaster N ON N.RequestNum = L.RequestNum
-LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = N.RequestDocCode
 WHERE L.IdNum = @IdNum AND L.ReferenceNum LIKE 'C%J' AND L.RecordStatus <> 'R' AND L.ItemID <> ''
 ORDER BY L.RequestDate DESC, L.LogBookID
 GO

@@ -1,5 +1,5 @@
 -- Requests that can be cancelled. @Mode 1 the start of the last name, 2 hospital number, 3 admission number, 4
--- reference or request number.
+-- reference or request number; the numbers in full, and none without one. By name and latest first.
 USE NUCLEAR
 GO
 
@@ -8,22 +8,30 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_getCancelRequest_new
     @Mode int
 AS
 SET NOCOUNT ON
-DECLARE @Pattern varchar(51)
-SET @Pattern = @SearchText + '%'
-SELECT ISNULL(M.LastName, W.LastName) AS [Last Name], ISNULL(M.FirstName, W.FirstName) AS [First Name],
-    ISNULL(M.MiddleName, W.MiddleName) AS [Middle Name],
-    CASE WHEN P.IdNum IS NULL THEN 'OPD' ELSE P.RoomID END AS RoomID, E.NucExam AS Exam, N.TransDate AS [Trans. Date],
-    N.RequestNum, N.UserID, N.HospNum AS [Hosp. No.], N.IdNum AS [Adm. No.], N.RefNum, N.RevenueID, N.NurseRequestNum,
-    N.ItemID, N.RequestNum AS [Request No.]
-FROM tbNucMaster N
-LEFT JOIN PATIENT_DATA..tbMaster M ON M.HospNum = N.HospNum
-LEFT JOIN PATIENT_DATA..tbCashPatient W ON W.hospnum = N.HospNum
-LEFT JOIN PATIENT_DATA..tbPatient P ON P.IdNum = N.IdNum
-LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = N.ItemID
-WHERE N.RequestStatus = '' AND N.ItemID <> ''
-    AND ((@Mode = 1 AND (M.LastName LIKE @Pattern OR W.LastName LIKE @Pattern))
-        OR (@Mode = 2 AND N.HospNum = @SearchText)
-        OR (@Mode = 3 AND N.IdNum = @SearchText)
-        OR (@Mode = 4 AND (N.RefNum = @SearchText OR N.RequestNum = @SearchText)))
-ORDER BY N.TransDate DESC, N.RequestNum DESC
+DECLARE @Pattern varchar(102)
+SET @Pattern = dbo.fnNuclear_NameStart(@SearchText, 0)
+IF @Mode = 1
+    SELECT TOP 200 L.*
+    FROM (SELECT A.* FROM (SELECT TOP 200 V.* FROM PATIENT_DATA..tbMaster M
+            INNER JOIN vwNuclearCancelRequest V ON V.[Hosp. No.] = M.HospNum
+            WHERE M.LastName LIKE @Pattern
+            ORDER BY M.LastName, M.FirstName, M.MiddleName, V.[Trans. Date] DESC, V.RequestNum DESC) A
+        UNION ALL
+        SELECT B.* FROM (SELECT TOP 200 V.* FROM PATIENT_DATA..tbCashPatient C
+            INNER JOIN vwNuclearCancelRequest V ON V.[Hosp. No.] = C.hospnum
+            WHERE C.LastName LIKE @Pattern
+            ORDER BY C.LastName, C.FirstName, C.MiddleName, V.[Trans. Date] DESC, V.RequestNum DESC) B) L
+    ORDER BY L.[Last Name], L.[First Name], L.[Middle Name], L.[Trans. Date] DESC, L.RequestNum DESC
+ELSE IF @Mode = 2
+    SELECT TOP 200 * FROM vwNuclearCancelRequest
+    WHERE [Hosp. No.] = @SearchText AND @SearchText <> ''
+    ORDER BY [Trans. Date] DESC, RequestNum DESC
+ELSE IF @Mode = 3
+    SELECT TOP 200 * FROM vwNuclearCancelRequest
+    WHERE [Adm. No.] = @SearchText AND @SearchText <> ''
+    ORDER BY [Trans. Date] DESC, RequestNum DESC
+ELSE
+    SELECT TOP 200 * FROM vwNuclearCancelRequest
+    WHERE (RefNum = @SearchText OR RequestNum = @SearchText) AND @SearchText <> ''
+    ORDER BY [Trans. Date] DESC, RequestNum DESC
 GO
