@@ -1,5 +1,10 @@
 #include "app/AppScreens.h"
 
+#include "charges/frmNucCharges.h"
+#include "charges/frmNuclearChargesBuildFile.h"
+#include "charges/frmNuclearPackage.h"
+#include "charges/frmReceivableEntry.h"
+#include "charges/frmReceivableSearch.h"
 #include "lookup/clsOutPatientSearch.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmWalkInMaster.h"
@@ -29,6 +34,14 @@ void showInMode(const QString& formMode) {
     screen.ShowModal();
 }
 
+template <typename T>
+void unfoldPackage(const session::PackageHandOver& grids) {
+    T& screen = SharedScreen<T>::fresh();
+    screen.SourceGrid = grids.SourceGrid;
+    screen.PackageGrid = grids.PackageGrid;
+    screen.ShowModal();
+}
+
 } // namespace
 
 AppScreens::AppScreens()
@@ -36,6 +49,8 @@ AppScreens::AppScreens()
               {session::MenuScreen::RequestMaster, showInMode<results::frmRequestMaster>},
               {session::MenuScreen::ResultMaster, showInMode<results::frmResultMaster>},
               {session::MenuScreen::WalkInMaster, showModal<lookup::frmWalkInMaster>},
+              {session::MenuScreen::NuclearChargesBuildFile, showModal<charges::frmNuclearChargesBuildFile>},
+              {session::MenuScreen::ReceivableSearch, showModal<charges::frmReceivableSearch>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {
@@ -63,13 +78,18 @@ void AppScreens::openOutRequest(const session::OutRequestEntry& entry) {
     screen.ShowModal();
 }
 
-void AppScreens::openNuclearPackage(const session::PackageHandOver&) {}
+void AppScreens::openNuclearPackage(const session::PackageHandOver& grids) {
+    unfoldPackage<charges::frmNuclearPackage>(grids);
+}
 
-void AppScreens::openNucCharges(const session::PackageHandOver&) {}
+void AppScreens::openNucCharges(const session::PackageHandOver& grids) {
+    unfoldPackage<charges::frmNucCharges>(grids);
+}
 
 void AppScreens::enableRequestSaves() {
     SharedScreen<orders::frmRequest>::current().enableSaves(true);
     SharedScreen<orders::frmOutRequest>::current().enableSaves(true);
+    SharedScreen<charges::frmReceivableEntry>::current().enableSaves(true);
 }
 
 session::ChosenPatient AppScreens::openDischargeNotice() {

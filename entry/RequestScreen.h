@@ -8,6 +8,8 @@
 #include <memory>
 #include <span>
 
+class QPushButton;
+
 namespace Ui {
 class RequestScreen;
 }
@@ -66,6 +68,11 @@ class RequestScreen : public controls::Screen {
     virtual void fillHeader();
     /// The lines of a ward's request.
     virtual ado::Recordset readNurseLines() const;
+
+    /// Puts a command of the leaf's own behind the others on the left.
+    void addCommand(QPushButton* command);
+    /// Puts a part of the leaf's own between the lines and the help.
+    void addBelowLines(QWidget* part);
 
     /// From the row of an out-patient search.
     void fillOutPatient(ado::Recordset stay);

@@ -1,6 +1,11 @@
 #include "tests/app/ScreenOpeners.h"
 
 #include "app/AppScreens.h"
+#include "charges/frmNucCharges.h"
+#include "charges/frmNuclearChargesBuildFile_items.h"
+#include "charges/frmNuclearPackage.h"
+#include "charges/frmReceivableEntry.h"
+#include "entry/RequestColumns.h"
 #include "lookup/frmAddWalkIn.h"
 #include "lookup/frmPatientList.h"
 #include "lookup/frmRegisteredOPD.h"
@@ -30,6 +35,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 
 namespace tests {
@@ -140,6 +146,35 @@ void request(const Look& look) {
     lookAtModal([] { app::AppScreens().openRequest({.PatIdNum = "26004078", .PatientType = "I"}); }, look);
 }
 
+/// With the items of its first package.
+template <typename T>
+void package(const Look& look) {
+    controls::FlexGrid lines, unused;
+    lines.setCols(entry::requestColumnCount);
+    unused.setCols(8);
+    T screen;
+    screen.SourceGrid = &lines;
+    screen.PackageGrid = &unused;
+    lookAt(screen, [&](QWidget& window) {
+        keysToFocus(window, QStringLiteral("<Enter>"));
+        QCoreApplication::processEvents();
+        look(window);
+    });
+}
+
+/// With the list of what was charged before.
+void receivableEntry(const Look& look) {
+    charges::frmReceivableEntry screen;
+    screen.load();
+    screen.setText("txtLname", QStringLiteral("AGUILAR"));
+    screen.setText("txtIdNum", QStringLiteral("26004078"));
+    lookAt(screen, [&](QWidget& window) {
+        child<QPushButton>(window, "cmdListCharges").click();
+        QCoreApplication::processEvents();
+        look(window);
+    });
+}
+
 template <typename T>
 void resultEntry(const Look& look) {
     T screen;
@@ -188,6 +223,12 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmWalkInMaster", ofTheMenu<MenuScreen::WalkInMaster>},
         {"frmOutRequest", outRequest},
         {"frmRequest", request},
+        {"frmNuclearPackage", package<charges::frmNuclearPackage>},
+        {"frmNucCharges", package<charges::frmNucCharges>},
+        {"frmReceivableSearch", ofTheMenu<MenuScreen::ReceivableSearch>},
+        {"frmReceivableEntry", receivableEntry},
+        {"frmNuclearChargesBuildFile", ofTheMenu<MenuScreen::NuclearChargesBuildFile>},
+        {"frmNuclearChargesBuildFile_items", plain<charges::frmNuclearChargesBuildFile_items>},
         {"frmRequestMaster", ofTheMenu<MenuScreen::RequestMaster>},
         {"frmResultMaster", ofTheMenu<MenuScreen::ResultMaster>},
         {"frmResult", requestsOfAPatient},
