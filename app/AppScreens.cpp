@@ -2,7 +2,12 @@
 
 #include "charges/frmBuildFile.h"
 #include "charges/frmCSEntry.h"
+#include "charges/frmNucCharges.h"
+#include "charges/frmNuclearChargesBuildFile.h"
+#include "charges/frmNuclearPackage.h"
 #include "charges/frmPHEntry.h"
+#include "charges/frmReceivableEntry.h"
+#include "charges/frmReceivableSearch.h"
 #include "ledger/frmClearPatient.h"
 #include "ledger/frmDischargeNotice.h"
 #include "ledger/frmListDeposits.h"
@@ -44,6 +49,14 @@ void showInMode(const QString& formMode) {
     screen.ShowModal();
 }
 
+template <typename T>
+void unfoldPackage(const session::PackageHandOver& grids) {
+    T& screen = SharedScreen<T>::fresh();
+    screen.SourceGrid = grids.SourceGrid;
+    screen.PackageGrid = grids.PackageGrid;
+    screen.ShowModal();
+}
+
 } // namespace
 
 AppScreens::AppScreens()
@@ -65,6 +78,8 @@ AppScreens::AppScreens()
               {session::MenuScreen::PatientLedger, showModal<ledger::frmPatientLedger>},
               {session::MenuScreen::Verification, showModal<ledger::frmVerification>},
               {session::MenuScreen::ListDeposits, showModal<ledger::frmListDeposits>},
+              {session::MenuScreen::NuclearChargesBuildFile, showModal<charges::frmNuclearChargesBuildFile>},
+              {session::MenuScreen::ReceivableSearch, showModal<charges::frmReceivableSearch>},
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {
@@ -92,13 +107,18 @@ void AppScreens::openOutRequest(const session::OutRequestEntry& entry) {
     screen.ShowModal();
 }
 
-void AppScreens::openNuclearPackage(const session::PackageHandOver&) {}
+void AppScreens::openNuclearPackage(const session::PackageHandOver& grids) {
+    unfoldPackage<charges::frmNuclearPackage>(grids);
+}
 
-void AppScreens::openNucCharges(const session::PackageHandOver&) {}
+void AppScreens::openNucCharges(const session::PackageHandOver& grids) {
+    unfoldPackage<charges::frmNucCharges>(grids);
+}
 
 void AppScreens::enableRequestSaves() {
     SharedScreen<orders::frmRequest>::current().enableSaves(true);
     SharedScreen<orders::frmOutRequest>::current().enableSaves(true);
+    SharedScreen<charges::frmReceivableEntry>::current().enableSaves(true);
 }
 
 session::ChosenPatient AppScreens::openDischargeNotice() {

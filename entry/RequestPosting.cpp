@@ -25,9 +25,11 @@ RequestPosting::RequestPosting(const PostingVariant& variant, const PostingHeade
 void RequestPosting::post() {
     if (session::gInventoryEntry)
         SetStockDept();
-    ServerNow =
-        base::CDate(ReadForUpdate(sql("select getdate() as [server date]")).Fields("server date").Value());
-    if (m_variant.onlyAdmitted && m_header.entry.PatientType != u"I")
+    const bool posts = !m_variant.onlyAdmitted || m_header.entry.PatientType == u"I";
+    if (posts || m_variant.alwaysTakesTime)
+        ServerNow = base::CDate(
+            ReadForUpdate(sql("select getdate() as [server date]")).Fields("server date").Value());
+    if (!posts)
         return;
     if (!m_header.entry.CashBasis)
         takeChargeSlip();

@@ -11,15 +11,17 @@ namespace entry {
 
 /// Where the request screens differ in what they post.
 struct PostingVariant {
-    const char* patientType; ///< in the ward's checks and the bill: "I" or "O"
-    int nurseLinkColumn;     ///< the column with the ward's own request number
-    bool stockLineIsRequest; ///< a supply line leaves a request beside its stock movement
-    bool onlyAdmitted;       ///< any other patient type than "I" posts nothing
-    bool billsDeptCode;      ///< the procedures on the bill are those of gDeptCode, not those of "NU"
+    const char* patientType;     ///< in the ward's checks and the bill: "I" or "O"
+    int nurseLinkColumn;         ///< the column with the ward's own request number
+    bool stockLineIsRequest;     ///< a supply line leaves a request beside its stock movement
+    bool onlyAdmitted;           ///< any other patient type than "I" posts nothing
+    bool billsDeptCode;          ///< the procedures on the bill are those of gDeptCode, not those of "NU"
+    bool alwaysTakesTime = true; ///< the server's time is read even where nothing is posted
 };
 
 inline constexpr PostingVariant inPatientPosting{"I", 11, true, true, false};
 inline constexpr PostingVariant outPatientPosting{"O", 12, false, false, true};
+inline constexpr PostingVariant receivablePosting{"I", 11, false, true, false, false};
 
 /// What a save takes from its screen; texts as the screen shows them.
 struct PostingHeader {

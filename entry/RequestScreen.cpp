@@ -94,6 +94,14 @@ void RequestScreen::showLegend() {
     }
 }
 
+void RequestScreen::addCommand(QPushButton* command) {
+    m_ui->commands->insertWidget(m_ui->commands->indexOf(m_ui->lblHint), command);
+}
+
+void RequestScreen::addBelowLines(QWidget* part) {
+    m_ui->bodyLayout->insertWidget(m_ui->bodyLayout->indexOf(m_ui->helpLine), part);
+}
+
 // ---- opening
 
 void RequestScreen::Form_Load() {

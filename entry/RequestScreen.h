@@ -8,6 +8,8 @@
 #include <memory>
 #include <span>
 
+class QPushButton;
+
 namespace Ui {
 class RequestScreen;
 }
@@ -72,6 +74,10 @@ class RequestScreen : public controls::Screen {
 
     /// The price of an exam in the hidden grid.
     virtual double inputRate(const session::NuclearExamRecord& exam) const;
+    /// Puts a command of the leaf's own behind the others on the left.
+    void addCommand(QPushButton* command);
+    /// Puts a part of the leaf's own between the lines and the help.
+    void addBelowLines(QWidget* part);
 
     /// From the row of an out-patient search.
     void fillOutPatient(ado::Recordset stay);

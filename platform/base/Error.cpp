@@ -14,6 +14,7 @@ constexpr std::array errorTexts{
     ErrorText{errors::invalidProcedureCall, "Invalid procedure call or argument"},
     ErrorText{errors::overflow, "Overflow"},
     ErrorText{errors::subscriptOutOfRange, "Subscript out of range"},
+    ErrorText{errors::divisionByZero, "Division by zero"},
     ErrorText{errors::typeMismatch, "Type mismatch"},
     ErrorText{errors::fileNotFound, "File not found"},
     ErrorText{errors::objectNotSet, "Object variable or With block variable not set"},

@@ -126,11 +126,14 @@ constexpr PackageLine nuclearLines[] = {
     {"N04", "1102", "NU", "RENAL SCAN, DTPA WITH FUROSEMIDE", 1, 6900, ""},
     {"N04", "30001", "MN", "FUROSEMIDE 20 MG/2 ML AMP", 2, 97, "179"},
     {"N04", "40016", "UR", "TC-99M DTPA DOSE", 1, 980, "224"},
+    {"N05", "40001", "UR", "SYRINGE 1 ML", 1, 2, "224"},
+    {"N05", "40013", "UR", "ECG ELECTRODE", 1, 2, "224"},
 };
 constexpr const char* nuclearPackages[][3] = {{"N01", "A", "THYROID WORK-UP"},
                                               {"N02", "B", "BONE METASTASES WORK-UP"},
                                               {"N03", "C", "CARDIAC STRESS PACKAGE"},
-                                              {"N04", "D", "RENAL FUNCTION PACKAGE"}};
+                                              {"N04", "D", "RENAL FUNCTION PACKAGE"},
+                                              {"N05", "E", "SMALL SUPPLIES"}};
 
 constexpr PackageLine admissionLines[] = {
     {"P11", "1001", "NU", "BONE SCAN, WHOLE BODY", 1, 4800, ""},
@@ -141,10 +144,14 @@ constexpr PackageLine admissionLines[] = {
     {"P12", "40007", "UR", "I.V. TUBING, ADULT", 1, 65, "224"},
     {"P13", "1101", "NU", "RENAL SCAN, DTPA WITH GFR", 1, 6200, ""},
     {"P13", "40006", "UR", "I.V. CANNULA G22", 1, 78, "224"},
+    {"P14", "1201", "NU", "TSH", 1, 700, ""},
+    {"P14", "40003", "UR", "SYRINGE 5 ML", 0, 12, "224"}, // entered without its quantity
 };
 constexpr const char* admissionPackages[][2] = {{"P11", "EXECUTIVE CHECK-UP, NUCLEAR"},
                                                 {"P12", "CARDIAC ADMISSION PACKAGE"},
-                                                {"P13", "KIDNEY DONOR PACKAGE"}};
+                                                {"P13", "KIDNEY DONOR PACKAGE"},
+                                                {"P14", "THYROID ADMISSION PACKAGE"},
+                                                {"P15", "PACKAGE STILL TO BE FILLED"}};
 
 template <std::size_t N>
 double writeLines(TableWriter& table, const PackageLine (&lines)[N], const char* package) {

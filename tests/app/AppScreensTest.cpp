@@ -1,4 +1,5 @@
 #include "app/AppScreens.h"
+#include "charges/frmReceivableEntry.h"
 #include "orders/frmOutRequest.h"
 #include "orders/frmRequest.h"
 #include "platform/controls/screen/TestDoors.h"
@@ -104,6 +105,19 @@ TEST_F(DischargeRoad, APatientOfAWaitingRequestComesBackUncleared) {
     EXPECT_FALSE(choose("<Down><Enter>").Valid);
 }
 
+TEST_F(OpenScreens, TheMenuOpensLateChargesAndTheSectionsPackages) {
+    app::AppScreens program;
+    const std::pair<MenuScreen, const char*> screensOfCharges[] = {
+        {MenuScreen::ReceivableSearch, "frmReceivableSearch"},
+        {MenuScreen::NuclearChargesBuildFile, "frmNuclearChargesBuildFile"}};
+    for (const auto& [screen, name] : screensOfCharges) {
+        tests::runModal([&] { program.open(screen); }, {[&](QWidget& window) {
+                            EXPECT_EQ(window.objectName(), name);
+                            tests::keysToFocus(window, "<Esc>");
+                        }});
+    }
+}
+
 TEST_F(OpenScreens, EveryRequestScreensSavesComeOnAndGoOffWithItsOpening) {
     app::AppScreens().enableRequestSaves();
     const auto saves = [](QWidget& screen) {
@@ -116,8 +130,13 @@ TEST_F(OpenScreens, EveryRequestScreensSavesComeOnAndGoOffWithItsOpening) {
     EXPECT_TRUE(saves(out)) << "made for it";
     out.load();
     EXPECT_FALSE(saves(out)) << "a plain request begins with nothing to save";
+    auto& late = controls::SharedScreen<charges::frmReceivableEntry>::fresh();
+    EXPECT_TRUE(saves(late));
+    late.load();
+    EXPECT_FALSE(saves(late));
     controls::release<orders::frmRequest>();
     controls::release<orders::frmOutRequest>();
+    controls::release<charges::frmReceivableEntry>();
 }
 
 } // namespace

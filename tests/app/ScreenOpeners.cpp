@@ -3,6 +3,11 @@
 #include "app/AppScreens.h"
 #include "charges/ItemRequestScreen.h"
 #include "charges/frmBuildFile.h"
+#include "charges/frmNucCharges.h"
+#include "charges/frmNuclearChargesBuildFile_items.h"
+#include "charges/frmNuclearPackage.h"
+#include "charges/frmReceivableEntry.h"
+#include "entry/RequestColumns.h"
 #include "ledger/frmClearPatient.h"
 #include "ledger/frmDischargeNotice.h"
 #include "ledger/frmPatientLedger.h"
@@ -176,6 +181,35 @@ void requestForm(const Look& look) {
     lookAt(screen, look);
 }
 
+/// With the items of its first package.
+template <typename T>
+void package(const Look& look) {
+    controls::FlexGrid lines, unused;
+    lines.setCols(entry::requestColumnCount);
+    unused.setCols(8);
+    T screen;
+    screen.SourceGrid = &lines;
+    screen.PackageGrid = &unused;
+    lookAt(screen, [&](QWidget& window) {
+        keysToFocus(window, QStringLiteral("<Enter>"));
+        QCoreApplication::processEvents();
+        look(window);
+    });
+}
+
+/// With the list of what was charged before.
+void receivableEntry(const Look& look) {
+    charges::frmReceivableEntry screen;
+    screen.load();
+    screen.setText("txtLname", QStringLiteral("AGUILAR"));
+    screen.setText("txtIdNum", QStringLiteral("26004078"));
+    lookAt(screen, [&](QWidget& window) {
+        child<QPushButton>(window, "cmdListCharges").click();
+        QCoreApplication::processEvents();
+        look(window);
+    });
+}
+
 template <typename T>
 void resultEntry(const Look& look) {
     T screen;
@@ -274,6 +308,12 @@ const std::vector<ScreenOpener>& screenOpeners() {
         {"frmRequestForm", requestForm},
         {"frmPHEntry", itemRequest<MenuScreen::PHEntry>},
         {"frmCSEntry", itemRequest<MenuScreen::CSEntry>},
+        {"frmNuclearPackage", package<charges::frmNuclearPackage>},
+        {"frmNucCharges", package<charges::frmNucCharges>},
+        {"frmReceivableSearch", ofTheMenu<MenuScreen::ReceivableSearch>},
+        {"frmReceivableEntry", receivableEntry},
+        {"frmNuclearChargesBuildFile", ofTheMenu<MenuScreen::NuclearChargesBuildFile>},
+        {"frmNuclearChargesBuildFile_items", plain<charges::frmNuclearChargesBuildFile_items>},
         {"frmRequestMaster", ofTheMenu<MenuScreen::RequestMaster>},
         {"frmResultMaster", ofTheMenu<MenuScreen::ResultMaster>},
         {"frmResult", requestsOfAPatient},

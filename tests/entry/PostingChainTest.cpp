@@ -148,6 +148,14 @@ TEST_P(PostingChain, AnotherTypeOfPatientIsPostedOnlyWhereTheTypeIsFixed) {
     EXPECT_EQ(post(other).isEmpty() || routines(post(other)).isEmpty(), GetParam().variant.onlyAdmitted);
 }
 
+TEST_P(PostingChain, WhatPostsNothingMayStillAskForTheTime) {
+    addLine("NU", "1001", "1", "100");
+    session::RequestEntry other = plain;
+    other.PatientType.clear();
+    const bool asks = !GetParam().variant.onlyAdmitted || GetParam().variant.alwaysTakesTime;
+    EXPECT_EQ(post(other).contains("select getdate() as [server date]"), asks);
+}
+
 TEST_P(PostingChain, AProcedureIsKnownByItsNameOrByTheDepartment) {
     addLine("NU", "1001", "1", "100");
     addLine("XR", "1001", "1", "100");
@@ -167,7 +175,8 @@ TEST_P(PostingChain, ACellThatIsNoNumberStopsTheSave) {
 
 INSTANTIATE_TEST_SUITE_P(Screens, PostingChain,
                          testing::Values(Case{"inPatient", entry::inPatientPosting, "I", "IN11"},
-                                         Case{"outPatient", entry::outPatientPosting, "O", "OUT12"}),
+                                         Case{"outPatient", entry::outPatientPosting, "O", "OUT12"},
+                                         Case{"receivable", entry::receivablePosting, "I", "IN11"}),
                          [](const auto& each) { return std::string(each.param.name); });
 
 } // namespace

@@ -459,6 +459,11 @@ void FlexGrid::setCellIcon(int row, int column, const QIcon& icon) {
     changeFormat(row, column, [&](CellFormat& format) { format.icon = icon; });
 }
 
+QString FlexGrid::cellIconName(int row, int column) const {
+    requireCell(row, column);
+    return m_model->format(row, column).icon.name();
+}
+
 // ---- keys, mouse and painting
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
@@ -559,10 +564,10 @@ void FlexGrid::paintEvent(QPaintEvent* event) {
 
 // ---- the shared grid routines
 
-void SetGridHeaders(FlexGrid& grid, int columns, const QString& headers) {
+void SetGridHeaders(FlexGrid& grid, int columns, const QString& headers, int first) {
     grid.setCols(columns);
     QString cell;
-    int column = 0;
+    int column = first;
     for (const QChar c : headers) {
         if (c != QLatin1Char('?')) {
             cell += c;
@@ -573,8 +578,8 @@ void SetGridHeaders(FlexGrid& grid, int columns, const QString& headers) {
     }
 }
 
-void SetGridAlignments(FlexGrid& grid, const QString& alignments) {
-    int column = 0;
+void SetGridAlignments(FlexGrid& grid, const QString& alignments, int first) {
+    int column = first;
     for (const QString& mark : alignments.split(QLatin1Char('|')))
         grid.setColAlignment(column++, alignmentOf(mark.isEmpty() ? QChar() : mark.at(0)));
 }

@@ -85,6 +85,8 @@ class FlexGrid : public QTableView {
     void setCellBackColor(int row, int column, const QColor& color);
     void setCellBold(int row, int column, bool bold);
     void setCellIcon(int row, int column, const QIcon& icon);
+    /// Of the line family: "check"; "" where there is none.
+    QString cellIconName(int row, int column) const;
     /// Row numbers 1, 2, 3 in column 0 of every row that is not fixed, where the cell itself is empty
     /// (display only).
     void setShowRowNumbers(bool show);
@@ -143,9 +145,10 @@ class FlexGrid : public QTableView {
     bool m_layingOut = false;
 };
 
-/// Sets the columns from a list whose cells end in "?": "Code?Description?Status?".
-void SetGridHeaders(FlexGrid& grid, int columns, const QString& headers);
+/// Sets the columns from a list whose cells end in "?": "Code?Description?Status?". Its first one heads the
+/// column `first`.
+void SetGridHeaders(FlexGrid& grid, int columns, const QString& headers, int first = 0);
 /// Sets alignments from marks "<", "^", ">" parted by vertical bars.
-void SetGridAlignments(FlexGrid& grid, const QString& alignments);
+void SetGridAlignments(FlexGrid& grid, const QString& alignments, int first = 0);
 
 } // namespace controls

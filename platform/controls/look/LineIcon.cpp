@@ -18,7 +18,8 @@ QByteArray readDrawing(const QString& name) {
 
 } // namespace
 
-LineIcon::LineIcon(QByteArray drawing, const QColor& color) : m_drawing(std::move(drawing)), m_color(color) {}
+LineIcon::LineIcon(const QString& name, QByteArray drawing, const QColor& color)
+    : m_name(name), m_drawing(std::move(drawing)), m_color(color) {}
 
 void LineIcon::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) {
     const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
@@ -46,12 +47,12 @@ QPixmap LineIcon::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) {
 }
 
 QIconEngine* LineIcon::clone() const {
-    return new LineIcon(m_drawing, m_color);
+    return new LineIcon(m_name, m_drawing, m_color);
 }
 
 QIcon look::icon(const QString& name, const QColor& color) {
     QByteArray drawing = readDrawing(name);
-    return drawing.isEmpty() ? QIcon() : QIcon(new LineIcon(std::move(drawing), color));
+    return drawing.isEmpty() ? QIcon() : QIcon(new LineIcon(name, std::move(drawing), color));
 }
 
 } // namespace controls

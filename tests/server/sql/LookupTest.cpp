@@ -264,9 +264,66 @@ TEST_F(Lookup, TheCatalogueOfRightsGrowsAndChanges) {
         QStringLiteral("OLD RIGHTI"));
 }
 
+TEST_F(Lookup, BilledStaysByNameOrNumber) {
+    const auto found = [this](const QString& text) {
+        return rows(QStringLiteral("RADIOLOGY..spGlobal_BilledPatients '%1'").arg(text));
+    };
+    const QString in =
+        value(QStringLiteral("SELECT MIN(IdNum) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL"));
+    const QString open =
+        value(QStringLiteral("SELECT MIN(IdNum) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NULL"));
+    const QString out = value(
+        QStringLiteral("SELECT MIN(IdNum) FROM PATIENT_DATA..tbOutPatient WHERE BillingDate IS NOT NULL"));
+    const QString person =
+        QStringLiteral(" FROM PATIENT_DATA..tbMaster M INNER JOIN PATIENT_DATA..tbPatient P "
+                       "ON P.HospNum = M.HospNum WHERE P.IdNum = '%1'")
+            .arg(in);
+    ASSERT_EQ(found(in).count(), 1);
+    EXPECT_EQ(cell(found(in), 0, "IdNum"), in);
+    EXPECT_EQ(found(open).count(), 0) << "its bill is open";
+    ASSERT_EQ(found(out).count(), 1);
+    EXPECT_EQ(cell(found(out), 0, "RoomID"), QStringLiteral("OPD"));
+    const QString last = value(QStringLiteral("SELECT M.LastName") + person).replace(u'\'', u'`');
+    const QString first = value(QStringLiteral("SELECT M.FirstName") + person).replace(u'\'', u'`');
+    const auto holds = [&](const ado::Rows& some) {
+        for (qsizetype row = 0; row < some.count(); ++row)
+            if (cell(some, row, "IdNum") == in)
+                return true;
+        return false;
+    };
+    EXPECT_TRUE(holds(found(last)));
+    EXPECT_TRUE(holds(found(last.toLower() + QStringLiteral(", ") + first.left(2))));
+    EXPECT_FALSE(holds(found(last + QStringLiteral(",QQ"))));
+    EXPECT_EQ(found(QStringLiteral("%QQ")).count(), 0);
+    // Open again for late charges, and closed.
+    for (const int late : {0, 1})
+        EXPECT_GT(count(QStringLiteral("PATIENT_DATA..tbPatient"),
+                        QStringLiteral("BillingDate IS NOT NULL AND LateCharges = %1").arg(late)),
+                  0);
+}
+
+TEST_F(Lookup, PackagesForEveryBranch) {
+    EXPECT_EQ(rows(QStringLiteral("STATION..sp_Get_AdmPackages 11")).count(), 5);
+    EXPECT_EQ(rows(QStringLiteral("STATION..sp_Get_AdmPackages 12")).count(), 0);
+    EXPECT_EQ(rows(QStringLiteral("STATION..sp_Get_ADMPackage_Items 'P15'")).count(), 0);
+    EXPECT_EQ(cell(rows(QStringLiteral("STATION..sp_Get_ADMPackage_Items 'P14'")), 1, "Qty"),
+              QStringLiteral("0"));
+    const ado::Rows mixed = rows(QStringLiteral("STATION..sp_Get_ADMPackage_Items 'P12'"));
+    ASSERT_EQ(mixed.count(), 3);
+    EXPECT_EQ(cell(mixed, 0, "Revenue") + cell(mixed, 1, "Revenue") + cell(mixed, 2, "Revenue"),
+              QStringLiteral("NUMNUR"));
+    EXPECT_EQ(cell(mixed, 1, "Location") + cell(mixed, 2, "Location"), QStringLiteral("179224"));
+    EXPECT_EQ(rows(QStringLiteral("Nuclear..sp_Get_nucPackages 11")).count(), 5);
+    for (const qsizetype row : {0, 1})
+        EXPECT_EQ(cell(rows(QStringLiteral("Nuclear..sp_Get_nucPackage_Items 'N05'")), row, "Amt"),
+                  QStringLiteral("2"));
+    EXPECT_EQ(cell(rows(QStringLiteral("Nuclear..Help_SearchNucPackage '1','N02'")), 0, "Description"),
+              QStringLiteral("BONE METASTASES WORK-UP"));
+}
+
 TEST_F(Lookup, PackagesByLetter) {
     const ado::Rows names = rows(QStringLiteral("spNuclear_PackageList"));
-    ASSERT_EQ(names.count(), 4);
+    ASSERT_EQ(names.count(), 5);
     EXPECT_EQ(cell(names, 0, "PackageName"), QStringLiteral("A - THYROID WORK-UP"));
     EXPECT_EQ(rows(QStringLiteral("spNuclear_ShowPackage '','A'")).count(), 3);
     // Nothing from stock can be assessed for cash.
@@ -274,9 +331,9 @@ TEST_F(Lookup, PackagesByLetter) {
     EXPECT_EQ(rows(QStringLiteral("spNuclear_ShowPackage '','X'")).count(), 0);
     run(QStringLiteral("Nuclear..sp_Nuclear_Insert_Update_Package 'N09', 'LIVER PACKAGE', '1'"));
     EXPECT_EQ(value(QStringLiteral("SELECT PackageLetter FROM tbNucPackage WHERE Code = 'N09'")),
-              QStringLiteral("E"));
+              QStringLiteral("F"));
     run(QStringLiteral("Nuclear..sp_Nuclear_Insert_Update_Package 'N09', 'LIVER PACKAGE', '0'"));
-    EXPECT_EQ(rows(QStringLiteral("spNuclear_PackageList")).count(), 4);
+    EXPECT_EQ(rows(QStringLiteral("spNuclear_PackageList")).count(), 5);
 }
 
 TEST_F(Lookup, TheExamFileOfTheSectionIsTheHospitals) {
