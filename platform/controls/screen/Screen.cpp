@@ -261,6 +261,7 @@ void Screen::growTo(int height) {
 }
 
 void Screen::scrollContents() {
+    QWidget* first = focusWidget(); // does not go along with its parents
     const QWidgetList loose = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     auto* area = new ScrolledContents(this);
     auto* contents = new QWidget(this);
@@ -272,6 +273,8 @@ void Screen::scrollContents() {
             widget->setParent(contents);
     }
     area->setWidget(contents);
+    if (first)
+        first->setFocus();
     setMinimumSize(0, 0);
     auto* around = new QVBoxLayout(this);
     around->setContentsMargins(0, 0, 0, 0);

@@ -300,7 +300,9 @@ TEST(Screen, OneThatTheDesktopHasNoRoomForIsScrolledByTheFocus) {
     fields[1]->hide();
     auto* loose = new QLineEdit(&screen); // as the editor of a grid: in no layout
     loose->hide();
+    fields[2]->setFocus();
     tests::runModal([&] { screen.ShowModal(); }, {[&](QWidget& window) {
+                        EXPECT_EQ(window.focusWidget(), fields[2]) << "the first focus is the screen's own";
                         EXPECT_EQ(window.height(), 768 - 48);
                         EXPECT_LE(window.width(), 1366 - 16);
                         const auto isSeen = [&](const QWidget* field) {
