@@ -10,6 +10,7 @@
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "tools/scintra-tour/Findings.h"
+#include "tools/scintra-tour/IncomingWalk.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
 
@@ -95,6 +96,7 @@ int runTour(const QString& folder) {
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
+    tour::addIncomingWalk(walk, result.admissionNumber);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
