@@ -10,7 +10,7 @@
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "tools/scintra-tour/Findings.h"
-#include "tools/scintra-tour/IncomingWalk.h"
+#include "tools/scintra-tour/PharmacyWalk.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
 
@@ -96,7 +96,7 @@ int runTour(const QString& folder) {
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
-    tour::addIncomingWalk(walk, result.admissionNumber);
+    tour::addPharmacyWalk(walk, result.admissionNumber);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
