@@ -121,9 +121,10 @@ TEST_P(ItemGrid, TheLastLineIsNotLookedAtForDuplicates) {
 
 TEST_P(ItemGrid, OkToTheFirstQuestionDropsTheItem) {
     logged(GetParam().items[0], "N");
-    const QString asked = "The Item is already requested at " +
-                          value("SELECT RequestDate FROM STATION..tbNurseLogBook WHERE RequestNum = '1'") +
-                          ". Do you want to proceed? ";
+    const QString asked =
+        tests::toServerDays("The Item is already requested at " +
+                            value("SELECT RequestDate FROM STATION..tbNurseLogBook WHERE RequestNum = '1'") +
+                            ". Do you want to proceed? ");
     const QString code = QStringLiteral("%1<Enter>").arg(GetParam().items[0]);
     boxes.expect({asked, controls::vbOKCancel, "Message ", controls::vbOK});
     type(code);
@@ -137,9 +138,10 @@ TEST_P(ItemGrid, OkToTheFirstQuestionDropsTheItem) {
 
 TEST_P(ItemGrid, NoToTheSecondQuestionDropsTheItem) {
     logged(GetParam().items[0], "X");
-    const QString asked = "This Request has been PROCCESSED TODAY AT " +
-                          value("SELECT ProcessDate FROM STATION..tbNurseLogBook WHERE RequestNum = '1'") +
-                          "! Do you wish to REPEAT it ?";
+    const QString asked =
+        tests::toServerDays("This Request has been PROCCESSED TODAY AT " +
+                            value("SELECT ProcessDate FROM STATION..tbNurseLogBook WHERE RequestNum = '1'") +
+                            "! Do you wish to REPEAT it ?");
     const int style = controls::vbYesNo + controls::vbCritical;
     const QString code = QStringLiteral("%1<Enter>").arg(GetParam().items[0]);
     boxes.expect({asked, style, "Message ", controls::vbNo});

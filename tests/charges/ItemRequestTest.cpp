@@ -1,6 +1,8 @@
 // The screens that ask pharmacy and central supply: whose items they take, and the save.
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
+#include "session/Session.h"
+#include "session/services/Services.h"
 #include "tests/charges/ItemFixture.h"
 
 #include <QGroupBox>
@@ -187,6 +189,7 @@ TEST_P(ItemRequest, SavesEachCompleteLineInOneTransaction) {
 
 TEST_P(ItemRequest, AnOutPatientsLinesAreOfTypeOAndHaveNoDoctor) {
     const QString id = outPatient();
+    ASSERT_TRUE(session::gAdmission->OpenAdmission(admitted)) << "another screen looked at it last";
     open(GetParam());
     pickOutPatient(id);
     type(QStringLiteral("%1<Enter>").arg(GetParam().items[0]));

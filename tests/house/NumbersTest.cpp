@@ -54,8 +54,11 @@ const QStringList withoutMain{"tests/lookup/registrar/main.cpp",
                               "tests/orders/saver/main.cpp",
                               "tests/orders/outsaver/main.cpp",
                               "tests/orders/assessor/main.cpp",
+                              "tests/orders/taker/main.cpp",
                               "tests/results/recorder/main.cpp",
                               "tests/revocation/canceller/main.cpp",
+                              "tests/charges/asker/main.cpp",
+                              "tests/charges/supplier/main.cpp",
                               "bench/minimal.cpp"};
 
 TEST(Programs, IgnoreTheDesksLanguageFromTheirFirstLine) {

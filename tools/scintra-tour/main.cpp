@@ -13,6 +13,7 @@
 #include "session/logon/HospitalServer.h"
 #include "tools/scintra-tour/Findings.h"
 #include "tools/scintra-tour/OrderWalks.h"
+#include "tools/scintra-tour/PharmacyWalk.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
 
@@ -125,6 +126,7 @@ int runTour(const QString& folder) {
     tour::addAssessmentWalk(walk, QStringLiteral("104078"));
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
+    tour::addPharmacyWalk(walk, result.admissionNumber);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
