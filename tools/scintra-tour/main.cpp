@@ -10,6 +10,7 @@
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "tools/scintra-tour/Findings.h"
+#include "tools/scintra-tour/InquiryWalk.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
 
@@ -95,12 +96,16 @@ int runTour(const QString& folder) {
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
+    tour::InquiryWalkResult told;
+    tour::addInquiryWalk(walk, result.admissionNumber, result.chargeSlip, told);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
             if (!shown.page.contains(QStringLiteral("-90001")) ||
                 !shown.page.contains(result.admissionNumber))
                 walk.fail(QStringLiteral("The result's page is not whole."));
+            if (!told.ledger.contains(result.chargeSlip) || told.issued == 0)
+                walk.fail(QStringLiteral("The ledger or the inquiry does not know the slip."));
             finish(walk, hospitalFile, result.chargeSlip);
             QCoreApplication::exit(0);
         });
@@ -123,8 +128,8 @@ int main(int argc, char** argv) {
     if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
         say(QStringLiteral(
             "usage: scintra-tour [FOLDER]\n\n"
-            "Takes one request through the program, from the log-on to the printed slip and its result, on a "
-            "made-up\n"
+            "Takes one request through the program, from the log-on to the printed slip, its result and the "
+            "ledger, on a made-up\n"
             "hospital in a fresh file, and leaves a picture of each step, the slip and all statements\n"
             "in the folder (./out/tour). Exit code 1 when a step does not happen."));
         return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
