@@ -398,6 +398,7 @@ TEST_F(BuildFile, AnAddSendsItsStatementsAndStaysInAdd) {
     EXPECT_FALSE(grid().isEnabled());
     EXPECT_FALSE(button("btnNew").isEnabled());
     EXPECT_EQ(status(), QStringLiteral("Nuclear Exams"));
+    EXPECT_TRUE(field("txtDecription").hasFocus());
     // and on, without New
     keys(field("txtDecription"), "B<Enter>");
     tests::keysToFocus(*screen, "<Alt+S>");
@@ -558,6 +559,10 @@ TEST_F(BuildFile, ASearchByDescriptionFollowsEachChange) {
     EXPECT_TRUE(grid().marksRowOnly());
     keys(field("txtSearch"), "<Enter>");
     EXPECT_TRUE(grid().hasFocus());
+    takeTexts();
+    keys(field("txtSearch"), "<Down>");
+    EXPECT_TRUE(grid().hasFocus());
+    EXPECT_EQ(grid().Row(), 2) << "where the search led to";
 }
 
 TEST_F(BuildFile, ASearchByDescriptionWithoutAMatchChangesNoFieldAndLooksForAnEmptyCode) {

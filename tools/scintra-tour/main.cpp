@@ -12,6 +12,7 @@
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "tools/scintra-tour/Findings.h"
+#include "tools/scintra-tour/InquiryWalk.h"
 #include "tools/scintra-tour/OrderWalks.h"
 #include "tools/scintra-tour/PharmacyWalk.h"
 #include "tools/scintra-tour/RequestWalk.h"
@@ -127,6 +128,8 @@ int runTour(const QString& folder) {
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
     tour::addPharmacyWalk(walk, result.admissionNumber);
+    tour::InquiryWalkResult told;
+    tour::addInquiryWalk(walk, result.admissionNumber, result.chargeSlip, told);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
@@ -136,6 +139,8 @@ int runTour(const QString& folder) {
             say(QStringLiteral("\nassessment: %1").arg(lastAssessment(hospitalFile)));
             if (QFileInfo(QDir(folder).filePath(QStringLiteral("assessment.pdf"))).size() == 0)
                 walk.fail(QStringLiteral("The assessment's slip was not printed."));
+            if (!told.ledger.contains(result.chargeSlip) || told.issued == 0)
+                walk.fail(QStringLiteral("The ledger or the inquiry does not know the slip."));
             finish(walk, hospitalFile, result.chargeSlip, findings);
             QCoreApplication::exit(0);
         });
@@ -156,16 +161,12 @@ int main(int argc, char** argv) {
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
-        say(QStringLiteral(
-            "usage: scintra-tour [FOLDER]\n\n"
-            "Takes requests through the program, on a made-up hospital in a fresh file: one from the log-on "
-            "to "
-            "the\n"
-            "printed slip and its result, one of an out-patient, and an assessment for the cashier. Leaves a "
-            "picture of\n"
-            "each step, the slips and all statements in the folder (./out/tour). Exit code 1 when a step "
-            "does "
-            "not happen."));
+        say(QStringLiteral("usage: scintra-tour [FOLDER]\n\n"
+                           "Takes the program through a day, on a made-up hospital in a fresh file: "
+                           "requests, an assessment, a result,\n"
+                           "and what is asked about them. Leaves a picture of each step, what was printed "
+                           "and all statements in the\n"
+                           "folder (./out/tour). Exit code 1 when a step does not happen."));
         return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
     }
     try {

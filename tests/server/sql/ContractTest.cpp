@@ -239,7 +239,7 @@ constexpr Contract contracts[] = {
      "ChargeSlip#;Code;Particular;Qty;Amount;IssueDate"},
     {"Nuclear..spNuclear_ClearPatientForDischarge '<notice>','NO BALANCE','1001'", ""},
     {"NUCLEAR..sp_Nuclear_PatientLedger '<adm>','I'",
-     "LedgerDay;TransDate;RevenueID;Revenue;Kind;RefNum;ItemID;Description;Quantity;Charge;Credit;Amount"},
+     "TransDate;RevenueID;Revenue;Kind;RefNum;ItemID;Description;Quantity;Charge;Credit;Amount"},
     {"Nuclear..spCash_InquiryList '<or>'", inquiryColumns},
     {"Nuclear..spCharge_InquiryList '<slip>'", inquiryColumns},
     {"spNuclear_GetPatientDeposit",

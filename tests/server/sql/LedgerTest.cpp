@@ -39,8 +39,8 @@ class LedgerOfAnAccount : public tests::Hospital {
             QStringLiteral("sp_Nuclear_PatientLedger '%1','%2'").arg(account, QLatin1String(patientType)));
         QStringList lines;
         for (qsizetype row = 0; row < found.count(); ++row) {
-            QStringList cells;
-            for (const char* column : {"LedgerDay", "Revenue", "Kind", "Charge", "Credit", "Amount"})
+            QStringList cells{cell(found, row, "TransDate").section(u' ', 0, 0)};
+            for (const char* column : {"Revenue", "Kind", "Charge", "Credit", "Amount"})
                 cells += cell(found, row, column);
             lines += cells.join(u' ');
         }

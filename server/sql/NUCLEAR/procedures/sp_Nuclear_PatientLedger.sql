@@ -8,7 +8,7 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_PatientLedger
     @PatientType varchar(1)
 AS
 SET NOCOUNT ON
-SELECT CONVERT(varchar(10), L.TransDate, 101) AS LedgerDay, L.TransDate, L.RevenueID,
+SELECT L.TransDate, L.RevenueID,
     CASE WHEN L.Kind = 'P' THEN 'PAYMENTS' ELSE ISNULL(R.Revenue, 'OTHERS') END AS Revenue, L.Kind, L.RefNum, L.ItemID,
     L.Description, L.Quantity, L.Charge, L.Credit, L.Amount
 FROM vwNuclearLedger L
