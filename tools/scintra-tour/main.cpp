@@ -53,11 +53,15 @@ int takeTrace(const QString& hospitalFile, const QString& target) {
 }
 
 /// Says what the tour brought; ends the process when something is missing.
-void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& chargeSlip) {
+void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& chargeSlip,
+            const QString& packageSlip) {
     const QDir folder(walk.folder());
     const int statements = takeTrace(hospitalFile, folder.filePath(QStringLiteral("trace.txt")));
     say(QStringLiteral("\nslip number: %1").arg(chargeSlip));
-    const tour::Findings findings = tour::findOrder(hospitalFile, chargeSlip);
+    tour::Findings findings = tour::findOrder(hospitalFile, chargeSlip);
+    const tour::Findings package = tour::findPackage(hospitalFile, packageSlip);
+    findings.lines += package.lines;
+    findings.faults += package.faults;
     for (const QString& line : findings.lines)
         say(line);
     say(QStringLiteral("statements: %1 (trace.txt)").arg(statements));
@@ -95,13 +99,15 @@ int runTour(const QString& folder) {
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
+    tour::RequestWalkResult package;
+    tour::addPackageWalk(walk, package);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
             if (!shown.page.contains(QStringLiteral("-90001")) ||
                 !shown.page.contains(result.admissionNumber))
                 walk.fail(QStringLiteral("The result's page is not whole."));
-            finish(walk, hospitalFile, result.chargeSlip);
+            finish(walk, hospitalFile, result.chargeSlip, package.chargeSlip);
             QCoreApplication::exit(0);
         });
     walk.start();
@@ -123,9 +129,10 @@ int main(int argc, char** argv) {
     if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
         say(QStringLiteral(
             "usage: scintra-tour [FOLDER]\n\n"
-            "Takes one request through the program, from the log-on to the printed slip and its result, on a "
-            "made-up\n"
-            "hospital in a fresh file, and leaves a picture of each step, the slip and all statements\n"
+            "Takes one request through the program, from the log-on to the printed slip and its result, and "
+            "a package\n"
+            "with an un-used item, on a made-up hospital in a fresh file, and leaves a picture of each step, "
+            "the slip and all statements\n"
             "in the folder (./out/tour). Exit code 1 when a step does not happen."));
         return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
     }
