@@ -1,6 +1,7 @@
 #include "bench/PatientSearches.h"
 
 #include "bench/RawStatement.h"
+#include "charges/frmReceivableSearch.h"
 #include "lookup/frmListPatient.h"
 #include "lookup/frmPatientList.h"
 #include "lookup/frmRegisteredOPD.h"
@@ -35,6 +36,10 @@ std::unique_ptr<controls::Screen> registeredOPD() {
     return opened<lookup::frmRegisteredOPD>();
 }
 
+std::unique_ptr<controls::Screen> billedPatients() {
+    return std::make_unique<charges::frmReceivableSearch>();
+}
+
 // The raw queries are whole texts, as one would write them for the file by hand.
 
 #define STAYS(condition, order)                                                                              \
@@ -63,6 +68,17 @@ std::unique_ptr<controls::Screen> registeredOPD() {
     "JOIN \"PATIENT_DATA.tbMaster\" M ON M.HospNum = O.HospNum LEFT JOIN \"BUILD_FILE.tbcoCompany\" C ON "   \
     "C.AccountNum = O.AccountNum LEFT JOIN \"BUILD_FILE.tbCoAddress\" A ON A.ZipCode = M.ZipCode "           \
     "WHERE " condition " ORDER BY M.LastName, M.FirstName, M.MiddleName, O.AdmDate DESC LIMIT 200"
+#define BILLED(table, room)                                                                                  \
+    "SELECT * FROM (SELECT P.HospNum, P.IdNum, M.LastName, M.FirstName, M.MiddleName, " room                 \
+    " AS RoomID, P.AdmDate, P.DcrDate, P.BillingDate, P.LateCharges, M.Sex, strftime('%m/%d/%Y', "           \
+    "M.BirthDate), P.Age, P.DoctorID1, P.AccountNum, M.HouseStreet, M.Barangay, C.Company, P.InvoiceNumber " \
+    "FROM \"PATIENT_DATA.tbMaster\" M INNER JOIN \"PATIENT_DATA." table                                      \
+    "\" P ON P.HospNum = M.HospNum LEFT "                                                                    \
+    "JOIN \"BUILD_FILE.tbcoCompany\" C ON C.AccountNum = P.AccountNum WHERE M.LastName >= ?1 AND "           \
+    "M.LastName "                                                                                            \
+    "< ?2 AND P.BillingDate IS NOT NULL ORDER BY M.LastName, M.FirstName, M.MiddleName, P.AdmDate DESC "     \
+    "LIMIT "                                                                                                 \
+    "200)"
 
 const char* textsOf(Typed typed) {
     switch (typed) {
@@ -104,7 +120,11 @@ const std::vector<PatientSearch> patientSearches = {
     {"registered out-patients by name", Typed::Name, "spGlobal_RegisteredOPD '0','0', '#'",
      OUTPATIENTS("M.LastName >= ?1 AND M.LastName < ?2"), 0, registeredOPD, 0},
     {"a registered out-patient by number", Typed::OutPatientNumber, "spGlobal_RegisteredOPD '0','1', '#'",
-     OUTPATIENTS("O.IdNum = ?1"), 0, registeredOPD, 1}};
+     OUTPATIENTS("O.IdNum = ?1"), 0, registeredOPD, 1},
+    {"billed patients by name", Typed::Name, "RADIOLOGY..spGlobal_BilledPatients '#'",
+     "SELECT * FROM (" BILLED("tbPatient", "P.RoomID") " UNION ALL " BILLED(
+         "tbOutPatient", "'OPD'") ") ORDER BY LastName, FirstName, MiddleName, AdmDate DESC LIMIT 200",
+     1, billedPatients, 0}};
 
 std::vector<std::string> typedTexts(sqlite3* handle, Typed typed) {
     RawStatement query(handle, textsOf(typed));

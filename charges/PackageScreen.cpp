@@ -8,6 +8,8 @@
 #include "session/Session.h"
 #include "ui_PackageScreen.h"
 
+#include <QKeyEvent>
+
 namespace charges {
 
 using base::Trim;

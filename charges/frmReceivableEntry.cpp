@@ -78,6 +78,8 @@ void frmReceivableEntry::ShowPreviousCharges() {
         QStringLiteral(" | Department | Code | ChargeSlip #| Particular | Price | Quantity | Amount | "
                        "Transdate | UserName "));
     grdPrevious->setColWidths({20, 800, 950, 950, 4000, 500, 1000, 2500, 2500});
+    for (const int number : {5, 6, 7}) // price, quantity, amount
+        grdPrevious->setColAlignment(number, Qt::AlignRight);
     ado::Recordset charged = session::Read(
         sql("Nuclear..spGetNuclearCharges '{}'", findChild<QLineEdit*>(QStringLiteral("txtIdNum"))->text()));
     grdPrevious->setDataSource(charged);

@@ -296,6 +296,24 @@ TEST_F(ReceivableEntry, ASaveSaysThatItSucceededAndPostsNothing) {
     EXPECT_EQ(value("SELECT ChargeSlip FROM NUCLEAR..tbNucSlip").toInt(), slip);
 }
 
+TEST_F(ReceivableEntry, ASupplyWouldReachTheStockCardAndNothingElse) {
+    onEntry([&](QWidget& entry) {
+        dynamic_cast<frmReceivableEntry&>(entry).entry.PatientType = "I"; // as nobody sets it
+        auto& lines = child<FlexGrid>(entry, "grdPackage");
+        lines.setTextMatrix(1, 1, "UR");
+        lines.setTextMatrix(1, 2, "40001");
+        lines.setTextMatrix(1, 6, "1");
+        lines.setTextMatrix(1, 7, "12");
+        child<QPushButton>(entry, "cmdSave").setEnabled(true);
+        boxes.expect({"Data Successfully Saved!", controls::vbOKOnly, "Message"});
+        takeTexts();
+        tests::click(child<QPushButton>(entry, "cmdSave"));
+    });
+    const QStringList sent = takeTexts();
+    EXPECT_EQ(sent.filter("sp_AppendStockCard").size(), 1);
+    EXPECT_TRUE(sent.filter("sp_Nuclear_AddRequest").isEmpty());
+}
+
 TEST_F(ReceivableEntry, HandsItsGridsToThePackageScreen) {
     onEntry([this](QWidget& entry) {
         tests::click(child<QPushButton>(entry, "cmdPackage"));

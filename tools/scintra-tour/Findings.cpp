@@ -28,18 +28,43 @@ void note(Findings& findings, const Expected& expected, ado::Recordset rows) {
     }
 }
 
+/// Reads over a connection of its own.
+class Reader {
+  public:
+    explicit Reader(const QString& hospitalFile) {
+        m_connection.Open(engine::EmbeddedProvider::open(hospitalFile, {}), QStringLiteral("tour-findings"));
+        m_connection.setDefaultDatabase(QStringLiteral("NUCLEAR"));
+    }
+    ado::Recordset operator()(const ado::Statement& statement) {
+        ado::Recordset rows;
+        rows.Open(statement, m_connection);
+        return rows;
+    }
+
+  private:
+    ado::Connection m_connection;
+};
+
 } // namespace
+
+Findings findPackage(const QString& hospitalFile, const QString& chargeSlip) {
+    using ado::sql;
+    Reader read(hospitalFile);
+    Findings findings;
+    note(findings, {"package's log book (STATION..tbNurseLogBook)", 3},
+         read(sql("SELECT RevenueID, ItemID, Description, Amount FROM STATION..tbNurseLogBook WHERE "
+                  "ReferenceNum = '{}' ORDER BY LogBookID",
+                  chargeSlip)));
+    note(findings, {"un-used items (STATION..tbPackageItemsUnused)", 1},
+         read(sql("SELECT PackageID, ItemID, RevenueID, Quantity, Price, LocationID FROM "
+                  "STATION..tbPackageItemsUnused WHERE ReferenceNum = '{}'",
+                  chargeSlip)));
+    return findings;
+}
 
 Findings findOrder(const QString& hospitalFile, const QString& chargeSlip) {
     using ado::sql;
-    ado::Connection connection;
-    connection.Open(engine::EmbeddedProvider::open(hospitalFile, {}), QStringLiteral("tour-findings"));
-    connection.setDefaultDatabase(QStringLiteral("NUCLEAR"));
-    const auto read = [&](const ado::Statement& statement) {
-        ado::Recordset rows;
-        rows.Open(statement, connection);
-        return rows;
-    };
+    Reader read(hospitalFile);
     Findings findings;
     note(findings, {"requests (NUCLEAR..tbNucMaster)", 2},
          read(sql("SELECT RequestNum, RevenueID, ItemID, Quantity, Amount FROM NUCLEAR..tbNucMaster "

@@ -13,5 +13,7 @@ struct Findings {
 
 /// Expects the rows of one procedure, one fee and one supply under the slip `chargeSlip`.
 Findings findOrder(const QString& hospitalFile, const QString& chargeSlip);
+/// Expects three lines in the log book and one un-used item under the slip of a package.
+Findings findPackage(const QString& hospitalFile, const QString& chargeSlip);
 
 } // namespace tour

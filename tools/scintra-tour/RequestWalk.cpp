@@ -129,11 +129,11 @@ QString slipNumber(const QWidget& box) {
     return {};
 }
 
-void addSave(Walk& walk, RequestWalkResult& result) {
+void addSave(Walk& walk, const char* command, RequestWalkResult& result) {
     walk.picture(QStringLiteral("request"), seen("frmRequest"));
-    walk.step(QStringLiteral("Save and print"), seen("frmRequest"), [&result](QWidget& window) {
+    walk.step(QStringLiteral("Save the request"), seen("frmRequest"), [&result, command](QWidget& window) {
         result.admissionNumber = control<QLineEdit>(window, QStringLiteral("txtIdNum")).text();
-        clicked("cmdSavePrint")(window);
+        clicked(command)(window);
     });
     const Sight box = []() -> QWidget* {
         QWidget* modal = QApplication::activeModalWidget();
@@ -160,7 +160,25 @@ void addRequestWalk(Walk& walk, const QString& employeeCode, const QString& pass
     addProcedure(walk);
     addFee(walk);
     addSupply(walk);
-    addSave(walk, result);
+    addSave(walk, "cmdSavePrint", result);
+}
+
+void addPackageWalk(Walk& walk, RequestWalkResult& result) {
+    addMenu(walk);
+    addPatient(walk);
+    walk.step(QStringLiteral("View the packages"), editing("txtEntry", 1, 1), clicked("cmdPackage"));
+    walk.step(QStringLiteral("Go to the second package"), focused("frmNuclearPackage", "mshflexPackage"),
+              typed("mshflexPackage", {}, Qt::Key_Down));
+    walk.step(QStringLiteral("Open it"), focused("frmNuclearPackage", "mshflexPackage"),
+              typed("mshflexPackage", {}, Qt::Key_Return));
+    walk.step(QStringLiteral("Go to its second item"), focused("frmNuclearPackage", "mshflexPackageItems"),
+              typed("mshflexPackageItems", {}, Qt::Key_Down));
+    walk.step(QStringLiteral("Mark it as un-used"), focused("frmNuclearPackage", "mshflexPackageItems"),
+              typed("mshflexPackageItems", {}, Qt::Key_Space));
+    walk.picture(QStringLiteral("package"), focused("frmNuclearPackage", "mshflexPackageItems"));
+    walk.step(QStringLiteral("Accept the package"), focused("frmNuclearPackage", "mshflexPackageItems"),
+              typed("mshflexPackageItems", {}, Qt::Key_Return));
+    addSave(walk, "cmdSave", result);
 }
 
 } // namespace tour

@@ -14,4 +14,8 @@ struct RequestWalkResult {
 void addRequestWalk(Walk& walk, const QString& employeeCode, const QString& password,
                     RequestWalkResult& result);
 
+/// From the menu: an admitted patient's package, one of its items un-used, saved; back to the menu. `result`
+/// must outlive the walk.
+void addPackageWalk(Walk& walk, RequestWalkResult& result);
+
 } // namespace tour

@@ -76,10 +76,13 @@ int takeTrace(const QString& hospitalFile, const QString& target) {
 
 /// Says what the tour brought; ends the process when something is missing.
 void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& chargeSlip,
-            const tour::Findings& findings) {
+            tour::Findings findings, const QString& packageSlip) {
     const QDir folder(walk.folder());
     const int statements = takeTrace(hospitalFile, folder.filePath(QStringLiteral("trace.txt")));
     say(QStringLiteral("\nslip number: %1").arg(chargeSlip));
+    const tour::Findings package = tour::findPackage(hospitalFile, packageSlip);
+    findings.lines += package.lines;
+    findings.faults += package.faults;
     for (const QString& line : findings.lines)
         say(line);
     say(QStringLiteral("statements: %1 (trace.txt)").arg(statements));
@@ -130,6 +133,8 @@ int runTour(const QString& folder) {
     tour::addPharmacyWalk(walk, result.admissionNumber);
     tour::InquiryWalkResult told;
     tour::addInquiryWalk(walk, result.admissionNumber, result.chargeSlip, told);
+    tour::RequestWalkResult package;
+    tour::addPackageWalk(walk, package);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
@@ -141,7 +146,7 @@ int runTour(const QString& folder) {
                 walk.fail(QStringLiteral("The assessment's slip was not printed."));
             if (!told.ledger.contains(result.chargeSlip) || told.issued == 0)
                 walk.fail(QStringLiteral("The ledger or the inquiry does not know the slip."));
-            finish(walk, hospitalFile, result.chargeSlip, findings);
+            finish(walk, hospitalFile, result.chargeSlip, findings, package.chargeSlip);
             QCoreApplication::exit(0);
         });
     walk.start();
