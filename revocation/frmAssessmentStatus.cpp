@@ -36,17 +36,17 @@ enum SubItem {
 };
 
 constexpr controls::ListColumn columns[] = {{"Name", 2700},
-                                            {"Code", 900},
+                                            {"Code", 800},
                                             {"Item Description", 2900},
-                                            {"Quantity", 900, Qt::AlignRight},
-                                            {"RefNum", 1200},
-                                            {"Amount", 1300, Qt::AlignRight},
-                                            {"Status", 1100},
-                                            {"RecordStatus", 1500},
-                                            {"AssessID", 1000},
-                                            {"Adm.Num.", 1100},
-                                            {"RevenueId", 1000},
-                                            {"RequestingDoctor", 2200}};
+                                            {"Quantity", 1150, Qt::AlignRight},
+                                            {"RefNum", 1100},
+                                            {"Amount", 1100, Qt::AlignRight},
+                                            {"Status", 1200},
+                                            {"RecordStatus", 1450},
+                                            {"AssessID", 1100},
+                                            {"Adm.Num.", 1200},
+                                            {"RevenueId", 1200},
+                                            {"RequestingDoctor", 2000}};
 
 /// Where each SubItem comes from, from 1 on.
 constexpr const char* sources[] = {"Code",   "Exam",      "Quantity",     "RefNum",
