@@ -12,5 +12,6 @@ bool bindGrid(const QString& folder);
 bool odbcStatement(const QString& folder);
 bool startUp(const QString& folder);
 bool longReport(const QString& folder);
+bool findCharges(const QString& folder);
 
 } // namespace bench

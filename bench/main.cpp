@@ -18,7 +18,7 @@ struct Measure {
 constexpr Measure measures[] = {{"save", bench::saveOrder},     {"find", bench::findPatients},
                                 {"text", bench::statementText}, {"grid", bench::bindGrid},
                                 {"odbc", bench::odbcStatement}, {"start", bench::startUp},
-                                {"report", bench::longReport}};
+                                {"report", bench::longReport},  {"charges", bench::findCharges}};
 
 } // namespace
 
@@ -29,7 +29,8 @@ int main(int argc, char** argv) {
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
-        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report ...]\n", stderr);
+        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report|charges ...]\n",
+                   stderr);
         return 1;
     }
     const QStringList wanted = arguments.mid(1);

@@ -6,7 +6,6 @@
 #include "platform/base/Format.h"
 #include "platform/controls/list/ListView.h"
 #include "session/Session.h"
-#include "session/logon/clsCurrentUser.h"
 #include "ui_frmAssessmentStatus.h"
 
 namespace revocation {
@@ -16,7 +15,6 @@ using controls::ListItem;
 using controls::MsgBox;
 using controls::vbOKOnly;
 using session::gSectionCode;
-using session::gUser;
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include "tools/scintra-tour/Findings.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
+#include "tools/scintra-tour/RevocationWalk.h"
 
 #include <QDir>
 #include <QFile>
@@ -95,12 +96,16 @@ int runTour(const QString& folder) {
     tour::addRequestWalk(walk, employeeCode, demoPassword, result);
     tour::ResultWalkResult shown;
     tour::addResultWalk(walk, result.admissionNumber, result.chargeSlip, shown);
+    tour::RevocationWalkResult copy;
+    tour::addRevocationWalk(walk, result.admissionNumber, result.chargeSlip, copy);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
             if (!shown.page.contains(QStringLiteral("-90001")) ||
                 !shown.page.contains(result.admissionNumber))
                 walk.fail(QStringLiteral("The result's page is not whole."));
+            if (copy.mark != QLatin1String("RE-PRINT") || !copy.page.contains(result.chargeSlip))
+                walk.fail(QStringLiteral("The slip that was printed again is not known as a copy."));
             finish(walk, hospitalFile, result.chargeSlip);
             QCoreApplication::exit(0);
         });
