@@ -13,5 +13,6 @@ bool odbcStatement(const QString& folder);
 bool startUp(const QString& folder);
 bool longReport(const QString& folder);
 bool ledgerPage(const QString& folder);
+bool findCharges(const QString& folder);
 
 } // namespace bench

@@ -15,10 +15,10 @@ struct Measure {
     bool (*run)(const QString& folder);
 };
 
-constexpr Measure measures[] = {{"save", bench::saveOrder},     {"find", bench::findPatients},
-                                {"text", bench::statementText}, {"grid", bench::bindGrid},
-                                {"odbc", bench::odbcStatement}, {"start", bench::startUp},
-                                {"report", bench::longReport},  {"ledger", bench::ledgerPage}};
+constexpr Measure measures[] = {
+    {"save", bench::saveOrder},    {"find", bench::findPatients},  {"text", bench::statementText},
+    {"grid", bench::bindGrid},     {"odbc", bench::odbcStatement}, {"start", bench::startUp},
+    {"report", bench::longReport}, {"ledger", bench::ledgerPage},  {"charges", bench::findCharges}};
 
 } // namespace
 
@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
-        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report|ledger ...]\n",
+        std::fputs("usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report|ledger|charges ...]\n",
                    stderr);
         return 1;
     }

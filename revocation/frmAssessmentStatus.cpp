@@ -6,7 +6,6 @@
 #include "platform/base/Format.h"
 #include "platform/controls/list/ListView.h"
 #include "session/Session.h"
-#include "session/logon/clsCurrentUser.h"
 #include "ui_frmAssessmentStatus.h"
 
 namespace revocation {
@@ -16,7 +15,6 @@ using controls::ListItem;
 using controls::MsgBox;
 using controls::vbOKOnly;
 using session::gSectionCode;
-using session::gUser;
 
 namespace {
 
@@ -36,17 +34,17 @@ enum SubItem {
 };
 
 constexpr controls::ListColumn columns[] = {{"Name", 2700},
-                                            {"Code", 900},
+                                            {"Code", 800},
                                             {"Item Description", 2900},
-                                            {"Quantity", 900, Qt::AlignRight},
-                                            {"RefNum", 1200},
-                                            {"Amount", 1300, Qt::AlignRight},
-                                            {"Status", 1100},
-                                            {"RecordStatus", 1500},
-                                            {"AssessID", 1000},
-                                            {"Adm.Num.", 1100},
-                                            {"RevenueId", 1000},
-                                            {"RequestingDoctor", 2200}};
+                                            {"Quantity", 1150, Qt::AlignRight},
+                                            {"RefNum", 1100},
+                                            {"Amount", 1100, Qt::AlignRight},
+                                            {"Status", 1200},
+                                            {"RecordStatus", 1450},
+                                            {"AssessID", 1100},
+                                            {"Adm.Num.", 1200},
+                                            {"RevenueId", 1200},
+                                            {"RequestingDoctor", 2000}};
 
 /// Where each SubItem comes from, from 1 on.
 constexpr const char* sources[] = {"Code",   "Exam",      "Quantity",     "RefNum",

@@ -100,6 +100,8 @@ void frmCancellation::Init_Grid() {
 
 void frmCancellation::showLines(const ado::Recordset& lineRows) {
     m_ui->grdExams->setDataSource(lineRows);
+    for (const int column : {quantity, amount})
+        m_ui->grdExams->setColAlignment(column, Qt::AlignRight);
 }
 
 void frmCancellation::setText(const char* control, const QString& text) {

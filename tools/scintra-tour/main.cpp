@@ -17,6 +17,7 @@
 #include "tools/scintra-tour/PharmacyWalk.h"
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
+#include "tools/scintra-tour/RevocationWalk.h"
 
 #include <QDir>
 #include <QFile>
@@ -135,6 +136,8 @@ int runTour(const QString& folder) {
     tour::addInquiryWalk(walk, result.admissionNumber, result.chargeSlip, told);
     tour::RequestWalkResult package;
     tour::addPackageWalk(walk, package);
+    tour::RevocationWalkResult copy;
+    tour::addRevocationWalk(walk, result.admissionNumber, result.chargeSlip, copy);
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
@@ -146,6 +149,8 @@ int runTour(const QString& folder) {
                 walk.fail(QStringLiteral("The assessment's slip was not printed."));
             if (!told.ledger.contains(result.chargeSlip) || told.issued == 0)
                 walk.fail(QStringLiteral("The ledger or the inquiry does not know the slip."));
+            if (copy.mark != QLatin1String("RE-PRINT") || !copy.page.contains(result.chargeSlip))
+                walk.fail(QStringLiteral("The slip that was printed again is not known as a copy."));
             finish(walk, hospitalFile, result.chargeSlip, findings, package.chargeSlip);
             QCoreApplication::exit(0);
         });

@@ -243,4 +243,14 @@ TEST_F(Cancellation, AFeeGoesByTheDoctorOfItsSlip) {
     EXPECT_EQ(doctors[0], doctors[1]);
 }
 
+/// The status screen sends a name back when it prints the slip again.
+TEST_F(Cancellation, AnAssessmentsNamesCanBeSentBack) {
+    run("UPDATE BUILD_FILE..tbcoNucExam SET NucExam = 'MECKEL''S SCAN' WHERE NucExamID = '1001'");
+    run("spNuclear_AddCashAsses 'W1001','','O''HARA, JUAN','11/21/2026 08:30:00 AM', "
+        "'NU9999','1001','5200', '1001','NU7777','NU'  ,'', '204','1'");
+    const ado::Rows found = rows("sp_Nuclear_AssessmentStatus 'O`HARA'");
+    ASSERT_EQ(found.count(), 1);
+    EXPECT_EQ(cell(found, 0, "Exam"), "MECKEL`S SCAN");
+}
+
 } // namespace
