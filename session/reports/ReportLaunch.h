@@ -22,15 +22,12 @@ extern QString gReportOptionTitle;
 QString programFolder();
 /// "<program folder>\Reports\<file>": the path as the screens give it to PrepareReport.
 QString reportPath(const QString& file);
-/// Opens the report into gReport and no more: without a heading, a log-on or a value. Raises the engine's
-/// error when the file is missing or unreadable.
-void OpenReport(const QString& path);
 /// Opens the report, sets its heading, logs its tables on to `database` and feeds its parameter fields in
 /// their stored order. Fields beyond the values prompt when the report runs; values beyond the fields are
 /// ignored. Raises the engine's error when the file is missing or unreadable or the log-on fails.
 void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters);
-/// Opens the report and nothing more: its tables have no log-on yet (SetReportTableLogOn), its formulas are
-/// those of the file. Raises the engine's error when the file is missing or unreadable.
+/// Opens the report into gReport and no more: it has no heading, its tables no log-on (SetReportTableLogOn),
+/// its fields no values. Raises the engine's error when the file is missing or unreadable.
 void OpenReport(const QString& path);
 /// Opens a sub-report of gReport by name: its tables move to the user's database, under the fixed log-on.
 /// Raises 91 without an open report, the engine's error for an unknown name.
