@@ -126,7 +126,8 @@ void Balloon::draw(QPainter& painter) const {
 void Balloon::drawBalloon(QPainter& painter) const {
     const QRectF box = QRectF(m_balloon).adjusted(1, 1, -1, -1);
     const double radius = look::scaled(8);
-    const double side = m_balloonAtRight ? box.left() : box.right();
+    // inside the box's edge, so that both are one outline
+    const double side = m_balloonAtRight ? box.left() + 2 : box.right() - 2;
     const double tip = side + (m_balloonAtRight ? -look::scaled(tail) : look::scaled(tail));
     const double middle = box.top() + look::scaled(40);
     QPainterPath path;

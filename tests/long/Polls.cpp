@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <limits>
+
 namespace attacks {
 
 namespace {
@@ -57,6 +59,9 @@ void watch(OnDuty& duty, int polls) {
         return made;
     });
     controls::SharedScreen<menu::frmMainMenu>::fresh().Show();
+    // none of itself: those that are fired are counted
+    for (QTimer* timer : monitors->findChildren<QTimer*>())
+        timer->setInterval(std::numeric_limits<int>::max());
     duty.takeTexts();
     qint64 memoryBefore = 0;
     qsizetype handlesBefore = 0;
@@ -77,7 +82,7 @@ void watch(OnDuty& duty, int polls) {
     }
     if (memory() - memoryBefore > mostGrown)
         fault(QStringLiteral("memory grew from %1 to %2 KB").arg(memoryBefore).arg(memory()));
-    if (handles() != handlesBefore)
+    if (handles() > handlesBefore)
         fault(QStringLiteral("handles went from %1 to %2").arg(handlesBefore).arg(handles()));
     std::printf("memory %lld KB, then %lld KB; handles %lld\n", memoryBefore, memory(), qint64(handles()));
     controls::release<menu::frmMainMenu>();
