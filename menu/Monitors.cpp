@@ -1,20 +1,23 @@
 #include "menu/Monitors.h"
 
+#include "menu/ServerMonitors.h"
 #include "menu/TestDoors.h"
 
 namespace menu {
 
 namespace {
 
-std::function<std::unique_ptr<Monitors>(frmMainMenu&)> otherMaker;
+MonitorMaker otherMaker;
 
 } // namespace
 
-std::unique_ptr<Monitors> makeMonitors(frmMainMenu& mainMenu) {
-    return otherMaker ? otherMaker(mainMenu) : nullptr;
+std::unique_ptr<Monitors> makeMonitors(const Indicators& indicators) {
+    if (otherMaker)
+        return otherMaker(indicators);
+    return std::make_unique<ServerMonitors>(indicators);
 }
 
-void setMonitorMaker(std::function<std::unique_ptr<Monitors>(frmMainMenu&)> maker) {
+void setMonitorMaker(MonitorMaker maker) {
     otherMaker = std::move(maker);
 }
 

@@ -101,9 +101,9 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
     m_panel2->hide();
     buildMenuBar();
     loadSubMenuButtons();
-    for (QWidget* indicator :
-         std::initializer_list<QWidget*>{m_ui->btnCommunication, m_ui->Label1, m_ui->cmdPrepaid,
-                                         m_ui->txtPrepaid, m_ui->btnDepositComm, m_ui->Label2})
+    for (QWidget* indicator : std::initializer_list<QWidget*>{
+             m_ui->btnCommunication, m_ui->Label1, m_ui->cmdPrepaid, m_ui->txtPrepaid, m_ui->btnDepositComm,
+             m_ui->Label2, m_ui->btnDischarge, m_ui->lblDischarge, m_ui->lblSilence})
         indicator->installEventFilter(this);
 
     for (int i = 0; i < groupCount; ++i)
@@ -121,6 +121,9 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
        [] { session::screens().open(session::MenuScreen::PrepaidRequest); });
     on(m_ui->btnDepositComm, &QAbstractButton::clicked, this,
        [] { session::screens().open(session::MenuScreen::ListDeposits); });
+    on(m_ui->btnDischarge, &QAbstractButton::clicked, this, [this] { m_monitors->openDischargeNotices(); });
+    on(m_ui->lblDischarge, &ClickLabel::Click, this, [this] { m_monitors->openDischargeNotices(); });
+    on(m_ui->lblSilence, &ClickLabel::Click, this, [this] { m_monitors->turnSilence(); });
 }
 
 frmMainMenu::~frmMainMenu() = default;
@@ -135,8 +138,23 @@ void frmMainMenu::buildMenuBar() {
     }
 }
 
+Indicators frmMainMenu::indicators() const {
+    return {.btnCommunication = m_ui->btnCommunication,
+            .Label1 = m_ui->Label1,
+            .communicationCount = m_ui->lblCommunicationCount,
+            .cmdPrepaid = m_ui->cmdPrepaid,
+            .txtPrepaid = m_ui->txtPrepaid,
+            .prepaidCount = m_ui->lblPrepaidCount,
+            .btnDepositComm = m_ui->btnDepositComm,
+            .Label2 = m_ui->Label2,
+            .btnDischarge = m_ui->btnDischarge,
+            .lblDischarge = m_ui->lblDischarge,
+            .dischargeCount = m_ui->lblDischargeCount,
+            .lblSilence = m_ui->lblSilence};
+}
+
 void frmMainMenu::Form_Load() {
-    m_monitors = makeMonitors(*this);
+    m_monitors = makeMonitors(indicators());
     if (m_monitors)
         m_monitors->start();
     m_group = groupAtLoad;
@@ -204,12 +222,14 @@ void frmMainMenu::loadSubMenuButtons() {
     m_ui->btnCommunication->setIcon(look::icon("bell", look::warn));
     m_ui->cmdPrepaid->setIcon(look::icon("charge", look::warn));
     m_ui->btnDepositComm->setIcon(look::icon("deposit", look::warn));
+    m_ui->btnDischarge->setIcon(look::icon("leave", look::warn));
     const int iconSide = look::scaled(20);
-    for (QToolButton* button : {m_ui->btnCommunication, m_ui->cmdPrepaid, m_ui->btnDepositComm})
+    for (QToolButton* button : std::initializer_list<QToolButton*>{m_ui->btnCommunication, m_ui->cmdPrepaid,
+                                                                   m_ui->btnDepositComm, m_ui->btnDischarge})
         button->setIconSize(QSize(iconSide, iconSide));
     // The texts are typed letter by letter: the panel keeps its width meanwhile.
     m_ui->fraWaiting->setMinimumWidth(fontMetrics().horizontalAdvance(m_ui->Label1->text()) +
-                                      look::scaled(110));
+                                      look::scaled(150));
 }
 
 void frmMainMenu::buildSubMenu() {
@@ -238,7 +258,8 @@ void frmMainMenu::showWaiting() {
     const std::tuple<QWidget*, QWidget*, QWidget*> lines[] = {
         {m_ui->fraCommunication, m_ui->btnCommunication, m_ui->Label1},
         {m_ui->fraPrepaid, m_ui->cmdPrepaid, m_ui->txtPrepaid},
-        {m_ui->fraDeposit, m_ui->btnDepositComm, m_ui->Label2}};
+        {m_ui->fraDeposit, m_ui->btnDepositComm, m_ui->Label2},
+        {m_ui->fraDischarge, m_ui->btnDischarge, m_ui->lblDischarge}};
     bool nothing = true;
     for (const auto& [frame, button, label] : lines) {
         const bool shown = !button->isHidden() || !label->isHidden();
@@ -246,6 +267,7 @@ void frmMainMenu::showWaiting() {
         nothing = nothing && !shown;
     }
     m_ui->lblNothingWaiting->setVisible(nothing);
+    m_ui->fraSilence->setVisible(!m_ui->lblSilence->isHidden());
 }
 
 bool frmMainMenu::eventFilter(QObject* watched, QEvent* event) {
@@ -264,8 +286,31 @@ void frmMainMenu::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
     if (plain && event->isAutoRepeat())
         event->accept(); // a key that is held down walks through no panels
-    else if (!plain || !m_keys->press(event->key()))
+    else if (!plain || (!m_keys->press(event->key()) && !pressWaiting(event->key())))
         Screen::keyPressEvent(event);
+}
+
+/// The letter beside each thing that waits. Nothing that is not shown is pressed.
+bool frmMainMenu::pressWaiting(int key) {
+    const auto press = [](ClickLabel* label) {
+        if (!label->isHidden())
+            Q_EMIT label->Click();
+        return true;
+    };
+    switch (key) {
+    case Qt::Key_N:
+        return press(m_ui->Label1);
+    case Qt::Key_P:
+        if (!m_ui->cmdPrepaid->isHidden())
+            m_ui->cmdPrepaid->click();
+        return true;
+    case Qt::Key_G:
+        return press(m_ui->lblDischarge);
+    case Qt::Key_M:
+        return press(m_ui->lblSilence);
+    default:
+        return false;
+    }
 }
 
 void frmMainMenu::cmdMainMenu_Click(int index) {

@@ -22,6 +22,7 @@ class frmMainMenu;
 class MenuBar;
 class MenuKeys;
 class Monitors;
+struct Indicators;
 
 /// The shell: the only screen that is open between commands. The flat buttons ask the user's rights, the menu
 /// bar does not.
@@ -52,7 +53,9 @@ class frmMainMenu : public controls::Screen {
     void loadSubMenuButtons();
     void buildSubMenu();
     void showDate();
+    Indicators indicators() const;
     void showWaiting();
+    bool pressWaiting(int key);
     void greet();
 
     void cmdMainMenu_Click(int index);

@@ -30,6 +30,7 @@ const QStringList& clients() {
                                      "platform/odbc",
                                      "platform/controls",
                                      "platform/report",
+                                     "platform/agent",
                                      "session",
                                      "menu",
                                      "lookup",

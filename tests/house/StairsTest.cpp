@@ -36,12 +36,13 @@ Stairs programStairs() {
         {"platform/odbc", core},
         {"platform/controls", core},
         {"platform/report", core + QStringList{"platform/controls"}},
+        {"platform/agent", core + QStringList{"platform/controls"}},
         {"server/engine", core},
         {"server/hospital", core + QStringList{"server/engine"}},
         {"server/demo", core + QStringList{"server/engine", "server/hospital"}},
         {"server/site", core + hospital},
         {"session", platform() + hospital + QStringList{"platform/odbc"}},
-        {"menu", platform() + QStringList{"session"}},
+        {"menu", platform() + QStringList{"platform/agent", "session"}},
         {"lookup", platform() + QStringList{"session"}},
         {"entry", screen},
         {"orders", screen + QStringList{"entry"}},
@@ -49,7 +50,8 @@ Stairs programStairs() {
         {"revocation", screen + QStringList{"entry"}},
         {"charges", screen + QStringList{"entry"}},
         {"ledger", screen},
-        {"app", platform() + hospital + QStringList{"session", "lookup", "entry"} + screenFolders()},
+        {"app", platform() + hospital + QStringList{"platform/agent", "session", "lookup", "entry"} +
+                    screenFolders()},
     };
 }
 

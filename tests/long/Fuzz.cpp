@@ -3,6 +3,7 @@
 #include "tests/long/Fuzz.h"
 
 #include "platform/ado/Statement.h"
+#include "platform/agent/Figure.h"
 #include "platform/base/Error.h"
 #include "platform/report/definition/ReportDefinition.h"
 #include "platform/report/definition/ReportError.h"
@@ -14,6 +15,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -107,6 +110,24 @@ QString readReport(const std::string& input) {
     return QStringLiteral("read");
 }
 
+// ---- a character file, read and painted
+
+QString readCharacter(const std::string& input) {
+    agent::Figure figure;
+    try {
+        figure = agent::readFigure(QByteArray::fromStdString(input));
+    } catch (const base::RunTimeError& error) {
+        if (error.number() != agent::errorInvalidFile)
+            fault(QStringLiteral("%1 %2").arg(error.number()).arg(error.description()));
+        return branchOf(error);
+    }
+    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    for (const auto& [name, frames] : figure.animations)
+        agent::paint(painter, figure, frames.back());
+    return QStringLiteral("read");
+}
+
 struct Named {
     const char* name; ///< also its folder of the corpus
     Target target;
@@ -114,8 +135,10 @@ struct Named {
 };
 
 const std::vector<Named>& targets() {
-    static const std::vector<Named> all{
-        {"statement", readStatement, 20'000}, {"tsql", runBatch, 4'000}, {"report", readReport, 3'000}};
+    static const std::vector<Named> all{{"statement", readStatement, 20'000},
+                                        {"tsql", runBatch, 4'000},
+                                        {"report", readReport, 3'000},
+                                        {"character", readCharacter, 3'000}};
     return all;
 }
 

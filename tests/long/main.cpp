@@ -9,6 +9,7 @@
 #include "tests/long/Hostile.h"
 #include "tests/long/Kills.h"
 #include "tests/long/Monkey.h"
+#include "tests/long/Polls.h"
 #include "tests/support/screens/ModalWatch.h"
 
 #include <QLocale>
@@ -25,7 +26,9 @@ const std::vector<Attack>& all() {
         {"kills", "programs killed at random moments of what they write", kills, nullptr, 6},
         {"hostile", "hostile values through every field of every screen", hostile, hostilePart, 8},
         {"workstations", "workstations that save, register and break off at once", workstations, nullptr, 1},
-        {"fuzz", "statements, T-SQL and report definitions that are nearly right", fuzz, fuzzPart, 6},
+        {"fuzz", "statements, T-SQL, report definitions and characters that are nearly right", fuzz, fuzzPart,
+         8},
+        {"polls", "a menu that watches, with all its timers", polls, pollsPart, 1},
         {"starts", "first starts at once on one fresh folder", starts, startsPart, 3},
     };
     return attacks;

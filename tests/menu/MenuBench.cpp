@@ -11,6 +11,7 @@
 namespace tests {
 
 MenuBench::MenuBench() {
+    menu::setMonitorMaker(menu::noMonitors);
     recordReports();
     server.screens.whenEnding = [this] { events += "end"; };
     session::gHospitalName = "Kerova General Hospital";

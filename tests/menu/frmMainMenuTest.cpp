@@ -109,7 +109,8 @@ class Watcher : public menu::Monitors {
 };
 
 TEST_F(MenuScreenTest, StartsTheMonitorsFirstAndChecksLast) {
-    menu::setMonitorMaker([this](menu::frmMainMenu&) { return std::make_unique<Watcher>(events, texts()); });
+    menu::setMonitorMaker(
+        [this](const menu::Indicators&) { return std::make_unique<Watcher>(events, texts()); });
     showMenu();
     EXPECT_EQ(events, (QStringList{"start after 0", "check after 2"}));
     menuScreen().Unload();

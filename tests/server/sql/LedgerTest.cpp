@@ -61,10 +61,10 @@ TEST_F(LedgerOfAnAccount, GoesByDayAndRevenueWithThePaymentsLast) {
     stock("02 11:30:00", "O", "CS");
     EXPECT_EQ(ledger(),
               (QStringList{
-                  "11/02/2026 MEDICINES C 97 0 97", "11/02/2026 MEDICINES R 0 97 -97",
-                  "11/02/2026 MISCELLANEOUS C 150.25 0 150.25", "11/02/2026 NUCLEAR PROCEDURES C 5200 0 5200",
-                  "11/02/2026 NUCLEAR PROCEDURES R 0 5200 -5200", "11/02/2026 NUCLEAR SUPPLY C 97 0 97",
-                  "11/02/2026 PAYMENTS P 0 2000 -2000", "11/03/2026 NUCLEAR PROCEDURES C 5200 0 5200"}));
+                  "11/2/2026 MEDICINES C 97 0 97", "11/2/2026 MEDICINES R 0 97 -97",
+                  "11/2/2026 MISCELLANEOUS C 150.25 0 150.25", "11/2/2026 NUCLEAR PROCEDURES C 5200 0 5200",
+                  "11/2/2026 NUCLEAR PROCEDURES R 0 5200 -5200", "11/2/2026 NUCLEAR SUPPLY C 97 0 97",
+                  "11/2/2026 PAYMENTS P 0 2000 -2000", "11/3/2026 NUCLEAR PROCEDURES C 5200 0 5200"}));
 }
 
 TEST_F(LedgerOfAnAccount, NamesWhatWasChargedAndALineOfNoRevenueCode) {

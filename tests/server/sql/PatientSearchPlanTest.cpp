@@ -2,17 +2,17 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace {
 
 /// How the file finds the rows of each query that the session has prepared, line by line.
-QStringList plans(sqlite3* handle) {
+QStringList plans(sqlite3* handle, const QByteArrayList& about) {
     QStringList lines;
     for (sqlite3_stmt* each = sqlite3_next_stmt(handle, nullptr); each;
          each = sqlite3_next_stmt(handle, each)) {
         const QByteArray text = sqlite3_sql(each);
-        const bool isWatched = text.contains("PATIENT_DATA.") || text.contains("NUCLEAR.tbNucMaster") ||
-                               text.contains("STATION.tbNurse") || text.contains("NUCLEAR.tbNucPrepaid");
-        if (!isWatched)
+        if (std::ranges::none_of(about, [&](const QByteArray& word) { return text.contains(word); }))
             continue;
         sqlite3_stmt* explain = nullptr;
         if (sqlite3_prepare_v2(handle, "EXPLAIN QUERY PLAN " + text, -1, &explain, nullptr) != SQLITE_OK)
@@ -59,7 +59,10 @@ const char* const billedSearches[] = {"RADIOLOGY..spGlobal_BilledPatients 'SA'",
 class SearchPlan : public tests::Hospital, public testing::WithParamInterface<const char*> {
   protected:
     SearchPlan() : Hospital(tests::Way::File) {}
-    QStringList plan() { return plans(dynamic_cast<engine::EmbeddedProvider&>(*m_provider).handle()); }
+    QStringList plan(const QByteArrayList& about = {"PATIENT_DATA.", "NUCLEAR.tbNucMaster", "STATION.tbNurse",
+                                                    "NUCLEAR.tbNucPrepaid"}) {
+        return plans(dynamic_cast<engine::EmbeddedProvider&>(*m_provider).handle(), about);
+    }
 };
 
 class PatientSearchPlan : public SearchPlan {};
@@ -139,6 +142,27 @@ TEST_P(ResultSearchPlan, AnIndexAnswers) {
                line.startsWith(u"SCAN M USING INDEX");
     });
     EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();
+}
+
+/// What every menu asks each half minute, however much was asked and answered before.
+class PollPlan : public SearchPlan {};
+
+INSTANTIATE_TEST_SUITE_P(Polls, PollPlan,
+                         testing::Values("sp_Nuclear_NurseCommunication",
+                                         "sp_Nuclear_PrepaidCheckRequest 'NU'"));
+
+TEST_P(PollPlan, AnIndexAnswers) {
+    rows(QString::fromLatin1(GetParam()));
+    const QStringList lines = plan({"STATION.tbNurseCommunicationFile", "NUCLEAR.tbNucPrepaid"});
+    EXPECT_FALSE(lines.filter(QStringLiteral("SEARCH")).isEmpty());
+    EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();
+}
+
+TEST_F(SearchPlan, CountsNoticesInOneWalkWithAnIndexForTheAnswers) {
+    rows("spNuclear_LoadDischargeNoticeCount");
+    const QStringList lines = plan({"STATION.tbDischargeNotice"});
+    EXPECT_EQ(lines.filter(QStringLiteral("SCAN")).size(), 1) << lines.join(u'\n').toStdString();
+    EXPECT_EQ(lines.filter(QStringLiteral("SEARCH C USING")).size(), 1) << lines.join(u'\n').toStdString();
 }
 
 } // namespace

@@ -24,6 +24,10 @@ class ScriptedProvider : public ado::Provider {
     void answer(const QString& startsWith, ado::Result result, bool once = false) {
         m_answers.push_back({startsWith, std::move(result), once});
     }
+    /// For the next statement that begins so, whatever else was prepared for it.
+    void answerNext(const QString& startsWith, ado::Result result) {
+        m_answers.push_front({startsWith, std::move(result), true});
+    }
     QStringList keyColumns;
 
     ado::Result execute(const QString& text) override;

@@ -31,7 +31,7 @@ const tests::MessageScript::Box failed{
 const tests::MessageScript::Box noRecords{"No Records Yet. Click ADD to insert records.",
                                           controls::vbInformation, "Notification"};
 
-class BuildFile : public tests::LoggedOn {
+class PackageFile : public tests::LoggedOn {
   public:
     void show() {
         screen.Show();
@@ -71,7 +71,7 @@ class BuildFile : public tests::LoggedOn {
     tests::ErrorRecorder errors;
 };
 
-TEST_F(BuildFile, OpensInViewOnItsFirstPackage) {
+TEST_F(PackageFile, OpensInViewOnItsFirstPackage) {
     takeTexts();
     show();
     EXPECT_EQ(takeTexts(), (QStringList{wholeList, "Nuclear..Help_SearchNucPackage '1','N01'"}));
@@ -95,7 +95,7 @@ TEST_F(BuildFile, OpensInViewOnItsFirstPackage) {
     EXPECT_EQ(label("lblSearch"), "&Search");
 }
 
-TEST_F(BuildFile, EveryShowingReadsTheListAgainAndOnlyTheFirstGoesToTheTop) {
+TEST_F(PackageFile, EveryShowingReadsTheListAgainAndOnlyTheFirstGoesToTheTop) {
     show();
     grid().setFocus();
     type("<Down><Down>");
@@ -106,7 +106,7 @@ TEST_F(BuildFile, EveryShowingReadsTheListAgainAndOnlyTheFirstGoesToTheTop) {
     EXPECT_EQ(takeTexts(), QStringList{wholeList});
 }
 
-TEST_F(BuildFile, AnEmptyListSaysSoEachTimeAndLeavesOnlyAdd) {
+TEST_F(PackageFile, AnEmptyListSaysSoEachTimeAndLeavesOnlyAdd) {
     hospital.run("DELETE FROM NUCLEAR..tbNucPackage");
     boxes.expect(noRecords);
     show();
@@ -126,7 +126,7 @@ TEST_F(BuildFile, AnEmptyListSaysSoEachTimeAndLeavesOnlyAdd) {
     EXPECT_TRUE(button("cmdEdit").isEnabled());
 }
 
-TEST_F(BuildFile, AClickOrAnArrowShowsThePackage) {
+TEST_F(PackageFile, AClickOrAnArrowShowsThePackage) {
     hospital.run("UPDATE NUCLEAR..tbNucPackage SET Status = 0 WHERE Code = 'N03'");
     show();
     takeTexts();
@@ -144,7 +144,7 @@ TEST_F(BuildFile, AClickOrAnArrowShowsThePackage) {
     EXPECT_EQ(label("lblRecordNum"), "[2  out of  5]");
 }
 
-TEST_F(BuildFile, AClickOnTheHeadingShowsNothing) {
+TEST_F(PackageFile, AClickOnTheHeadingShowsNothing) {
     show();
     takeTexts();
     QTest::mouseClick(grid().horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(80, 8));
@@ -152,7 +152,7 @@ TEST_F(BuildFile, AClickOnTheHeadingShowsNothing) {
     EXPECT_EQ(field("txtPackageID").text(), "N01");
 }
 
-TEST_F(BuildFile, APackageIsAdded) {
+TEST_F(PackageFile, APackageIsAdded) {
     show();
     type("<Alt+A>");
     EXPECT_EQ(label("lblMode"), "( ADD ) ");
@@ -178,7 +178,7 @@ TEST_F(BuildFile, APackageIsAdded) {
     EXPECT_EQ(field("txtSearch").text(), "");
 }
 
-TEST_F(BuildFile, AnExistingCodeThatIsAddedChangesItsPackage) {
+TEST_F(PackageFile, AnExistingCodeThatIsAddedChangesItsPackage) {
     show();
     type("<Alt+A>N02<Enter>OTHER NAME");
     boxes.expect(sure);
@@ -190,7 +190,7 @@ TEST_F(BuildFile, AnExistingCodeThatIsAddedChangesItsPackage) {
     EXPECT_EQ(grid().Row(), 2);
 }
 
-TEST_F(BuildFile, APackageIsEdited) {
+TEST_F(PackageFile, APackageIsEdited) {
     show();
     grid().setFocus();
     type("<Down><Enter>");
@@ -211,7 +211,7 @@ TEST_F(BuildFile, APackageIsEdited) {
     expectView();
 }
 
-TEST_F(BuildFile, CancelSpellsItsViewWithABlankLess) {
+TEST_F(PackageFile, CancelSpellsItsViewWithABlankLess) {
     show();
     grid().setFocus();
     type("<Down><Down><Alt+E>XX");
@@ -230,7 +230,7 @@ TEST_F(BuildFile, CancelSpellsItsViewWithABlankLess) {
     EXPECT_EQ(label("lblMode"), "( VIEW )") << "the save has one more";
 }
 
-TEST_F(BuildFile, CancelGoesToTheTypedCodeWhileTheDescriptionIsOutOfUse) {
+TEST_F(PackageFile, CancelGoesToTheTypedCodeWhileTheDescriptionIsOutOfUse) {
     show();
     type("<Alt+A>n04");
     field("txtPackage").setEnabled(false);
@@ -240,7 +240,7 @@ TEST_F(BuildFile, CancelGoesToTheTypedCodeWhileTheDescriptionIsOutOfUse) {
     EXPECT_EQ(grid().Row(), 4);
 }
 
-TEST_F(BuildFile, ANoLeavesWhatIsTyped) {
+TEST_F(PackageFile, ANoLeavesWhatIsTyped) {
     show();
     type("<Alt+A>N77<Enter>SEVEN");
     takeTexts();
@@ -253,7 +253,7 @@ TEST_F(BuildFile, ANoLeavesWhatIsTyped) {
     EXPECT_EQ(field("txtPackage").text(), "SEVEN");
 }
 
-TEST_F(BuildFile, AFailedSaveAsksForAnother) {
+TEST_F(PackageFile, AFailedSaveAsksForAnother) {
     show();
     type("<Alt+A>N77<Enter>SEVEN");
     {
@@ -273,7 +273,7 @@ TEST_F(BuildFile, AFailedSaveAsksForAnother) {
     EXPECT_EQ(label("lblMode"), "( VIEW )");
 }
 
-TEST_F(BuildFile, ASearchGoesToACodeOrToADescriptionAndShowsIt) {
+TEST_F(PackageFile, ASearchGoesToACodeOrToADescriptionAndShowsIt) {
     show();
     takeTexts();
     type("n0");
@@ -288,7 +288,7 @@ TEST_F(BuildFile, ASearchGoesToACodeOrToADescriptionAndShowsIt) {
     EXPECT_TRUE(takeTexts().filter("'3'").isEmpty()) << "the list is not read for it";
 }
 
-TEST_F(BuildFile, CommandsWithoutActionHaveNone) {
+TEST_F(PackageFile, CommandsWithoutActionHaveNone) {
     show();
     takeTexts();
     tests::click(button("cmdRefresh"));
@@ -299,7 +299,7 @@ TEST_F(BuildFile, CommandsWithoutActionHaveNone) {
     EXPECT_TRUE(screen.isUnloaded());
 }
 
-TEST_F(BuildFile, TheScreenOfTheItemsOnlyStands) {
+TEST_F(PackageFile, TheScreenOfTheItemsOnlyStands) {
     charges::frmNuclearChargesBuildFile_items items;
     takeTexts();
     items.Show();
