@@ -50,16 +50,11 @@ TEST(Numbers, ACallByTheDesksLanguageIsSeen) {
 }
 
 /// Programs that hand over to a main that does, and one that writes no number.
-const QStringList withoutMain{"tests/lookup/registrar/main.cpp",
-                              "tests/orders/saver/main.cpp",
-                              "tests/orders/outsaver/main.cpp",
-                              "tests/orders/assessor/main.cpp",
-                              "tests/orders/taker/main.cpp",
-                              "tests/results/recorder/main.cpp",
-                              "tests/revocation/canceller/main.cpp",
-                              "tests/charges/asker/main.cpp",
-                              "tests/charges/supplier/main.cpp",
-                              "bench/minimal.cpp"};
+const QStringList withoutMain{"tests/lookup/registrar/main.cpp",     "tests/orders/saver/main.cpp",
+                              "tests/orders/outsaver/main.cpp",      "tests/orders/assessor/main.cpp",
+                              "tests/orders/taker/main.cpp",         "tests/results/recorder/main.cpp",
+                              "tests/revocation/canceller/main.cpp", "tests/charges/asker/main.cpp",
+                              "tests/charges/supplier/main.cpp",     "bench/minimal.cpp"};
 
 TEST(Programs, IgnoreTheDesksLanguageFromTheirFirstLine) {
     static const QRegularExpression main(QStringLiteral("\\nint main\\([^)]*\\) \\{\\n *([^\\n]*)"));

@@ -186,6 +186,12 @@ TEST_F(EmptyHospital, IsReadableByItsOwnerOnlyWithItsJournalsAndItsFolder) {
     EXPECT_EQ(QFile::permissions(QFileInfo(m_file).path()), own | QFile::ExeOwner | QFile::ExeUser);
 }
 
+TEST(Kit, HasANumberForEachOfItsStates) {
+    EXPECT_EQ(hospital::kitNumber, 2);
+    EXPECT_EQ(hospital::kitVersion().toStdString(), "8f05ea1f7d135aae460c0d58fdc4ea7eb1efaa63")
+        << "The kit has changed: raise kitNumber once a release, and put the new fingerprint here.";
+}
+
 TEST_F(EmptyHospital, OfANewerKitIsNotTakenBack) {
     hospital::createEmptyHospital(m_file);
     const auto provider = open();
