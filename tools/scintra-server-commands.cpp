@@ -293,13 +293,15 @@ int runNeighbours(const Arguments& arguments) {
     const demo::Deed deed = once ? deedOf(arguments.once) : demo::Deed::Ward;
     const auto provider = openHospital(arguments);
     demo::Neighbours neighbours(*provider, std::uint64_t(base::now().ms));
-    while (!once) {
+    if (once) {
+        print(neighbours.act(deed));
+        return exitDone;
+    }
+    for (;;) {
         print(neighbours.actInTurn());
         std::fflush(stdout);
         QThread::sleep(static_cast<unsigned long>(arguments.everySeconds));
     }
-    print(neighbours.act(deed));
-    return exitDone;
 }
 
 int runInstall(const Arguments& arguments) {
