@@ -5,6 +5,7 @@
 #include "server/engine/values/Collation.h"
 #include "server/hospital/OwnFile.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 
 #include <sqlite3.h>
@@ -40,6 +41,40 @@ File openHospital(const QString& name) {
     if (stateOf(name) != FileState::Hospital)
         throw base::RunTimeError(321, QStringLiteral("Not a hospital file: ") + name);
     return openFile(name, SQLITE_OPEN_READWRITE);
+}
+
+QString fingerprintFile(const QString& copy) {
+    return copy + QStringLiteral(".sha256");
+}
+
+QByteArray fingerprintOf(const QString& name) {
+    QFile file(name);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + name);
+    return hash.result().toHex();
+}
+
+/// As sha256sum writes it, so that a copy can be looked at without this program.
+void writeFingerprint(const QString& copy) {
+    const QString name = fingerprintFile(copy);
+    createOwnFile(name);
+    QFile file(name);
+    const QByteArray line = fingerprintOf(copy) + "  " + QFileInfo(copy).fileName().toUtf8() + '\n';
+    if (!file.open(QIODevice::WriteOnly) || file.write(line) != line.size() || !file.flush())
+        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + name);
+}
+
+/// What no reading finds: a row that says something else than it did. A copy without a fingerprint passes.
+void checkFingerprint(const QString& copy) {
+    QFile file(fingerprintFile(copy));
+    if (!file.open(QIODevice::ReadOnly) || file.readLine().split(' ').first() == fingerprintOf(copy))
+        return;
+    throw base::RunTimeError(
+        321, QStringLiteral(
+                 "The copy %1 is damaged, or was worked in: it is not what %2 tells of. Without that file it "
+                 "is taken as it is.")
+                 .arg(copy, file.fileName()));
 }
 
 /// In one step when `pages` is negative, so that the target changes at once.
@@ -207,7 +242,9 @@ void backupHospital(const QString& from, const QString& named, Existing existing
         refuseTarget(from, to, existing); // made meanwhile
         if (stateOf(to) == FileState::Hospital)
             settle(to);
+        QFile::remove(fingerprintFile(to));
         moveIntoPlace(unfinished, to);
+        writeFingerprint(to);
     } catch (...) {
         removeWithJournals(unfinished);
         throw;
@@ -218,6 +255,7 @@ void backupHospital(const QString& from, const QString& named, Existing existing
 
 void restoreHospital(const QString& from, const QString& named, Existing existing, const Progress& progress) {
     const QString to = targetOf(named);
+    checkFingerprint(from);
     const File source = openHospital(from);
     refuseTarget(from, to, existing);
     makeOwnFolder(QFileInfo(to).absolutePath());

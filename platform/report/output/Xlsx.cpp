@@ -5,6 +5,7 @@
 #include "platform/report/definition/ReportError.h"
 #include "platform/report/output/SaveFile.h"
 #include "platform/report/output/SheetCells.h"
+#include "platform/report/output/WholeWorkbook.h"
 
 #include <QTemporaryFile>
 
@@ -188,14 +189,6 @@ bool writeWorkbook(const RowSource& rows, const SheetHeading& heading, const QSt
     return finish(workbook, count, progress);
 }
 
-/// The library does not look whether the last of what it wrote found room: a workbook ends with the end of
-/// its directory.
-bool isWhole(QIODevice& workbook) {
-    constexpr qint64 endOfDirectory = 22;
-    workbook.seek(std::max<qint64>(workbook.size() - endOfDirectory, 0));
-    return workbook.read(4) == QByteArray("PK\5\6", 4);
-}
-
 } // namespace
 
 bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QString& path,
@@ -207,7 +200,7 @@ bool exportXlsx(const RowSource& rows, const SheetHeading& heading, const QStrin
             throw base::RunTimeError(errorFile, work.errorString());
         if (!writeWorkbook(rows, heading, work.fileName(), progress))
             return false;
-        if (!isWhole(work))
+        if (!isWholeWorkbook(work))
             throw base::RunTimeError(errorFile, QStringLiteral("there is no room for the workbook"));
     } catch (const base::RunTimeError& error) {
         if (error.number() != errorFile)

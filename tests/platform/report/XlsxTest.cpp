@@ -238,8 +238,6 @@ TEST_F(XlsxTest, WhatWasThereStaysUntilTheFileIsWhole) {
 }
 
 TEST_F(XlsxTest, ADiskThatIsFullRaises75AndKeepsTheFileThatWasThere) {
-    // many rows: of a small workbook the largest file is one of the library's own, whose loss it does not
-    // tell
     const CountedRows rows(30'000);
     const QString path = folder.path("full.xlsx");
     ASSERT_TRUE(report::exportRows(rows, {}, path));
@@ -256,6 +254,29 @@ TEST_F(XlsxTest, ADiskThatIsFullRaises75AndKeepsTheFileThatWasThere) {
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(file.readAll(), "before");
     }
+}
+
+TEST_F(XlsxTest, ASmallWorkbookIsWrittenWholeOrNotAtAll) {
+    const CountedRows rows(3);
+    const QString path = folder.path("small.xlsx");
+    ASSERT_TRUE(report::exportRows(rows, {}, path));
+    const qint64 whole = QFile(path).size();
+    int refused = 0;
+    int written = 0;
+    for (qint64 room = 0; written < 3; room += 97) {
+        folder.write("small.xlsx", "before");
+        try {
+            const tests::FullDisk full(room);
+            report::exportRows(rows, {}, path);
+            ++written;
+        } catch (const base::RunTimeError& error) {
+            EXPECT_EQ(error.number(), 75);
+            ++refused;
+        }
+        // its properties tell the time: a few bytes more or less
+        EXPECT_NEAR(double(QFile(path).size()), written > 0 ? double(whole) : 6.0, 8) << room;
+    }
+    EXPECT_GT(refused, 20);
 }
 
 TEST_F(XlsxTest, ItIsToldHowFarTheRowsAreAndStopsWhileItIsPacked) {

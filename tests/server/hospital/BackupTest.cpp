@@ -49,6 +49,7 @@ class Backup : public testing::Test {
         QStringList names = QDir(m_folder.path()).entryList(QDir::Files);
         names.removeAll(QStringLiteral("hospital.scintra"));
         names.removeAll(QStringLiteral("copy.scintra"));
+        names.removeAll(QStringLiteral("copy.scintra.sha256"));
         return names;
     }
     QString titleIn(const QString& file) { return title(*engine::EmbeddedProvider::open(file, {})); }
@@ -175,6 +176,40 @@ TEST_F(Backup, ADamagedCopyNeverReplacesAGoodHospital) {
         EXPECT_EQ(titleIn(m_file), QStringLiteral("GOOD"));
         EXPECT_EQ(besides(), QStringList());
     }
+}
+
+TEST_F(Backup, ACopyWhoseRowsSaySomethingElseIsNotRestored) {
+    {
+        const auto provider = engine::EmbeddedProvider::open(m_file, {});
+        setTitle(*provider, "Nuclear Medicine A");
+    }
+    hospital::backupHospital(m_file, m_copy, Existing::Refuse);
+    QFile copy(m_copy);
+    ASSERT_TRUE(copy.open(QIODevice::ReadWrite));
+    const qint64 at = copy.readAll().indexOf("Nuclear Medicine A");
+    ASSERT_GT(at, 0);
+    copy.seek(at);
+    copy.write("Muclear");
+    copy.close();
+    EXPECT_EQ(errorOf([&] { hospital::restoreHospital(m_copy, m_file, Existing::Replace); }), 321);
+    EXPECT_EQ(titleIn(m_file), QStringLiteral("Nuclear Medicine A"));
+    EXPECT_EQ(besides(), QStringList());
+    ASSERT_TRUE(QFile::remove(m_copy + QStringLiteral(".sha256")));
+    hospital::restoreHospital(m_copy, m_file, Existing::Replace);
+    EXPECT_EQ(titleIn(m_file), QStringLiteral("Muclear Medicine A")) << "no page of it is damaged";
+}
+
+TEST_F(Backup, EachBackupHasAFingerprintOfItsOwn) {
+    for (const char* title : {"One", "Two"}) {
+        {
+            const auto provider = engine::EmbeddedProvider::open(m_file, {});
+            setTitle(*provider, title);
+        }
+        hospital::backupHospital(m_file, m_copy, Existing::Replace);
+        hospital::restoreHospital(m_copy, m_file, Existing::Replace);
+        EXPECT_EQ(titleIn(m_file), QLatin1String(title));
+    }
+    EXPECT_TRUE(contents(m_copy + QStringLiteral(".sha256")).endsWith(QStringLiteral("  copy.scintra\n")));
 }
 
 TEST_F(Backup, RestoresOverAHospitalThatIsDamaged) {
