@@ -18,6 +18,7 @@
 #include "tools/scintra-tour/RequestWalk.h"
 #include "tools/scintra-tour/ResultWalk.h"
 #include "tools/scintra-tour/RevocationWalk.h"
+#include "tools/scintra-tour/WaitingWalk.h"
 
 #include <QDir>
 #include <QFile>
@@ -136,6 +137,7 @@ int runTour(const QString& folder) {
     tour::addInquiryWalk(walk, result.admissionNumber, result.chargeSlip, told);
     tour::RequestWalkResult package;
     tour::addPackageWalk(walk, package);
+    tour::addWaitingWalk(walk);
     tour::RevocationWalkResult copy;
     tour::addRevocationWalk(walk, result.admissionNumber, result.chargeSlip, copy);
     walk.step(
