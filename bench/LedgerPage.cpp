@@ -1,4 +1,5 @@
 #include "bench/HospitalFile.h"
+#include "bench/LogOn.h"
 #include "bench/Measure.h"
 #include "bench/Measures.h"
 
@@ -8,9 +9,6 @@
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/viewer/Viewer.h"
 #include "server/engine/EmbeddedProvider.h"
-#include "session/Session.h"
-#include "session/logon/HospitalServer.h"
-#include "session/logon/clsCurrentUser.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -39,16 +37,6 @@ void chargeTheAccount(const QString& file) {
                                   QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM")),
                      line, line % 2 ? "1001" : "1203", 100 + line % 7));
     connection.CommitTrans();
-}
-
-void logOn(const QString& file) {
-    session::setHospitalFile(file);
-    auto user = std::make_unique<session::clsCurrentUser>();
-    user->setPasswordDeptCode(QString::fromLatin1(session::departmentNumber));
-    if (user->logOnTo(session::fileServer(file), QStringLiteral("1001"), QStringLiteral("kerova")) !=
-            session::LogOnResult::Good ||
-        !session::wireSession(std::move(user)))
-        throw base::RunTimeError(18456, QStringLiteral("Log-on failed for user 1001."));
 }
 
 /// From Enter on the number to the first page painted, while the others are still being made.
@@ -137,7 +125,7 @@ class BarePage : public ado::RowSink {
 bool ledgerPage(const QString& folder) {
     const QString file = copyOf(hospitalFile(folder, 0), QStringLiteral("ledger.scintra"));
     chargeTheAccount(file);
-    logOn(file);
+    logOnTo(file);
     bool met = false;
     {
         OurPage ours;

@@ -13,6 +13,7 @@ bool odbcStatement(const QString& folder);
 bool startUp(const QString& folder);
 bool longReport(const QString& folder);
 bool ledgerPage(const QString& folder);
+bool menuKeys(const QString& folder);
 bool findCharges(const QString& folder);
 
 } // namespace bench
