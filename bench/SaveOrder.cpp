@@ -153,6 +153,7 @@ std::unique_ptr<controls::Screen> outRequestScreen() {
 std::unique_ptr<controls::Screen> assessmentScreen() {
     auto screen = std::make_unique<orders::frmAssessment>();
     screen->load();
+    screen->findChild<QLineEdit*>(QStringLiteral("txtHospNum"))->setText(QStringLiteral("104078"));
     screen->findChild<QLineEdit*>(QStringLiteral("txtSname"))->setText(QStringLiteral("AGUILAR"));
     return screen;
 }

@@ -17,7 +17,7 @@ find_program(CCACHE ccache)
 if(CCACHE)
     # Without this sloppiness nothing that reads a precompiled header is kept. Going by what the compiler says it read
     # (depend mode) saves a run of the preprocessor over headers that are precompiled. Paths below the sources count
-    # from the build folder, so that two working copies share what one of them has compiled.
+    # from the build folder, so that two working copies share what one of them has compiled without such headers.
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_DEPEND=1
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})

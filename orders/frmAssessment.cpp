@@ -86,9 +86,8 @@ void frmAssessment::ShowForEachPatient() {
 // ---- opening
 
 void frmAssessment::Form_Load() {
-    m_grid->layOut();
-    m_grid->recomputeGross();
-    enableSaves(false);
+    dropLines();
+    enableLines(false);
     showBand();
     m_ui->txtSname->setFocus();
 }
@@ -128,6 +127,7 @@ void frmAssessment::forgetPatient() {
         field->clear();
     m_patientName.clear();
     m_grid->setRoomClass({});
+    enableLines(false);
     showBand();
 }
 
@@ -204,9 +204,29 @@ bool frmAssessment::CheckCashBasisStatus() {
 void frmAssessment::patientFound() {
     m_patientName = QStringLiteral("%1, %2 %3")
                         .arg(m_ui->txtSname->text(), m_ui->txtFname->text(), m_ui->txtMname->text());
-    m_grid->setRoomClass(base::Trim(m_ui->txtRoomClassID->text()));
+    const QString roomClass = base::Trim(m_ui->txtRoomClassID->text());
+    m_grid->setRoomClass(roomClass);
+    if (roomClass != m_pricedClass)
+        dropLines(); // they were priced for somebody of another class
+    m_pricedClass = roomClass;
+    enableLines(true);
     showBand();
     m_ui->txtDoctorID->setFocus();
+}
+
+/// Without a patient there is no price.
+void frmAssessment::enableLines(bool enabled) {
+    if (!enabled)
+        m_grid->EndCellEdit();
+    m_ui->grdTable->setEnabled(enabled);
+    m_ui->cmdPackage->setEnabled(enabled);
+}
+
+void frmAssessment::dropLines() {
+    m_ui->grdTable->Clear();
+    m_grid->layOut();
+    m_grid->recomputeGross();
+    enableSaves(false);
 }
 
 // ---- the doctor
@@ -306,7 +326,7 @@ void frmAssessment::enableSaves(bool enabled) {
 }
 
 bool frmAssessment::SaveAssessment() {
-    if (m_isSaving || !m_grid->TakeTypedCells())
+    if (m_isSaving || !isPatientChosen() || !m_grid->TakeTypedCells())
         return false;
     m_isSaving = true; // whatever is pressed while the box below waits, it is filed once
     m_grid->EndCellEdit();
@@ -318,6 +338,16 @@ bool frmAssessment::SaveAssessment() {
     MsgBox(QStringLiteral("Data Not Successfully Saved!"), vbExclamation, QStringLiteral("Warning"));
     enableSaves(true); // the lines are still there, to be tried again
     m_isSaving = false;
+    return false;
+}
+
+/// The saves stay in use when another name is begun: nothing is filed for nobody.
+bool frmAssessment::isPatientChosen() {
+    if (!m_ui->txtHospNum->text().isEmpty())
+        return true;
+    m_ui->band->setSubtitle(QStringLiteral("Whose assessment is it? Type the last name and press Enter"));
+    m_ui->txtSname->setFocus();
+    SelectAllText(m_ui->txtSname);
     return false;
 }
 

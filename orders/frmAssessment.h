@@ -68,6 +68,9 @@ class frmAssessment : public controls::Screen {
     void btnSave_Click();
     void btnClear_Click();
     bool SaveAssessment();
+    bool isPatientChosen();
+    void enableLines(bool enabled);
+    void dropLines();
     bool postAll();
     void PrintAssessmentSlip();
     void goToNextPatient();
@@ -78,6 +81,7 @@ class frmAssessment : public controls::Screen {
     QButtonGroup* optType = nullptr;
     QMenu* mnuPackages = nullptr;
     QString m_patientName; ///< as joined at the search
+    QString m_pricedClass; ///< that of the lines; "" before the first patient
     QString m_assessmentRef;
     bool m_isSaving = false;
     bool m_nextWanted = false;

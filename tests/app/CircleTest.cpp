@@ -1,9 +1,9 @@
 // The whole circle around the section, by keys: what was assessed is paid at the cashier's, taken from the
 // receipts, requested, and gets its result.
 #include "app/AppScreens.h"
+#include "orders/frmAssessment.h"
 #include "orders/frmListCashComm.h"
 #include "orders/frmOutRequest.h"
-#include "platform/base/Conversion.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "results/frmRequestMaster.h"
@@ -16,6 +16,9 @@
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 #include "tests/support/screens/MessageScript.h"
+
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace {
 
@@ -31,6 +34,7 @@ class Circle : public tests::LoggedOn {
         session::setProgramFolder(QStringLiteral(SCINTRA_SOURCE_DIR));
     }
     ~Circle() override {
+        controls::release<orders::frmAssessment>();
         controls::release<orders::frmListCashComm>();
         controls::release<orders::frmOutRequest>();
         controls::release<results::frmRequestMaster>();
@@ -48,14 +52,33 @@ class Circle : public tests::LoggedOn {
 TEST_F(Circle, FromAnAssessmentToItsResult) {
     const QString code = value(
         "SELECT TOP 1 HospNum FROM PATIENT_DATA..tbCashPatient WHERE BirthDate IS NOT NULL ORDER BY HospNum");
-    const QString walkIn = " FROM PATIENT_DATA..tbCashPatient WHERE HospNum = '" + code + "'";
-    const QString name = value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName" + walkIn);
-    hospital.run(
-        "NUCLEAR..spNuclear_AddCashAsses '" + code + "','','" + base::BackQuoted(name) +
-        "','11/21/2026 11:59:00 PM', 'NU99001','1001','5200', '1001','NU77001','NU'  ,'', '204','1'");
+    const QString lastName =
+        value("SELECT LastName FROM PATIENT_DATA..tbCashPatient WHERE HospNum = '" + code + "'");
+    hospital.run("UPDATE BILLING..tbCashAssessment SET RecordStatus = 'R' WHERE RecordStatus = ''");
+    const auto choose = [&code](QWidget& picker) {
+        auto& grid = child<controls::FlexGrid>(picker, "grdTable");
+        for (int at = 1; at < grid.Rows() && grid.TextMatrix(grid.Row(), 1) != code; ++at)
+            keys(grid, "<Down>");
+        keys(grid, "<Enter>");
+    };
+    boxes.expect({"Data Successfully Saved.", controls::vbInformation, "Message"});
+    tests::runModal([&] { appScreens.open(MenuScreen::Assessment); },
+                    {[&](QWidget& assessment) {
+                         keys(child<QLineEdit>(assessment, "txtSname"), lastName + "<Enter>");
+                         keys(child<QLineEdit>(assessment, "txtDoctorID"), "204<Enter>");
+                         keys(child<controls::FlexGrid>(assessment, "grdTable"),
+                              "NU<Enter>1001<Enter>R<Enter>1<Enter>");
+                         child<QPushButton>(assessment, "btnSave").setFocus();
+                         keysToFocus(assessment, "<Enter>");
+                     },
+                     choose, [&](QWidget& next) { child<QPushButton>(next, "btnClose").click(); }});
+    const QString reference = value("SELECT RefNum FROM BILLING..tbCashAssessment WHERE HospNum = '" + code +
+                                    "' AND RecordStatus = '' AND Amount = 5200");
+    ASSERT_TRUE(reference.startsWith(u"NU")) << reference.toStdString();
     const auto cashier = hospital.open(QStringLiteral("cashier"));
     const QString told = demo::Neighbours(*cashier, 1).act(demo::Deed::Payment);
-    const QString paid = " FROM BILLING..tbCashAssessment WHERE RefNum = 'NU77001'";
+    const QString paid = " FROM BILLING..tbCashAssessment WHERE HospNum = '" + code +
+                         "' AND RecordStatus = '1' AND Amount = 5200";
     const QString receipt = value("SELECT ORNumber" + paid);
     ASSERT_FALSE(receipt.isEmpty()) << told.toStdString();
     EXPECT_EQ(value("SELECT RecordStatus" + paid), "1");
@@ -67,12 +90,7 @@ TEST_F(Circle, FromAnAssessmentToItsResult) {
                          keysToFocus(list, receipt + "<Enter><Down><Enter>");
                          keysToFocus(list, "<Esc>");
                      },
-                     [&](QWidget& picker) {
-                         auto& grid = child<controls::FlexGrid>(picker, "grdTable");
-                         for (int at = 1; at < grid.Rows() && grid.TextMatrix(grid.Row(), 1) != code; ++at)
-                             keys(grid, "<Down>");
-                         keys(grid, "<Enter>");
-                     },
+                     choose,
                      [&](QWidget& request) {
                          keys(child<controls::FlexGrid>(request, "grdPackage"),
                               "NU<Enter>1001<Enter>R<Enter>1<Enter>");

@@ -166,6 +166,27 @@ TEST_F(AssessmentPatient, AnotherNameOrKindForgetsTheFormerPatient) {
     EXPECT_EQ(patient(), "||AGUILAR|||");
 }
 
+TEST_F(AssessmentPatient, LinesArePricedForAPatientAndGoWithHisClass) {
+    EXPECT_FALSE(grid().isEnabled()) << "nobody is known yet, and no price";
+    EXPECT_FALSE(button("cmdPackage").isEnabled());
+    openForRegular();
+    type("<Enter>NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    const QString priced = line(1);
+    tests::click(tests::child<QRadioButton>(screen(), "optType_0"));
+    EXPECT_FALSE(grid().isEnabled());
+    const int before = lastAssessment();
+    button("btnSave").click();
+    EXPECT_EQ(lastAssessment(), before) << "nothing is filed for nobody";
+    EXPECT_TRUE(field("txtSname").hasFocus());
+    find("optType_1", "104078<Enter>");
+    EXPECT_TRUE(grid().isEnabled());
+    EXPECT_EQ(line(1), priced) << "of the same class";
+    find("optType_2", confined("1") + "<Enter>");
+    EXPECT_EQ(line(1), "||||||");
+    EXPECT_EQ(field("txtGross").text(), "0.00");
+    EXPECT_FALSE(button("btnSave").isEnabled());
+}
+
 TEST_F(AssessmentPatient, TheDoctorIsFoundByNameAsWell) {
     const QString last = value("SELECT LastName FROM BUILD_FILE..tbcoDoctor WHERE DoctorID = '204'");
     const QString first = value("SELECT FirstName FROM BUILD_FILE..tbcoDoctor WHERE DoctorID = '204'");
@@ -222,6 +243,7 @@ TEST_F(AssessmentPatient, APackageBringsItsLinesAtItsPrices) {
 
 TEST_F(AssessmentPatient, APackageWithoutLinesForCashSaysSo) {
     hospital.run("UPDATE NUCLEAR..tbNucPackageItem SET RevenueID = 'UR'");
+    openForRegular();
     tests::click(button("cmdPackage"));
     boxes.expect({"No Record Found", controls::vbInformation, "Message"});
     QTest::keyClick(&tests::child<QMenu>(screen(), "mnuPackages"), Qt::Key_Return);
