@@ -9,6 +9,7 @@
 #include "platform/report/layout/PageDocument.h"
 #include "platform/report/viewer/Viewer.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "session/Session.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -3,8 +3,10 @@
 #include "bench/Measure.h"
 #include "bench/Measures.h"
 
+#include "app/AppScreens.h"
 #include "menu/TestDoors.h"
 #include "menu/frmMainMenu.h"
+#include "session/Screens.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -51,9 +53,13 @@ Run keysOn(const menu::MonitorMaker& maker) {
 } // namespace
 
 bool menuKeys(const QString& folder) {
+    app::AppScreens screens;
+    session::setScreens(&screens);
     logOnTo(hospitalFile(folder, 0));
-    return Report::line(QStringLiteral("key to paint, watched / unwatched"),
-                        interleave(9, 1, keysOn({}), keysOn(menu::noMonitors)), 1.1);
+    const bool met = Report::line(QStringLiteral("key to paint, watched / unwatched"),
+                                  interleave(9, 1, keysOn({}), keysOn(menu::noMonitors)), 1.1);
+    session::setScreens(nullptr);
+    return met;
 }
 
 } // namespace bench

@@ -40,7 +40,8 @@ void AssessmentPosting::post() {
 void AssessmentPosting::takeAssessmentNum() {
     ado::Recordset numbers =
         ReadForUpdate(sql("SELECT *,getdate() as [server date] FROM BILLING..tbAssessmentNum"));
-    ServerNow = base::CDate(numbers.Fields("server date").Value());
+    ServerNow = base::Format(base::CDate(numbers.Fields("server date").Value()),
+                             QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM"));
     m_assessmentRef = advanced(numbers, "assessmentnum");
 }
 
@@ -60,19 +61,18 @@ void AssessmentPosting::postLine(int row) const {
     if (!assessed.Eof())
         return;
     const QString rowRef = takeRowRef();
-    const QString now = base::Format(ServerNow, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM"));
     const QString& user = gUser->employeecode();
     if (isProcedure || line.Revenue == u"HS")
         Run(sql("spNuclear_AddCashAsses '{}','{}','{}, {} {}','{}', '{}','{}','{}', '{}','{}','{}'  ,'', "
                 "'{}','{}'",
                 m_header.txtHospNum, m_header.txtIdNum, m_header.txtSname, m_header.txtFname,
-                m_header.txtMname, now, rowRef, line.ItemCode, amount, user, m_assessmentRef, line.Revenue,
-                Trim(m_header.txtDoctorID), quantity));
+                m_header.txtMname, ServerNow, rowRef, line.ItemCode, amount, user, m_assessmentRef,
+                line.Revenue, Trim(m_header.txtDoctorID), quantity));
     else // whatever it is, the cashier knows it as a fee of the section
         Run(sql("spNuclear_AddCashAsses '{}','{}','{}, {}{}','{}', '{}','{}','{}', '{}','{}','MD','NU', "
                 "'{}','{}'",
                 m_header.txtHospNum, m_header.txtIdNum, m_header.txtSname, m_header.txtFname,
-                m_header.txtMname, now, rowRef, line.ItemCode, amount, user, m_assessmentRef,
+                m_header.txtMname, ServerNow, rowRef, line.ItemCode, amount, user, m_assessmentRef,
                 m_header.txtDoctorID, quantity));
 }
 

@@ -38,7 +38,7 @@ class AssessmentPosting {
 
     const AssessmentHeader& m_header;
     const controls::FlexGrid& m_lines;
-    base::DateTime ServerNow;
+    QString ServerNow; ///< as the statements want it
     QString m_assessmentRef;
 };
 
