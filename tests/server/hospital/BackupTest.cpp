@@ -155,7 +155,7 @@ TEST_F(Backup, ADamagedCopyNeverReplacesAGoodHospital) {
     {
         const auto desk = engine::EmbeddedProvider::open(m_file, {});
         hospital::backupHospital(m_file, m_copy, Existing::Refuse);
-    ASSERT_TRUE(QFile::remove(m_copy + QStringLiteral(".sha256"))); // it would tell first
+        ASSERT_TRUE(QFile::remove(m_copy + QStringLiteral(".sha256"))); // it would tell first
         setTitle(*desk, "GOOD");
     }
     QFile copy(m_copy);
