@@ -1,5 +1,7 @@
 #include "tests/long/Outgoing.h"
 
+#include "platform/ado/Quoting.h"
+
 #include <algorithm>
 
 namespace attacks {
@@ -58,8 +60,8 @@ Outgoing Outgoing::of(const QString& text) {
         const QChar c = text[at];
         if (c == u'\'') {
             const qsizetype end = endOf(text, at, c, true, result.whole);
-            result.literals +=
-                text.mid(at + 1, end - at - 2).replace(QStringLiteral("''"), QStringLiteral("'"));
+            result.literals += ado::withLinesJoined(QStringView(text).mid(at + 1, end - at - 2))
+                                   .replace(QStringLiteral("''"), QStringLiteral("'"));
             result.code += QStringLiteral("''");
             at = end;
         } else if (c == u'[' || c == u'"') {
