@@ -55,14 +55,16 @@ QByteArray fingerprintOf(const QString& name) {
     return hash.result().toHex();
 }
 
-/// As sha256sum writes it, so that a copy can be looked at without this program.
-void writeFingerprint(const QString& copy) {
-    const QString name = fingerprintFile(copy);
-    createOwnFile(name);
-    QFile file(name);
-    const QByteArray line = fingerprintOf(copy) + "  " + QFileInfo(copy).fileName().toUtf8() + '\n';
+/// As sha256sum writes it, so that a copy can be looked at without this program. Beside `copy`, under the
+/// name that it is to have.
+void writeFingerprint(const QString& copy, const QString& name) {
+    const QString target = fingerprintFile(copy);
+    QFile::remove(target);
+    createOwnFile(target);
+    QFile file(target);
+    const QByteArray line = fingerprintOf(copy) + "  " + QFileInfo(name).fileName().toUtf8() + '\n';
     if (!file.open(QIODevice::WriteOnly) || file.write(line) != line.size() || !file.flush())
-        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + name);
+        throw base::RunTimeError(75, QStringLiteral("Path/File access error: ") + target);
 }
 
 /// What no reading finds: a row that says something else than it did. A copy without a fingerprint passes.
@@ -242,11 +244,14 @@ void backupHospital(const QString& from, const QString& named, Existing existing
         refuseTarget(from, to, existing); // made meanwhile
         if (stateOf(to) == FileState::Hospital)
             settle(to);
+        // before anything is moved: what finds no room leaves the copy that was there, with its own
+        writeFingerprint(unfinished, to);
         QFile::remove(fingerprintFile(to));
         moveIntoPlace(unfinished, to);
-        writeFingerprint(to);
+        moveIntoPlace(fingerprintFile(unfinished), fingerprintFile(to));
     } catch (...) {
         removeWithJournals(unfinished);
+        QFile::remove(fingerprintFile(unfinished));
         throw;
     }
     if (progress)

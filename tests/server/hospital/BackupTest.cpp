@@ -200,6 +200,20 @@ TEST_F(Backup, ACopyWhoseRowsSaySomethingElseIsNotRestored) {
     EXPECT_EQ(titleIn(m_file), QStringLiteral("Muclear Medicine A")) << "no page of it is damaged";
 }
 
+TEST_F(Backup, WithoutRoomForItsFingerprintTheFormerCopyStays) {
+    hospital::backupHospital(m_file, m_copy, Existing::Refuse);
+    {
+        const auto provider = engine::EmbeddedProvider::open(m_file, {});
+        setTitle(*provider, "LATER");
+    }
+    const QString fingerprint = contents(m_copy + QStringLiteral(".sha256"));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("copy.scintra.new.sha256")));
+    EXPECT_EQ(errorOf([&] { hospital::backupHospital(m_file, m_copy, Existing::Replace); }), 75);
+    EXPECT_NE(titleIn(m_copy), QStringLiteral("LATER"));
+    EXPECT_EQ(contents(m_copy + QStringLiteral(".sha256")), fingerprint);
+    EXPECT_EQ(besides(), QStringList());
+}
+
 TEST_F(Backup, EachBackupHasAFingerprintOfItsOwn) {
     for (const char* title : {"One", "Two"}) {
         {
