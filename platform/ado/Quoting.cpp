@@ -49,8 +49,12 @@ QString literal(const base::Value& value) {
 }
 
 QString bracketed(const QString& name) {
-    QString text = name;
-    return u'[' + text.replace(u']', QLatin1StringView("]]")) + u']';
+    QString text;
+    text.reserve(name.size() + 2);
+    text += u'[';
+    text += name.contains(u']') ? QString(name).replace(u']', QLatin1StringView("]]")) : name;
+    text += u']';
+    return text;
 }
 
 } // namespace ado

@@ -4,6 +4,7 @@
 #include "platform/base/Error.h"
 
 #include <algorithm>
+#include <numeric>
 #include <vector>
 
 namespace ado {
@@ -160,7 +161,14 @@ class ReadBack {
 /// Joins a text and remembers where the values went.
 class Joiner {
   public:
-    void addText(QStringView text) { m_text += text; }
+    void reserve(qsizetype characters, std::size_t values) {
+        m_text.reserve(characters);
+        m_values.reserve(values);
+    }
+    template <typename View>
+    void addText(View text) {
+        m_text += text;
+    }
     void addValue(const QString& value) {
         m_values.push_back({m_text.size(), m_text.size() + value.size(), value});
         m_text += value;
@@ -211,16 +219,18 @@ class Joiner {
 } // namespace
 
 Statement joinStatement(const char* pattern, const QString* values, qsizetype count) {
-    const QString text = QString::fromLatin1(pattern);
+    const QLatin1StringView text(pattern);
+    const auto added = [](qsizetype sum, const QString& value) { return sum + value.size(); };
     Joiner joiner;
+    joiner.reserve(std::accumulate(values, values + count, text.size(), added), std::size_t(count));
     qsizetype from = 0;
     for (qsizetype i = 0; i < count; ++i) {
         const qsizetype hole = text.indexOf(QLatin1StringView("{}"), from);
-        joiner.addText(QStringView(text).mid(from, hole - from));
+        joiner.addText(text.sliced(from, hole - from));
         joiner.addValue(values[i]);
         from = hole + 2;
     }
-    joiner.addText(QStringView(text).mid(from));
+    joiner.addText(text.sliced(from));
     return Statement(joiner.checked());
 }
 

@@ -6,6 +6,9 @@
 #include "platform/base/Format.h"
 
 #include <QRegularExpression>
+#include <QStringBuilder>
+
+#include <initializer_list>
 
 namespace ado {
 namespace {
@@ -18,6 +21,29 @@ const QString& writtenName(const Column& column) {
     const bool same =
         column.baseColumn.isEmpty() || column.baseColumn.compare(column.name, Qt::CaseInsensitive) == 0;
     return same ? column.name : column.baseColumn;
+}
+
+/// The table that a plain SELECT reads; empty for any other text.
+QString tableOf(const QString& source) {
+    static const QRegularExpression from(
+        QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    // A save writes through one text again and again.
+    thread_local QString lastSource;
+    thread_local QString lastTable;
+    if (source != lastSource) {
+        lastTable = from.match(source).captured(1);
+        lastSource = source;
+    }
+    return lastTable;
+}
+
+/// ", " or " AND " behind what stands already.
+void join(QString& list, const char* sign, std::initializer_list<QStringView> parts) {
+    if (!list.isEmpty())
+        list += QLatin1StringView(sign);
+    for (const QStringView part : parts)
+        list += part;
 }
 
 } // namespace
@@ -38,12 +64,9 @@ void WriteBack::send() {
 QString WriteBack::table() const {
     if (!m_recordset.m_uniqueTable.isEmpty())
         return m_recordset.m_uniqueTable;
-    static const QRegularExpression from(
-        QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch match = from.match(m_recordset.m_source);
-    if (match.hasMatch())
-        return match.captured(1); // the same on every server
+    const QString named = tableOf(m_recordset.m_source);
+    if (!named.isEmpty())
+        return named; // the same on every server
     for (const Column& column : m_recordset.m_rows.columns) {
         if (!column.baseTable.isEmpty())
             return column.baseTable;
@@ -52,35 +75,31 @@ QString WriteBack::table() const {
 }
 
 Statement WriteBack::statement(const QString& target, const QStringList& key) const {
-    QStringList changes;
-    QStringList conditions;
+    QString changes;
+    QString conditions;
     for (qsizetype i = 0; i < qsizetype(m_recordset.m_edits.size()); ++i) {
-        const Column& column = m_recordset.m_rows.columns[std::size_t(i)];
-        const QString& name = writtenName(column);
-        const bool isKey = key.contains(name, Qt::CaseInsensitive);
-        if (const auto& edit = m_recordset.m_edits[std::size_t(i)]) {
-            changes += bracketed(name) + QStringLiteral(" = ") + literal(*edit);
-            conditions += condition(i);
-        } else if (isKey || m_recordset.m_foundByAllColumns) {
-            conditions += condition(i);
-        }
+        const QString& name = writtenName(m_recordset.m_rows.columns[std::size_t(i)]);
+        const auto& edit = m_recordset.m_edits[std::size_t(i)];
+        if (edit)
+            join(changes, ", ", {bracketed(name), u" = ", literal(*edit)});
+        if (edit || m_recordset.m_foundByAllColumns || key.contains(name, Qt::CaseInsensitive))
+            addCondition(conditions, i);
     }
     if (m_recordset.m_foundByAllColumns)
-        conditions += QStringLiteral("(SELECT COUNT(*) FROM %1 WHERE %2) = 1")
-                          .arg(target, conditions.join(QStringLiteral(" AND ")));
+        conditions += QStringLiteral(" AND (SELECT COUNT(*) FROM %1 WHERE %2) = 1").arg(target, conditions);
     else
         for (const QString& name : key)
             m_recordset.Fields(name); // a key that was not selected finds no row for certain
-    return Statement(
-        QStringLiteral("UPDATE %1 SET %2 WHERE %3")
-            .arg(target, changes.join(QStringLiteral(", ")), conditions.join(QStringLiteral(" AND "))));
+    return Statement(u"UPDATE " % target % u" SET " % changes % u" WHERE " % conditions);
 }
 
-QString WriteBack::condition(qsizetype column) const {
-    const Column& described = m_recordset.m_rows.columns[std::size_t(column)];
-    const QString name = bracketed(writtenName(described));
+void WriteBack::addCondition(QString& conditions, qsizetype column) const {
+    const QString name = bracketed(writtenName(m_recordset.m_rows.columns[std::size_t(column)]));
     const base::Value& last = m_recordset.m_rows.at(m_recordset.m_position, column);
-    return last.isNull() ? name + QStringLiteral(" IS NULL") : name + QStringLiteral(" = ") + literal(last);
+    if (last.isNull())
+        join(conditions, " AND ", {name, u" IS NULL"});
+    else
+        join(conditions, " AND ", {name, u" = ", literal(last)});
 }
 
 } // namespace ado

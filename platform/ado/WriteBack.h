@@ -16,7 +16,7 @@ class WriteBack {
   private:
     QString table() const;
     Statement statement(const QString& table, const QStringList& key) const;
-    QString condition(qsizetype column) const;
+    void addCondition(QString& conditions, qsizetype column) const;
 
     Recordset& m_recordset;
 };

@@ -12,8 +12,9 @@ namespace base {
 namespace {
 
 QString numberText(double number) {
-    if (number == 0)
-        return QStringLiteral("0"); // no "-0"
+    constexpr double whole = 1e15; // from here on in another form
+    if (number > -whole && number < whole && double(qint64(number)) == number)
+        return QString::number(qint64(number)); // no "-0", and most amounts are whole
     char text[32];
     const auto written = std::to_chars(text, text + sizeof text, number, std::chars_format::general, 15);
     return QString::fromLatin1(text, written.ptr - text).toUpper(); // 1E+20
@@ -34,8 +35,24 @@ QString dateText(DateTime moment) {
     return day + u' ' + clock;
 }
 
+/// Digits and at most one point, as nearly all numbers are written.
+std::optional<double> plainNumber(const QString& text) {
+    char digits[24];
+    std::size_t count = 0;
+    for (const QChar c : text) {
+        if (count == sizeof digits || !((c >= u'0' && c <= u'9') || c == u'.'))
+            return std::nullopt;
+        digits[count++] = char(c.unicode());
+    }
+    double number = 0;
+    const auto read = std::from_chars(digits, digits + count, number, std::chars_format::fixed);
+    return read.ec == std::errc() && read.ptr == digits + count ? std::optional(number) : std::nullopt;
+}
+
 /// A text that is one number and nothing else: sign, thousands commas and a dollar sign are let through.
 std::optional<double> wholeNumber(const QString& text) {
+    if (const std::optional<double> plain = plainNumber(text))
+        return plain;
     static const QRegularExpression pattern(
         QStringLiteral(R"(^\s*([+-]?)\s*\$?((?:\d[\d,]*\.?\d*|\.\d+)(?:[EeDd][+-]?\d+)?)\s*$)"));
     const QRegularExpressionMatch match = pattern.match(text);

@@ -134,9 +134,11 @@ std::string exactText(double value) {
 }
 
 double roundedTo(double value, int places) {
+    constexpr double powersOfTen[] = {1, 10, 100, 1'000, 10'000}; // money's places, over and over
     if (!std::isfinite(value) || places > 15)
         return value;
-    const double scale = std::pow(10.0, std::abs(places));
+    const double scale =
+        std::abs(places) <= 4 ? powersOfTen[std::abs(places)] : std::pow(10.0, std::abs(places));
     if (places < 0) {
         const double scaled = value / scale;
         return std::trunc(scaled + std::copysign(0.5, scaled)) * scale;
