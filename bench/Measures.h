@@ -15,5 +15,6 @@ bool longReport(const QString& folder);
 bool ledgerPage(const QString& folder);
 bool menuKeys(const QString& folder);
 bool findCharges(const QString& folder);
+bool openScreen(const QString& folder);
 
 } // namespace bench

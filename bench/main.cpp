@@ -15,11 +15,11 @@ struct Measure {
     bool (*run)(const QString& folder);
 };
 
-constexpr Measure measures[] = {{"save", bench::saveOrder},      {"find", bench::findPatients},
-                                {"text", bench::statementText},  {"grid", bench::bindGrid},
-                                {"odbc", bench::odbcStatement},  {"start", bench::startUp},
-                                {"report", bench::longReport},   {"ledger", bench::ledgerPage},
-                                {"charges", bench::findCharges}, {"menu", bench::menuKeys}};
+constexpr Measure measures[] = {
+    {"save", bench::saveOrder},    {"find", bench::findPatients},  {"text", bench::statementText},
+    {"grid", bench::bindGrid},     {"odbc", bench::odbcStatement}, {"start", bench::startUp},
+    {"report", bench::longReport}, {"ledger", bench::ledgerPage},  {"charges", bench::findCharges},
+    {"menu", bench::menuKeys},     {"open", bench::openScreen}};
 
 } // namespace
 
@@ -30,9 +30,9 @@ int main(int argc, char** argv) {
     controls::look::apply(application);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
-        std::fputs(
-            "usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report|ledger|charges|menu ...]\n",
-            stderr);
+        std::fputs("usage: scintra-bench FOLDER "
+                   "[save|find|text|grid|odbc|start|report|ledger|charges|menu|open ...]\n",
+                   stderr);
         return 1;
     }
     const QStringList wanted = arguments.mid(1);
