@@ -70,6 +70,7 @@ void frmReceivableSearch::Form_Load() {
     m_ui->cmbSearch->addItems({QStringLiteral("Last Name"), QStringLiteral("Admission #")});
     m_ui->cmbSearch->setCurrentIndex(0);
     m_ui->lblLabel->setText(QStringLiteral("    ") + ListCaption);
+    m_ui->lblLabel->setVisible(!ListCaption.isEmpty());
     m_ui->chkCurrent->setVisible(!CurrentCaption.isEmpty());
     if (!CurrentCaption.isEmpty())
         m_ui->chkCurrent->setText(CurrentCaption);

@@ -58,8 +58,11 @@ void launchChargeSlip(const ChargeSlipHeader& header, bool directPrint) {
                             header.account, header.admissionNumber, gUser->employeename(),
                             header.nursingRemarks, base::CStr(base::today()), header.doctor,
                             header.chargeSlip, header.nurse});
-    if (session::gReport && !header.mark.isEmpty())
-        session::gReport->watermark = header.mark;
+    if (session::gReport) {
+        session::gReport->number = header.chargeSlip;
+        if (!header.mark.isEmpty())
+            session::gReport->watermark = header.mark;
+    }
     session::ShowReport(false, QStringLiteral("Charge Slip Printing"), directPrint);
 }
 

@@ -79,6 +79,7 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     , m_editor(m_grid, editing, this)
     , m_waiting(m_grid) {
     m_cboEntry.addItems({QStringLiteral("ROUTINE"), QStringLiteral("STAT")});
+    m_lookup.showPrices();
     m_editor.add(m_txtEntry);
     m_editor.add(m_cboEntry);
     on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {

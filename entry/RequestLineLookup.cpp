@@ -9,6 +9,8 @@
 #include "session/Session.h"
 #include "session/services/Services.h"
 
+#include <QScopeGuard>
+
 namespace entry {
 
 using base::Format;
@@ -53,6 +55,8 @@ LookUp RequestLineLookup::LookUpExamLine(const QString& code) {
 LookUp RequestLineLookup::readExamLine(const QString& code) {
     gCodeFind->SearchMode = true;
     gCodeFind->OtherSectionID = cell(colDepartment);
+    gCodeFind->ExamPrice = m_showsPrices ? m_rate : nullptr;
+    const auto done = qScopeGuard([] { gCodeFind->ExamPrice = nullptr; });
     if (!gCodeFind->SearchListing(code, session::clsLookupPad::exams))
         return LookUp::NotFound;
 

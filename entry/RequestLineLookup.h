@@ -38,6 +38,9 @@ class RequestLineLookup {
     RequestLineLookup(controls::FlexGrid& grid, Rate rate, const RepeatedBox& repeated)
         : m_grid(grid), m_rate(std::move(rate)), m_repeated(repeated) {}
 
+    /// Lets the list of exams show the price of each. Only for a rate that asks the server nothing.
+    void showPrices() { m_showsPrices = true; }
+
     bool LookUpDepartment(const QString& code);
     /// An error of the search is said in a box; it is NotFound then.
     LookUp LookUpExamLine(const QString& code);
@@ -53,6 +56,7 @@ class RequestLineLookup {
     controls::FlexGrid& m_grid;
     Rate m_rate;
     RepeatedBox m_repeated;
+    bool m_showsPrices = false;
 };
 
 } // namespace entry

@@ -21,9 +21,10 @@ QString todayAs(const char* pattern) {
     return base::Format(base::today(), pattern);
 }
 
-bool askReportDate(bool oneDay) {
+bool askReportDate(bool oneDay, const QString& report) {
     auto& dialog = controls::SharedScreen<session::frmReportDate>::fresh();
     dialog.load();
+    dialog.nameReport(report);
     if (oneDay)
         dialog.hideEndDate();
     dialog.ShowModal();
@@ -41,20 +42,26 @@ bool haveDates() {
     return !session::gReportFrom.isEmpty() && session::gReportFrom != QStringLiteral("CANCEL");
 }
 
-bool askDates(DateDialog dialog) {
+template <typename Dialog>
+bool askDatesOf(const QString& report) {
+    auto& dialog = controls::SharedScreen<Dialog>::fresh();
+    dialog.nameReport(report);
+    dialog.ShowModal();
+    return haveDates();
+}
+
+bool askDates(DateDialog dialog, const QString& report) {
     switch (dialog) {
     case DateDialog::None:
         return true;
     case DateDialog::ReportDate:
-        return askReportDate(false);
+        return askReportDate(false, report);
     case DateDialog::ReportDateOneDay:
-        return askReportDate(true);
+        return askReportDate(true, report);
     case DateDialog::DailyReport:
-        controls::SharedScreen<session::frmDailyReport>::fresh().ShowModal();
-        return haveDates();
+        return askDatesOf<session::frmDailyReport>(report);
     case DateDialog::DateEntry:
-        controls::SharedScreen<session::frmDateEntry>::fresh().ShowModal();
-        return haveDates();
+        return askDatesOf<session::frmDateEntry>(report);
     }
     return true;
 }
@@ -113,7 +120,7 @@ std::vector<base::Value> parametersOf(const ReportRow& row) {
 }
 
 Launch launchReport(const ReportRow& row) {
-    if (!askDates(row.dialog) && row.stopsOnCancel)
+    if (!askDates(row.dialog, row.title) && row.stopsOnCancel)
         return Launch::Cancelled;
     runCensus(row.census);
     session::PrepareReport(session::reportPath(row.file), row.database, parametersOf(row));

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace results {
 
 QWidget* addBoxLine(QGridLayout& grid, int row, const QString& caption, const QString& firstBox,
@@ -22,6 +24,25 @@ QWidget* addBoxLine(QGridLayout& grid, int row, const QString& caption, const QS
         before = box;
     }
     return before;
+}
+
+namespace {
+
+int widestCaption(const QGridLayout& grid) {
+    int width = 0;
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        if (const QLayoutItem* caption = grid.itemAtPosition(row, 0))
+            width = std::max(width, caption->sizeHint().width());
+    }
+    return width;
+}
+
+} // namespace
+
+void alignCaptions(QGridLayout& one, QGridLayout& other) {
+    const int width = std::max(widestCaption(one), widestCaption(other));
+    one.setColumnMinimumWidth(0, width);
+    other.setColumnMinimumWidth(0, width);
 }
 
 } // namespace results

@@ -13,4 +13,7 @@ namespace results {
 QWidget* addBoxLine(QGridLayout& grid, int row, const QString& caption, const QString& firstBox,
                     const QString& secondBox, QWidget* before);
 
+/// Gives the captions of two grids one width: their boxes then stand in one place from page to page.
+void alignCaptions(QGridLayout& one, QGridLayout& other);
+
 } // namespace results

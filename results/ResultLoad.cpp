@@ -47,6 +47,7 @@ void fillRequest(ResultScreen& screen, const LoadVariant& variant, ado::Recordse
 }
 
 void setUpToEdit(ResultScreen& screen, const LoadVariant& variant) {
+    screen.setPoint(ResultPoint::Saved);
     screen.showCommands(viewCommands, true);
     screen.enableFields(clearCommand, false);
     screen.enableFields(variant.disabledToEdit, false);
@@ -54,6 +55,7 @@ void setUpToEdit(ResultScreen& screen, const LoadVariant& variant) {
 }
 
 void setUpToRevoke(ResultScreen& screen, const LoadVariant& variant) {
+    screen.setPoint(ResultPoint::ToRevoke);
     screen.showCommands(entryCommands, false);
     screen.showCommands(revokeCommand, true);
     screen.enableFields(variant.disabledToRevoke, false);

@@ -77,6 +77,9 @@ void ResultScreen::prepare() {
     const auto button = [this](const char* name) { return qobject_cast<QPushButton*>(widget(name)); };
     look::setPrimary(button("btnSavePrint"));
     button("btnRevoke")->hide();
+    look::setKind(button("btnRevoke"), QStringLiteral("danger"));
+    sayPoint(*this, m_point, {});
+    sayWhatCanBeDone(*this, m_point, true);
     on(button("btnSave"), &QPushButton::clicked, this, [this] { btnSave_Click(); });
     on(button("btnSavePrint"), &QPushButton::clicked, this, [this] { btnSavePrint_Click(); });
     on(button("btnEdit"), &QPushButton::clicked, this, [this] { btnEdit_Click(); });
@@ -173,6 +176,8 @@ void ResultScreen::Form_Load() {
 void ResultScreen::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) { // else the window comes back from the task bar, as it was left
         showPatient();
+        sayPoint(*this, m_point, m_savedDate);
+        sayWhatCanBeDone(*this, m_point, takesSymbols());
         focusFirst();
     }
     Screen::showEvent(event);
@@ -205,6 +210,13 @@ void ResultScreen::focusFirst() {
     }
     QWidget* edit = widget("btnEdit");
     (edit->isVisibleTo(this) ? edit : widget("btnClose"))->setFocus();
+}
+
+/// What is revoked is typed in no more, though some of its fields stay open.
+bool ResultScreen::takesSymbols() const {
+    return m_point != ResultPoint::ToRevoke &&
+           std::any_of(m_variant.symbols.begin(), m_variant.symbols.end(),
+                       [this](const char* name) { return widget(name)->isEnabledTo(this); });
 }
 
 // ---- keys
@@ -383,6 +395,7 @@ void ResultScreen::btnEdit_Click() {
     frmResultEntry& generic = SharedScreen<frmResultEntry>::fresh();
     generic.load();
     generic.lockCaseNum(false);
+    sayWhatCanBeDone(*this, m_point, takesSymbols());
 }
 
 void ResultScreen::btnPrint_Click() {

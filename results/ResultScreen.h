@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/screen/Screen.h"
+#include "results/ResultPoint.h"
 #include "results/ResultVariant.h"
 
 namespace results {
@@ -29,6 +30,10 @@ class ResultScreen : public controls::Screen {
     void showCommands(FieldNames names, bool shown);
     /// txtCaseNum: shown, but not to be typed in.
     void lockCaseNum(bool locked);
+    /// ResultPoint::New where it is not said. Before the screen is shown.
+    void setPoint(ResultPoint point) { m_point = point; }
+    /// When the saved result was made, as it is shown; "" when that is not known.
+    void setSavedDate(const QString& date) { m_savedDate = date; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -50,6 +55,7 @@ class ResultScreen : public controls::Screen {
     void lookUpDoctor(const DoctorFields& doctor);
     void showPatient();
     void focusFirst();
+    bool takesSymbols() const;
 
     void btnSave_Click();
     void btnSavePrint_Click();
@@ -64,6 +70,8 @@ class ResultScreen : public controls::Screen {
     void revoke();
 
     const ResultVariant& m_variant;
+    ResultPoint m_point = ResultPoint::New;
+    QString m_savedDate;
     bool ResultSaved = false;
     QString m_resultMoment;
 };

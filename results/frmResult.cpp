@@ -20,7 +20,7 @@ using controls::SharedScreen;
 namespace {
 
 // The hidden leading column counts as 0.
-enum GridColumn { requestNumber = 1, examCode = 3 };
+enum GridColumn { requestNumber = 1, examCode = 3, resultDate = 5 };
 
 constexpr int widths[] = {100, 1000, 1100, 900, 2500, 1100, 1100, 5};
 
@@ -61,6 +61,7 @@ void frmResult::setPatientName(const QString& name) {
 
 void frmResult::rowTaken() {
     m_requestNumber = Trim(cell(requestNumber));
+    m_resultDate = Trim(cell(resultDate));
     const QString exam = Trim(cell(examCode));
     ado::Recordset exams = session::ReadForUpdate(
         sql("Select top 1 * from Build_File..tbcoNucExam where NucExamID = '{}'", exam));
@@ -85,12 +86,14 @@ bool isMode(const QString& formMode) {
 }
 
 template <typename Screen>
-void openFilled(frmResult& list, const QString& requestNumber, const LoadVariant& variant) {
+void openFilled(frmResult& list, const QString& requestNumber, const QString& resultDate,
+                const LoadVariant& variant) {
     if (!isMode(list.FormMode))
         return;
     Screen& screen = SharedScreen<Screen>::fresh();
     screen.load();
     fillResultScreen(screen, variant, requestNumber, list.FormMode);
+    screen.setSavedDate(resultDate);
     list.Unload();
     screen.ShowModal();
 }
@@ -98,19 +101,19 @@ void openFilled(frmResult& list, const QString& requestNumber, const LoadVariant
 } // namespace
 
 void frmResult::LoadGenericResult() {
-    openFilled<frmResultEntry>(*this, m_requestNumber, genericLoad);
+    openFilled<frmResultEntry>(*this, m_requestNumber, m_resultDate, genericLoad);
 }
 
 void frmResult::LoadMPIResult() {
-    openFilled<frmResultEntryMPI>(*this, m_requestNumber, perfusionLoad);
+    openFilled<frmResultEntryMPI>(*this, m_requestNumber, m_resultDate, perfusionLoad);
 }
 
 void frmResult::LoadGFRResult() {
-    openFilled<frmResultEntryGFR>(*this, m_requestNumber, gfrLoad);
+    openFilled<frmResultEntryGFR>(*this, m_requestNumber, m_resultDate, gfrLoad);
 }
 
 void frmResult::LoadRadioResult() {
-    openFilled<frmResultRadioImmuno>(*this, m_requestNumber, radioLoad);
+    openFilled<frmResultRadioImmuno>(*this, m_requestNumber, m_resultDate, radioLoad);
 }
 
 } // namespace results

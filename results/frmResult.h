@@ -44,6 +44,7 @@ class frmResult : public controls::ListScreen {
   private:
     std::unique_ptr<Ui::frmResult> m_ui;
     QString m_requestNumber;
+    QString m_resultDate;
 };
 
 } // namespace results

@@ -114,6 +114,7 @@ frmResultRadioImmuno::frmResultRadioImmuno(QWidget* parent)
     for (QLabel* heading : {m_ui->lblNormal1, m_ui->lblLeft1, m_ui->lblNormal2, m_ui->lblLeft2})
         controls::look::setKind(heading,
                                 QStringLiteral("heading")); // what a form says of a tab page's label is lost
+    alignCaptions(*m_ui->analytes1, *m_ui->analytes2);
     prepare();
 }
 

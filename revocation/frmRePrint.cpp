@@ -227,6 +227,7 @@ void frmRePrint::PrintChargeSlipFormulas() {
             slip.setFormula(name, report::quotedFormula(*value));
     }
     slip.watermark = QString::fromLatin1(entry::rePrintMark);
+    slip.number = m_slip;
     session::ShowReport(false, QStringLiteral("Charge Slip ") + m_slip, false);
 }
 

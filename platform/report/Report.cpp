@@ -270,7 +270,14 @@ std::unique_ptr<PageDocument> Report::run(const ProgressCall& progress) {
         return nullptr;
     std::shared_ptr<ReportData> data = readBesides();
     data->details = std::move(details);
-    return layout(std::move(data), progress);
+    std::unique_ptr<PageDocument> document = layout(std::move(data), progress);
+    if (document)
+        document->setTitle(documentTitle());
+    return document;
+}
+
+QString Report::documentTitle() const {
+    return number.isEmpty() ? m_definition->title : m_definition->title + u' ' + number;
 }
 
 QString quotedFormula(const QString& text) {
@@ -285,7 +292,9 @@ std::unique_ptr<Run> Report::start() {
         const ado::Statement statement = tableStatement(0);
         reader = std::make_unique<BackgroundReader>(connect(0), statement);
     }
-    return std::make_unique<Run>(std::move(data), std::move(reader));
+    auto run = std::make_unique<Run>(std::move(data), std::move(reader));
+    run->document()->setTitle(documentTitle());
+    return run;
 }
 
 } // namespace report

@@ -48,6 +48,9 @@ class Report {
     QString headingAddress;
     /// Stands across every page ("RE-PRINT"), in place of the definition's own; "" leaves that.
     QString watermark;
+    /// The number of the paper that this is ("C20170J"): told behind the title, and so in the name of an
+    /// export.
+    QString number;
 
     /// A changed location must read "DATABASE..table": run() raises 20515 otherwise.
     std::vector<TableLogOn>& tables() { return m_tables; }
@@ -91,6 +94,7 @@ class Report {
 
   private:
     Report(std::shared_ptr<const ReportDefinition> definition, LogOn logOn);
+    QString documentTitle() const;
     std::unique_ptr<ado::Connection> connect(std::size_t table) const;
     bool isLinked(int parameter) const;
     ReadLinked linkedReader() const;

@@ -133,6 +133,9 @@ void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     viewer.ShowGroupTree = showGroupTree;
     viewer.setWindowTitle(title);
     viewer.DirectPrint = false;
+    if (directPrint)
+        viewer.Notice =
+            QStringLiteral("No printer is set up on this computer: the page is shown, not printed.");
     viewer.ShowModal();
     gReport.reset();
 }

@@ -27,6 +27,10 @@ frmDailyReport::frmDailyReport(QWidget* parent)
 
 frmDailyReport::~frmDailyReport() = default;
 
+void frmDailyReport::nameReport(const QString& title) {
+    m_ui->header->setSubtitle(title);
+}
+
 void frmDailyReport::Form_Load() {
     m_ui->dtpReportDate->setDate(base::today());
     m_ui->dtpEndDate->setDate(base::today());

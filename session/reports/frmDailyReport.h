@@ -19,6 +19,9 @@ class frmDailyReport : public controls::Screen {
     explicit frmDailyReport(QWidget* parent = nullptr);
     ~frmDailyReport() override;
 
+    /// What the dates are for.
+    void nameReport(const QString& title);
+
   protected:
     void Form_Load() override;
 

@@ -17,6 +17,10 @@ frmDateEntry::frmDateEntry(QWidget* parent) : Screen(parent), m_ui(std::make_uni
 
 frmDateEntry::~frmDateEntry() = default;
 
+void frmDateEntry::nameReport(const QString& title) {
+    m_ui->header->setSubtitle(title);
+}
+
 void frmDateEntry::Form_Load() {
     setMinimumWidth(controls::look::scaled(360));
     controls::look::setPrimary(m_ui->cmdDate_0);

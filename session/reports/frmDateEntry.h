@@ -18,6 +18,9 @@ class frmDateEntry : public controls::Screen {
     explicit frmDateEntry(QWidget* parent = nullptr);
     ~frmDateEntry() override;
 
+    /// What the dates are for.
+    void nameReport(const QString& title);
+
   protected:
     void Form_Load() override;
 

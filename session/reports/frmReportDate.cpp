@@ -16,6 +16,10 @@ frmReportDate::frmReportDate(QWidget* parent) : Screen(parent), m_ui(std::make_u
 
 frmReportDate::~frmReportDate() = default;
 
+void frmReportDate::nameReport(const QString& title) {
+    m_ui->header->setSubtitle(title);
+}
+
 void frmReportDate::Form_Load() {
     setMinimumWidth(controls::look::scaled(360));
     controls::look::setPrimary(m_ui->cmdEnter);

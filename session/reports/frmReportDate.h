@@ -18,6 +18,9 @@ class frmReportDate : public controls::Screen {
     explicit frmReportDate(QWidget* parent = nullptr);
     ~frmReportDate() override;
 
+    /// What the dates are for.
+    void nameReport(const QString& title);
+
     QString startdate; ///< "mm/dd/yyyy"
     QString enddate;   ///< "mm/dd/yyyy"
     bool Cancel = true;

@@ -2,6 +2,12 @@
 
 #include "platform/controls/screen/Screen.h"
 
+class QLabel;
+
+namespace controls {
+class HeaderBand;
+}
+
 namespace report {
 class Viewer;
 }
@@ -18,12 +24,16 @@ class frmReportViewer : public controls::Screen {
 
     bool ShowGroupTree = false;
     bool DirectPrint = false;
+    /// Why a report that was to be printed is shown instead; "" where it was to be shown.
+    QString Notice;
 
   protected:
     void Form_Load() override;
     void Form_Unload() override;
 
   private:
+    controls::HeaderBand* m_band;
+    QLabel* lblNotice;
     report::Viewer* CRViewer1;
 };
 

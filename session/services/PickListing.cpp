@@ -48,7 +48,7 @@ ado::Statement pickStatement(const PickListing& listing, const PickScope& scope,
 }
 
 Pick pick(ado::Connection* connection, const PickListing& listing, const PickScope& scope,
-          const QString& text, bool showList) {
+          const QString& text, bool showList, const PickPrice& price) {
     if (!connection)
         throw base::RunTimeError(base::errors::connectionInvalid);
     const QString code = withoutQuotes(text);
@@ -69,6 +69,7 @@ Pick pick(ado::Connection* connection, const PickListing& listing, const PickSco
         rows.Open(pickStatement(listing, scope, typed), *connection);
         return rows;
     });
+    dialog.setPrice(price);
     dialog.setSearchText(code);
     dialog.ShowModal();
     if (!dialog.Valid)

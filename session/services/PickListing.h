@@ -10,7 +10,13 @@
 
 namespace session {
 
-enum class PickFormat { Text, Date, Amount, Quantity };
+enum class PickFormat {
+    Text,
+    Date,
+    Amount,
+    Quantity,
+    Price ///< what the caller makes of the row; left out of the list where it makes nothing of it
+};
 
 struct PickColumn {
     const char* caption = nullptr;
@@ -24,7 +30,7 @@ struct PickColumn {
 /// `##section` what the list is confined to, `##location` a stock location it is confined to, `##stock` the
 /// stock location that is shown.
 struct PickListing {
-    static constexpr std::size_t mostColumns = 6;
+    static constexpr std::size_t mostColumns = 10;
     static constexpr int mostRows = 200; ///< the TOP of every listing statement
 
     const char* title;
@@ -55,6 +61,9 @@ extern const PickListing outPatientListing;
 extern const PickListing medicineListing;
 extern const PickListing supplyListing;
 
+/// What the caller's line would cost with the current row of the list.
+using PickPrice = std::function<double(ado::Recordset& rows)>;
+
 /// The statement that a typed text makes.
 ado::Statement pickStatement(const PickListing& listing, const PickScope& scope, const QString& text);
 
@@ -67,6 +76,6 @@ struct Pick {
 
 /// Takes a complete code at once; else shows the list when `showList`.
 Pick pick(ado::Connection* connection, const PickListing& listing, const PickScope& scope,
-          const QString& text, bool showList);
+          const QString& text, bool showList, const PickPrice& price = {});
 
 } // namespace session

@@ -11,6 +11,13 @@ QString textOf(ado::Recordset& row, const char* field) {
     return base::Trim(row.Fields(field).text());
 }
 
+NuclearExamRecord examOf(ado::Recordset& row) {
+    return {textOf(row, "NucExamID"),        textOf(row, "NucExam"),      textOf(row, "Fixrate"),
+            row.Fields("RateA").Value(),     row.Fields("RateB").Value(), row.Fields("RateC").Value(),
+            row.Fields("RateD").Value(),     row.Fields("RateE").Value(), row.Fields("RateH").Value(),
+            row.Fields("Outpatient").Value()};
+}
+
 struct CodeListing {
     int code;
     const PickListing* listing;
@@ -51,8 +58,11 @@ void clsLookupPad::forgetRecords() {
 }
 
 bool clsLookupPad::SearchListing(const QString& searchText, int listingCode) {
+    PickPrice price;
+    if (listingCode == exams && ExamPrice)
+        price = [this](ado::Recordset& row) { return ExamPrice(examOf(row)); };
     Pick chosen = pick(m_connection, listingOf(codeListings, listingCode), {OtherSectionID, {}}, searchText,
-                       SearchMode);
+                       SearchMode, price);
     m_cancelled = !chosen.row;
     ResultCode.clear();
     forgetRecords();
@@ -80,11 +90,7 @@ void clsLookupPad::takeRecord(ado::Recordset& row, int listingCode) {
         ResultCode = DosageRecord.ResultCode;
         break;
     default:
-        NuclearExamRecord = {textOf(row, "NucExamID"),    textOf(row, "NucExam"),
-                             textOf(row, "Fixrate"),      row.Fields("RateA").Value(),
-                             row.Fields("RateB").Value(), row.Fields("RateC").Value(),
-                             row.Fields("RateD").Value(), row.Fields("RateE").Value(),
-                             row.Fields("RateH").Value(), row.Fields("Outpatient").Value()};
+        NuclearExamRecord = examOf(row);
         ResultCode = NuclearExamRecord.ResultCode;
         break;
     }

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace session {
@@ -116,6 +117,9 @@ class clsLookupPad {
     QString CompanyName;
     bool SearchMode = true; ///< False: never a dialog, only a complete code is accepted
     QString OtherSectionID;
+    /// What the caller's line would cost with an exam; the list of exams shows it while it is set. It sends
+    /// nothing to the server.
+    std::function<double(const session::NuclearExamRecord&)> ExamPrice;
     void Initialize_Classes();
     void setConnection(ado::Connection& connection) { m_connection = &connection; }
     /// True when a row was chosen: a code that is complete is taken at once, else the list opens (in

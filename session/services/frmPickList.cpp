@@ -1,5 +1,6 @@
 #include "session/services/frmPickList.h"
 
+#include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/fields/KeyFilter.h"
@@ -19,7 +20,7 @@ constexpr int firstRow = 1;
 constexpr int twipsPerPixel = 15;
 
 bool isNumber(PickFormat format) {
-    return format == PickFormat::Amount || format == PickFormat::Quantity;
+    return format == PickFormat::Amount || format == PickFormat::Quantity || format == PickFormat::Price;
 }
 
 } // namespace
@@ -72,16 +73,18 @@ void frmPickList::layOutGrid() {
     for (const PickColumn& column : m_listing.columns) {
         if (!column.caption)
             break;
+        if (column.format == PickFormat::Price && !m_price)
+            continue;
+        m_columns.push_back(column);
         captions += (isNumber(column.format) ? QStringLiteral(">") : QStringLiteral("<")) +
                     QString::fromLatin1(column.caption);
         width += column.twips;
     }
-    m_columns = int(captions.size());
     auto& grid = *m_ui->grdTable;
     grid.setFixedCols(0);
     grid.setFormatString(captions.join(u'|'));
-    for (int i = 0; i < m_columns; ++i)
-        grid.setColWidth(i, m_listing.columns[std::size_t(i)].twips);
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        grid.setColWidth(int(i), m_columns[i].twips);
     grid.setRowSelect(true);
     grid.setMinimumSize(controls::look::scaled(width / twipsPerPixel + 40),
                         controls::look::scaled(27 * 13 + 32));
@@ -159,8 +162,8 @@ void frmPickList::fillGrid() {
     grid.setRows(firstRow);
     grid.setRows(firstRow + m_count);
     for (int row = 0; row < m_count; ++row) {
-        for (int i = 0; i < m_columns; ++i)
-            grid.setTextMatrix(firstRow + row, i, cellText(m_listing.columns[std::size_t(i)]));
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            fillCell(firstRow + row, int(i), m_columns[i]);
         m_rows.MoveNext();
     }
     if (m_count > 0)
@@ -168,7 +171,15 @@ void frmPickList::fillGrid() {
     grid.setUpdatesEnabled(true);
 }
 
+void frmPickList::fillCell(int row, int at, const PickColumn& column) {
+    m_ui->grdTable->setTextMatrix(row, at, cellText(column));
+    if (column.format == PickFormat::Price)
+        m_ui->grdTable->setCellBold(row, at, true);
+}
+
 QString frmPickList::cellText(const PickColumn& column) {
+    if (column.format == PickFormat::Price)
+        return priceText();
     const base::Value& value = m_rows.Fields(column.field).Value();
     switch (column.format) {
     case PickFormat::Date:
@@ -177,9 +188,19 @@ QString frmPickList::cellText(const PickColumn& column) {
         return base::Format(value, QStringLiteral("##,##0.00"));
     case PickFormat::Text:
     case PickFormat::Quantity:
+    case PickFormat::Price:
         break;
     }
     return base::textOf(value);
+}
+
+/// A rate that is no number stops the line that takes it, not the list.
+QString frmPickList::priceText() {
+    try {
+        return base::Format(m_price(m_rows), QStringLiteral("##,##0.00"));
+    } catch (const base::RunTimeError&) {
+        return {};
+    }
 }
 
 void frmPickList::sayHits() {

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class QTimer;
 
@@ -28,6 +29,8 @@ class frmPickList : public controls::Screen {
 
     /// Before it is shown.
     void setSearchText(const QString& text);
+    /// Before it is shown. Without one there is no column for it.
+    void setPrice(PickPrice price) { m_price = std::move(price); }
     /// A row was chosen.
     bool Valid = false;
     /// The rows with the chosen one as current row. Once.
@@ -41,7 +44,9 @@ class frmPickList : public controls::Screen {
     void layOutGrid();
     void find();
     void fillGrid();
+    void fillCell(int row, int at, const PickColumn& column);
     QString cellText(const PickColumn& column);
+    QString priceText();
     void sayHits();
     bool findWhatIsTyped();
     void cmdSelect_Click();
@@ -51,10 +56,11 @@ class frmPickList : public controls::Screen {
     std::unique_ptr<Ui::frmPickList> m_ui;
     const PickListing& m_listing;
     Search m_search;
+    PickPrice m_price;
     QTimer* m_pause;
     ado::Recordset m_rows;
     int m_count = 0;
-    int m_columns = 0;
+    std::vector<PickColumn> m_columns; ///< those that are shown
 };
 
 } // namespace session

@@ -83,11 +83,20 @@ QString shown(QWidget& entry, const char* name) {
     return child<QLineEdit>(entry, name).text();
 }
 
+TEST_F(Receivable, WithoutACaptionTheSearchBeginsAtTheLeft) {
+    show();
+    EXPECT_EQ(child<QLabel>(search, "lblLabel").text(), "    ");
+    EXPECT_FALSE(child<QLabel>(search, "lblLabel").isVisible());
+    EXPECT_EQ(child<QComboBox>(search, "cmbSearch").mapTo(&search, QPoint()).x(),
+              child<QWidget>(search, "fraPatients").mapTo(&search, QPoint()).x());
+}
+
 TEST_F(Receivable, TheListOpensAsItsCallerSaid) {
     search.ListCaption = "Billed Patients";
     search.PatientRecord = "SAN";
     show();
     EXPECT_EQ(child<QLabel>(search, "lblLabel").text(), "    Billed Patients");
+    EXPECT_TRUE(child<QLabel>(search, "lblLabel").isVisible());
     EXPECT_FALSE(child<QCheckBox>(search, "chkCurrent").isVisible());
     auto& choice = child<QComboBox>(search, "cmbSearch");
     ASSERT_EQ(choice.count(), 2);

@@ -1,4 +1,5 @@
 #include "session/reports/ReportLaunch.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "session/Session.h"
 #include "session/TestDoors.h"
 #include "session/logon/clsCurrentUser.h"
@@ -42,9 +43,13 @@ class Report : public tests::MenuBench {
         clickSubMenu(command.section(u'.', 1, 1).toInt());
     }
     /// Dates 11/01/2026 to 11/20/2026, then the button that takes them.
-    void takeDates(const QString& dialog) {
-        inModal([dialog](QWidget& window) {
+    /// `report`: what the dialog says that the dates are for; null where that does not matter.
+    void takeDates(const QString& dialog, const char* report = nullptr) {
+        inModal([dialog, report](QWidget& window) {
             EXPECT_EQ(window.objectName(), dialog);
+            if (report) {
+                EXPECT_EQ(tests::child<controls::HeaderBand>(window, "header").subtitle(), report);
+            }
             const bool daily = dialog == "frmDailyReport";
             tests::keys(tests::child<QWidget>(window, daily ? "dtpReportDate" : "dtStart"), "11/01/2026");
             auto& end = tests::child<QWidget>(window, daily ? "dtpEndDate" : "dtEnd");
@@ -68,7 +73,7 @@ class ReportWay : public Report, public testing::WithParamInterface<Way> {};
 TEST_P(ReportWay, FeedsTheReportAsTold) {
     const Way& way = GetParam();
     if (*way.dialog)
-        takeDates(way.dialog);
+        takeDates(way.dialog, way.title);
     run(way.command);
     EXPECT_EQ(events, (QStringList{"prepare", "show"}));
     ASSERT_EQ(reports.size(), 1U);
@@ -222,7 +227,7 @@ TEST_F(Report, TheAuditGetsItsDatesInFullHoweverTheyStand) {
 }
 
 TEST_F(Report, TheMenuBarAsksNoRight) {
-    takeDates("frmReportDate");
+    takeDates("frmReportDate", "Statistical Report");
     run("mnuStatisticalReport");
     EXPECT_EQ(texts(), QStringList());
 }

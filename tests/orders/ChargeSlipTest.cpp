@@ -1,3 +1,5 @@
+#include "platform/report/layout/PageDocument.h"
+#include "platform/report/viewer/Viewer.h"
 #include "session/Session.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/RequestFixture.h"
@@ -85,8 +87,12 @@ TEST_F(ChargeSlip, WithoutAPrinterItIsShownUnderItsTitle) {
     type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
     expectSaved();
     QString title;
+    const int slip = nextSlip();
     tests::runModal([&] { type("<Alt+P>"); }, {[&](QWidget& viewer) {
                         title = viewer.windowTitle();
+                        EXPECT_EQ(tests::child<report::Viewer>(viewer, "CRViewer1").document()->title(),
+                                  QStringLiteral("Charge Slip C%1J").arg(slip))
+                            << "the name of an export, of a print job and of the document";
                         EXPECT_FALSE(screen().isUnloaded()) << "the screen goes behind the print";
                         viewer.close();
                     }});

@@ -102,6 +102,21 @@ TEST_F(InputGrid, ItRefusesInItsOwnWords) {
     EXPECT_TRUE(input().TextMatrix(input().Row(), 3).startsWith("(PF) DR. "));
 }
 
+TEST_F(InputGrid, ItsListOfExamsAsksForNoAccount) {
+    openOut({.IdNumber = outPatient("1")});
+    screen().Initialize_TableInput();
+    put("NU", "BONE SCAN, W");
+    takeTexts();
+    tests::runModal([&] { EXPECT_TRUE(screen().LookUpInputLine()); }, {[&](QWidget& list) {
+                        EXPECT_EQ(takeTexts().filter("CheckIfHMO").size(), 0);
+                        EXPECT_EQ(tests::child<controls::FlexGrid>(list, "grdTable").TextMatrix(0, 2),
+                                  "Rate A");
+                        tests::keysToFocus(list, "<Enter>");
+                    }});
+    EXPECT_EQ(takeTexts().filter("CheckIfHMO").size(), 1);
+    EXPECT_EQ(input().TextMatrix(1, 5).toDouble(), rate("RateH"));
+}
+
 TEST_F(InputGrid, AnAdmittedPatientIsPricedByTheClassOfTheList) {
     open({.PatIdNum = admitted, .PatientType = "I", .PatientClass = "C"});
     screen().Initialize_TableInput();

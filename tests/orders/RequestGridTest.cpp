@@ -248,6 +248,47 @@ TEST_F(RequestGrid, AVariableRateUnlocksTheAmount) {
     EXPECT_EQ(field("txtGross").text(), "500.00");
 }
 
+QStringList captionsOf(const controls::FlexGrid& grid) {
+    QStringList captions;
+    for (int column = 0; column < grid.Cols(); ++column)
+        captions += grid.TextMatrix(0, column);
+    return captions;
+}
+
+TEST_F(RequestGrid, TheListOfExamsShowsThePriceByWhichTheLineIsMade) {
+    openAdmitted();
+    type("NU<Enter>");
+    takeTexts();
+    tests::runModal([&] { type("BONE SCAN, W<Enter>"); }, {[](QWidget& list) {
+                        auto& exams = tests::child<controls::FlexGrid>(list, "grdTable");
+                        EXPECT_EQ(captionsOf(exams).join(u'|'),
+                                  "Code|Exam|Price|Rate A|Rate B|Rate C|Rate D|Rate E|HMO|OPD");
+                        QStringList row;
+                        for (int column = 0; column < exams.Cols(); ++column)
+                            row += exams.TextMatrix(1, column);
+                        EXPECT_EQ(row.join(u'|'), "1001|BONE SCAN, WHOLE BODY|5,620.00|5,200.00|5,620.00|"
+                                                  "6,240.00|7,020.00|7,800.00|5,980.00|5,200.00");
+                        tests::keysToFocus(list, "<Enter>");
+                    }});
+    EXPECT_EQ(cell(1, 5), "5620.00") << "as it was shown";
+    const QStringList sent = takeTexts();
+    ASSERT_EQ(sent.size(), 2) << "the list asks for nothing beyond its rows";
+    EXPECT_TRUE(sent[1].contains("NucExam LIKE '%BONE SCAN, W%'"));
+}
+
+TEST_F(RequestGrid, AnOutPatientsListOfExamsShowsRateA) {
+    openOut({.IdNumber = value("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient WHERE DcrDate IS NULL "
+                               "ORDER BY IdNum")});
+    type("NU<Enter>");
+    tests::runModal([&] { type("BONE SCAN, W<Enter>"); }, {[](QWidget& list) {
+                        auto& exams = tests::child<controls::FlexGrid>(list, "grdTable");
+                        EXPECT_EQ(exams.TextMatrix(0, 2), "Price");
+                        EXPECT_EQ(exams.TextMatrix(1, 2), "5,200.00");
+                        tests::keysToFocus(list, "<Enter>");
+                    }});
+    EXPECT_EQ(cell(1, 5), "5200.00");
+}
+
 TEST_F(RequestGrid, F3DeletesLines) {
     openAdmitted();
     type("NU<F3>");

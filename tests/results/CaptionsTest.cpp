@@ -12,6 +12,8 @@
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
 
 using tests::child;
 using tests::Kind;
@@ -223,6 +225,23 @@ TEST_F(Captions, OfTheAnalytesAndTheColumnsTheyAreKeptIn) {
     results::fillResultScreen(screen(), results::radioLoad, "90001", "R");
     for (int i = 0; i < 22; ++i)
         EXPECT_EQ(text(qPrintable(QStringLiteral("txtLeft_%1").arg(i))), QStringLiteral("v%1").arg(i));
+}
+
+TEST_F(Captions, TheAnalytesKeepTheirColumnsFromPageToPage) {
+    open(Kind::Radio);
+    auto& tabs = tests::child<QTabWidget>(screen(), "SSTab1");
+    const auto placeOf = [&](const char* box) {
+        auto& field = tests::child<QLineEdit>(screen(), box);
+        return QPair(field.mapTo(&tabs, QPoint()).x(), field.width());
+    };
+    tabs.setCurrentIndex(0);
+    QCoreApplication::processEvents();
+    const auto normal = placeOf("txtNormal_0");
+    const auto left = placeOf("txtLeft_0");
+    tabs.setCurrentIndex(1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(placeOf("txtNormal_11"), normal);
+    EXPECT_EQ(placeOf("txtLeft_11"), left);
 }
 
 TEST_F(Captions, OfTheSymbols) {

@@ -84,7 +84,7 @@ void ListFixture::answerResult(const char* table, const std::map<QString, base::
 
 void ListFixture::openList(const QString& formMode, std::vector<Step> steps) {
     answer("sp_Nuclear_getRequest", requestColumns,
-           {{"90001 ", "11/20/2026", " 1001", "BONE SCAN", nullptr, "", "C900J"}});
+           {{"90001 ", "11/20/2026", " 1001", "BONE SCAN", resultDate, "", "C900J"}});
     auto& list = SharedScreen<results::frmResult>::fresh();
     list.load();
     list.FormMode = formMode;

@@ -37,6 +37,7 @@ class ListFixture : public testing::Test {
     /// The same, with the request's entry screen open: `look` sees it and closes it.
     void openEntry(const QString& formType, const QString& formMode, const Step& look);
 
+    base::Value resultDate; ///< of the one request; Null: it has none
     base::FixedClock clock = fixedClock();
     ScriptedSession session;
     MessageScript boxes;

@@ -1,3 +1,4 @@
+#include "platform/controls/look/HeaderBand.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "results/frmResultEntry.h"
 #include "results/frmResultEntryGFR.h"
@@ -6,6 +7,7 @@
 
 #include "results/ResultScreen.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -232,6 +234,62 @@ TEST_P(Load, ASavedResultOpensForRevocationOnly) {
         EXPECT_EQ(screen.text("txtWeight"), QStringLiteral("<Weight>"));
     });
     EXPECT_EQ(lines(takeTexts()), lines(expectedTexts(GetParam().revokeTable)));
+}
+
+/// What the band and the line of commands say: "title|kind of the band|sentences|saved date".
+QString pointOf(ResultScreen& screen) {
+    const auto& band = child<controls::HeaderBand>(screen, "band");
+    QStringList sentences;
+    for (const char* name : {"lblSymbols", "lblPoint", "lblSavedDate"}) {
+        const auto& label = child<QLabel>(screen, name);
+        if (label.isVisible())
+            sentences << label.text();
+    }
+    return band.title() + u'|' + band.property("kind").toString() + u'|' + sentences.join(u'|');
+}
+
+TEST_P(Load, ANewResultSaysWhereSymbolsGo) {
+    answerSavedRequest("");
+    openIn("R", [&](ResultScreen& screen) {
+        EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry||Press F5 to insert symbols."));
+    });
+}
+
+TEST_P(Load, ASavedResultSaysSoWithItsDateAndSymbolsBehindEditOnly) {
+    answerSavedRequest();
+    answerResult(GetParam().editTable);
+    resultDate = QStringLiteral("11/18/2026");
+    openIn("R", [&](ResultScreen& screen) {
+        EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry   ·   Saved Result||Edit unlocks the "
+                                                  "fields.|Saved on 11/18/2026"));
+        EXPECT_EQ(screen.text("DtResultDate"), QStringLiteral("11/21/2026"));
+        tests::keysToFocus(screen, QStringLiteral("<Alt+E>"));
+        EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry   ·   Saved Result||Press F5 to insert "
+                                                  "symbols.|Saved on 11/18/2026"));
+    });
+}
+
+TEST_P(Load, ARevocationLooksLikeOne) {
+    answerSavedRequest();
+    answerResult(GetParam().revokeTable);
+    resultDate = QStringLiteral("11/18/2026");
+    openIn("C", [&](ResultScreen& screen) {
+        EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry   ·   Revoke Result|danger|Revoke takes this "
+                                                  "result back at once.|Saved on 11/18/2026"));
+        const auto& revoke = child<QPushButton>(screen, "btnRevoke");
+        const auto& close = child<QPushButton>(screen, "btnClose");
+        EXPECT_EQ(revoke.property("kind").toString(), QStringLiteral("danger"));
+        EXPECT_GT(revoke.x(), screen.width() / 2);
+        EXPECT_LT(revoke.x(), close.x());
+        EXPECT_TRUE(close.hasFocus()) << "never on the one that revokes";
+    });
+}
+
+TEST_P(Load, NothingToRevokeLooksLikeANewResult) {
+    answerSavedRequest("");
+    openIn("C", [&](ResultScreen& screen) {
+        EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry||Press F5 to insert symbols."));
+    });
 }
 
 TEST_P(Load, AStatusWithoutARowLeavesTheScreenAsForANewResult) {

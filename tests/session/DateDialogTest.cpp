@@ -8,6 +8,7 @@
 #include "tests/session/Drive.h"
 #include "tests/support/screens/ScriptedSession.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 using namespace session;
@@ -163,6 +164,8 @@ class Access : public testing::Test {
         tests::whileModal([&] { dialog.ShowModal(); },
                           [&](controls::Screen& screen) {
                               EXPECT_EQ(screen.windowTitle(), u"ENTER PASSWORD : ");
+                              EXPECT_EQ(childOf<QLabel>(screen, "lblKeys").text(),
+                                        u"<b>Enter</b> checks the password");
                               QTest::keyClicks(&childOf(screen, "txtPassword"), QLatin1String(password));
                               QTest::keyClick(&childOf(screen, "txtPassword"), Qt::Key_Return);
                           });

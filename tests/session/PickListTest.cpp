@@ -1,5 +1,7 @@
 #include "session/services/frmPickList.h"
 
+#include "platform/base/Conversion.h"
+#include "platform/base/Error.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "session/Session.h"
 #include "session/services/Services.h"
@@ -205,6 +207,35 @@ TEST(DoctorsByCode, CompleteCodeOpensNoList) {
     EXPECT_TRUE(gCodeFind->SearchMode);
     EXPECT_TRUE(gCodeFind->SearchListing(QStringLiteral("D2"), clsLookupPad::doctors));
     EXPECT_EQ(gCodeFind->ResultCode, u"D2");
+}
+
+TEST(Exams, APriceThatCannotBeReadIsLeftOut) {
+    tests::ScriptedSession session;
+    session.server().answer(QStringLiteral("SELECT NucExamID"), ado::Result());
+    session.server().answer(
+        QStringLiteral("SELECT TOP 200 NucExamID"),
+        ScriptedProvider::rowsOf(
+            QStringLiteral("NucExamID,NucExam,RateA,RateB,RateC,RateD,RateE,RateH,Outpatient,Fixrate"),
+            {{"1", "ONE", 100, 200, 300, 400, 500, 600, 700, "Y"},
+             {"2", "TWO", 100, {}, 300, 400, 500, 600, 700, "Y"}}));
+    gCodeFind->ExamPrice = [](const NuclearExamRecord& exam) {
+        return exam.RateB.isNull() ? throw base::RunTimeError(base::errors::typeMismatch)
+                                   : base::CDbl(exam.RateB);
+    };
+    tests::whileModal([] { gCodeFind->SearchListing({}, clsLookupPad::exams); },
+                      [](controls::Screen& list) {
+                          const auto& grid = childOf<FlexGrid>(list, "grdTable");
+                          EXPECT_EQ(grid.TextMatrix(0, 2), u"Price");
+                          EXPECT_EQ(grid.TextMatrix(1, 2), u"200.00");
+                          EXPECT_EQ(grid.TextMatrix(2, 2), u"");
+                          QTest::keyClick(&list, Qt::Key_Escape);
+                      });
+    gCodeFind->ExamPrice = nullptr;
+    tests::whileModal([] { gCodeFind->SearchListing({}, clsLookupPad::exams); },
+                      [](controls::Screen& list) {
+                          EXPECT_EQ(childOf<FlexGrid>(list, "grdTable").TextMatrix(0, 2), u"Rate A");
+                          QTest::keyClick(&list, Qt::Key_Escape);
+                      });
 }
 
 class PickOnFile : public tests::LoggedOn {};

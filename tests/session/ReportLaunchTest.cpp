@@ -2,6 +2,7 @@
 #include "session/TestDoors.h"
 
 #include "platform/base/Error.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "platform/report/output/Print.h"
 #include "platform/report/viewer/Viewer.h"
 #include "session/Session.h"
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -184,6 +186,10 @@ TEST_F(Launch, ViewerShowsTheReportAndReleasesItWhenItIsLeft) {
                       [](controls::Screen& viewer) {
                           EXPECT_EQ(viewer.objectName(), u"frmReportViewer");
                           EXPECT_EQ(viewer.windowTitle(), u"Room Report");
+                          const auto& band = tests::childOf<controls::HeaderBand>(viewer, "bandHeader");
+                          EXPECT_EQ(band.title(), u"Room Report");
+                          EXPECT_EQ(band.subtitle(), u"Esc leaves");
+                          EXPECT_FALSE(tests::childOf(viewer, "lblNotice").isVisible());
                           EXPECT_TRUE(gReport);
                           viewer.close();
                           EXPECT_FALSE(gReport);
@@ -240,6 +246,11 @@ TEST_F(Launch, MachineWithoutAPrinterGetsTheViewer) {
     tests::whileModal([] { ShowReport(false, QStringLiteral("One"), true); },
                       [](controls::Screen& viewer) {
                           EXPECT_EQ(viewer.objectName(), u"frmReportViewer");
+                          const auto& notice = tests::childOf<QLabel>(viewer, "lblNotice");
+                          EXPECT_TRUE(notice.isVisible());
+                          EXPECT_EQ(notice.text(),
+                                    u"No printer is set up on this computer: the page is shown, "
+                                    "not printed.");
                           viewer.Unload();
                       });
     EXPECT_FALSE(gReport);

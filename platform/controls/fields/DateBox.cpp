@@ -63,6 +63,14 @@ QCalendarWidget* calendarOn(base::DateTime moment, QWidget* parent) {
     weekend.setForeground(look::muted);
     calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
     calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
+    QTextCharFormat weekdays;
+    weekdays.setForeground(look::muted);
+    weekdays.setBackground(look::card);
+    calendar->setHeaderTextFormat(weekdays);
+    QTextCharFormat today;
+    today.setForeground(look::accentDark);
+    today.setFontWeight(QFont::Bold);
+    calendar->setDateTextFormat(toCalendar(base::today()), today);
     if (auto* button = calendar->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth")))
         button->setIcon(look::icon("previous"));
     if (auto* button = calendar->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth")))

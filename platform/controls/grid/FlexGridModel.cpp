@@ -1,6 +1,7 @@
 #include "platform/controls/grid/FlexGridModel.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
 
 #include <QFont>
 
@@ -200,7 +201,7 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
     const int column = columnOf(index);
     switch (role) {
     case Qt::DisplayRole:
-        return column == 0 ? numberedText(row) : text(row, column);
+        return column == 0 ? numberedText(row) : shownText(row, column);
     case Qt::TextAlignmentRole:
         return QVariant(alignment(column));
     case Qt::ForegroundRole:
@@ -225,6 +226,22 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
     default:
         return {};
     }
+}
+
+/// A bound date is shown in the one form of all lists; its text stays what the row gave.
+QString FlexGridModel::shownText(int row, int column) const {
+    const Row& cells = m_rows[std::size_t(row)];
+    const int field = column - m_fixedColumns;
+    const bool own = column < int(cells.texts.size()) && !cells.texts[std::size_t(column)].isNull();
+    if (own || cells.source < 0 || field < 0 || field >= int(m_source.columns.size()))
+        return text(row, column);
+    const base::Value& value = m_source.at(cells.source, field);
+    const base::DateTime* moment = value.asDateTime();
+    if (!moment)
+        return text(row, column);
+    const bool dayOnly = base::dateOnly(*moment) == *moment;
+    return base::Format(value,
+                        dayOnly ? QStringLiteral("mm/dd/yyyy") : QStringLiteral("mm/dd/yyyy hh:mm AM/PM"));
 }
 
 QString FlexGridModel::headerText(int column) const {

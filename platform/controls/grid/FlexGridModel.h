@@ -76,6 +76,7 @@ class FlexGridModel : public QAbstractTableModel {
     };
 
     QString headerText(int column) const;
+    QString shownText(int row, int column) const;
     QString numberedText(int row) const;
     void changed(int row, int column);
 

@@ -1,12 +1,13 @@
 #include "platform/controls/look/Look.h"
 
+#include "platform/controls/look/HouseStyle.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFontMetrics>
 #include <QPalette>
 #include <QPushButton>
 #include <QStyle>
-#include <QStyleFactory>
 
 #include <array>
 
@@ -116,7 +117,7 @@ void repolish(QWidget* widget) {
 
 void apply(QApplication& application) {
     initControlsResources();
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(new HouseStyle);
     QFont font;
     font.setFamilies({QStringLiteral("Inter"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
     font.setPointSize(10);

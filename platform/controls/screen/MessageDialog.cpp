@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 
 #include <array>
@@ -67,7 +68,8 @@ MessageDialog::MessageDialog(const QString& prompt, int style, const QString& ti
     : QDialog(parent), m_prompt(prompt), m_answer(leavingAnswer(style)) {
     setObjectName(QStringLiteral("messageBox"));
     setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
     setAccessibleName(windowTitle());
     setAccessibleDescription(prompt);
 
@@ -101,7 +103,13 @@ MessageDialog::MessageDialog(const QString& prompt, int style, const QString& ti
     body->addWidget(text, 1);
     all->addLayout(body);
 
+    // The frame around it is the desktop's: its letters are bold, and an icon and a cross stand beside them.
+    QFont titleFont = font();
+    titleFont.setBold(true);
+    const int titleWidth = QFontMetrics(titleFont).horizontalAdvance(windowTitle()) + look::scaled(96);
+
     auto* bar = new QFrame(this);
+    bar->setMinimumWidth(qMin(titleWidth, screen()->availableGeometry().width() - look::scaled(48)));
     bar->setObjectName(QStringLiteral("messageBar"));
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(gap, look::scaled(10), gap, look::scaled(10));

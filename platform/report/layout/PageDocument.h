@@ -41,6 +41,7 @@ class PageDocument {
     ~PageDocument();
 
     const QString& title() const { return m_title; }
+    void setTitle(const QString& title) { m_title = title; }
     Length pageWidth() const { return m_width; }
     Length pageHeight() const { return m_height; }
     /// So far.

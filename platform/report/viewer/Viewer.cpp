@@ -58,16 +58,16 @@ Viewer::Viewer(QWidget* parent) : QWidget(parent) {
     splitter->addWidget(m_pages);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(m_bar);
+    m_column = new QVBoxLayout(this);
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(0);
+    m_column->addWidget(m_bar);
     addCommands();
     m_runBar = new RunBar(command(QStringLiteral("stop")), this);
     m_runBar->hide();
-    column->addWidget(m_runBar);
-    column->addWidget(m_findBar);
-    column->addWidget(splitter, 1);
+    m_column->addWidget(m_runBar);
+    m_column->addWidget(m_findBar);
+    m_column->addWidget(splitter, 1);
     connectPages();
     setFocusProxy(m_pages);
     setDocument(nullptr);
@@ -188,6 +188,10 @@ void Viewer::connectPages() {
 
 QAction* Viewer::command(const QString& name) const {
     return findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
+}
+
+void Viewer::putOnTop(QWidget* widget) {
+    m_column->insertWidget(m_column->indexOf(m_bar), widget);
 }
 
 bool Viewer::showReport(Report& report) {

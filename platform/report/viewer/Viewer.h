@@ -10,6 +10,7 @@ class QLabel;
 class QLineEdit;
 class QPrinter;
 class QToolBar;
+class QVBoxLayout;
 
 namespace report {
 
@@ -33,6 +34,8 @@ class Viewer : public QWidget {
     /// given up. Raises what Report::start() raises; what goes wrong later goes to the error boundary. The
     /// report may go afterwards.
     bool showReport(Report& report);
+    /// Takes the widget over, to stand above everything of the viewer but those put there before.
+    void putOnTop(QWidget* widget);
     void setDocument(std::shared_ptr<const PageDocument> document);
     const PageDocument* document() const { return m_pages->document(); }
     PageView* pages() const { return m_pages; }
@@ -81,6 +84,7 @@ class Viewer : public QWidget {
     GroupTree* m_tree;
     FindBar* m_findBar;
     PageSearch* m_search;
+    QVBoxLayout* m_column;
     QToolBar* m_bar;
     QLineEdit* m_pageField;
     QLabel* m_pageCount;

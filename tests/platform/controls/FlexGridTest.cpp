@@ -319,6 +319,21 @@ TEST_F(FlexGridTest, ABoundResultFillsFromTheFirstFreeColumn) {
     EXPECT_EQ(grid->Rows(), 2);
 }
 
+TEST_F(FlexGridTest, ABoundDateIsShownInOneFormAndKeepsItsText) {
+    const base::DateTime morning = *base::makeDateTime({2026, 3, 5}, {6, 43, 12});
+    bind(QStringLiteral("Day,Moment,Text"), {{base::dateOnly(morning), morning, "3/5/2026 6:43:12 AM"}});
+    const auto shown = [&](int column) {
+        return grid->model()->index(0, column - 1).data(Qt::DisplayRole).toString();
+    };
+    EXPECT_EQ(shown(1), QStringLiteral("03/05/2026"));
+    EXPECT_EQ(shown(2), QStringLiteral("03/05/2026 06:43 AM"));
+    EXPECT_EQ(shown(3), QStringLiteral("3/5/2026 6:43:12 AM"));
+    EXPECT_EQ(grid->TextMatrix(1, 1), QStringLiteral("3/5/2026"));
+    EXPECT_EQ(grid->TextMatrix(1, 2), QStringLiteral("3/5/2026 6:43:12 AM"));
+    grid->setTextMatrix(1, 2, QStringLiteral("3/6/2026"));
+    EXPECT_EQ(shown(2), QStringLiteral("3/6/2026")) << "what a screen writes stays as it is";
+}
+
 TEST_F(FlexGridTest, ABoundResultKeepsTheFormatStringsHeadersAndHidesWhatIsBeyond) {
     grid->setFormatString(QStringLiteral(" |Adm #|>Amount"));
     bind(QStringLiteral("IdNum,Amount,RequestNum"), {{"2601184", "10.00", "77"}});

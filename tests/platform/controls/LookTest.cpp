@@ -20,12 +20,13 @@ namespace controls {
 namespace {
 
 const char* const givenIcons[] = {
-    "request", "results",  "folder",       "reports",  "leave",      "assessment", "charge",    "inpatient",
-    "supply",  "pharmacy", "result-entry", "inquiry",  "cancel",     "reprint",    "status",    "ledger",
-    "walkin",  "build",    "transaction",  "monthly",  "statistics", "income",     "cancelled", "exams",
-    "quit",    "user",     "settings",     "search",   "print",      "save",       "first",     "previous",
-    "next",    "last",     "zoom-in",      "zoom-out", "fit-width",  "fit-page",   "export",    "copy",
-    "tree",    "info",     "warning",      "error",    "question",   "calendar",   "chevron",   "app"};
+    "request", "results",  "folder",       "reports",    "leave",      "assessment", "charge",    "inpatient",
+    "supply",  "pharmacy", "result-entry", "inquiry",    "cancel",     "reprint",    "status",    "ledger",
+    "walkin",  "build",    "transaction",  "monthly",    "statistics", "income",     "cancelled", "exams",
+    "quit",    "user",     "settings",     "search",     "print",      "save",       "first",     "previous",
+    "next",    "last",     "zoom-in",      "zoom-out",   "fit-width",  "fit-page",   "export",    "copy",
+    "tree",    "info",     "warning",      "error",      "question",   "calendar",   "chevron",   "app",
+    "up",      "list",     "details",      "folder-add", "computer",   "page"};
 
 bool hasInk(const QImage& image, const QColor& color) {
     for (int y = 0; y < image.height(); ++y)
@@ -49,6 +50,21 @@ TEST(Look, EveryIconOfTheHouseDrawsSomething) {
         EXPECT_GT(inked, 60) << name;
     }
     EXPECT_TRUE(look::icon(QStringLiteral("no such icon")).isNull());
+}
+
+TEST(Look, TheDialogsOfTheToolKitWearTheHousesIcons) {
+    const QStyle& style = *QApplication::style();
+    for (const auto& [sign, name] : {std::pair(QStyle::SP_FileDialogToParent, "up"),
+                                     {QStyle::SP_FileDialogNewFolder, "folder-add"},
+                                     {QStyle::SP_FileDialogListView, "list"},
+                                     {QStyle::SP_FileDialogDetailedView, "details"},
+                                     {QStyle::SP_FileDialogBack, "previous"},
+                                     {QStyle::SP_DirIcon, "folder"},
+                                     {QStyle::SP_FileIcon, "page"}})
+        EXPECT_EQ(style.standardIcon(sign).name(), QLatin1String(name));
+    EXPECT_FALSE(style.standardIcon(QStyle::SP_TitleBarCloseButton).isNull())
+        << "what the house does not draw";
+    EXPECT_FALSE(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons));
 }
 
 TEST(Look, AnIconTakesItsColourAndIsSharpWhenScaled) {

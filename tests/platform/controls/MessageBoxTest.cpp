@@ -55,6 +55,24 @@ TEST(MessageBox, EscapeAnswersTheRefusal) {
     EXPECT_EQ(answerOf(vbYesNo, [](QWidget& window) { window.close(); }), vbNo);
 }
 
+TEST(MessageBox, ItsFrameHasRoomForItsTitleAndNothingButACross) {
+    const QString title =
+        QStringLiteral("A title that is longer than the few words of the question below it");
+    answerOf(
+        vbYesNo,
+        [&](QWidget& window) {
+            QFont bold = window.font();
+            bold.setBold(true);
+            EXPECT_GT(window.width(), QFontMetrics(bold).horizontalAdvance(title));
+            EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+            EXPECT_TRUE(window.windowFlags().testFlag(Qt::CustomizeWindowHint));
+            EXPECT_FALSE(window.windowFlags() & Qt::WindowMinMaxButtonsHint);
+            EXPECT_FALSE(window.windowFlags() & Qt::WindowContextHelpButtonHint);
+            tests::keysToFocus(window, QStringLiteral("<Enter>"));
+        },
+        title);
+}
+
 TEST(MessageBox, LettersAndArrowsWork) {
     EXPECT_EQ(answerOf(vbYesNo, typing("n")), vbNo);
     EXPECT_EQ(answerOf(vbYesNo | vbDefaultButton2, typing("Y")), vbYes);
