@@ -16,8 +16,6 @@ namespace app {
 namespace {
 
 constexpr const char* contents = "README.md";
-/// The one whose F1 finds an admitted patient.
-constexpr const char* screenWithAnF1 = "frmMainMenu";
 
 constexpr GuidePlace places[] = {
     {"frmLogOn", "log-on.md"},
@@ -119,16 +117,14 @@ void Guide::addHelp(QMenuBar& bar) {
     controls::on(guide, &QAction::triggered, this, [this] { open(); });
 }
 
+/// A shortcut of the screen's own, as the menu's F1, is taken before the key comes here.
 bool Guide::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     const auto& key = *static_cast<QKeyEvent*>(event);
-    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
-    const bool everywhere = modifiers == Qt::ShiftModifier;
-    if (key.key() != Qt::Key_F1 || (!everywhere && modifiers != Qt::NoModifier) ||
-        QApplication::activePopupWidget() || controls::ErrorBoundary::isStopping())
-        return false;
-    if (!everywhere && screenInFront() == QLatin1String(screenWithAnF1))
+    const bool plain = (key.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == Qt::NoModifier;
+    if (key.key() != Qt::Key_F1 || !plain || QApplication::activePopupWidget() ||
+        controls::ErrorBoundary::isStopping())
         return false;
     if (!key.isAutoRepeat())
         controls::ErrorBoundary::guard([this] { open(); });

@@ -71,8 +71,20 @@ void GuideBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type
         return; // a link to what is not at hand
     page.setFragment(fragment);
     QTextBrowser::doSetSource(page, isFound ? QTextDocument::MarkdownResource : type);
+    setHeadings();
     setTables();
     goToSection(fragment);
+}
+
+void GuideBrowser::setHeadings() {
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() < 2)
+            continue;
+        QTextBlockFormat spacing;
+        spacing.setTopMargin(look::scaled(20));
+        spacing.setBottomMargin(look::scaled(6));
+        QTextCursor(block).mergeBlockFormat(spacing);
+    }
 }
 
 /// Plain rules instead of the toolkit's raised frames.

@@ -31,6 +31,7 @@ class GuideBrowser : public QTextBrowser {
     void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
 
   private:
+    void setHeadings();
     void setTables();
     void goToSection(const QString& slug);
 

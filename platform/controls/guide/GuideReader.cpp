@@ -94,7 +94,7 @@ void GuideReader::place() {
     const int titleBar = look::scaled(32);
     if (!testAttribute(Qt::WA_Resized))
         resize(QSize(look::scaled(760), look::scaled(680)).boundedTo(room.size() - QSize(0, titleBar)));
-    move(room.right() - width(), room.top() + titleBar);
+    move(qMax(room.left(), room.right() - width() - look::scaled(8)), room.top() + titleBar);
 }
 
 /// A modal window keeps its hands off the windows that stand over it.
