@@ -31,6 +31,8 @@
 #include "revocation/frmRePrint.h"
 #include "session/rights/frmUserRights.h"
 
+#include <QMenuBar>
+
 namespace app {
 
 using controls::SharedScreen;
@@ -83,7 +85,9 @@ AppScreens::AppScreens()
               {session::MenuScreen::UserRights, showModal<session::frmUserRights>}} {}
 
 void AppScreens::showMainMenu() {
-    SharedScreen<menu::frmMainMenu>::fresh().Show();
+    auto& screen = SharedScreen<menu::frmMainMenu>::fresh();
+    m_guide.addHelp(*screen.findChild<QMenuBar*>());
+    screen.Show();
 }
 
 void AppScreens::endProgram() {

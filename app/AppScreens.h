@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Guide.h"
 #include "session/Screens.h"
 
 #include <functional>
@@ -31,6 +32,7 @@ class AppScreens : public session::Screens {
 
   private:
     std::map<session::MenuScreen, Opener> m_table;
+    Guide m_guide; ///< of the screens that it opens
 };
 
 } // namespace app

@@ -2,6 +2,7 @@
 
 #include "tests/long/Monkey.h"
 
+#include "app/Guide.h"
 #include "tests/app/ScreenOpeners.h"
 #include "tests/long/Hand.h"
 #include "tests/long/OnDuty.h"
@@ -133,6 +134,7 @@ void monkeyOnFaulty(Course& course) {
 int monkeyPart(const QStringList& words) {
     answerAtRandom(words.value(1).toUInt());
     return onScreens([&](OnDuty&) {
+        const app::Guide guide; // which F1 opens beside the screen
         Hand hand(words.mid(2));
         openerOf(words.value(0)).open([&](QWidget& screen) { hand.play(screen); });
     });

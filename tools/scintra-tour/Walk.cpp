@@ -47,7 +47,7 @@ void missing(const QWidget& window, const QString& name) {
                                  .toStdString());
 }
 
-Walk::Walk(QString folder) : m_folder(std::move(folder)) {}
+Walk::Walk(QString folder, const QString& guideFolder) : m_folder(std::move(folder)), m_guide(guideFolder) {}
 
 void Walk::step(const QString& name, Sight sight, Deed deed) {
     m_steps.push_back({name, std::move(sight), std::move(deed)});
@@ -56,8 +56,10 @@ void Walk::step(const QString& name, Sight sight, Deed deed) {
 void Walk::picture(const QString& name, Sight sight) {
     step(QStringLiteral("picture of ") + name, std::move(sight), [this, name](QWidget& window) {
         const QString file = QStringLiteral("%1-%2.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
-        if (!window.grab().save(QDir(m_folder).filePath(file)))
+        const QImage picture = window.grab().toImage();
+        if (!picture.save(QDir(m_folder).filePath(file)))
             throw std::runtime_error("the picture cannot be written");
+        m_guide.take(name, window, picture);
         std::printf("  %s\n", file.toUtf8().constData());
     });
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tools/scintra-tour/GuidePictures.h"
+
 #include <QObject>
 #include <QString>
 #include <QWidget>
@@ -34,7 +36,8 @@ using Deed = std::function<void(QWidget& window)>;
 /// process.
 class Walk : public QObject {
   public:
-    explicit Walk(QString folder);
+    /// The guide's pictures go to a folder of their own; "" for none.
+    explicit Walk(QString folder, const QString& guideFolder = {});
 
     /// `name` says in plain words what happens.
     void step(const QString& name, Sight sight, Deed deed);
@@ -46,6 +49,7 @@ class Walk : public QObject {
     /// Prints why and ends the process with exit code 1.
     [[noreturn]] void fail(const QString& why) const;
     const QString& folder() const { return m_folder; }
+    const GuidePictures& guide() const { return m_guide; }
 
   private:
     struct Step {
@@ -59,6 +63,7 @@ class Walk : public QObject {
     QString whatIsOnScreen() const;
 
     QString m_folder;
+    GuidePictures m_guide;
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
     int m_attempts = 0;

@@ -95,10 +95,13 @@ void finish(const tour::Walk& walk, const QString& hospitalFile, const QString& 
         walk.fail(QStringLiteral("The charge slip was not printed."));
     if (statements == 0)
         walk.fail(QStringLiteral("The server wrote no trace."));
+    if (!walk.guide().missing().isEmpty())
+        walk.fail(QStringLiteral("The guide shows what the tour does not come by: %1.")
+                      .arg(walk.guide().missing().join(QStringLiteral(", "))));
     say(QStringLiteral("pictures, slip.pdf and trace.txt are in %1").arg(folder.absolutePath()));
 }
 
-int runTour(const QString& folder) {
+int runTour(const QString& folder, const QString& guideFolder) {
     if (!QDir().mkpath(folder)) {
         std::fprintf(stderr, "scintra-tour: %s cannot be made.\n", folder.toUtf8().constData());
         return 1;
@@ -112,7 +115,7 @@ int runTour(const QString& folder) {
     session::setHospitalFile(hospitalFile);
     report::setPrintTarget(QDir(folder).filePath(QStringLiteral("slip.pdf")));
 
-    tour::Walk walk(folder);
+    tour::Walk walk(folder, guideFolder);
     controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {
         walk.fail(QStringLiteral("Run-time error '%1': %2 %3")
                       .arg(error.number())
@@ -165,24 +168,32 @@ int runTour(const QString& folder) {
 
 } // namespace
 
-/// scintra-tour [FOLDER]
+/// scintra-tour [FOLDER] [--guide FOLDER]
 int main(int argc, char** argv) {
     base::ignoreDesksLanguage();
     controls::Application application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     controls::look::apply(application);
-    const QStringList arguments = application.arguments().mid(1);
+    QStringList arguments = application.arguments().mid(1);
+    QString guideFolder;
+    if (const qsizetype at = arguments.indexOf(QStringLiteral("--guide"));
+        at >= 0 && at + 1 < arguments.size()) {
+        guideFolder = arguments.takeAt(at + 1);
+        arguments.removeAt(at);
+    }
     if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
-        say(QStringLiteral("usage: scintra-tour [FOLDER]\n\n"
+        say(QStringLiteral("usage: scintra-tour [FOLDER] [--guide FOLDER]\n\n"
                            "Takes the program through a day, on a made-up hospital in a fresh file: "
                            "requests, an assessment, a result,\n"
                            "and what is asked about them. Leaves a picture of each step, what was printed "
                            "and all statements in the\n"
-                           "folder (./out/tour). Exit code 1 when a step does not happen."));
+                           "folder (./out/tour), with --guide the pictures of the guide, small, in that one. "
+                           "Exit code 1 when a step\n"
+                           "does not happen."));
         return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
     }
     try {
-        return runTour(arguments.value(0, QStringLiteral("out/tour")));
+        return runTour(arguments.value(0, QStringLiteral("out/tour")), guideFolder);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "scintra-tour: %s\n", error.what());
         return 1;

@@ -133,7 +133,8 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void DateBox::focusOutEvent(QFocusEvent* event) {
-    setDate(date());
+    if (event->reason() != Qt::ActiveWindowFocusReason) // half typed it waits
+        setDate(date());
     MaskedDate::focusOutEvent(event);
 }
 

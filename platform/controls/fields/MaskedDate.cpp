@@ -44,12 +44,24 @@ QSize MaskedDate::sizeHint() const {
 
 void MaskedDate::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (event->reason() == Qt::MouseFocusReason)
+    const bool resumes = m_resumes && event->reason() == Qt::ActiveWindowFocusReason;
+    m_resumes = false;
+    if (event->reason() == Qt::MouseFocusReason || resumes)
         return;
     if (isEmpty())
         setCursorPosition(0);
     else
         selectAll();
+}
+
+void MaskedDate::focusOutEvent(QFocusEvent* event) {
+    m_resumes = event->reason() == Qt::ActiveWindowFocusReason;
+    QLineEdit::focusOutEvent(event);
+}
+
+void MaskedDate::showEvent(QShowEvent* event) {
+    m_resumes = false;
+    QLineEdit::showEvent(event);
 }
 
 void MaskedDate::mousePressEvent(QMouseEvent* event) {

@@ -33,7 +33,12 @@ class MaskedDate : public QLineEdit {
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    bool m_resumes = false; ///< left for another window: back from it typing goes on where it was
 };
 
 } // namespace controls
