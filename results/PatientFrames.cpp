@@ -9,10 +9,12 @@ PatientFrames::PatientFrames(QWidget* parent) : QWidget(parent), m_ui(std::make_
     m_ui->setupUi(this);
     for (QToolButton* browse : {m_ui->cmdBrowse1, m_ui->cmdBrowse2})
         browse->setIcon(controls::look::icon(QStringLiteral("search")));
-    // The whole date beside its calendar's sign, whatever stands next to it.
-    m_ui->DtResultDate->setMinimumWidth(
-        m_ui->DtResultDate->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) +
-        controls::look::scaled(50));
+    // The whole date beside its calendar's sign, and the whole number, whatever stands next to them.
+    const auto widthOf = [this](const char* text) {
+        return fontMetrics().horizontalAdvance(QLatin1String(text));
+    };
+    m_ui->DtResultDate->setMinimumWidth(widthOf("00/00/0000") + controls::look::scaled(50));
+    m_ui->txtCaseNum->setMinimumWidth(widthOf("00-000000") + controls::look::scaled(20));
 }
 
 PatientFrames::~PatientFrames() = default;
