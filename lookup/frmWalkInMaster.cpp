@@ -40,7 +40,7 @@ enum GridColumn {
     zipCode
 };
 
-constexpr int widths[] = {100, 1150, 1550, 1650, 1450, 1450, 1250, 600, 1150, 600, 2200, 1450, 1600, 1750};
+constexpr int widths[] = {100, 1100, 1750, 2320, 1500, 1480, 1320, 540, 1280, 540, 2330, 1300, 1450, 1400};
 
 constexpr controls::ListVariant variant = {
     .format = " | HospNum | LastName | FirstName | MiddleName | CivilStatusID | CivilStatus | Sex | "

@@ -21,6 +21,9 @@ class PatientFrames : public QWidget {
     /// Gives the first doctor's fields another caption and other names.
     void nameFirstDoctor(const QString& caption, const QString& codeField, const QString& nameField);
 
+    /// Beside today's; "" when there is no saved result, or its date is not known.
+    void showSavedDate(const QString& date);
+
   private:
     std::unique_ptr<Ui::PatientFrames> m_ui;
 };

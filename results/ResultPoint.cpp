@@ -2,6 +2,7 @@
 
 #include "platform/controls/look/HeaderBand.h"
 #include "platform/controls/look/Look.h"
+#include "results/PatientFrames.h"
 
 #include <QLabel>
 
@@ -39,9 +40,7 @@ void sayPoint(QWidget& screen, ResultPoint point, const QString& savedDate) {
     if (point != ResultPoint::New)
         band->setTitle(screen.windowTitle() + QStringLiteral("   ·   ") + QString::fromLatin1(text.band));
     look::setKind(band, point == ResultPoint::ToRevoke ? QStringLiteral("danger") : QString());
-    auto* saved = screen.findChild<QLabel*>(QStringLiteral("lblSavedDate"));
-    saved->setText(QStringLiteral("Saved on ") + savedDate);
-    saved->setVisible(point != ResultPoint::New && !savedDate.isEmpty());
+    screen.findChild<PatientFrames*>()->showSavedDate(point == ResultPoint::New ? QString() : savedDate);
 }
 
 void sayWhatCanBeDone(QWidget& screen, ResultPoint point, bool takesSymbols) {

@@ -14,7 +14,7 @@ enum class ResultPoint {
 };
 
 /// What a result screen says of the point beside the fields and commands that it allows: in its band, and by
-/// the date of the saved result ("" when it is not known) below today's.
+/// the date of the saved result ("" when it is not known) beside today's.
 void sayPoint(QWidget& screen, ResultPoint point, const QString& savedDate);
 
 /// The sentence beside the commands. `takesSymbols`: there is a field that F5 could fill.

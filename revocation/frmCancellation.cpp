@@ -56,7 +56,8 @@ frmCancellation::frmCancellation(QWidget* parent)
     : ListScreen(parent), m_ui(std::make_unique<Ui::frmCancellation>()) {
     m_ui->setupUi(this);
     setUpList({.grid = m_ui->grdExams, .close = m_ui->cmdClose}, lines);
-    controls::look::setPrimary(m_ui->cmdSave);
+    controls::look::setKind(m_ui->cmdSave, QStringLiteral("danger"));
+    controls::look::setKind(m_ui->bandHeader, QStringLiteral("danger"));
     controls::on(m_ui->cmdSave, &QPushButton::clicked, this, [this] { cmdSave_Click(); });
 }
 

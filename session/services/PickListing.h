@@ -30,7 +30,7 @@ struct PickColumn {
 /// `##section` what the list is confined to, `##location` a stock location it is confined to, `##stock` the
 /// stock location that is shown.
 struct PickListing {
-    static constexpr std::size_t mostColumns = 10;
+    static constexpr std::size_t mostColumns = 8;
     static constexpr int mostRows = 200; ///< the TOP of every listing statement
 
     const char* title;

@@ -34,6 +34,18 @@ using tests::whatIsOutOfReach;
 /// ever gets shorter: a line that is no longer found has to go, and no new screen enters.
 const QStringList known;
 
+/// Help lines ("<b>Enter</b> Search") whose keys run into each other.
+QStringList unpartedHelp(const QWidget& window) {
+    QStringList found;
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        const QString text = label->text();
+        if (label->property("kind") == QVariant(QStringLiteral("help")) &&
+            text.count(QStringLiteral("&nbsp;·&nbsp; <b>")) + 1 < text.count(QStringLiteral("<b>")))
+            found << label->objectName() + QStringLiteral(": ") + text;
+    }
+    return found;
+}
+
 class EveryScreen : public tests::LoggedOn, public testing::WithParamInterface<tests::ScreenOpener> {
   protected:
     EveryScreen() { session::setProgramFolder(QStringLiteral(SCINTRA_SOURCE_DIR)); }
@@ -47,6 +59,7 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
     GetParam().open([&](QWidget& window) {
         looked = true;
         EXPECT_EQ(window.objectName(), screen);
+        EXPECT_EQ(unpartedHelp(window), QStringList());
         QStringList left = known.filter(QRegularExpression(u'^' + QRegularExpression::escape(begin)));
         for (const QString& found : whatIsOutOfReach(window)) {
             if (!left.removeOne(begin + found))

@@ -3,6 +3,7 @@
 #include "lookup/frmAddWalkIn.h"
 #include "platform/ado/Batch.h"
 #include "platform/controls/fields/MaskedDate.h"
+#include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/logon/HospitalServer.h"
 #include "tests/lookup/LookupFixture.h"
@@ -63,6 +64,15 @@ TEST_F(WalkInMaster, OpensAtTheSearch) {
                        "Housestreet|Barangay|Town|Province"));
     EXPECT_FALSE(button(screen, "cmdEdit").isEnabled());
     EXPECT_EQ(trace(), "");
+}
+
+TEST_F(WalkInMaster, ItsColumnsShowNames) {
+    const QFontMetrics metrics(grid.font());
+    const int frame = controls::look::scaled(14);
+    for (const auto& [column, name] :
+         {std::pair(2, "DE AGBAYANI"), {3, "BENJAMIN EDUARDO"}, {4, "VILLANUEVA"}})
+        EXPECT_GE(grid.columnWidth(column - 1), metrics.horizontalAdvance(QLatin1String(name)) + frame)
+            << name;
 }
 
 TEST_F(WalkInMaster, SearchesOnEnterOnly) {

@@ -91,7 +91,7 @@ TEST_F(ChargeSlip, WithoutAPrinterItIsShownUnderItsTitle) {
     tests::runModal([&] { type("<Alt+P>"); }, {[&](QWidget& viewer) {
                         title = viewer.windowTitle();
                         EXPECT_EQ(tests::child<report::Viewer>(viewer, "CRViewer1").document()->title(),
-                                  QStringLiteral("Charge Slip C%1J").arg(slip))
+                                  QStringLiteral("Slip C%1J").arg(slip))
                             << "the name of an export, of a print job and of the document";
                         EXPECT_FALSE(screen().isUnloaded()) << "the screen goes behind the print";
                         viewer.close();

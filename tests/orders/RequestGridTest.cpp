@@ -262,12 +262,12 @@ TEST_F(RequestGrid, TheListOfExamsShowsThePriceByWhichTheLineIsMade) {
     tests::runModal([&] { type("BONE SCAN, W<Enter>"); }, {[](QWidget& list) {
                         auto& exams = tests::child<controls::FlexGrid>(list, "grdTable");
                         EXPECT_EQ(captionsOf(exams).join(u'|'),
-                                  "Code|Exam|Price|Rate A|Rate B|Rate C|Rate D|Rate E|HMO|OPD");
+                                  "Code|Exam|Price|Rate A|Rate B|Rate C|Rate D|Rate E");
                         QStringList row;
                         for (int column = 0; column < exams.Cols(); ++column)
                             row += exams.TextMatrix(1, column);
                         EXPECT_EQ(row.join(u'|'), "1001|BONE SCAN, WHOLE BODY|5,620.00|5,200.00|5,620.00|"
-                                                  "6,240.00|7,020.00|7,800.00|5,980.00|5,200.00");
+                                                  "6,240.00|7,020.00|7,800.00");
                         tests::keysToFocus(list, "<Enter>");
                     }});
     EXPECT_EQ(cell(1, 5), "5620.00") << "as it was shown";

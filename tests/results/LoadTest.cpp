@@ -261,11 +261,13 @@ TEST_P(Load, ASavedResultSaysSoWithItsDateAndSymbolsBehindEditOnly) {
     resultDate = QStringLiteral("11/18/2026");
     openIn("R", [&](ResultScreen& screen) {
         EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry   ·   Saved Result||Edit unlocks the "
-                                                  "fields.|Saved on 11/18/2026"));
+                                                  "fields.|Saved 11/18/2026"));
         EXPECT_EQ(screen.text("DtResultDate"), QStringLiteral("11/21/2026"));
+        const auto& today = child<QLineEdit>(screen, "DtResultDate");
+        EXPECT_GT(today.width(), today.fontMetrics().horizontalAdvance(today.text()) + 40) << "cut";
         tests::keysToFocus(screen, QStringLiteral("<Alt+E>"));
         EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry   ·   Saved Result||Press F5 to insert "
-                                                  "symbols.|Saved on 11/18/2026"));
+                                                  "symbols.|Saved 11/18/2026"));
     });
 }
 
@@ -275,7 +277,7 @@ TEST_P(Load, ARevocationLooksLikeOne) {
     resultDate = QStringLiteral("11/18/2026");
     openIn("C", [&](ResultScreen& screen) {
         EXPECT_EQ(pointOf(screen), QStringLiteral("Result Entry   ·   Revoke Result|danger|Revoke takes this "
-                                                  "result back at once.|Saved on 11/18/2026"));
+                                                  "result back at once.|Saved 11/18/2026"));
         const auto& revoke = child<QPushButton>(screen, "btnRevoke");
         const auto& close = child<QPushButton>(screen, "btnClose");
         EXPECT_EQ(revoke.property("kind").toString(), QStringLiteral("danger"));

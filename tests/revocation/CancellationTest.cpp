@@ -52,6 +52,17 @@ TEST_F(Cancelling, AReceiptsLineIsTakenOffTheReceipt) {
                      "spGlobal_CashUpdate 'OR9001','NU','1001',''", "COMMIT"}));
 }
 
+TEST_F(Cancelling, ItLooksLikeARevocation) {
+    const Charged line = paidLine();
+    post(hospital, line);
+    expectRevoked();
+    cancelling(line, {[](QWidget& window) {
+                   for (const char* name : {"bandHeader", "cmdSave"})
+                       EXPECT_EQ(child<QWidget>(window, name).property("kind").toString(), "danger") << name;
+                   tests::click(child<QWidget>(window, "cmdSave"));
+               }});
+}
+
 TEST_F(Cancelling, AnOutPatientsOwnLineIsReversedInTheShortForm) {
     const Charged line = outPatients(hospital);
     post(hospital, line);
