@@ -24,6 +24,40 @@ QWidget* entryScreen() {
     return nullptr;
 }
 
+/// What a technologist and a physician write, for whichever entry screen the exam led to; a screen takes the
+/// fields that it has.
+struct Written {
+    const char* field;
+    const char* text;
+};
+constexpr Written written[] = {
+    {"txtRadiopharmaceutical", "Tc-99m MDP"},
+    {"txtDose", "20 mCi"},
+    {"txtRoute", "I.V."},
+    {"txtProjections", "ANTERIOR AND POSTERIOR"},
+    {"txtIsotope", "Tc-99m"},
+    {"txtScale", "97.5"},
+    {"txtTechnologist", "R. VILLANUEVA"},
+    {"txtNormal_4", "2.75 uIU/mL"},
+    {"txtClinicalHistory", "Low back pain for three months; to rule out metastases."},
+    {"txtConsultation", "Tracer distribution is homogenous. No focal area of increased uptake is seen."},
+    {"txtConclusion", "NORMAL BONE SCAN. NO EVIDENCE OF OSSEOUS METASTASES."},
+};
+
+/// What stood in the field goes; false where the window has no such field.
+bool writtenOver(QWidget& window, const Written& one) {
+    const QString name = QLatin1String(one.field);
+    if (auto* line = window.findChild<QLineEdit*>(name)) {
+        line->selectAll();
+        QTest::keyClicks(line, QLatin1String(one.text));
+        return true;
+    }
+    auto* text = window.findChild<QPlainTextEdit*>(name);
+    if (text)
+        QTest::keyClicks(text, QLatin1String(one.text));
+    return text != nullptr;
+}
+
 void addRequest(Walk& walk, const QString& admissionNumber, const QString& chargeSlip) {
     walk.step(QStringLiteral("Click the results' main button"), seen("frmMainMenu"),
               clicked("cmdMainMenu_1"));
@@ -52,15 +86,16 @@ void addRequest(Walk& walk, const QString& admissionNumber, const QString& charg
               typed("grdTable", {}, Qt::Key_Return));
 }
 
-void addEntry(Walk& walk) {
+void addEntry(Walk& walk, ResultWalkResult& result) {
     walk.step(QStringLiteral("Type the case number"), entryScreen,
               typed("txtCaseNum", QStringLiteral("90001"), Qt::Key_Tab));
-    walk.step(QStringLiteral("Type the technical data and the text"), entryScreen, [](QWidget& window) {
-        QTest::keyClicks(&control<QLineEdit>(window, QStringLiteral("txtRadiopharmaceutical")),
-                         QStringLiteral("Tc-99m MDP"));
-        if (auto* text = window.findChild<QPlainTextEdit*>(QStringLiteral("txtConsultation")))
-            QTest::keyClicks(text, QStringLiteral("Tracer distribution is homogenous."));
-    });
+    walk.step(QStringLiteral("Type the technical data and the text"), entryScreen,
+              [&result](QWidget& window) {
+                  for (const Written& one : written) {
+                      if (writtenOver(window, one))
+                          result.written << QLatin1String(one.text);
+                  }
+              });
     walk.picture(QStringLiteral("result"), entryScreen);
     walk.step(QStringLiteral("Save and print the result"), entryScreen, clicked("btnSavePrint"));
     walk.step(QStringLiteral("Close the result's box with Enter"),
@@ -86,7 +121,7 @@ void addPage(Walk& walk, ResultWalkResult& result) {
 void addResultWalk(Walk& walk, const QString& admissionNumber, const QString& chargeSlip,
                    ResultWalkResult& result) {
     addRequest(walk, admissionNumber, chargeSlip);
-    addEntry(walk);
+    addEntry(walk, result);
     addPage(walk, result);
 }
 
