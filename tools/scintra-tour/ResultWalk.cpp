@@ -24,38 +24,41 @@ QWidget* entryScreen() {
     return nullptr;
 }
 
-/// What a technologist and a physician write, for whichever entry screen the exam led to; a screen takes the
-/// fields that it has.
+/// What a technologist and a physician write. The tour's request is an assay of Anti-TG; the other screens
+/// are ready for another one.
 struct Written {
+    const char* screen;
     const char* field;
     const char* text;
 };
 constexpr Written written[] = {
-    {"txtRadiopharmaceutical", "Tc-99m MDP"},
-    {"txtDose", "20 mCi"},
-    {"txtRoute", "I.V."},
-    {"txtProjections", "ANTERIOR AND POSTERIOR"},
-    {"txtIsotope", "Tc-99m"},
-    {"txtScale", "97.5"},
-    {"txtTechnologist", "R. VILLANUEVA"},
-    {"txtNormal_4", "2.75 uIU/mL"},
-    {"txtClinicalHistory", "Low back pain for three months; to rule out metastases."},
-    {"txtConsultation", "Tracer distribution is homogenous. No focal area of increased uptake is seen."},
-    {"txtConclusion", "NORMAL BONE SCAN. NO EVIDENCE OF OSSEOUS METASTASES."},
+    {"frmResultRadioImmuno", "txtNormal_1", "28.4 IU/mL"},
+    {"frmResultRadioImmuno", "txtTechnologist", "R. VILLANUEVA"},
+    {"frmResultEntryGFR", "txtRadiopharmaceutical", "Tc-99m DTPA"},
+    {"frmResultEntryGFR", "txtDose", "10 mCi"},
+    {"frmResultEntryGFR", "txtProjections", "POSTERIOR"},
+    {"frmResultEntryGFR", "txtScale", "97.5"},
+    {"frmResultEntry", "txtRadiopharmaceutical", "Tc-99m MDP"},
+    {"frmResultEntry", "txtDose", "20 mCi"},
+    {"frmResultEntry", "txtRoute", "I.V."},
+    {"frmResultEntry", "txtProjections", "ANTERIOR AND POSTERIOR"},
+    {"frmResultEntry", "txtClinicalHistory", "Low back pain for three months."},
+    {"frmResultEntry", "txtConsultation", "Tracer distribution is homogenous."},
+    {"frmResultEntry", "txtConclusion", "NORMAL BONE SCAN."},
 };
 
-/// What stood in the field goes; false where the window has no such field.
+/// What stood in the field goes; false where the window is another screen.
 bool writtenOver(QWidget& window, const Written& one) {
+    if (window.objectName() != QLatin1String(one.screen))
+        return false;
     const QString name = QLatin1String(one.field);
     if (auto* line = window.findChild<QLineEdit*>(name)) {
         line->selectAll();
         QTest::keyClicks(line, QLatin1String(one.text));
         return true;
     }
-    auto* text = window.findChild<QPlainTextEdit*>(name);
-    if (text)
-        QTest::keyClicks(text, QLatin1String(one.text));
-    return text != nullptr;
+    QTest::keyClicks(&control<QPlainTextEdit>(window, name), QLatin1String(one.text));
+    return true;
 }
 
 void addRequest(Walk& walk, const QString& admissionNumber, const QString& chargeSlip) {
@@ -89,13 +92,12 @@ void addRequest(Walk& walk, const QString& admissionNumber, const QString& charg
 void addEntry(Walk& walk, ResultWalkResult& result) {
     walk.step(QStringLiteral("Type the case number"), entryScreen,
               typed("txtCaseNum", QStringLiteral("90001"), Qt::Key_Tab));
-    walk.step(QStringLiteral("Type the technical data and the text"), entryScreen,
-              [&result](QWidget& window) {
-                  for (const Written& one : written) {
-                      if (writtenOver(window, one))
-                          result.written << QLatin1String(one.text);
-                  }
-              });
+    walk.step(QStringLiteral("Type what was measured and read"), entryScreen, [&result](QWidget& window) {
+        for (const Written& one : written) {
+            if (writtenOver(window, one))
+                result.written << QLatin1String(one.text);
+        }
+    });
     walk.picture(QStringLiteral("result"), entryScreen);
     walk.step(QStringLiteral("Save and print the result"), entryScreen, clicked("btnSavePrint"));
     walk.step(QStringLiteral("Close the result's box with Enter"),

@@ -143,7 +143,7 @@ int runTour(const QString& folder) {
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
-            if (!shown.page.contains(QStringLiteral("-90001")) ||
+            if (!shown.page.contains(QStringLiteral("-90001")) || shown.written.isEmpty() ||
                 !shown.page.contains(result.admissionNumber))
                 walk.fail(QStringLiteral("The result's page is not whole."));
             for (const QString& text : shown.written) {

@@ -75,6 +75,19 @@ TEST(Sheet, IsTheSameInAnyOrderOfAsking) {
     EXPECT_EQ(pages->rows()->at(0, 4), Value(10.0));
 }
 
+/// The first cell takes the rows in, and every sum looks its column up meanwhile.
+TEST(Sheet, ACellKeepsItsColumnWhileManySumsAreTakenIn) {
+    QString footer = QStringLiteral("<reportFooter height=\"5mm\">");
+    for (int i = 0; i < 400; ++i)
+        footer += QStringLiteral("<field x=\"0mm\" y=\"0mm\" width=\"50mm\" height=\"5mm\" "
+                                 "value=\"Sum({Amount} + %1)\"/>")
+                      .arg(i);
+    const auto pages = tests::laidOut(sheet + footer + "</reportFooter>", "Type,IdNum,Age,Amount,Moment",
+                                      {{"I", "0012", 61, 10, moment(9)}, {"O", "0013", 62, 20, moment(9)}});
+    EXPECT_EQ(pages->rows()->at(0, 1), Value("0012"));
+    EXPECT_EQ(pages->rows()->at(1, 1), Value("0013"));
+}
+
 TEST(Sheet, WhatIsNotOfItsKindStaysAText) {
     const auto pages = document({{"I", "1", "6 months", "free", "unknown"}, {"I", "2", "", "", ""}});
     EXPECT_EQ(pages->rows()->at(0, 2), Value("6 months"));
