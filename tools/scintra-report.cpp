@@ -20,7 +20,7 @@ struct Wish {
     QString definition;
     QString hospital = hospital::defaultHospitalFile();
     QString to;
-    QString name, address;
+    QString name, address, printedBy;
     std::vector<std::pair<QString, QString>> values; ///< "name" or "sub-report.name", value
 };
 
@@ -29,7 +29,8 @@ constexpr const char* usage =
     "  name=value            a parameter of the report; SubReport.name=value: of a report inside it\n"
     "  --hospital FILE       the hospital file to read; without it, that of the program itself\n"
     "  --heading NAME        the hospital's name on paper; without it, that of the hospital file\n"
-    "  --address TEXT        its address, likewise\n\n"
+    "  --address TEXT        its address, likewise\n"
+    "  --printed-by NAME     who prints it, for the foot of the pages\n\n"
     "A PDF file holds the pages; a workbook or a CSV file holds the rows of the details.\n"
     "Exit codes: 0 done, 2 wrong words, 3 failed.\n";
 
@@ -43,7 +44,8 @@ QString read(const QStringList& words, Wish& wish) {
     const std::pair<QString, QString*> options[] = {{QStringLiteral("--hospital"), &wish.hospital},
                                                     {QStringLiteral("--to"), &wish.to},
                                                     {QStringLiteral("--heading"), &wish.name},
-                                                    {QStringLiteral("--address"), &wish.address}};
+                                                    {QStringLiteral("--address"), &wish.address},
+                                                    {QStringLiteral("--printed-by"), &wish.printedBy}};
     for (qsizetype i = 0; i < words.size(); ++i) {
         const QString& word = words[i];
         if (word.startsWith(QLatin1String("--"))) {
@@ -109,6 +111,7 @@ QStringList missingIn(report::Report& report, const QString& prefix = {}) {
 int run(const Wish& wish) {
     const report::LogOn logOn = logOnTo(wish.hospital);
     const auto report = report::Report::open(wish.definition, logOn);
+    report->printedBy = wish.printedBy;
     setHeading(*report, wish, logOn);
     for (const auto& [name, value] : wish.values) {
         const qsizetype point = name.indexOf(u'.');
@@ -126,7 +129,7 @@ int run(const Wish& wish) {
     if (report::fileKindOf(wish.to) == report::FileKind::Pdf) {
         report::exportPdf(*report->run(), wish.to);
     } else {
-        const auto rows = report->rows();
+        const auto rows = report->sheetRows();
         const ado::Rows none;
         const report::HeldRows noRows(none);
         report::exportRows(rows ? *rows : noRows, report->rowsHeading(), wish.to);

@@ -6,6 +6,7 @@
 #include "platform/report/definition/ReportError.h"
 #include "platform/report/evaluation/Evaluator.h"
 #include "platform/report/layout/Layout.h"
+#include "platform/report/output/SheetRows.h"
 
 #include <QDir>
 #include <QFile>
@@ -142,19 +143,10 @@ QStringList Report::subReportNames() const {
 
 /// A formula in a query knows parameters only: there are no rows yet.
 QString Report::queryFormula(int index) const {
-    auto data = std::make_shared<ReportData>();
-    data->definition = m_definition;
-    data->tables.resize(m_tables.size());
-    for (const auto& [given, value] : m_parameters)
-        data->parameters.push_back(value);
-    data->formulas = m_formulas;
-    data->headingName = headingName;
-    data->headingAddress = headingAddress;
-    data->printedAt = base::now();
     Expression formula;
     formula.kind = Expression::Kind::Formula;
     formula.index = index;
-    return base::textOf(Evaluator(data).value(formula, Standpoint()));
+    return base::textOf(Evaluator(bareData()).value(formula, Standpoint()));
 }
 
 ado::Statement Report::tableStatement(std::size_t table) const {
@@ -210,30 +202,46 @@ std::shared_ptr<const RowSource> Report::rows(const ProgressCall& progress) cons
 }
 
 SheetHeading Report::rowsHeading() const {
-    std::vector<base::Value> values;
-    for (const auto& [given, value] : m_parameters)
-        values.push_back(value);
-    return headingOf(*m_definition, headingName, headingAddress, values);
+    return headingOf(bareData());
 }
 
-/// Everything but the rows of the details.
-std::shared_ptr<ReportData> Report::readBesides() const {
+std::shared_ptr<const RowSource> Report::sheetRows(const ProgressCall& progress) const {
+    std::shared_ptr<const RowSource> details = rows(progress);
+    if (!details)
+        return nullptr;
+    std::shared_ptr<ReportData> data = bareData();
+    for (std::size_t i = 1; i < m_tables.size(); ++i)
+        data->tables[i] = readTable(i);
+    data->details = std::move(details);
+    return exportedRows(data);
+}
+
+/// Everything that needs no server.
+std::shared_ptr<ReportData> Report::bareData() const {
     auto data = std::make_shared<ReportData>();
     data->definition = m_definition;
     data->tables.resize(m_tables.size());
-    for (std::size_t i = 1; i < m_tables.size(); ++i)
-        data->tables[i] = readTable(i);
     for (const auto& [given, value] : m_parameters)
         data->parameters.push_back(value);
     data->formulas = m_formulas;
     data->headingName = headingName;
     data->headingAddress = headingAddress;
     data->printedAt = base::now();
+    data->printedBy = printedBy;
     data->watermark = watermark;
+    return data;
+}
+
+/// Everything but the rows of the details.
+std::shared_ptr<ReportData> Report::readBesides() const {
+    std::shared_ptr<ReportData> data = bareData();
+    for (std::size_t i = 1; i < m_tables.size(); ++i)
+        data->tables[i] = readTable(i);
     for (std::size_t i = 0; i < m_subReports.size(); ++i) {
         Report& subReport = *m_subReports[i];
         subReport.headingName = headingName;
         subReport.headingAddress = headingAddress;
+        subReport.printedBy = printedBy;
         const bool ahead = m_definition->subReports[i].readAhead;
         data->subReports.push_back(ahead ? subReport.readData() : nullptr);
         data->linked.push_back(subReport.linkedReader());
@@ -246,6 +254,7 @@ ReadLinked Report::linkedReader() const {
     std::shared_ptr<Report> copy(new Report(m_definition, m_logOn));
     copy->headingName = headingName;
     copy->headingAddress = headingAddress;
+    copy->printedBy = printedBy;
     copy->m_tables = m_tables;
     copy->m_parameters = m_parameters;
     copy->m_formulas = m_formulas;

@@ -46,6 +46,8 @@ class Report {
     /// The two document properties that make the heading.
     QString headingName;
     QString headingAddress;
+    /// Who prints it, a value of the run as its time is; "" where nobody is known.
+    QString printedBy;
     /// Stands across every page ("RE-PRINT"), in place of the definition's own; "" leaves that.
     QString watermark;
     /// The number of the paper that this is ("C20170J"): told behind the title, and so in the name of an
@@ -81,6 +83,8 @@ class Report {
     /// table, or when `progress` gave it up. Raises what the server says.
     std::shared_ptr<const RowSource> rows(const ProgressCall& progress = {}) const;
 
+    /// What an export writes: these rows as the definition's sheet tells them. Null as rows() is.
+    std::shared_ptr<const RowSource> sheetRows(const ProgressCall& progress = {}) const;
     /// What a sheet of them is headed with.
     SheetHeading rowsHeading() const;
 
@@ -99,6 +103,7 @@ class Report {
     bool isLinked(int parameter) const;
     ReadLinked linkedReader() const;
     ado::Rows readTable(std::size_t table) const;
+    std::shared_ptr<ReportData> bareData() const;
     std::shared_ptr<ReportData> readBesides() const;
     std::shared_ptr<ReportData> readData() const;
     QString queryFormula(int index) const;

@@ -1,3 +1,4 @@
+#include "server/demo/Assays.h"
 #include "server/demo/Catalogue.h"
 #include "server/demo/TableWriter.h"
 #include "server/demo/World.h"
@@ -85,9 +86,10 @@ class RequestWriter {
                     "UserID",
                     "ResultDate"})
         , m_radio(world.file, "NUCLEAR..tbNucRadioResult",
-                  {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode",
-                   "RequestDocCode", "ItemID", "Dose", "UserID", "ResultDate", "TSH", "FreeT4", "FreeT3",
-                   "Technologist"})
+                  {"RequestNum",     "HospNum", "IdNum",    "CaseNumber", "PatientType", "AttendingDocCode",
+                   "RequestDocCode", "ItemID",  "Dose",     "UserID",     "ResultDate",  "TSH",
+                   "FreeT4",         "FreeT3",  "T3",       "T4",         "TG",          "AntiTG",
+                   "AntiTPO",        "PSA",     "Cortisol", "BHCG",       "Technologist"})
         , m_radioToRevoke(world.file, "NUCLEAR..tbNucResultRadio",
                           {"RequestNum", "HospNum", "IdNum", "CaseNumber", "PatientType", "AttendingDocCode",
                            "RequestDocCode", "ItemID", "UserID", "ResultDate", "Technologist"})
@@ -224,12 +226,15 @@ void RequestWriter::writeResult(const Line& line, const Exam& exam, base::DateTi
     m_caseBook.row(caseNumber, line.requestNum, stay.hospNum, stay.idNum, stay.outPatient ? "O" : "I",
                    line.itemID, reader, stay.doctor, "1003", resultDate, "");
     if (type == 'R') {
+        const double share = (chance.between(3, 60) - 3) / 57.0;
+        const double shareFreeT4 = (chance.between(8, 22) - 8) / 14.0;
+        const double shareFreeT3 = (chance.between(30, 65) - 30) / 35.0;
+        const auto found = [&](const char* analyte) { return assayed(line.itemID, analyte, share); };
         m_radio.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber, stay.outPatient ? "O" : "I",
-                    reader, stay.doctor, line.itemID, "", "1003", resultDate,
-                    QString::number(chance.between(3, 60) / 10.0) + QStringLiteral(" uIU/mL"),
-                    QString::number(chance.between(8, 22)) + QStringLiteral(" pmol/L"),
-                    QString::number(chance.between(30, 65) / 10.0) + QStringLiteral(" pmol/L"),
-                    "R. VILLANUEVA");
+                    reader, stay.doctor, line.itemID, "", "1003", resultDate, found("TSH"),
+                    assayed(line.itemID, "FreeT4", shareFreeT4), assayed(line.itemID, "FreeT3", shareFreeT3),
+                    found("T3"), found("T4"), found("TG"), found("AntiTG"), found("AntiTPO"), found("PSA"),
+                    found("Cortisol"), found("BHCG"), "R. VILLANUEVA");
         m_radioToRevoke.row(line.requestNum, stay.hospNum, stay.idNum, caseNumber,
                             stay.outPatient ? "O" : "I", reader, stay.doctor, line.itemID, "1003", resultDate,
                             "R. VILLANUEVA");

@@ -79,6 +79,8 @@ void OpenReport(const QString& path) {
         path, [](const QString& server, const QString& base, const QString& login, const QString& password) {
             return user().openReportConnection(server, base, login, password);
         });
+    if (gUser)
+        gReport->printedBy = gUser->employeename();
 }
 
 void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters) {

@@ -26,8 +26,9 @@ QString reportPath(const QString& file);
 /// their stored order. Fields beyond the values prompt when the report runs; values beyond the fields are
 /// ignored. Raises the engine's error when the file is missing or unreadable or the log-on fails.
 void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters);
-/// Opens the report into gReport and no more: it has no heading, its tables no log-on (SetReportTableLogOn),
-/// its fields no values. Raises the engine's error when the file is missing or unreadable.
+/// Opens the report into gReport, printed by the session's user, and no more: it has no heading, its tables
+/// no log-on (SetReportTableLogOn), its fields no values. Raises the engine's error when the file is missing
+/// or unreadable.
 void OpenReport(const QString& path);
 /// Opens a sub-report of gReport by name: its tables move to the user's database, under the fixed log-on.
 /// Raises 91 without an open report, the engine's error for an unknown name.

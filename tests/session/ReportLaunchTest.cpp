@@ -61,10 +61,18 @@ TEST_F(Launch, PathIsTheProgramFolderAndBackslashes) {
     EXPECT_EQ(reportPath(QStringLiteral("One.RPT")), folder.path() + QStringLiteral("\\Reports\\One.RPT"));
 }
 
+TEST_F(Launch, AReportThatIsOnlyOpenedKnowsWhoPrintsIt) {
+    ASSERT_FALSE(gUser->employeename().isEmpty());
+    OpenReport(reportPath(QStringLiteral("One.RPT")));
+    EXPECT_EQ(gReport->printedBy, gUser->employeename());
+    EXPECT_EQ(gReport->headingName, QString());
+}
+
 TEST_F(Launch, SetsHeadingLogOnAndParametersInOrder) {
     PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a"});
     ASSERT_TRUE(gReport);
     EXPECT_EQ(gReport->headingName, gHospitalName);
+    EXPECT_EQ(gReport->printedBy, gUser->employeename());
     EXPECT_EQ(gReport->headingAddress, gHospitalAddress);
     ASSERT_EQ(gReport->tables().size(), 1U);
     const report::TableLogOn& table = gReport->tables()[0];

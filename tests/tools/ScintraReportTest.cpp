@@ -43,9 +43,10 @@ TEST_F(ScintraReport, WritesPagesOrRows) {
     EXPECT_TRUE(contentOf(pdf).startsWith("%PDF-"));
     ASSERT_EQ(run("scintra-report", {definition("NucExams.RPT"), "--hospital", hospital, "--to", csv}), 0);
     const QByteArray rows = contentOf(csv);
-    EXPECT_TRUE(rows.startsWith("\xEF\xBB\xBFNucExamID,NucExam,"));
+    EXPECT_TRUE(rows.startsWith("\xEF\xBB\xBF"
+                                "Code,Procedure,Section,Class A,Class B,"));
     EXPECT_EQ(rows.count("\r\n"), 46);
-    EXPECT_TRUE(rows.contains("1001,\"BONE SCAN, WHOLE BODY\",IMG,IMAGING,5200,"));
+    EXPECT_TRUE(rows.contains("1001,\"BONE SCAN, WHOLE BODY\",IMAGING,5200.00,"));
 }
 
 TEST_F(ScintraReport, PrintsTheExampleOfTheDocument) {
@@ -60,11 +61,11 @@ TEST_F(ScintraReport, PrintsTheExampleOfTheDocument) {
     example.write(document.mid(begin, end + 9 - begin).toUtf8());
     example.close();
     QString err;
-    ASSERT_EQ(
-        run("scintra-report",
-            {example.fileName(), "Day=11/20/2026", "--heading", "VALE", "--hospital", hospital, "--to", pdf},
-            &err),
-        0)
+    ASSERT_EQ(run("scintra-report",
+                  {example.fileName(), "Day=11/20/2026", "--heading", "VALE", "--printed-by", "CRUZ, MARIA",
+                   "--hospital", hospital, "--to", pdf},
+                  &err),
+              0)
         << err.toStdString();
     QProcess text;
     text.start(QStringLiteral("pdftotext"), {"-layout", pdf, "-"});
@@ -72,6 +73,7 @@ TEST_F(ScintraReport, PrintsTheExampleOfTheDocument) {
     const QString page = QString::fromUtf8(text.readAllStandardOutput());
     EXPECT_TRUE(page.contains("Requests of 11/20/2026")) << page.toStdString();
     EXPECT_TRUE(page.contains("Page 1 of ")) << page.toStdString();
+    EXPECT_TRUE(page.contains("Printed by CRUZ, MARIA")) << page.toStdString();
 }
 
 TEST_F(ScintraReport, WritesTheRowsAsAWorkbook) {
@@ -86,7 +88,8 @@ TEST_F(ScintraReport, WritesTheRowsAsAWorkbook) {
     ASSERT_TRUE(unzip.waitForFinished(60'000)) << "unzip is needed";
     const QString sheet = QString::fromUtf8(unzip.readAllStandardOutput());
     EXPECT_TRUE(sheet.contains("VALE"));
-    EXPECT_TRUE(sheet.contains("From: 11/01/2026"));
+    EXPECT_TRUE(sheet.contains("From 11/01/2026 to 11/30/2026"));
+    EXPECT_TRUE(sheet.contains("<t>Requesting Doctor</t>"));
     EXPECT_TRUE(sheet.contains("<autoFilter"));
     EXPECT_GT(sheet.count("<row "), 10);
 }

@@ -24,6 +24,43 @@ QWidget* entryScreen() {
     return nullptr;
 }
 
+/// What a technologist and a physician write. The tour's request is an assay of Anti-TG; the other screens
+/// are ready for another one.
+struct Written {
+    const char* screen;
+    const char* field;
+    const char* text;
+};
+constexpr Written written[] = {
+    {"frmResultRadioImmuno", "txtNormal_1", "28.4 IU/mL"},
+    {"frmResultRadioImmuno", "txtTechnologist", "R. VILLANUEVA"},
+    {"frmResultEntryGFR", "txtRadiopharmaceutical", "Tc-99m DTPA"},
+    {"frmResultEntryGFR", "txtDose", "10 mCi"},
+    {"frmResultEntryGFR", "txtProjections", "POSTERIOR"},
+    {"frmResultEntryGFR", "txtScale", "97.5"},
+    {"frmResultEntry", "txtRadiopharmaceutical", "Tc-99m MDP"},
+    {"frmResultEntry", "txtDose", "20 mCi"},
+    {"frmResultEntry", "txtRoute", "I.V."},
+    {"frmResultEntry", "txtProjections", "ANTERIOR AND POSTERIOR"},
+    {"frmResultEntry", "txtClinicalHistory", "Low back pain for three months."},
+    {"frmResultEntry", "txtConsultation", "Tracer distribution is homogenous."},
+    {"frmResultEntry", "txtConclusion", "NORMAL BONE SCAN."},
+};
+
+/// What stood in the field goes; false where the window is another screen.
+bool writtenOver(QWidget& window, const Written& one) {
+    if (window.objectName() != QLatin1String(one.screen))
+        return false;
+    const QString name = QLatin1String(one.field);
+    if (auto* line = window.findChild<QLineEdit*>(name)) {
+        line->selectAll();
+        QTest::keyClicks(line, QLatin1String(one.text));
+        return true;
+    }
+    QTest::keyClicks(&control<QPlainTextEdit>(window, name), QLatin1String(one.text));
+    return true;
+}
+
 void addRequest(Walk& walk, const QString& admissionNumber, const QString& chargeSlip) {
     walk.step(QStringLiteral("Click the results' main button"), seen("frmMainMenu"),
               clicked("cmdMainMenu_1"));
@@ -52,14 +89,14 @@ void addRequest(Walk& walk, const QString& admissionNumber, const QString& charg
               typed("grdTable", {}, Qt::Key_Return));
 }
 
-void addEntry(Walk& walk) {
+void addEntry(Walk& walk, ResultWalkResult& result) {
     walk.step(QStringLiteral("Type the case number"), entryScreen,
               typed("txtCaseNum", QStringLiteral("90001"), Qt::Key_Tab));
-    walk.step(QStringLiteral("Type the technical data and the text"), entryScreen, [](QWidget& window) {
-        QTest::keyClicks(&control<QLineEdit>(window, QStringLiteral("txtRadiopharmaceutical")),
-                         QStringLiteral("Tc-99m MDP"));
-        if (auto* text = window.findChild<QPlainTextEdit*>(QStringLiteral("txtConsultation")))
-            QTest::keyClicks(text, QStringLiteral("Tracer distribution is homogenous."));
+    walk.step(QStringLiteral("Type what was measured and read"), entryScreen, [&result](QWidget& window) {
+        for (const Written& one : written) {
+            if (writtenOver(window, one))
+                result.written << QLatin1String(one.text);
+        }
     });
     walk.picture(QStringLiteral("result"), entryScreen);
     walk.step(QStringLiteral("Save and print the result"), entryScreen, clicked("btnSavePrint"));
@@ -86,7 +123,7 @@ void addPage(Walk& walk, ResultWalkResult& result) {
 void addResultWalk(Walk& walk, const QString& admissionNumber, const QString& chargeSlip,
                    ResultWalkResult& result) {
     addRequest(walk, admissionNumber, chargeSlip);
-    addEntry(walk);
+    addEntry(walk, result);
     addPage(walk, result);
 }
 

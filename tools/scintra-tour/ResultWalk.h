@@ -2,11 +2,13 @@
 
 #include "tools/scintra-tour/Walk.h"
 
+#include <QStringList>
+
 namespace tour {
 
-/// What stands on the result's page; "" until it was shown.
 struct ResultWalkResult {
-    QString page;
+    QString page;        ///< what stands on the result's page; "" until it was shown
+    QStringList written; ///< what was typed; all of it belongs on the page
 };
 
 /// From the menu to the result of the request that was filed under `chargeSlip` for `admissionNumber`:

@@ -146,9 +146,13 @@ int runTour(const QString& folder, const QString& guideFolder) {
     walk.step(
         QStringLiteral("Back in the menu"), [] { return tour::windowOnTop(QStringLiteral("frmMainMenu")); },
         [&](QWidget&) {
-            if (!shown.page.contains(QStringLiteral("-90001")) ||
+            if (!shown.page.contains(QStringLiteral("-90001")) || shown.written.isEmpty() ||
                 !shown.page.contains(result.admissionNumber))
                 walk.fail(QStringLiteral("The result's page is not whole."));
+            for (const QString& text : shown.written) {
+                if (!shown.page.contains(text))
+                    walk.fail(QStringLiteral("The result's page lacks \"%1\".").arg(text));
+            }
             say(QStringLiteral("\nassessment: %1").arg(lastAssessment(hospitalFile)));
             if (QFileInfo(QDir(folder).filePath(QStringLiteral("assessment.pdf"))).size() == 0)
                 walk.fail(QStringLiteral("The assessment's slip was not printed."));

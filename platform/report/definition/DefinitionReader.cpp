@@ -98,9 +98,9 @@ void DefinitionReader::readRoot() {
 }
 
 bool DefinitionReader::readSection(const QString& name, Attributes& attributes) {
-    static const QStringList ofPages{QStringLiteral("page"), QStringLiteral("watermark"),
+    static const QStringList ofPages{QStringLiteral("page"),       QStringLiteral("watermark"),
                                      QStringLiteral("pageHeader"), QStringLiteral("pageFooter"),
-                                     QStringLiteral("subReport")};
+                                     QStringLiteral("subReport"),  QStringLiteral("sheet")};
     if (m_inSubReport && ofPages.contains(name))
         return false;
     struct Reader {
@@ -112,6 +112,7 @@ bool DefinitionReader::readSection(const QString& name, Attributes& attributes) 
         {"parameter", &DefinitionReader::readParameter}, {"table", &DefinitionReader::readTable},
         {"formula", &DefinitionReader::readFormula},     {"group", &DefinitionReader::readGroup},
         {"watermark", &DefinitionReader::readWatermark}, {"subReport", &DefinitionReader::readSubReport},
+        {"sheet", &DefinitionReader::readSheet},
     };
     for (const Reader& reader : readers) {
         if (name == QLatin1StringView(reader.name)) {

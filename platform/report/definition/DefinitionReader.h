@@ -37,6 +37,9 @@ class DefinitionReader {
     void readGroup(Attributes& attributes);
     void readWatermark(Attributes& attributes);
     void readSubReport(Attributes& attributes);
+    void readSheet(Attributes& attributes);
+    void readSheetLine(Attributes& attributes);
+    void readSheetColumn(Attributes& attributes);
     Band readBand(Attributes& attributes);
     Element readElement(const QString& name, Attributes& attributes);
     void readField(Element& element, Attributes& attributes, bool literal);

@@ -111,6 +111,21 @@ struct Watermark {
     double degrees = -35;
 };
 
+/// A column of the workbook and of the CSV file that a report is exported to.
+struct SheetColumn {
+    enum class Kind { Text, Number, Amount, Date, Moment };
+    QString caption;
+    Kind kind = Kind::Text;
+    Expression value;
+};
+
+/// What an export holds. Without columns it is the first table as it comes.
+struct SheetDefinition {
+    std::optional<Expression> title; ///< else the document's
+    std::vector<Expression> lines;   ///< below the title, such as the period; empty ones take no line
+    std::vector<SheetColumn> columns;
+};
+
 class ReportDefinition;
 
 struct SubReportDefinition {
@@ -140,6 +155,7 @@ class ReportDefinition {
     std::vector<Group> groups; ///< outermost first
     std::vector<Band> reportHeaders, pageHeaders, details, pageFooters, reportFooters;
     std::optional<Watermark> watermark;
+    SheetDefinition sheet;
     /// Without a page of their own; placed in bands by Element::Kind::SubReport.
     std::vector<SubReportDefinition> subReports;
 

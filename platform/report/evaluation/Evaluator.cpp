@@ -107,13 +107,14 @@ Value Evaluator::columnValue(const Expression& expression, const Standpoint& sta
             &expression,
             columnOf(expression, isDetails ? m_rows->columns()
                                            : m_data->tables.at(std::size_t(expression.index)).columns));
+    const qsizetype column = *found; // rows that are taken in meanwhile look their own columns up
     if (!isDetails) {
         const ado::Rows& rows = m_data->tables[std::size_t(expression.index)];
-        return rows.count() == 0 ? Value() : rows.at(0, *found);
+        return rows.count() == 0 ? Value() : rows.at(0, column);
     }
     if (standpoint.row < 0 || (standpoint.row >= m_arrived && !hasRow(standpoint.row)))
         return {};
-    return m_rows->at(standpoint.row, *found);
+    return m_rows->at(standpoint.row, column);
 }
 
 Value Evaluator::specialValue(Special special, const Standpoint& standpoint) const {
@@ -128,6 +129,8 @@ Value Evaluator::specialValue(Special special, const Standpoint& standpoint) con
         return base::dateOnly(m_data->printedAt);
     case Special::PrintTime:
         return m_data->printedAt;
+    case Special::PrintedBy:
+        return m_data->printedBy;
     case Special::HeadingName:
         return m_data->headingName;
     case Special::HeadingAddress:

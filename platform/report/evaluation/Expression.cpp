@@ -22,6 +22,7 @@ constexpr std::array specials{
     Word<Special>{"RecordNumber", Special::RecordNumber},
     Word<Special>{"PrintDate", Special::PrintDate},
     Word<Special>{"PrintTime", Special::PrintTime},
+    Word<Special>{"PrintedBy", Special::PrintedBy},
     Word<Special>{"HeadingName", Special::HeadingName},
     Word<Special>{"HeadingAddress", Special::HeadingAddress},
 };

@@ -10,7 +10,16 @@
 namespace report {
 
 /// What the words of a report's expressions stand for, besides columns and parameters.
-enum class Special { PageNumber, PageCount, RecordNumber, PrintDate, PrintTime, HeadingName, HeadingAddress };
+enum class Special {
+    PageNumber,
+    PageCount,
+    RecordNumber,
+    PrintDate,
+    PrintTime,
+    PrintedBy,
+    HeadingName,
+    HeadingAddress
+};
 
 enum class Operator {
     Join,

@@ -1,21 +1,9 @@
 #include "platform/report/layout/Layout.h"
 
 #include "platform/report/layout/LaidPages.h"
+#include "platform/report/output/SheetRows.h"
 
 namespace report {
-namespace {
-
-/// Rows that the data holds whole, kept as long as somebody wants to export them.
-class DataRows : public HeldRows {
-  public:
-    explicit DataRows(std::shared_ptr<const ReportData> data)
-        : HeldRows(data->tables.front()), m_data(std::move(data)) {}
-
-  private:
-    std::shared_ptr<const ReportData> m_data;
-};
-
-} // namespace
 
 std::unique_ptr<PageDocument> emptyDocument(const ReportDefinition& definition) {
     return std::make_unique<PageDocument>(nullptr, definition.title, definition.paperWidth,
@@ -26,11 +14,8 @@ LaidPages& beginPages(PageDocument& document, const std::shared_ptr<const Report
     auto pages = std::make_unique<LaidPages>(data);
     LaidPages& begun = *pages;
     document.setPages(std::move(pages));
-    if (!data->tables.empty()) {
-        document.setRows(
-            data->details ? data->details : std::make_shared<DataRows>(data),
-            headingOf(*data->definition, data->headingName, data->headingAddress, data->parameters));
-    }
+    if (!data->tables.empty())
+        document.setRows(exportedRows(data), headingOf(data));
     return begun;
 }
 

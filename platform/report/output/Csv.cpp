@@ -19,9 +19,17 @@ QString quoted(QString text) {
     return u'"' + text.replace(u'"', QLatin1String("\"\"")) + u'"';
 }
 
-QString cellOf(const base::Value& value) {
+/// Two decimals, and what a longer one has.
+QString amountOf(double amount) {
+    return base::Format(amount, QStringLiteral("0.00##"));
+}
+
+QString cellOf(const base::Value& value, CellLook look) {
     if (value.asDateTime())
-        return base::Format(value, QStringLiteral("yyyy-mm-dd hh:nn:ss"));
+        return base::Format(value, look == CellLook::Day ? QStringLiteral("yyyy-mm-dd")
+                                                         : QStringLiteral("yyyy-mm-dd hh:nn:ss"));
+    if (look == CellLook::Amount && (value.asDouble() || value.asInteger()))
+        return amountOf(base::CDbl(value));
     QString text = base::textOf(value);
     const bool looksLikeFormula = !text.isEmpty() && QStringLiteral("=+-@\t").contains(text[0]);
     if (value.asText() && looksLikeFormula && !base::IsNumeric(value))
@@ -44,7 +52,7 @@ bool writeCsv(const RowSource& rows, QIODevice& device, const ProgressCall& prog
     const qsizetype columns = qsizetype(rows.columns().size());
     for (qsizetype row = 0; row < count; ++row) {
         for (qsizetype column = 0; column < columns; ++column)
-            cells << cellOf(rows.at(row, column));
+            cells << cellOf(rows.at(row, column), rows.look(column));
         addLine();
         if (block.size() < largestBlock)
             continue;

@@ -8,7 +8,8 @@
 namespace report {
 
 /// Rows as comma separated text: UTF-8 with its mark, so that spreadsheets read accents, a line of column
-/// names, CR LF. Moments are "yyyy-mm-dd hh:mm:ss", Null is an empty cell. A text that a spreadsheet would
+/// names, CR LF. Moments are "yyyy-mm-dd hh:mm:ss", days of a column of days "yyyy-mm-dd", amounts "1200.50";
+/// Null is an empty cell. A text that a spreadsheet would
 /// take for a formula gets an apostrophe in front.
 QByteArray csvOf(const RowSource& rows);
 

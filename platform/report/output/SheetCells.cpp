@@ -23,9 +23,10 @@ QString cleaned(const QString& text) {
     return clean;
 }
 
-int writeMoment(lxw_worksheet* sheet, CellPlace place, base::DateTime moment, const SheetFormats& formats) {
+int writeMoment(lxw_worksheet* sheet, CellPlace place, base::DateTime moment, CellLook look,
+                const SheetFormats& formats) {
     const double serial = base::toSerial(moment);
-    const bool midnight = base::dateOnly(moment) == moment;
+    const bool midnight = base::dateOnly(moment) == moment && look != CellLook::Moment;
     if (serial >= 0.0 && serial < 1.0 && !midnight) {
         check(sheets().worksheet_write_number(sheet, place.row, place.column, serial, formats.clock));
         return 9;
@@ -42,9 +43,9 @@ int writeMoment(lxw_worksheet* sheet, CellPlace place, base::DateTime moment, co
     return midnight ? 10 : 19;
 }
 
-int writeNumber(lxw_worksheet* sheet, CellPlace place, double number, ado::DataType type,
+int writeNumber(lxw_worksheet* sheet, CellPlace place, double number, CellLook look,
                 const SheetFormats& formats) {
-    const bool money = type == ado::DataType::Money;
+    const bool money = look == CellLook::Amount;
     check(sheets().worksheet_write_number(sheet, place.row, place.column, number,
                                           money ? formats.money : nullptr));
     return int(base::textOf(number).size()) + (money ? 4 : 0);
@@ -79,7 +80,7 @@ void writeText(lxw_worksheet* sheet, CellPlace place, const QString& text, lxw_f
                                           format));
 }
 
-int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, ado::DataType type,
+int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, CellLook look,
               const SheetFormats& formats) {
     if (value.isNull())
         return 0;
@@ -88,12 +89,12 @@ int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, a
         return 5;
     }
     if (const base::DateTime* moment = value.asDateTime())
-        return writeMoment(sheet, place, *moment, formats);
+        return writeMoment(sheet, place, *moment, look, formats);
     if (const double* number = value.asDouble(); number && std::isfinite(*number))
-        return writeNumber(sheet, place, *number, type, formats);
+        return writeNumber(sheet, place, *number, look, formats);
     if (const qint64* number = value.asInteger();
         number && *number <= exactIntegers && *number >= -exactIntegers)
-        return writeNumber(sheet, place, double(*number), type, formats);
+        return writeNumber(sheet, place, double(*number), look, formats);
     const QString text = base::textOf(value);
     writeText(sheet, place, text);
     // The widest line decides, as far as a column may become wide at all.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ado/Provider.h"
 #include "platform/report/output/SheetLibrary.h"
+#include "platform/report/rows/RowSource.h"
 
 namespace report {
 
@@ -32,7 +32,7 @@ void check(lxw_error error);
 void writeText(lxw_worksheet* sheet, CellPlace place, const QString& text, lxw_format* format = nullptr);
 
 /// Writes the value as what it is; tells about how many signs it shows.
-int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, ado::DataType type,
+int writeCell(lxw_worksheet* sheet, CellPlace place, const base::Value& value, CellLook look,
               const SheetFormats& formats);
 
 } // namespace report

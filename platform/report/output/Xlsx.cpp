@@ -77,7 +77,7 @@ class SheetWriter {
         const qsizetype columns = qsizetype(m_rows.columns().size());
         for (qsizetype column = 0; column < columns; ++column) {
             const int signs = writeCell(m_sheet, {m_next, lxw_col_t(column)}, m_rows.at(row, column),
-                                        m_rows.columns()[std::size_t(column)].type, m_formats);
+                                        m_rows.look(column), m_formats);
             m_widths[std::size_t(column)] = std::max(m_widths[std::size_t(column)], double(signs) + 1);
         }
         ++m_next;

@@ -26,6 +26,7 @@ struct ReportData {
     QString headingAddress;
     QString watermark; ///< in place of the definition's; "" leaves that
     base::DateTime printedAt;
+    QString printedBy; ///< "" where nobody is known
 };
 
 } // namespace report

@@ -4,12 +4,25 @@
 
 namespace report {
 
+/// How an export shows the cells of a column, whichever way their values came.
+enum class CellLook {
+    Plain,  ///< each as it is
+    Amount, ///< two decimals at least
+    Day,    ///< no time, whatever the value has
+    Moment  ///< day and time, midnight, too
+};
+
 /// Rows read by their place, wherever they are kept. Walk them in order where you can: rows that were set
 /// aside on disk are fetched a block at a time.
 class RowSource {
   public:
     virtual ~RowSource() = default;
     virtual const std::vector<ado::Column>& columns() const = 0;
+    /// Both exports go by it. What is no number or no moment stays as it is.
+    virtual CellLook look(qsizetype column) const {
+        return columns()[std::size_t(column)].type == ado::DataType::Money ? CellLook::Amount
+                                                                           : CellLook::Plain;
+    }
     /// Rows that have arrived.
     virtual qsizetype count() const = 0;
     /// Both from 0 and in range. Raises 75 when rows that were set aside cannot be read back.

@@ -46,6 +46,7 @@ std::unique_ptr<report::PageDocument> laidOut(const QString& inside, const QStri
     data->headingName = QStringLiteral("VALE GENERAL HOSPITAL");
     data->headingAddress = QStringLiteral("1 Harbour Road");
     data->printedAt = *base::makeDateTime({2026, 11, 21}, {20, 30, 5, 0});
+    data->printedBy = QStringLiteral("REYES, JOAN P.");
     return report::layout(std::move(data));
 }
 

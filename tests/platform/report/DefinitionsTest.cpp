@@ -172,10 +172,12 @@ TEST_F(DefinitionsTest, TheCommisionIsAShareOfTheFees) {
 TEST_F(DefinitionsTest, TheCommisionPaidGoesByTheDayOfThePayment) {
     const QStringList rest{"NU", "VALE HOSPITAL", "1 Harbour Road", "REYES, JOAN P."};
     const QString text = printed("DoctorsCommisionPaid.RPT", QStringList{"11/16/2026", to} + rest);
-    expectLines(text, {"VALE HOSPITAL\n", "Paid from 11/16/2026 to 11/21/2026", "DR. SANTOS, ALBERTO\n",
-                       "11/16/2026 C20111J Reader's fee 1202 FREE T4 3001 380.00", "7 payments 5,680.00",
-                       "All doctors " + money("SELECT SUM(Amount) FROM CARDIO..tbReaderPayment WHERE "
-                                              "PaidDate >= '2026-11-16'")});
+    expectLines(text,
+                {"VALE HOSPITAL\n", "Paid from 11/16/2026 to 11/21/2026", "DR. SANTOS, ALBERTO\n",
+                 "11/16/2026 C20111J LAZARO, HERMINIA ONG Reader's fee FREE T4 UMALI, ROSARIO G. 380.00",
+                 "7 payments 5,680.00",
+                 "All doctors " + money("SELECT SUM(Amount) FROM CARDIO..tbReaderPayment WHERE "
+                                        "PaidDate >= '2026-11-16'")});
     EXPECT_FALSE(text.contains("11/01/2026"));
     expectLines(
         printed("DoctorsCommisionPaid.RPT", QStringList{"CANCEL", to} + rest),

@@ -78,6 +78,7 @@ TEST(Expression, FunctionsOfDates) {
 TEST(Expression, SpecialsTellTheRun) {
     EXPECT_EQ(printed("HeadingName & \", \" & HeadingAddress"), "VALE GENERAL HOSPITAL, 1 Harbour Road");
     EXPECT_EQ(printed("PrintDate", "mm/dd/yyyy"), "11/21/2026");
+    EXPECT_EQ(printed("PrintedBy"), "REYES, JOAN P.");
     EXPECT_EQ(printed("PrintTime", "mm/dd/yyyy hh:mm AMPM"), "11/21/2026 08:30 PM");
     EXPECT_EQ(printed("PageNumber & \"/\" & PageCount & \"/\" & RecordNumber"), "1/1/1");
 }

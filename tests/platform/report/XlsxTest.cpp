@@ -88,6 +88,17 @@ class CountedRows : public report::RowSource {
     qsizetype m_count;
 };
 
+/// One row whose columns are looked at as told.
+class LookedRows : public report::HeldRows {
+  public:
+    LookedRows(const ado::Rows& rows, std::vector<report::CellLook> looks)
+        : HeldRows(rows), m_looks(std::move(looks)) {}
+    report::CellLook look(qsizetype column) const override { return m_looks[std::size_t(column)]; }
+
+  private:
+    std::vector<report::CellLook> m_looks;
+};
+
 Value moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
     return *base::makeDateTime({year, month, day}, {hour, minute, second, 0});
 }
@@ -128,6 +139,20 @@ TEST_F(XlsxTest, MomentsKeepTheirTimeAndWhatASheetCannotCountIsText) {
     EXPECT_EQ(formatOf("A5"), "hh:mm:ss");
     EXPECT_TRUE(cell(sheet, "A6").contains("inlineStr"));
     EXPECT_TRUE(valueOf(sheet, "A6").contains("1888")) << qPrintable(valueOf(sheet, "A6"));
+}
+
+TEST_F(XlsxTest, AColumnsCellsLookAlikeWhateverTheirValues) {
+    using enum report::CellLook;
+    const ado::Rows rows =
+        tests::ScriptedProvider::rowsOf("Born,At,Amount,Count,Paid",
+                                        {{moment(2026, 11, 21), moment(2026, 11, 21), 12, 12, "free"}})
+            .rows;
+    EXPECT_TRUE(report::exportXlsx(LookedRows(rows, {Day, Moment, Amount, Plain, Amount}), {}, book.path));
+    EXPECT_EQ(formatOf("A2"), "mm/dd/yyyy");
+    EXPECT_EQ(formatOf("B2"), "mm/dd/yyyy hh:mm:ss") << "midnight, too";
+    EXPECT_EQ(formatOf("C2"), "#,##0.00") << "a whole number, too";
+    EXPECT_FALSE(cell(book.sheet(), "D2").contains("s=\""));
+    EXPECT_EQ(valueOf(book.sheet(), "E2"), "free");
 }
 
 TEST_F(XlsxTest, NothingThatATextSaysBecomesAFormulaANumberOrALink) {

@@ -105,10 +105,18 @@ TEST_F(DemoHospital, HoldsWhatTheScreensAreTriedWith) {
          1},
         {"SELECT COUNT(*) FROM PASSWORD..tbPasswordMain WHERE MONTH(BirthDate) = 11 AND DAY(BirthDate) = 21",
          1},
-        {"SELECT COUNT(*) FROM PASSWORD..tbPasswordRights WHERE DeptCode = '00' AND RightsID = 'A'", 1}};
+        {"SELECT COUNT(*) FROM PASSWORD..tbPasswordRights WHERE DeptCode = '00' AND RightsID = 'A'", 1},
+        {"SELECT COUNT(*) FROM NUCLEAR..tbNucRadioResult WHERE TSH <> '' AND ItemID NOT IN ('1201', '1212')",
+         0},
+        {"SELECT COUNT(*) FROM NUCLEAR..tbNucRadioResult WHERE TSH + FreeT4 + FreeT3 + T3 + T4 + TG + AntiTG "
+         "+ AntiTPO + PSA + Cortisol + BHCG = ''",
+         0}};
     for (const auto& [text, expected] : exact)
         EXPECT_EQ(number(*provider, text), expected) << text;
     const char* some[] = {
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucRadioResult WHERE ItemID = '1212' AND TSH LIKE '% uIU/mL' AND "
+        "FreeT4 LIKE '% pmol/L' AND FreeT3 LIKE '% pmol/L'",
+        "SELECT COUNT(*) FROM NUCLEAR..tbNucRadioResult WHERE ItemID = '1207' AND AntiTG LIKE '% IU/mL'",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE DcrDate IS NULL AND BillingDate IS NULL",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL AND DcrDate IS NULL",
         "SELECT COUNT(*) FROM PATIENT_DATA..tbPatient WHERE BillingDate IS NOT NULL AND LateCharges = 1",

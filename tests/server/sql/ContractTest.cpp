@@ -253,7 +253,7 @@ constexpr Contract contracts[] = {
      "ItemID;Description;Section;InPatients;OutPatients;CashPatients;Requests;Amount"},
     {"NUCLEAR..sp_Nuclear_ReportCancelled '10/01/2026','11/21/2026'",
      "RevokeDate;TransDate;RefNum;RequestNum;IdNum;HospNum;PatientKind;PatientName;ItemID;Description;"
-     "Quantity;Amount;UserID"},
+     "Quantity;Amount;UserID;RevokedBy;RevokedByName"},
     {"NUCLEAR..sp_Nuclear_ReportRequestingDoctor '10/01/2026','11/21/2026'",
      "DoctorID;DoctorName;TransDate;RefNum;PatientKind;PatientName;ItemID;Description;Quantity;Amount"},
     {"NUCLEAR..sp_Nuclear_ReportDailyIncome 'A','11/19/2026'", incomeColumns},
@@ -269,7 +269,7 @@ constexpr Contract contracts[] = {
     {"CARDIO..sp_Cardio_ReportCommission 'NU','10/01/2026','11/21/2026'",
      "DoctorID;DoctorName;TransDate;RefNum;RevenueID;PatientKind;PatientName;Amount;Percentage;Commission"},
     {"CARDIO..sp_Cardio_ReportCommissionPaid 'NU','10/01/2026','11/21/2026'",
-     "DoctorID;DoctorName;PaidDate;RefNum;RevenueID;ItemID;Description;Amount;UserID"},
+     "DoctorID;DoctorName;PaidDate;RefNum;RevenueID;ItemID;Description;Amount;UserID;UserName;PatientName"},
 };
 
 class Contracts : public tests::Hospital {

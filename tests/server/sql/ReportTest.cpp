@@ -120,6 +120,50 @@ TEST_F(Reports, AReadersFeeIsAShareOfTheExam) {
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_ReportReaders '11/10/2026','11/10/2026'")).count(), 0);
 }
 
+TEST_F(Reports, AReaderOrADoctorWithoutARateHasNoPercentage) {
+    request("1", "2026-11-10", "W");
+    run(QStringLiteral(
+        "INSERT INTO tbNucLogBook (CaseNumber, RequestNum, DoctorID, ResultDate, Status) "
+        "VALUES ('26-1', '1', '201', '2026-11-12', ''), ('26-2', '1', '230', '2026-11-12', "
+        "''); INSERT INTO BILLING..tbDailyBill (PatientType, IdNum, TransDate, RefNum, ItemID, "
+        "RevenueID, Quantity, Amount, Marker) VALUES ('I', '104001', '2026-11-12', 'C1J', "
+        "'230', 'MD', 1, 70, '')"));
+    const ado::Rows read = rows(QStringLiteral("sp_Nuclear_ReportReaders '11/12/2026','11/12/2026'"));
+    ASSERT_EQ(read.count(), 2);
+    QStringList shares;
+    for (qsizetype i = 0; i < 2; ++i)
+        shares << cell(read, i, "DoctorID") + '=' + cell(read, i, "Percentage") + '/' + cell(read, i, "Fee");
+    shares.sort();
+    EXPECT_EQ(shares, (QStringList{"201=20/20", "230=<Null>/0"}));
+    const ado::Rows earned =
+        rows(QStringLiteral("CARDIO..sp_Cardio_ReportCommission 'NU','11/12/2026','11/12/2026'"));
+    ASSERT_EQ(earned.count(), 1);
+    EXPECT_EQ(cell(earned, 0, "Percentage"), "<Null>");
+    EXPECT_EQ(cell(earned, 0, "Commission"), "0");
+}
+
+TEST_F(Reports, WhoCancelledIsWhoseReversalStandsOnTheBillOrTheStockCard) {
+    for (const char* number : {"1", "2", "3"})
+        request(number, "2026-11-10 08:00", "R",
+                qPrintable(QStringLiteral("C%1J").arg(QLatin1String(number))), "26004001");
+    run(QStringLiteral("INSERT INTO BILLING..tbDailyBill (PatientType, IdNum, HospNum, TransDate, RefNum, "
+                       "ItemID, RevenueID, "
+                       "Quantity, Amount, UserID, Marker) VALUES ('I', '26004001', '104001', '2026-11-11', "
+                       "'C1J', '1001', 'NU', "
+                       "1, -100, '1002', 'D'), ('I', '26004001', '104001', '2026-11-11', 'C3J', '1001', "
+                       "'NU', 1, 100, '1003', '')"));
+    run(QStringLiteral(
+        "INSERT INTO INVENTORY..tbInvStockCard (IdNum, TransDate, RefNum, ItemID, UserID, Direction) "
+        "VALUES ('26004001', '2026-11-11', 'C2J', '1001', 'ZZ9', 'I')"));
+    const ado::Rows found = rows(QStringLiteral("sp_Nuclear_ReportCancelled '11/10/2026','11/11/2026'"));
+    QStringList names;
+    for (qsizetype i = 0; i < found.count(); ++i)
+        names << cell(found, i, "RefNum") + '=' + cell(found, i, "RevokedBy") + '/' +
+                     cell(found, i, "RevokedByName");
+    names.sort();
+    EXPECT_EQ(names, (QStringList{"C1J=1002/BAUTISTA, MARICEL O.", "C2J=ZZ9/ZZ9", "C3J=<Null>/<Null>"}));
+}
+
 TEST_F(Reports, TheCensusSummaryAddsUpToTheCensus) {
     const ado::Rows stations = rows(QStringLiteral("sp_Nuclear_CensusSummary 'PATIENT_DATA','2026/11/21'"));
     int patients = 0;

@@ -1,5 +1,5 @@
 -- What doctors earn on the professional and reader's fees of a period: charged to an account, or paid at the cashier's
--- ('W'). @DeptCode 'NU': slips of nuclear medicine.
+-- ('W'). @DeptCode 'NU': slips of nuclear medicine. Percentage is NULL where the doctor has no rate for that fee.
 USE CARDIO
 GO
 
@@ -11,7 +11,7 @@ AS
 SET NOCOUNT ON
 SELECT B.ItemID AS DoctorID, D.LastName + ', ' + D.FirstName AS DoctorName, B.TransDate, B.RefNum, B.RevenueID,
     B.PatientType AS PatientKind, M.LastName + ', ' + M.FirstName + ' ' + M.MiddleName AS PatientName, B.Amount,
-    ISNULL(R.Percentage, 0) AS Percentage, ROUND(B.Amount * ISNULL(R.Percentage, 0) / 100, 2) AS Commission
+    R.Percentage, ROUND(B.Amount * ISNULL(R.Percentage, 0) / 100, 2) AS Commission
 FROM BILLING..tbDailyBill B
 INNER JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = B.ItemID
 LEFT JOIN PATIENT_DATA..tbMaster M ON M.HospNum = B.HospNum
@@ -20,7 +20,7 @@ WHERE B.TransDate >= @From AND B.TransDate < DATEADD(day, 1, @To) AND B.RevenueI
     AND (B.SectionID = @DeptCode OR (@DeptCode = 'NU' AND B.RefNum LIKE 'C%J'))
 UNION ALL
 SELECT A.ItemID, D.LastName + ', ' + D.FirstName, A.TransDate, A.ORNumber, A.RevenueID, 'W', A.PatientName, A.Amount,
-    ISNULL(R.Percentage, 0), ROUND(A.Amount * ISNULL(R.Percentage, 0) / 100, 2)
+    R.Percentage, ROUND(A.Amount * ISNULL(R.Percentage, 0) / 100, 2)
 FROM BILLING..tbCashAssessment A
 INNER JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = A.ItemID
 LEFT JOIN tbReaderRate R ON R.DoctorID = A.ItemID AND R.RevenueID = A.RevenueID

@@ -1,4 +1,5 @@
--- Results read in a period, reader by reader, with the reader's share of what the exam was charged at.
+-- Results read in a period, reader by reader, with the reader's share of what the exam was charged at. Percentage is
+-- NULL where the reader has no rate.
 USE NUCLEAR
 GO
 
@@ -8,7 +9,7 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_ReportReaders
 AS
 SET NOCOUNT ON
 SELECT B.DoctorID, D.LastName + ', ' + D.FirstName AS Reader, B.CaseNumber, B.ResultDate, L.PatientName, L.PatientKind,
-    L.ItemID, L.Description, L.Amount, ISNULL(R.Percentage, 0) AS Percentage,
+    L.ItemID, L.Description, L.Amount, R.Percentage,
     ROUND(L.Amount * ISNULL(R.Percentage, 0) / 100, 2) AS Fee
 FROM tbNucLogBook B
 INNER JOIN vwNuclearLine L ON L.RequestNum = B.RequestNum
