@@ -170,6 +170,7 @@ void itemRequest(const Look& look) {
                     keysToFocus(window, screen == MenuScreen::PHEntry ? QStringLiteral("30001<Enter>")
                                                                       : QStringLiteral("40001<Enter>"));
                     look(window);
+                    static_cast<controls::Screen&>(window).Unload(); // the next one begins without a patient
                 });
 }
 

@@ -48,6 +48,7 @@ TEST_F(Pages, TheContentsComeFirst) {
 
 TEST_F(Pages, ASectionIsFoundByAllOfItsWords) {
     EXPECT_EQ(links("LINE delete"), (QStringList{"requests.md#delete-a-line", "results.md"}));
+    EXPECT_EQ(links("requests"), (QStringList{"requests.md", "README.md"})) << "what is named so comes first";
     EXPECT_EQ(links("f3"), QStringList{"requests.md#delete-a-line"});
     EXPECT_EQ(links("each patient"), QStringList{"requests.md"});
     EXPECT_EQ(links("delete nothing"), QStringList());
