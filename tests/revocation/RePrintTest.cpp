@@ -177,6 +177,15 @@ TEST_F(Reprint, ASlipOfSeveralLinesIsPrintedOnce) {
                                       "0 Charge Slip Printing 0"}));
 }
 
+TEST_F(Reprint, TheNameIsWhatItsThreeBoxesShowAtThePrint) {
+    answerThreeCharges();
+    open({finding("26004001"), [](QWidget& window) {
+              child<QLineEdit>(window, "txtLastName").setText("SANTOS-CRUZ");
+              click(cmdPrint(window));
+          }});
+    EXPECT_TRUE(launched.value(0).contains("|SANTOS-CRUZ, MARIA REYES|")) << lines(launched);
+}
+
 TEST_F(Reprint, EnterAndADoubleClickOnAChargePrintItsSlip) {
     answerThreeCharges();
     open({finding("26004001"), [&](QWidget& window) {
