@@ -97,6 +97,13 @@ TEST_F(AssessmentPatient, AWalkInWhoIsNotOnFileLeavesTheNameToBeTypedAgain) {
     EXPECT_EQ(field("txtSname").selectedText(), "ZZZ");
 }
 
+TEST_F(AssessmentPatient, ANameIsSearchedForInCapitalsHoweverItGotThere) {
+    field("txtSname").setText("zzz");
+    tests::keys(field("txtSname"), "<Enter>");
+    EXPECT_EQ(takeTexts(), QStringList{"spGlobal_CashPatient '0', 'ZZZ'"});
+    EXPECT_EQ(field("txtSname").text(), "ZZZ");
+}
+
 TEST_F(AssessmentPatient, ARegularOutPatientIsRatedAtClassA) {
     find("optType_1", "104078<Enter>");
     EXPECT_EQ(takeTexts(), QStringList{"spGlobal_RegularPatients '','1', '104078'"});

@@ -2,11 +2,14 @@
 #include "orders/frmPrepaidRequest.h"
 #include "orders/frmRequestForm.h"
 #include "platform/controls/screen/TestDoors.h"
+#include "platform/report/output/Print.h"
 #include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/SavingFixture.h"
 
+#include <QFile>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -111,6 +114,50 @@ TEST_F(Prepaid, ThePrintIsMarkedBehindIt) {
                   leave(viewer);
               }});
     EXPECT_EQ(value("SELECT PrintStatus FROM NUCLEAR..tbNucPrepaid WHERE RefNum = '" + number + "'"), "P");
+}
+
+TEST_F(Prepaid, TheFormGoesToThePrinterAtOnce) {
+    const QTemporaryDir folder;
+    const QString target = folder.filePath("form.pdf");
+    report::setPrintTarget(target);
+    openList({[&](QWidget& list) {
+                  keys(listOf(list), "<Enter>");
+                  leave(list);
+              },
+              [&](QWidget& form) {
+                  tests::keysToFocus(form, "<Alt+P>");
+                  EXPECT_TRUE(QFile::exists(target)) << "and no viewer opened";
+                  leave(form);
+              }});
+    report::setPrintTarget(QString());
+}
+
+TEST_F(Prepaid, TheBlanksOfAWideColumnAreNoPartOfTheNumber) {
+    openList({[&](QWidget& list) {
+        listOf(list).setTextMatrix(1, 7, ' ' + number + ' ');
+        hospital.run("DELETE FROM NUCLEAR..tbNucPrepaid WHERE RefNum = '" + number + "'");
+        takeTexts();
+        boxes.expect({"Request Form not found!", controls::vbInformation, "No Request Form"});
+        keys(listOf(list), "<Enter>");
+        EXPECT_EQ(takeTexts(), QStringList{info});
+        leave(list);
+    }});
+}
+
+TEST_F(Prepaid, TheFormIsMarkedByItsNumberWithoutBlanks) {
+    openList({[&](QWidget& list) {
+                  keys(listOf(list), "<Enter>");
+                  leave(list);
+              },
+              [&](QWidget& form) {
+                  child<QLineEdit>(form, "txtCSNum").setText(' ' + number + ' ');
+                  takeTexts();
+                  tests::keysToFocus(form, "<Alt+P>");
+                  EXPECT_EQ(takeTexts().filter("PrepaidUpdatePrintStatus"),
+                            QStringList{"NUCLEAR..sp_Nuclear_PrepaidUpdatePrintStatus '" + number + "'"});
+                  leave(form);
+              },
+              leave});
 }
 
 TEST_F(Prepaid, AnEmptyListIsSaidOnceItIsActive) {
