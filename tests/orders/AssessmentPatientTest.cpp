@@ -110,7 +110,8 @@ TEST_F(AssessmentPatient, ARegularOutPatientIsRatedAtClassA) {
     EXPECT_EQ(patient(), "104078|T104078C|AGUILAR|VIRGILIO|AVELINO|A");
     EXPECT_TRUE(field("txtDoctorID").hasFocus());
     type("204<Enter>");
-    EXPECT_TRUE(field("txtDoctor").text().startsWith("DR. "));
+    EXPECT_EQ(field("txtDoctor").text(), value("SELECT 'DR. ' + FirstName + ' ' + LastName FROM "
+                                               "BUILD_FILE..tbcoDoctor WHERE DoctorID = '204'"));
     EXPECT_TRUE(grid().hasFocus());
     type("NU<Enter>1001<Enter>");
     EXPECT_EQ(cell(1, 5).toDouble(), price("RateA").toDouble());

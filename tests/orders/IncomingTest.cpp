@@ -356,6 +356,8 @@ TEST_F(Incoming, AReceiptOfAWalkInIsTakenFromTheListOfCashPatients) {
              EXPECT_EQ(textOf(screen, "txtLname"), last);
              EXPECT_EQ(textOf(screen, "txtFname"), first);
              EXPECT_EQ(textOf(screen, "txtSex"), value("SELECT Sex" + row));
+             EXPECT_EQ(textOf(screen, "txtAge"), value("SELECT Age" + row));
+             EXPECT_NE(textOf(screen, "txtAge"), "");
              EXPECT_EQ(textOf(screen, "txtRoom"), "OPD");
              EXPECT_EQ(textOf(screen, "txtOrNo"), "OR900");
              EXPECT_EQ(textOf(screen, "txtAmount"), "4,100.00");

@@ -52,43 +52,51 @@ class Prepaid : public tests::RequestFixture {
 
 TEST_F(Prepaid, APickedRequestFillsItsForm) {
     const QString master = " FROM PATIENT_DATA..tbMaster WHERE HospNum = '" + of("HospNum") + "'";
-    openList({[&](QWidget& list) {
-                  EXPECT_EQ(list.windowTitle(), "Requests From Prepaid");
-                  EXPECT_EQ(listed(takeTexts()), listed({searched}));
-                  EXPECT_EQ(listOf(list).Rows(), 4);
-                  EXPECT_EQ(listOf(list).TextMatrix(1, 7), number);
-                  EXPECT_TRUE(listOf(list).hasFocus());
-                  keys(listOf(list), "<Enter>");
-                  EXPECT_EQ(listed(takeTexts()), listed({searched})) << "active again, it reads again";
-                  EXPECT_EQ(listOf(list).Rows(), 4);
-                  leave(list);
-              },
-              [&](QWidget& form) {
-                  EXPECT_EQ(form.windowTitle(), "Print Request Form for Prepaid Requests");
-                  EXPECT_EQ(listed(takeTexts()), listed({info, lines}));
-                  const auto text = [&](const char* name) { return child<QLineEdit>(form, name).text(); };
-                  EXPECT_EQ(text("txtCSNum"), number);
-                  EXPECT_EQ(text("txtIdNum"), id);
-                  EXPECT_EQ(text("txtHospNum"), of("HospNum"));
-                  EXPECT_EQ(text("txtPName"),
-                            value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName" + master));
-                  EXPECT_EQ(text("txtSex"), value("SELECT Sex" + master));
-                  EXPECT_EQ(text("txtRoom"), "OPD");
-                  EXPECT_EQ(text("txtRoomClassID"), "A");
-                  EXPECT_EQ(text("txtHouseStreet"), value("SELECT HouseStreet" + master));
-                  EXPECT_EQ(text("txtBarangay"), value("SELECT Barangay" + master));
-                  EXPECT_EQ(text("txtZipCode"), value("SELECT ZipCode" + master));
-                  EXPECT_NE(text("txtProvince"), "");
-                  EXPECT_NE(text("txtDoctor"), "");
-                  EXPECT_EQ(child<FlexGrid>(form, "grdRequests").TextMatrix(1, 8), number);
-                  EXPECT_EQ(text("txtTown"), "");
-                  tests::click(child<QPushButton>(form, "cmdTown"));
-                  EXPECT_EQ(text("txtTown"),
-                            value("SELECT Town FROM BUILD_FILE..tbCoAddress WHERE ZipCode = '" +
-                                  text("txtZipCode") + "'"));
-                  takeTexts();
-                  leave(form);
-              }});
+    const QString doctor = of("DoctorID");
+    openList(
+        {[&](QWidget& list) {
+             EXPECT_EQ(list.windowTitle(), "Requests From Prepaid");
+             EXPECT_EQ(listed(takeTexts()), listed({searched}));
+             EXPECT_EQ(listOf(list).Rows(), 4);
+             EXPECT_EQ(listOf(list).TextMatrix(1, 7), number);
+             EXPECT_TRUE(listOf(list).hasFocus());
+             keys(listOf(list), "<Enter>");
+             EXPECT_EQ(listed(takeTexts()), listed({searched})) << "active again, it reads again";
+             EXPECT_EQ(listOf(list).Rows(), 4);
+             leave(list);
+         },
+         [&](QWidget& form) {
+             EXPECT_EQ(form.windowTitle(), "Print Request Form for Prepaid Requests");
+             EXPECT_EQ(listed(takeTexts()), listed({info, lines}));
+             const auto text = [&](const char* name) { return child<QLineEdit>(form, name).text(); };
+             EXPECT_EQ(text("txtCSNum"), number);
+             EXPECT_EQ(text("txtIdNum"), id);
+             EXPECT_EQ(text("txtHospNum"), of("HospNum"));
+             EXPECT_EQ(text("txtPName"),
+                       value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName" + master));
+             EXPECT_EQ(text("txtSex"), value("SELECT Sex" + master));
+             EXPECT_EQ(text("txtRoom"), "OPD");
+             EXPECT_EQ(text("txtRoomClassID"), "A");
+             EXPECT_EQ(text("txtHouseStreet"), value("SELECT HouseStreet" + master));
+             EXPECT_EQ(text("txtBarangay"), value("SELECT Barangay" + master));
+             EXPECT_EQ(text("txtZipCode"), value("SELECT ZipCode" + master));
+             EXPECT_EQ(text("txtProvince"),
+                       value("SELECT Province FROM BUILD_FILE..tbCoAddress WHERE ZipCode = '" +
+                             text("txtZipCode") + "'"));
+             EXPECT_NE(text("txtProvince"), "");
+             EXPECT_EQ(text("txtDoctor"), value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName FROM "
+                                                "BUILD_FILE..tbcoDoctor WHERE DoctorID = '" +
+                                                doctor + "'"));
+             EXPECT_EQ(text("txtAge"),
+                       value("SELECT Age FROM PATIENT_DATA..tbOutPatient WHERE IdNum = '" + id + "'"));
+             EXPECT_EQ(child<FlexGrid>(form, "grdRequests").TextMatrix(1, 8), number);
+             EXPECT_EQ(text("txtTown"), "");
+             tests::click(child<QPushButton>(form, "cmdTown"));
+             EXPECT_EQ(text("txtTown"), value("SELECT Town FROM BUILD_FILE..tbCoAddress WHERE ZipCode = '" +
+                                              text("txtZipCode") + "'"));
+             takeTexts();
+             leave(form);
+         }});
 }
 
 TEST_F(Prepaid, ThePrintIsMarkedBehindIt) {

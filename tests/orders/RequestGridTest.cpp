@@ -1,5 +1,6 @@
 #include "tests/orders/RequestFixture.h"
 
+#include "platform/base/Format.h"
 #include "session/Session.h"
 #include "session/services/Services.h"
 
@@ -330,6 +331,15 @@ TEST_F(RequestGrid, F3LeavesTheSavesAsTheyAre) {
     EXPECT_TRUE(button("cmdSavePrint").isEnabled());
 }
 
+TEST_F(RequestGrid, F3InACellDeletesFromTwoLinesOn) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter><Enter>1<Enter>");
+    ASSERT_EQ(grid().Rows(), 3);
+    type("MD<F3>");
+    EXPECT_EQ(grid().Rows(), 2);
+    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|5620.00|1|5620.00");
+}
+
 TEST_F(RequestGrid, UpAndDownMoveOneLineFromTheListOfTypesAsFromACell) {
     openAdmitted();
     type("NU<Enter>1001<Enter>R<Enter>1<Enter>NU<Enter>1002<Enter>R<Enter>1<Enter>");
@@ -474,6 +484,25 @@ TEST_F(RequestGrid, TheHeaderComesFromTheAdmission) {
     EXPECT_TRUE(field("txtDoctor").text().startsWith("DR. "));
     EXPECT_EQ(field("txtGross").text(), "0");
     EXPECT_FALSE(field("txtOrNo").isVisible());
+}
+
+TEST_F(RequestGrid, TheHeaderTellsWhatTheAdmissionKnowsOfThePatient) {
+    openAdmitted();
+    const session::clsAdmission& admission = *session::gAdmission;
+    const auto date = [](const base::Value& value) {
+        return base::Format(value, QStringLiteral("mm/dd/yyyy"));
+    };
+    const std::pair<const char*, QString> fields[] = {{"txtAge", admission.Patient.Age},
+                                                      {"txtSex", admission.Patient.Sex},
+                                                      {"txtBDate", date(admission.Patient.BirthDate)},
+                                                      {"txtBloodType", admission.Patient.BloodType},
+                                                      {"txtWeight", admission.History.Weight},
+                                                      {"txtHeight", admission.History.Height},
+                                                      {"txtAdmDate", date(admission.AdmissionDate)}};
+    for (const auto& [name, told] : fields) {
+        EXPECT_EQ(field(name).text(), told) << name;
+        EXPECT_NE(told, "") << name;
+    }
 }
 
 TEST_F(RequestGrid, ACompanyAccountShowsItsNumber) {
