@@ -126,6 +126,62 @@ TEST_F(PackageFile, AnEmptyListSaysSoEachTimeAndLeavesOnlyAdd) {
     EXPECT_TRUE(button("cmdEdit").isEnabled());
 }
 
+TEST_F(PackageFile, AListThatBecameEmptyTakesTheEditOutOfUse) {
+    show();
+    ASSERT_TRUE(button("cmdEdit").isEnabled());
+    screen.hideScreen();
+    hospital.run("DELETE FROM NUCLEAR..tbNucPackage");
+    boxes.expect(noRecords);
+    show();
+    EXPECT_FALSE(button("cmdEdit").isEnabled());
+}
+
+TEST_F(PackageFile, TheHeadingsAreTheScreensOwn) {
+    hospital.replaceProcedure("ALTER PROCEDURE Help_SearchNucPackage @Mode varchar(1), @Code varchar(10) AS "
+                              "IF @Mode = '3' SELECT Code AS A, Description AS B, Status AS C FROM "
+                              "tbNucPackage ELSE SELECT Code, Description, Status FROM tbNucPackage WHERE "
+                              "Code = @Code");
+    show();
+    QStringList headings;
+    for (const int column : {1, 2, 3})
+        headings += grid().TextMatrix(0, column);
+    EXPECT_EQ(headings, (QStringList{"Code", "Description", "Status"}));
+}
+
+TEST_F(PackageFile, TheBlanksOfAWideColumnAreNoPartOfTheCode) {
+    show();
+    grid().setTextMatrix(2, 1, " N02 ");
+    takeTexts();
+    grid().setFocus();
+    type("<Down>");
+    EXPECT_EQ(takeTexts(), QStringList{"Nuclear..Help_SearchNucPackage '1','N02'"});
+}
+
+TEST_F(PackageFile, TheSavedPackageComesToTheTop) {
+    for (int number = 10; number < 60; ++number)
+        hospital.run(QStringLiteral("INSERT INTO NUCLEAR..tbNucPackage (Code, Description, Status) VALUES "
+                                    "('N%1', 'PACKAGE %1', 1)")
+                         .arg(number));
+    show();
+    type("<Alt+A>N30<Enter>ANOTHER NAME");
+    boxes.expect(sure);
+    boxes.expect(saved);
+    type("<Alt+S>");
+    EXPECT_EQ(grid().TextMatrix(grid().Row(), 1), "N30");
+    EXPECT_EQ(grid().visualRect(grid().currentIndex()).top(), 0);
+}
+
+TEST_F(PackageFile, BackInViewTheSearchIsEmpty) {
+    show();
+    type("n04<Alt+A><Esc>");
+    EXPECT_EQ(field("txtSearch").text(), "");
+    type("n04<Alt+A>N03<Enter>SAME");
+    boxes.expect(sure);
+    boxes.expect(saved);
+    type("<Alt+S>");
+    EXPECT_EQ(field("txtSearch").text(), "");
+}
+
 TEST_F(PackageFile, AClickOrAnArrowShowsThePackage) {
     hospital.run("UPDATE NUCLEAR..tbNucPackage SET Status = 0 WHERE Code = 'N03'");
     show();

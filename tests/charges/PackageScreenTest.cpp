@@ -208,6 +208,31 @@ TYPED_TEST(EitherPackageScreen, AnItemOfFourPiecesHasAQuarterOfItsAmountAsUnitPr
     EXPECT_EQ(this->unused.TextMatrix(1, 1), "");
 }
 
+TYPED_TEST(EitherPackageScreen, TheBlanksOfWideColumnsGoNowhere) {
+    this->template open<TypeParam>();
+    this->packages().setTextMatrix(1, 1, ' ' + this->first + ' ');
+    this->packages().setTextMatrix(1, 3, " 500 ");
+    this->takeTexts();
+    this->clickRow(this->packages(), 1, 2);
+    const QStringList sent = this->takeTexts();
+    ASSERT_EQ(sent.size(), 1);
+    EXPECT_TRUE(sent[0].endsWith(" '" + this->first + "'")) << sent[0].toStdString();
+    EXPECT_EQ(this->info(this->isWards ? "lblInfo_2" : "lblInfo_3"), "Gross: 500");
+    QStringList expected;
+    for (const int column : {3, 2, 4, 5, 6}) {
+        const QString text = this->items().TextMatrix(1, column);
+        expected += text;
+        this->items().setTextMatrix(1, column, ' ' + text + ' ');
+    }
+    tests::click(this->accept());
+    QStringList line;
+    for (const int column : {1, 2, 3, 6, 7})
+        line += this->lines.TextMatrix(1, column);
+    EXPECT_EQ(line, expected);
+    EXPECT_EQ(this->lines.TextMatrix(1, 15), this->first);
+    session::gInventoryEntry = false;
+}
+
 TYPED_TEST(EitherPackageScreen, LinesGoBehindThoseThatStandThereAndCountOn) {
     this->lines.setRows(4);
     this->lines.setTextMatrix(1, 1, "NU");

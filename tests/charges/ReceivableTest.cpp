@@ -222,6 +222,29 @@ TEST_F(Receivable, TheEntryTakesItsHeaderFromTheRowAndNothingElse) {
     EXPECT_EQ(search.focusWidget(), &box());
 }
 
+TEST_F(Receivable, TheBlanksOfWideColumnsStayInTheList) {
+    show();
+    find(in);
+    const std::pair<int, const char*> fields[] = {{1, "txtHospNum"}, {2, "txtIdNum"}, {3, "txtLname"},
+                                                  {4, "txtFname"},   {5, "txtMname"}, {6, "txtRoom"},
+                                                  {12, "txtBDate"},  {13, "txtAge"},  {18, "txtCompany"}};
+    QStringList expected;
+    for (const auto& [column, name] : fields) {
+        expected += table().TextMatrix(1, column).trimmed();
+        table().setTextMatrix(1, column, ' ' + expected.last() + ' ');
+    }
+    takeTexts();
+    take({[&](QWidget& entry) {
+        EXPECT_EQ(takeTexts().value(0),
+                  "Select Latecharges from Patient_data..tbPatient where idnum = '" + in + "'");
+        QStringList texts;
+        for (const auto& [column, name] : fields)
+            texts += shown(entry, name);
+        EXPECT_EQ(texts, expected);
+        leave(entry);
+    }});
+}
+
 TEST_F(Receivable, AnAgeOfNoughtIsAskedFor) {
     hospital.run("UPDATE PATIENT_DATA..tbPatient SET Age = '0' WHERE IdNum = '" + in + "'");
     hospital.run("UPDATE PATIENT_DATA..tbMaster SET BirthDate = '01/05/1990' WHERE HospNum = '" +

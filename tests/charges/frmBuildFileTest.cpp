@@ -300,7 +300,9 @@ TEST_F(BuildFile, AnExamThatIsGoneLeavesTheFields) {
 
 TEST_F(BuildFile, RefreshReadsTheListAndClearsTheFields) {
     show();
-    keys(grid(), "<Down>");
+    keys(grid(), "<Down><F8>");
+    click(button("btnCancel"));
+    ASSERT_EQ(status(), QStringLiteral("Cancel Nuclear Exams"));
     takeTexts();
     click(button("btnRefresh"));
     EXPECT_EQ(takeTexts(), QStringList{list});
@@ -482,6 +484,18 @@ TEST_F(BuildFile, AnEditSendsItsStatementsAndEnds) {
     EXPECT_TRUE(grid().isEnabled());
     EXPECT_TRUE(grid().hasFocus());
     EXPECT_TRUE(child<QGroupBox>(*screen, "fmeExamInfo").isEnabled()) << "only Cancel closes the frame";
+}
+
+TEST_F(BuildFile, TheBlanksAroundACodeAreNotSent) {
+    show();
+    keys(grid(), "<Down><F7>");
+    field("txtCode").setText(QStringLiteral(" 1002 "));
+    takeTexts();
+    click(button("btnSave"));
+    const QStringList sent = takeTexts();
+    EXPECT_TRUE(sent.value(0).startsWith(
+        QStringLiteral("build_File..sp_Bui_Update_Item_Details 'NU','1002','GALLIUM SCAN',")));
+    EXPECT_EQ(sent.value(1), section("", "1002"));
 }
 
 TEST_F(BuildFile, TheSectionGoesByThePlaceOfTheMedicareType) {

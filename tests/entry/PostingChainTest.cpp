@@ -108,6 +108,43 @@ TEST_P(PostingChain, EachKindOfLineGoesItsWay) {
         << "filed as an admitted patient's, whoever is billed";
 }
 
+TEST_P(PostingChain, TrimsWhatEachTextWantsTrimmed) {
+    addLine("NU", " 1001 ", "1", "100");
+    addLine("UR", " 40001 ", "1", "12");
+    for (const int row : {1, 2})
+        lines.setTextMatrix(row, entry::colParticular, " ITEM ");
+    const QStringList sent = post(plain);
+    for (const QString& log : sent.filter("sp_addnurselogbook")) {
+        EXPECT_TRUE(log.startsWith("sp_addnurselogbook ' 104078 ','26004078', '")) << log.toStdString();
+        EXPECT_TRUE(log.contains("'1001','ITEM','100'") || log.contains("'40001','ITEM','12'"))
+            << log.toStdString();
+    }
+    EXPECT_TRUE(only(sent, "sp_addbill").contains("', '1001','100'"));
+    EXPECT_TRUE(only(sent, "sp_addbill").endsWith("' 104078 '")) << only(sent, "sp_addbill").toStdString();
+    const QString card = only(sent, "sp_AppendStockCard");
+    EXPECT_TRUE(card.startsWith("INVENTORY..sp_AppendStockCard '104078','26004078',' 40001 ','"))
+        << card.toStdString();
+    EXPECT_TRUE(card.contains("'PRN','205',")) << card.toStdString();
+    const QStringList codes{"1001", "40001"};
+    const QStringList requests = sent.filter("sp_Nuclear_AddRequest");
+    ASSERT_EQ(requests.size(), GetParam().variant.stockLineIsRequest ? 2 : 1);
+    for (int i = 0; i < requests.size(); ++i) {
+        EXPECT_TRUE(requests[i].startsWith("sp_Nuclear_AddRequest '104078','26004078','"))
+            << requests[i].toStdString();
+        EXPECT_TRUE(requests[i].contains("', '" + codes[i] + "','")) << requests[i].toStdString();
+    }
+}
+
+TEST_P(PostingChain, TrimsAPaidLineLikewise) {
+    addLine("NU", " 1001 ", "1", "100");
+    session::RequestEntry paid = plain;
+    paid.CashBasis = true;
+    paid.CashOrNum = "OR77";
+    const QString request = only(post(paid), "sp_Nuclear_AddRequest");
+    EXPECT_TRUE(request.startsWith("sp_Nuclear_AddRequest '104078','26004078','")) << request.toStdString();
+    EXPECT_TRUE(request.contains("', '1001','100','301',")) << request.toStdString();
+}
+
 TEST_P(PostingChain, AWardsLineStampsItsFilesByItsOwnNumber) {
     addLine("NU", "1001", "1", "100");
     session::RequestEntry ward = plain;

@@ -59,6 +59,7 @@ TEST_F(ClearPatient, ShowsTheNoticeAndWhoIsAboutToClearIt) {
     EXPECT_EQ(text("txtHospNum"), QStringLiteral("104001"));
     EXPECT_EQ(text("txtAdmNo"), QStringLiteral("26004001"));
     EXPECT_EQ(text("txtDoctor"), QStringLiteral("CRUZ, ANA"));
+    EXPECT_EQ(text("txtRoom"), QStringLiteral("201"));
     EXPECT_EQ(text("txtAdmDate"), QStringLiteral("11/16/2026 10:30:00 AM"));
     EXPECT_EQ(text("txtOrderDate"), QStringLiteral("11/21/2026 6:30:00 AM"));
     EXPECT_EQ(text("txtNoticeDate"), QStringLiteral("11/21/2026 7:30:00 AM"));

@@ -126,6 +126,13 @@ TEST_F(DischargeNotice, CloseHandsNobodyOver) {
     EXPECT_EQ(screen.IdNum, QString());
 }
 
+TEST_F(DischargeNotice, CloseForgetsWhoWasHandedOverBefore) {
+    screen.IdNum = QStringLiteral("26004001");
+    show();
+    click(child<QPushButton>(screen, "cmdClose"));
+    EXPECT_EQ(screen.IdNum, QString());
+}
+
 TEST_F(DischargeNotice, TheCharacterComesBackWhileANoticeWaits) {
     show();
     screen.Unload();

@@ -68,6 +68,13 @@ TEST_F(Verification, AnEmptyTextIsSentAsItStands) {
     EXPECT_EQ(takeTexts(), QStringList{"Nuclear..spCash_InquiryList ''"});
 }
 
+TEST_F(Verification, TheBlanksOfATextAreSentAsWell) {
+    answer("Nuclear..sp", columns);
+    keys(number, "<Alt+O>");
+    keys(number, " or1 <Enter>");
+    EXPECT_EQ(takeTexts(), QStringList{"Nuclear..spCash_InquiryList ' OR1 '"});
+}
+
 TEST_F(Verification, EachColumnIsReadByItsNameAndANullShowsAsEmpty) {
     answer("Nuclear..spCash_InquiryList", columns,
            {{"OR31001", "CRUZ, JUAN D", "11/20/2026 8:30:00 AM", "5200", "NUCLEAR MEDICINE"},

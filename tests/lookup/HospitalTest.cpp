@@ -80,6 +80,17 @@ TEST_F(HospitalPatients, TakesAnAdmittedPatientToRequestEntryOnce) {
     EXPECT_TRUE(search.hasFocus());
 }
 
+TEST_F(HospitalPatients, TheBlanksOfAWideColumnAreNoPartOfTheNumber) {
+    const QString idNumber = one(openStay());
+    list(idNumber);
+    grid.setTextMatrix(1, 2, ' ' + idNumber + "  ");
+    tests::keys(search, QStringLiteral("<Down><Enter>"));
+    ASSERT_EQ(screens.requests.size(), 1u);
+    EXPECT_EQ(screens.requests.front().PatIdNum, idNumber);
+    EXPECT_EQ(screen.ResultCode, idNumber);
+    EXPECT_EQ(session::gAdmission->IdNumber, idNumber);
+}
+
 TEST_F(HospitalPatients, ADoubleClickOpensOneRequest) {
     list(one(openStay()));
     const QRect cell = grid.cellRect(1, 3);

@@ -319,6 +319,17 @@ TEST_F(OutPatientSearch, ATextThatIsNoNumberIsLookedForInTheList) {
     EXPECT_EQ(boxes(), QStringList());
 }
 
+TEST_F(OutPatientSearch, SeveralRowsOpenTheListAndThePickIsLoaded) {
+    answer("spGlobal_RegisteredOPD '0','1', 'SANTOS'", stayColumns, {stay("O002007"), stay("O002008")});
+    answer("spGlobal_RegisteredOPD '0','0', 'SANTOS'", stayColumns, {stay("O002001")});
+    answer("spGlobal_RegisteredOPD '0','1', 'O002001'", stayColumns, {stay("O002001")});
+    EXPECT_TRUE(pick("SANTOS", takeFirst));
+    EXPECT_EQ(statements(), "spGlobal_RegisteredOPD '0','1', 'SANTOS'\n"
+                            "spGlobal_RegisteredOPD '0','0', 'SANTOS'\n"
+                            "spGlobal_RegisteredOPD '0','1', 'O002001'");
+    EXPECT_EQ(search.IdNumber(), "O002001") << "and not the first of several";
+}
+
 TEST_F(OutPatientSearch, ThePickOfAPersonalAccountIsRefused) {
     answer("spGlobal_RegisteredOPD '0','1', ''", stayColumns);
     answer("spGlobal_RegisteredOPD", stayColumns, {stay("O002001", "104001 ")});

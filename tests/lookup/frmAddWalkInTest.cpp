@@ -266,11 +266,12 @@ TEST_F(AddWalkIn, TextsThatTheirColumnsCannotHoldAreRefusedWhole) {
 TEST_F(AddWalkIn, QuotesTurnIntoBackQuotesAsTheyAreTyped) {
     type("o'brien<Enter>d'arcy<Enter>l'or<Enter><Enter>31<Enter>");
     keys(child<QLineEdit>(screen, "txtHouse"), "5 st. paul's<Enter>l'eau");
+    keys(child<QLineEdit>(screen, "txtZipCode"), "11'0");
     type("<Alt+S>");
     EXPECT_EQ(
         takeTexts().value(4),
         QStringLiteral("spNuclearaddcashpatient '0','W1031','O`BRIEN','D`ARCY','L`OR','5 ST. PAUL`S','L`EAU',"
-                       "'','M','0','','31'"));
+                       "'11`0','M','0','','31'"));
 }
 
 TEST_F(AddWalkIn, SexAndCivilStatusGoByTheOptions) {

@@ -104,6 +104,13 @@ TEST_F(Search, EnterSearchesAChangedTextAndThenTakesTheRowInHand) {
     EXPECT_EQ(takeStatements(), QStringList());
 }
 
+TEST_F(Search, AQuoteIsABackQuoteAsItIsTyped) {
+    answerThree();
+    show();
+    QTest::keyClicks(&text, QStringLiteral("n'u"));
+    EXPECT_EQ(text.text(), QStringLiteral("n`u"));
+}
+
 TEST_F(Search, MovingInTheGridCopiesTheNameToTheText) {
     answerThree();
     show();

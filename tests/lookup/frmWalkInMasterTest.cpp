@@ -163,6 +163,15 @@ TEST_F(WalkInMaster, EveryFieldIsWritten) {
     EXPECT_EQ(patient("W8001"), "REAL|DINA|PAZ|11/20/1985|41|M|3|7 ORCHID ST|UGONG|1200");
 }
 
+TEST_F(WalkInMaster, QuotesTurnIntoBackQuotesAsTheyAreTyped) {
+    edit("AQUINO");
+    for (const char* field :
+         {"txtLastName", "txtFirstName", "txtMiddleName", "txtAddress1", "txtAddress2", "txtZipCode"}) {
+        keys(child<QLineEdit>(screen, field), "<Ctrl+A>o'a");
+        EXPECT_EQ(text(screen, field), "O`A") << field;
+    }
+}
+
 TEST_F(WalkInMaster, AnUnknownBirthDateStaysUnknownUntilItIsTyped) {
     search("AQUINO");
     type("<Down><Down><Enter>");

@@ -100,6 +100,19 @@ TEST_F(OutPatientChoice, TheMenuBarShowsThePanelToo) {
     EXPECT_EQ(texts(), QStringList());
 }
 
+TEST_F(OutPatientChoice, TheMenuBarShowsThePanelForChargesLikewise) {
+    clickGroup(0);
+    bool wasShown = false;
+    server.screens.outPatientSearch = [&](const QString&) {
+        wasShown = isShown("Frame2");
+        return std::optional<session::FoundOutPatient>();
+    };
+    trigger("mnuOPDChargeEntry");
+    EXPECT_TRUE(wasShown);
+    expectSubMenuBack();
+    EXPECT_EQ(texts(), QStringList());
+}
+
 TEST_F(OutPatientChoice, DigitsPressThePanelsButtons) {
     choose();
     EXPECT_EQ(menuScreen().focusWidget()->objectName(), "btnCashEntry");

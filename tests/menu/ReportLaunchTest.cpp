@@ -179,6 +179,23 @@ INSTANTIATE_TEST_SUITE_P(
             {from, to, "NU", hospital, address, user},
             "Reader Report"}));
 
+TEST_F(Report, HoldsItsButtonAndTheHourglassUntilItIsLeft) {
+    clickGroup(3);
+    auto* button = child<QAbstractButton>("fltSubMenu_5");
+    bool wasEnabled = true;
+    Qt::CursorShape cursor = Qt::ArrowCursor;
+    session::otherReportLaunchers().showReport = [&](bool, const QString&, bool) {
+        wasEnabled = button->isEnabled();
+        cursor = menuScreen().cursor().shape();
+    };
+    clickSubMenu(5);
+    EXPECT_FALSE(wasEnabled);
+    EXPECT_EQ(cursor, Qt::WaitCursor);
+    EXPECT_TRUE(button->isEnabled());
+    EXPECT_TRUE(button->hasFocus());
+    EXPECT_EQ(menuScreen().cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(Report, AllPatientCensusRunsItsProcedureAndShowsTheTree) {
     run("mnuReportCensusAllPatient");
     EXPECT_EQ(texts(), QStringList{"Patient_Data..sp_adm_censusallpatient '2026/11/21',''"});

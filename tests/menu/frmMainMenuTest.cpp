@@ -1,3 +1,4 @@
+#include "menu/BirthdayGreeting.h"
 #include "menu/Monitors.h"
 #include "session/Session.h"
 #include "session/TestDoors.h"
@@ -43,6 +44,13 @@ TEST_F(MenuScreenTest, AsksTheBirthdayAndDeletesRevokedDataOnceAtEachStart) {
     EXPECT_EQ(texts(),
               (QStringList{"SELECT BirthDate FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'",
                            "sp_Nuclear_DeleteRevokedData"}));
+}
+
+TEST_F(MenuScreenTest, AsksForTheBirthdayOfTheCodeWithoutItsBlanks) {
+    openMenu();
+    menu::birthdayGreeting(" 1001 ");
+    EXPECT_EQ(texts(),
+              QStringList{"SELECT BirthDate FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'"});
 }
 
 TEST_F(MenuScreenTest, StartsAtTheQuitGroupWithoutASubMenu) {

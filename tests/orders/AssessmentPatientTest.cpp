@@ -97,13 +97,21 @@ TEST_F(AssessmentPatient, AWalkInWhoIsNotOnFileLeavesTheNameToBeTypedAgain) {
     EXPECT_EQ(field("txtSname").selectedText(), "ZZZ");
 }
 
+TEST_F(AssessmentPatient, ANameIsSearchedForInCapitalsHoweverItGotThere) {
+    field("txtSname").setText("zzz");
+    tests::keys(field("txtSname"), "<Enter>");
+    EXPECT_EQ(takeTexts(), QStringList{"spGlobal_CashPatient '0', 'ZZZ'"});
+    EXPECT_EQ(field("txtSname").text(), "ZZZ");
+}
+
 TEST_F(AssessmentPatient, ARegularOutPatientIsRatedAtClassA) {
     find("optType_1", "104078<Enter>");
     EXPECT_EQ(takeTexts(), QStringList{"spGlobal_RegularPatients '','1', '104078'"});
     EXPECT_EQ(patient(), "104078|T104078C|AGUILAR|VIRGILIO|AVELINO|A");
     EXPECT_TRUE(field("txtDoctorID").hasFocus());
     type("204<Enter>");
-    EXPECT_TRUE(field("txtDoctor").text().startsWith("DR. "));
+    EXPECT_EQ(field("txtDoctor").text(), value("SELECT 'DR. ' + FirstName + ' ' + LastName FROM "
+                                               "BUILD_FILE..tbcoDoctor WHERE DoctorID = '204'"));
     EXPECT_TRUE(grid().hasFocus());
     type("NU<Enter>1001<Enter>");
     EXPECT_EQ(cell(1, 5).toDouble(), price("RateA").toDouble());

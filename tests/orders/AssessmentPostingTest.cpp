@@ -255,6 +255,17 @@ TEST_F(AssessmentPosting, EachSaveBringsAFreshScreenAndNoneStandsBehindIt) {
     EXPECT_FALSE(screen().isNextWanted());
 }
 
+TEST_F(AssessmentPosting, AQuantityIsSentInWholeNumbers) {
+    openForRegular();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    grid().setTextMatrix(1, 6, "1.5"); // as a package may bring it
+    expectSaved();
+    save();
+    const QStringList lines = added();
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].endsWith(",'2'")) << lines[0].toStdString();
+}
+
 TEST_F(AssessmentPosting, TheSlipIsFilledTwiceAndPrintedWithItsTenValues) {
     tests::SlipPrinter slip;
     openForRegular();

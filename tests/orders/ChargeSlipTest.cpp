@@ -51,6 +51,20 @@ TEST_F(ChargeSlip, TakesTheLinesDownToTheFirstWithoutACode) {
     EXPECT_TRUE(screen().isUnloaded());
 }
 
+TEST_F(ChargeSlip, ALineWithoutAnAmountIsPrintedWithoutOne) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>2<Enter>");
+    grid().setTextMatrix(1, 7, "");
+    expectSaved();
+    takeTexts();
+    type("<Alt+P>");
+    EXPECT_EQ(
+        printTexts().filter("Dump"),
+        QStringList{"sp_Nuclear_DumpChargeSlip '1001','BONE SCAN, WHOLE BODY','2','5620.00','', '1001', "
+                    "'NU'"})
+        << "the price has no say in it";
+}
+
 TEST_F(ChargeSlip, IsPrintedAtOnceWithItsTenValues) {
     open({.PatIdNum = admitted,
           .PatientType = "I",

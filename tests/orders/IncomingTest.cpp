@@ -240,6 +240,27 @@ TEST_F(Incoming, ARequestIsRevokedInTheTray) {
     EXPECT_EQ(status("tbNurseLogBook", "7900001"), "R ");
 }
 
+TEST_F(Incoming, TheNumbersOfARevokedRequestAreSentWithoutTheirBlanks) {
+    fileAtWard("I", admitted, "7900001", "1001", "5620");
+    boxes.expect({"Requested procedure successfully revoked.", controls::vbInformation, "Message"});
+    openInTray({[&](QWidget& list) {
+        tableOf(list).setTextMatrix(1, 2, " 26004078 ");
+        tableOf(list).setTextMatrix(1, 10, " 7900001 ");
+        takeTexts();
+        keys(tableOf(list), "<Alt+R>");
+        EXPECT_EQ(takeTexts().value(0), "sp_Nuclear_CancelNurseRequest '26004078','7900001'");
+        leave(list);
+    }});
+}
+
+TEST_F(Incoming, TheSearchOfReceiptsIsInCapitalsAndTakesNoQuote) {
+    openReceipts({[](QWidget& list) {
+        keys(child<QLineEdit>(list, "txtSearch"), "<Ctrl+A>o'b");
+        EXPECT_EQ(textOf(list, "txtSearch"), "O`B");
+        leave(list);
+    }});
+}
+
 TEST_F(Incoming, AnEmptyTrayHasItsHeaderAndNothingToDo) {
     hospital.run("UPDATE STATION..tbNurseCommunicationFile SET RecordStatus = 'X'");
     openInTray({[&](QWidget& list) {
@@ -335,6 +356,8 @@ TEST_F(Incoming, AReceiptOfAWalkInIsTakenFromTheListOfCashPatients) {
              EXPECT_EQ(textOf(screen, "txtLname"), last);
              EXPECT_EQ(textOf(screen, "txtFname"), first);
              EXPECT_EQ(textOf(screen, "txtSex"), value("SELECT Sex" + row));
+             EXPECT_EQ(textOf(screen, "txtAge"), value("SELECT Age" + row));
+             EXPECT_NE(textOf(screen, "txtAge"), "");
              EXPECT_EQ(textOf(screen, "txtRoom"), "OPD");
              EXPECT_EQ(textOf(screen, "txtOrNo"), "OR900");
              EXPECT_EQ(textOf(screen, "txtAmount"), "4,100.00");

@@ -1,4 +1,6 @@
 // What the request screen asks for as it opens, in each of its modes, and what it shows of it.
+#include "session/Session.h"
+#include "session/services/Services.h"
 #include "tests/orders/RequestFixture.h"
 
 #include <QLabel>
@@ -122,6 +124,26 @@ TEST_F(Opening, WithThePaidLinesOfAReceipt) {
     EXPECT_EQ(field("txtAmount").text(), field("txtGross").text());
     EXPECT_TRUE(field("txtOrNo").isVisible());
     EXPECT_TRUE(button("cmdSave").isEnabled());
+}
+
+TEST_F(Opening, AWardsLinesComeBeforeTheReceipts) {
+    EXPECT_EQ(
+        opened({.PatIdNum = admitted,
+                .PatientType = "I",
+                .CashBasis = true,
+                .NurseCommnunication = true,
+                .CashOrNum = "OR9",
+                .Classification = "Z"}),
+        (QStringList{"Select * From Build_file..tbcoRoom where roomid = '205'",
+                     "Nuclear..sp_Nuclear_commsearchexam '26004078','Z'", "sp_Nuclear_getcashexam 'OR9'"}));
+}
+
+TEST_F(Opening, AnOutPatientsHeaderTellsAgeAndSex) {
+    const QString id = value("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient ORDER BY IdNum");
+    open({.PatIdNum = id, .PatientType = "O"});
+    EXPECT_EQ(field("txtAge").text(), session::gPatientMaster->Age);
+    EXPECT_EQ(field("txtSex").text(), session::gPatientMaster->Sex);
+    EXPECT_NE(field("txtAge").text() + field("txtSex").text(), "");
 }
 
 TEST_F(Opening, AnAdmissionThatIsGoneLeavesTheHeaderEmpty) {

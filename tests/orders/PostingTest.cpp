@@ -4,6 +4,7 @@
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/SavingFixture.h"
 
+#include <QGuiApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -316,6 +317,34 @@ TEST_F(Posting, TheLastStoreOfAPackageStandsForAllItsLines) {
     ASSERT_EQ(moved.size(), 3);
     for (const QString& text : moved)
         EXPECT_TRUE(text.contains(",'205','224','','','0','CS','CS','',")) << text.toStdString();
+}
+
+/// Whether the hourglass stands, at each statement.
+class Hourglasses : public ado::Observer {
+  public:
+    Hourglasses() { session::gConnection->addObserver(this); }
+    ~Hourglasses() override { session::gConnection->removeObserver(this); }
+    void beforeStatement(const QString& text, ado::StatementKind) override {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        (cursor && cursor->shape() == Qt::WaitCursor ? under : without) += text;
+    }
+    QStringList under, without;
+};
+
+TEST_F(Posting, GoesUnderTheHourglassAndIsToldWithoutIt) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    const QString slip = slipText(nextSlip());
+    bool waits = true;
+    boxes.expect({.prompt = QStringLiteral("Data Successfully Saved! ChargeSlip No.: '%1'").arg(slip),
+                  .title = "Message",
+                  .meanwhile = [&] { waits = QGuiApplication::overrideCursor() != nullptr; }});
+    const Hourglasses seen;
+    type("<Alt+S>");
+    EXPECT_EQ(listed(seen.without), "");
+    EXPECT_FALSE(seen.under.filter("sp_addbill").isEmpty());
+    EXPECT_FALSE(waits);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Posting, ASecondPressNeverPostsTwice) {

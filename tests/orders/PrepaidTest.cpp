@@ -2,11 +2,14 @@
 #include "orders/frmPrepaidRequest.h"
 #include "orders/frmRequestForm.h"
 #include "platform/controls/screen/TestDoors.h"
+#include "platform/report/output/Print.h"
 #include "session/TestDoors.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/SavingFixture.h"
 
+#include <QFile>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -49,43 +52,51 @@ class Prepaid : public tests::RequestFixture {
 
 TEST_F(Prepaid, APickedRequestFillsItsForm) {
     const QString master = " FROM PATIENT_DATA..tbMaster WHERE HospNum = '" + of("HospNum") + "'";
-    openList({[&](QWidget& list) {
-                  EXPECT_EQ(list.windowTitle(), "Requests From Prepaid");
-                  EXPECT_EQ(listed(takeTexts()), listed({searched}));
-                  EXPECT_EQ(listOf(list).Rows(), 4);
-                  EXPECT_EQ(listOf(list).TextMatrix(1, 7), number);
-                  EXPECT_TRUE(listOf(list).hasFocus());
-                  keys(listOf(list), "<Enter>");
-                  EXPECT_EQ(listed(takeTexts()), listed({searched})) << "active again, it reads again";
-                  EXPECT_EQ(listOf(list).Rows(), 4);
-                  leave(list);
-              },
-              [&](QWidget& form) {
-                  EXPECT_EQ(form.windowTitle(), "Print Request Form for Prepaid Requests");
-                  EXPECT_EQ(listed(takeTexts()), listed({info, lines}));
-                  const auto text = [&](const char* name) { return child<QLineEdit>(form, name).text(); };
-                  EXPECT_EQ(text("txtCSNum"), number);
-                  EXPECT_EQ(text("txtIdNum"), id);
-                  EXPECT_EQ(text("txtHospNum"), of("HospNum"));
-                  EXPECT_EQ(text("txtPName"),
-                            value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName" + master));
-                  EXPECT_EQ(text("txtSex"), value("SELECT Sex" + master));
-                  EXPECT_EQ(text("txtRoom"), "OPD");
-                  EXPECT_EQ(text("txtRoomClassID"), "A");
-                  EXPECT_EQ(text("txtHouseStreet"), value("SELECT HouseStreet" + master));
-                  EXPECT_EQ(text("txtBarangay"), value("SELECT Barangay" + master));
-                  EXPECT_EQ(text("txtZipCode"), value("SELECT ZipCode" + master));
-                  EXPECT_NE(text("txtProvince"), "");
-                  EXPECT_NE(text("txtDoctor"), "");
-                  EXPECT_EQ(child<FlexGrid>(form, "grdRequests").TextMatrix(1, 8), number);
-                  EXPECT_EQ(text("txtTown"), "");
-                  tests::click(child<QPushButton>(form, "cmdTown"));
-                  EXPECT_EQ(text("txtTown"),
-                            value("SELECT Town FROM BUILD_FILE..tbCoAddress WHERE ZipCode = '" +
-                                  text("txtZipCode") + "'"));
-                  takeTexts();
-                  leave(form);
-              }});
+    const QString doctor = of("DoctorID");
+    openList(
+        {[&](QWidget& list) {
+             EXPECT_EQ(list.windowTitle(), "Requests From Prepaid");
+             EXPECT_EQ(listed(takeTexts()), listed({searched}));
+             EXPECT_EQ(listOf(list).Rows(), 4);
+             EXPECT_EQ(listOf(list).TextMatrix(1, 7), number);
+             EXPECT_TRUE(listOf(list).hasFocus());
+             keys(listOf(list), "<Enter>");
+             EXPECT_EQ(listed(takeTexts()), listed({searched})) << "active again, it reads again";
+             EXPECT_EQ(listOf(list).Rows(), 4);
+             leave(list);
+         },
+         [&](QWidget& form) {
+             EXPECT_EQ(form.windowTitle(), "Print Request Form for Prepaid Requests");
+             EXPECT_EQ(listed(takeTexts()), listed({info, lines}));
+             const auto text = [&](const char* name) { return child<QLineEdit>(form, name).text(); };
+             EXPECT_EQ(text("txtCSNum"), number);
+             EXPECT_EQ(text("txtIdNum"), id);
+             EXPECT_EQ(text("txtHospNum"), of("HospNum"));
+             EXPECT_EQ(text("txtPName"),
+                       value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName" + master));
+             EXPECT_EQ(text("txtSex"), value("SELECT Sex" + master));
+             EXPECT_EQ(text("txtRoom"), "OPD");
+             EXPECT_EQ(text("txtRoomClassID"), "A");
+             EXPECT_EQ(text("txtHouseStreet"), value("SELECT HouseStreet" + master));
+             EXPECT_EQ(text("txtBarangay"), value("SELECT Barangay" + master));
+             EXPECT_EQ(text("txtZipCode"), value("SELECT ZipCode" + master));
+             EXPECT_EQ(text("txtProvince"),
+                       value("SELECT Province FROM BUILD_FILE..tbCoAddress WHERE ZipCode = '" +
+                             text("txtZipCode") + "'"));
+             EXPECT_NE(text("txtProvince"), "");
+             EXPECT_EQ(text("txtDoctor"), value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName FROM "
+                                                "BUILD_FILE..tbcoDoctor WHERE DoctorID = '" +
+                                                doctor + "'"));
+             EXPECT_EQ(text("txtAge"),
+                       value("SELECT Age FROM PATIENT_DATA..tbOutPatient WHERE IdNum = '" + id + "'"));
+             EXPECT_EQ(child<FlexGrid>(form, "grdRequests").TextMatrix(1, 8), number);
+             EXPECT_EQ(text("txtTown"), "");
+             tests::click(child<QPushButton>(form, "cmdTown"));
+             EXPECT_EQ(text("txtTown"), value("SELECT Town FROM BUILD_FILE..tbCoAddress WHERE ZipCode = '" +
+                                              text("txtZipCode") + "'"));
+             takeTexts();
+             leave(form);
+         }});
 }
 
 TEST_F(Prepaid, ThePrintIsMarkedBehindIt) {
@@ -111,6 +122,50 @@ TEST_F(Prepaid, ThePrintIsMarkedBehindIt) {
                   leave(viewer);
               }});
     EXPECT_EQ(value("SELECT PrintStatus FROM NUCLEAR..tbNucPrepaid WHERE RefNum = '" + number + "'"), "P");
+}
+
+TEST_F(Prepaid, TheFormGoesToThePrinterAtOnce) {
+    const QTemporaryDir folder;
+    const QString target = folder.filePath("form.pdf");
+    report::setPrintTarget(target);
+    openList({[&](QWidget& list) {
+                  keys(listOf(list), "<Enter>");
+                  leave(list);
+              },
+              [&](QWidget& form) {
+                  tests::keysToFocus(form, "<Alt+P>");
+                  EXPECT_TRUE(QFile::exists(target)) << "and no viewer opened";
+                  leave(form);
+              }});
+    report::setPrintTarget(QString());
+}
+
+TEST_F(Prepaid, TheBlanksOfAWideColumnAreNoPartOfTheNumber) {
+    openList({[&](QWidget& list) {
+        listOf(list).setTextMatrix(1, 7, ' ' + number + ' ');
+        hospital.run("DELETE FROM NUCLEAR..tbNucPrepaid WHERE RefNum = '" + number + "'");
+        takeTexts();
+        boxes.expect({"Request Form not found!", controls::vbInformation, "No Request Form"});
+        keys(listOf(list), "<Enter>");
+        EXPECT_EQ(takeTexts(), QStringList{info});
+        leave(list);
+    }});
+}
+
+TEST_F(Prepaid, TheFormIsMarkedByItsNumberWithoutBlanks) {
+    openList({[&](QWidget& list) {
+                  keys(listOf(list), "<Enter>");
+                  leave(list);
+              },
+              [&](QWidget& form) {
+                  child<QLineEdit>(form, "txtCSNum").setText(' ' + number + ' ');
+                  takeTexts();
+                  tests::keysToFocus(form, "<Alt+P>");
+                  EXPECT_EQ(takeTexts().filter("PrepaidUpdatePrintStatus"),
+                            QStringList{"NUCLEAR..sp_Nuclear_PrepaidUpdatePrintStatus '" + number + "'"});
+                  leave(form);
+              },
+              leave});
 }
 
 TEST_F(Prepaid, AnEmptyListIsSaidOnceItIsActive) {

@@ -1,5 +1,6 @@
 #include "tests/orders/RequestFixture.h"
 
+#include "platform/base/Format.h"
 #include "session/Session.h"
 #include "session/services/Services.h"
 
@@ -111,10 +112,20 @@ TEST_F(RequestGrid, AnExamStandsOnOneLineOnly) {
     boxes.expect({"Exam already selected.", controls::vbExclamation, "Assessment"});
     type("NU<Enter>1001<Enter>");
     EXPECT_EQ(cell(2, 2), "");
+    EXPECT_EQ(cell(2, 13), "5620.00") << "the routine price is written before the other lines are looked at";
+    EXPECT_EQ(cell(2, 5), "");
     EXPECT_EQ(grid().Col(), 2);
     EXPECT_TRUE(field("txtEntry").isVisible());
     type("1002<Enter>");
     EXPECT_EQ(cell(2, 2), "1002");
+}
+
+TEST_F(RequestGrid, TheSameCodeOfAnotherDepartmentIsAnotherItem) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>");
+    grid().setTextMatrix(1, 1, "MD");
+    type("NU<Enter>1001<Enter>");
+    EXPECT_EQ(line(2), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|5620.00||");
 }
 
 TEST_F(RequestGrid, AWrongCodeStaysOpen) {
@@ -224,6 +235,47 @@ TEST_F(RequestGrid, ADoctorLookedUpAgainEmptiesTheAmount) {
     EXPECT_EQ(cell(1, 7), "");
 }
 
+TEST_F(RequestGrid, ADoctorLookedUpAgainEmptiesTheQuantity) {
+    openAdmitted();
+    type("MD<Enter>201<Enter>3<Tab>1500<Enter>");
+    ASSERT_EQ(cell(1, 6), "3");
+    grid().setCurrentCell(1, 2);
+    type("<Esc><Enter><Ctrl+A>202<Tab>"); // to the type: the quantity is not opened
+    EXPECT_EQ(cell(1, 2), "202");
+    EXPECT_EQ(cell(1, 6), "");
+    EXPECT_EQ(cell(1, 7), "");
+}
+
+TEST_F(RequestGrid, ADepartmentTellsItsLineWhatItKnowsOfItsItems) {
+    const auto told = [this](const char* department) {
+        forget();
+        openAdmitted();
+        for (const int column : {8, 9, 10, 11})
+            grid().setTextMatrix(1, column, "before");
+        type(QStringLiteral("%1<Enter>").arg(QLatin1String(department)));
+        return QStringList({cell(1, 8), cell(1, 9), cell(1, 10), cell(1, 11)}).join(u'|');
+    };
+    const auto onFile = [this](const char* department) {
+        return value(
+            QStringLiteral("SELECT WithItems + '|N|' + CASE WHEN SearchInventory = 1 THEN 'Y' ELSE "
+                           "'N' END + '|' + ISNULL(LocationID, '') FROM BUILD_FILE..tbcoRevenueCode WHERE "
+                           "RevenueID = '%1'")
+                .arg(QLatin1String(department)));
+    };
+    EXPECT_EQ(told("UR"), onFile("UR"));
+    EXPECT_EQ(told("MS"), onFile("MS"));
+    EXPECT_TRUE(onFile("UR").endsWith("|224"));
+    EXPECT_NE(onFile("UR"), onFile("MS"));
+}
+
+TEST_F(RequestGrid, ASupplyIsOneUntilTheClerkSaysMore) {
+    openAdmitted();
+    type("UR<Enter>40001<Enter>");
+    ASSERT_EQ(grid().Col(), 4);
+    EXPECT_EQ(cell(1, 6), "1");
+    EXPECT_EQ(cell(1, 7), "") << "its amount follows at the quantity";
+}
+
 TEST_F(RequestGrid, EveryItemIsLookedForAmongTheSupplies) {
     openAdmitted();
     session::gFormulist->DrugsORCSR = true;
@@ -307,6 +359,65 @@ TEST_F(RequestGrid, F3DeletesLines) {
     type("<F3>");
     EXPECT_EQ(grid().Rows(), 2) << "a grid keeps a line to type in";
     EXPECT_EQ(field("txtGross").text(), "0.00");
+}
+
+TEST_F(RequestGrid, F3LeavesTheSavesAsTheyAre) {
+    openAdmitted();
+    type("NU<Esc><F3>");
+    EXPECT_EQ(line(1), "||||||") << "the only line, and it was begun";
+    EXPECT_FALSE(button("cmdSave").isEnabled());
+    EXPECT_FALSE(button("cmdSavePrint").isEnabled());
+    type("<Enter>NU<Enter>1001<Enter><Enter>1<Enter><F3>");
+    EXPECT_TRUE(button("cmdSave").isEnabled());
+    EXPECT_TRUE(button("cmdSavePrint").isEnabled());
+}
+
+TEST_F(RequestGrid, F3InACellDeletesFromTwoLinesOn) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter><Enter>1<Enter>");
+    ASSERT_EQ(grid().Rows(), 3);
+    type("MD<F3>");
+    EXPECT_EQ(grid().Rows(), 2);
+    EXPECT_EQ(line(1), "NU|1001|BONE SCAN, WHOLE BODY|ROUTINE|5620.00|1|5620.00");
+}
+
+TEST_F(RequestGrid, UpAndDownMoveOneLineFromTheListOfTypesAsFromACell) {
+    openAdmitted();
+    type("NU<Enter>1001<Enter>R<Enter>1<Enter>NU<Enter>1002<Enter>R<Enter>1<Enter>");
+    const QStringList lines{line(1), line(2)};
+    const QWidget& types = tests::child<QComboBox>(screen(), "cboEntry");
+    for (const int column : {4, 2}) {
+        const QWidget& editor = column == 4 ? types : field("txtEntry");
+        grid().setCurrentCell(2, column);
+        type("<Esc><Enter>");
+        ASSERT_TRUE(editor.isVisible());
+        for (const int row : {1, 1}) { // there is no line above the first
+            type("<Up>");
+            EXPECT_EQ(grid().Row(), row) << column;
+            EXPECT_EQ(grid().Col(), column);
+            EXPECT_TRUE(editor.isVisible());
+        }
+        for (const int row : {2, 3, 3}) { // and none is added behind the last
+            type("<Down>");
+            EXPECT_EQ(grid().Row(), row) << column;
+            EXPECT_EQ(grid().Col(), column);
+        }
+        EXPECT_EQ(grid().Rows(), 4);
+        EXPECT_EQ(QStringList({line(1), line(2)}), lines) << "no type was chosen on the way";
+    }
+}
+
+TEST_F(RequestGrid, EnterInAFeesQuantityMakesItsAmountAnew) {
+    openAdmitted();
+    type("MD<Enter>201<Enter><Tab>1500<Enter>");
+    ASSERT_EQ(field("txtGross").text(), "1500.00");
+    grid().setCurrentCell(1, 6);
+    type("<Esc><Enter>2<Enter>");
+    EXPECT_EQ(cell(1, 6), "2");
+    EXPECT_EQ(cell(1, 7), "0.00") << "a fee has no price";
+    EXPECT_EQ(field("txtGross").text(), "0.00");
+    EXPECT_EQ(grid().Row(), 2);
+    EXPECT_EQ(grid().Col(), 1);
 }
 
 TEST_F(RequestGrid, AFeeTakesItsAmountByKeys) {
@@ -416,6 +527,25 @@ TEST_F(RequestGrid, TheHeaderComesFromTheAdmission) {
     EXPECT_FALSE(field("txtOrNo").isVisible());
 }
 
+TEST_F(RequestGrid, TheHeaderTellsWhatTheAdmissionKnowsOfThePatient) {
+    openAdmitted();
+    const session::clsAdmission& admission = *session::gAdmission;
+    const auto date = [](const base::Value& value) {
+        return base::Format(value, QStringLiteral("mm/dd/yyyy"));
+    };
+    const std::pair<const char*, QString> fields[] = {{"txtAge", admission.Patient.Age},
+                                                      {"txtSex", admission.Patient.Sex},
+                                                      {"txtBDate", date(admission.Patient.BirthDate)},
+                                                      {"txtBloodType", admission.Patient.BloodType},
+                                                      {"txtWeight", admission.History.Weight},
+                                                      {"txtHeight", admission.History.Height},
+                                                      {"txtAdmDate", date(admission.AdmissionDate)}};
+    for (const auto& [name, told] : fields) {
+        EXPECT_EQ(field(name).text(), told) << name;
+        EXPECT_NE(told, "") << name;
+    }
+}
+
 TEST_F(RequestGrid, ACompanyAccountShowsItsNumber) {
     const QString open =
         "PATIENT_DATA..tbPatient WHERE DcrDate IS NULL AND AccountNum <> HospNum ORDER BY IdNum";
@@ -518,6 +648,19 @@ TEST_F(RequestGrid, TextsOfPaddedColumnsAreTrimmed) {
     open({.PatIdNum = admitted, .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});
     EXPECT_EQ(line(1), "NU|1001|BONE SCAN||5620|1|5620");
     EXPECT_EQ(cell(1, 11), "7000001");
+    boxes.expect({"Are you Sure you want to Exit ?", controls::vbYesNo | controls::vbQuestion, "Message",
+                  controls::vbYes});
+    type("<Alt+E>");
+}
+
+TEST_F(RequestGrid, AWardsLinePricesAtItsWholeAmountWhateverItsQuantity) {
+    hospital.replaceProcedure(
+        "ALTER PROCEDURE sp_Nuclear_commsearchexam @IdNum varchar(20), @Classification "
+        "varchar(10) AS SELECT 'NU' AS RevenueID, '1001' AS ItemID, 'BONE SCAN' AS Exam, "
+        "'11240' AS Amount, '2' AS Quantity, '7000001' AS RequestNum");
+    open({.PatIdNum = admitted, .PatientType = "I", .NurseCommnunication = true, .Classification = "A"});
+    EXPECT_EQ(line(1), "NU|1001|BONE SCAN||11240|2|11240");
+    EXPECT_EQ(field("txtGross").text(), "11240.00");
     boxes.expect({"Are you Sure you want to Exit ?", controls::vbYesNo | controls::vbQuestion, "Message",
                   controls::vbYes});
     type("<Alt+E>");

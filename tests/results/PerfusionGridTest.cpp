@@ -93,6 +93,16 @@ TEST_F(PerfusionGrid, EnterWalksAllCellsAndStopsInTheLast) {
     EXPECT_EQ(openCell(), "5,2") << "Escape does nothing";
 }
 
+TEST_F(PerfusionGrid, EnterInTheLastCellDoesNothing) {
+    type("grdTable", {});
+    clickCell(5, 2);
+    type("10<Enter>");
+    EXPECT_EQ(openCell(), "5,2");
+    EXPECT_EQ(entry().selectedText(), "") << "the cell is not opened anew";
+    type("5");
+    EXPECT_EQ(grid().TextMatrix(5, 2), "105") << "and typing goes on where it was";
+}
+
 TEST_F(PerfusionGrid, ArrowsOnTheGridItselfOpenTheCellThatTheyReach) {
     type("grdTable", "<Down>");
     EXPECT_EQ(openCell(), "2,1");

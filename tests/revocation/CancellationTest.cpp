@@ -150,12 +150,50 @@ TEST_F(Cancelling, AClosedAccountIsToldAndNothingIsWritten) {
                {pressing("cmdSave"),
                 [&](QWidget& search) {
                     isReopened = search.objectName() == "frmCancelRequest";
+                    EXPECT_EQ(child<FlexGrid>(search, "grdTable").TextMatrix(1, 1), "") << "anew";
                     tests::keysToFocus(search, "<Esc>");
                 }},
                false);
     EXPECT_TRUE(isReopened);
     EXPECT_EQ(lines(takeCancellation()), lines({"BEGIN", "OpenAdmission 26004078", "COMMIT"}));
     EXPECT_EQ(books(hospital, line), before);
+}
+
+TEST_F(Cancelling, OnlyASlipThatBeginsWithOrIsAReceipt) {
+    Charged line;
+    line.slip = "C9OR1J";
+    post(hospital, line);
+    EXPECT_EQ(cancel(line).value(1), "OpenAdmission 26004078");
+}
+
+TEST_F(Cancelling, TheNumbersOfTheScreenAreSentWithoutTheirBlanks) {
+    const auto pad = [](QWidget& window) {
+        auto& screen = dynamic_cast<revocation::frmCancellation&>(window);
+        screen.setText("txtAdmNo", ' ' + child<QLineEdit>(window, "txtAdmNo").text() + ' ');
+        screen.setText("txtCSlip", " C9001J ");
+        screen.setText("txtHospNo", " 104078 ");
+        tests::click(child<QPushButton>(window, "cmdSave"));
+    };
+    const auto padded = [&](const Charged& line) {
+        post(hospital, line);
+        expectRevoked();
+        cancelling(line, {pad});
+        return takeCancellation();
+    };
+    const QStringList card = padded(supply()).filter("sp_AppendStockCard");
+    ASSERT_EQ(card.size(), 1);
+    EXPECT_TRUE(card[0].startsWith("sp_AppendStockCard 'PC','104078','26004078','30001',"))
+        << card[0].toStdString();
+    EXPECT_TRUE(card[0].contains("'PC', 'C9001J',")) << card[0].toStdString();
+    Charged own;
+    own.request = "90002";
+    const QStringList bill = padded(own).filter("sp_addbill");
+    ASSERT_EQ(bill.size(), 1);
+    EXPECT_TRUE(bill[0].startsWith("sp_addbill 'I','26004078','{now}','C9001J',  '1001',"))
+        << bill[0].toStdString();
+    Charged unbilled = temporary();
+    unbilled.request = "90003";
+    EXPECT_EQ(padded(unbilled).filter("sp_addbill").size(), 0) << "its first letter is the T";
 }
 
 // ---- the command
@@ -203,6 +241,15 @@ TEST_F(Command, IsNotThereWhereBilledItemsStayAndNoRightIsAsked) {
         "'26004078'");
     expectCommand(false, "What this account was billed cannot be cancelled.");
     EXPECT_TRUE(takeTexts().filter("Rights").isEmpty());
+}
+
+TEST_F(Cancelling, TheAdmissionIsAskedAboutWithoutItsBlanks) {
+    revocation::frmCancellation screen;
+    screen.IdNum = " 26004078 ";
+    takeTexts();
+    screen.load();
+    EXPECT_EQ(takeTexts().value(0),
+              "SELECT ISNULL(LABORATORY.DBO.fn_LabCanCancelBilled('26004078'),'') AS CancelBilled");
 }
 
 TEST_F(Cancelling, TheStayThatMayBeChargedIsAskedFor) {

@@ -177,6 +177,15 @@ TEST_F(Reprint, ASlipOfSeveralLinesIsPrintedOnce) {
                                       "0 Charge Slip Printing 0"}));
 }
 
+TEST_F(Reprint, TheNameIsWhatItsThreeBoxesShowAtThePrint) {
+    answerThreeCharges();
+    open({finding("26004001"), [](QWidget& window) {
+              child<QLineEdit>(window, "txtLastName").setText("SANTOS-CRUZ");
+              click(cmdPrint(window));
+          }});
+    EXPECT_TRUE(launched.value(0).contains("|SANTOS-CRUZ, MARIA REYES|")) << lines(launched);
+}
+
 TEST_F(Reprint, EnterAndADoubleClickOnAChargePrintItsSlip) {
     answerThreeCharges();
     open({finding("26004001"), [&](QWidget& window) {
@@ -291,7 +300,7 @@ TEST_F(ReprintedSlip, ByFormulasSaysRoomDoctorAndWhoChargedIt) {
     tests::Charged line = tests::outPatients(hospital);
     post(hospital, line);
     QStringList texts, formulas;
-    QString mark, caption;
+    QString mark, caption, date;
     int charges = 0;
     find(line, false,
          {[](QWidget& window) { click(child<QPushButton>(window, "cmdPrint")); },
@@ -299,6 +308,7 @@ TEST_F(ReprintedSlip, ByFormulasSaysRoomDoctorAndWhoChargedIt) {
           [&](QWidget& window) {
               takeTexts();
               charges = child<FlexGrid>(window, "grdTable").Rows() - 1;
+              date = child<FlexGrid>(window, "grdTable").TextMatrix(1, 2);
               dynamic_cast<frmRePrint&>(window).PrintChargeSlipFormulas();
           },
           [&](QWidget& viewer) {
@@ -313,14 +323,18 @@ TEST_F(ReprintedSlip, ByFormulasSaysRoomDoctorAndWhoChargedIt) {
     EXPECT_EQ(caption, "Charge Slip C9001J");
     EXPECT_EQ(mark, "RE-PRINT");
     const QString hospitalName = session::gHospitalName;
+    const QString patient = value("SELECT LastName + ', ' + FirstName + ' ' + MiddleName FROM "
+                                  "PATIENT_DATA..tbMaster WHERE HospNum = '" +
+                                  line.hospNum + "'");
     const QString encoder =
         value("SELECT LastName + ', ' + FirstName FROM PASSWORD..tbPasswordMain WHERE EmployeeID = '1001'");
     for (const QString& formula :
-         {QStringLiteral("TITLE \"\""), QStringLiteral("ADMNO \"%1\"").arg(line.admission),
-          QStringLiteral("ISSUER \"%1\"").arg(encoder), QStringLiteral("REMARKS \"/\""),
-          QStringLiteral("HOSPITAL \"%1\"").arg(hospitalName), QStringLiteral("TIN \"\""),
-          QStringLiteral("HOSPNUM \"%1\"").arg(line.hospNum), QStringLiteral("ROOMNUM \"OP\""),
-          QStringLiteral("AGE \"\""), QStringLiteral("@USERID \"1001\"")})
+         {QStringLiteral("PATIENT \"%1\"").arg(patient), QStringLiteral("CHARGEDATE \"%1\"").arg(date),
+          QStringLiteral("ADDRESS \"%1\"").arg(session::gHospitalAddress), QStringLiteral("TITLE \"\""),
+          QStringLiteral("ADMNO \"%1\"").arg(line.admission), QStringLiteral("ISSUER \"%1\"").arg(encoder),
+          QStringLiteral("REMARKS \"/\""), QStringLiteral("HOSPITAL \"%1\"").arg(hospitalName),
+          QStringLiteral("TIN \"\""), QStringLiteral("HOSPNUM \"%1\"").arg(line.hospNum),
+          QStringLiteral("ROOMNUM \"OP\""), QStringLiteral("AGE \"\""), QStringLiteral("@USERID \"1001\"")})
         EXPECT_TRUE(formulas.contains(formula)) << formula.toStdString() << " in\n" << lines(formulas);
     EXPECT_TRUE(formulas.filter("QUANTITY")[0].contains("Round")) << "another formula stays as it is";
     for (const QString& text : {QStringLiteral("C9001J"), QStringLiteral("OP"), hospitalName, encoder})

@@ -81,6 +81,15 @@ TEST_F(Doctors, ListOpensOnEverybodyWithTheSearchBoxFocused) {
     EXPECT_FALSE(gCodeFind->Cancelled());
 }
 
+TEST_F(Doctors, TheSearchIsInCapitalsAndTakesNoQuote) {
+    EXPECT_FALSE(list("", [](controls::Screen& list) {
+        auto& search = childOf<QLineEdit>(list, "txtSearch");
+        QTest::keyClicks(&search, "o'n");
+        EXPECT_EQ(search.text(), u"O`N");
+        QTest::keyClick(&list, Qt::Key_Escape);
+    }));
+}
+
 TEST_F(Doctors, EscapeLeavesAndIsCancelled) {
     EXPECT_FALSE(list("cruz", [](controls::Screen& list) {
         EXPECT_EQ(childOf<QLineEdit>(list, "txtSearch").text(), u"cruz");

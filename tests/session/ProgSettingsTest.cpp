@@ -145,6 +145,23 @@ TEST_F(ProgSettings, EditKeepsTheFieldsAndSendsFlagBWithTheCode) {
         }});
 }
 
+TEST_F(ProgSettings, ItIsSaidBehindTheStatementAndBeforeTheListIsReadAgain) {
+    tests::MessageScript boxes;
+    runModal(open, {[&](QWidget& screen) {
+                 keys(child<FlexGrid>(screen, "grdAccess"), QStringLiteral("<Alt+E>"));
+                 session.texts().clear();
+                 boxes.expect({.prompt = added.prompt, .style = added.style, .meanwhile = [&] {
+                                   EXPECT_EQ(session.texts().size(), 1);
+                                   EXPECT_TRUE(session.texts().value(0).contains("SaveProgramSettings"));
+                                   EXPECT_EQ(enabled(screen), u"+--+");
+                               }});
+                 keysToFocus(screen, QStringLiteral("<Alt+S>"));
+                 EXPECT_EQ(session.texts().value(1), listAll);
+                 EXPECT_EQ(session.texts().size(), 2);
+                 keysToFocus(screen, QStringLiteral("<Alt+C>"));
+             }});
+}
+
 TEST_F(ProgSettings, TheArrowKeysLeaveWhatIsBeingTypedAlone) {
     runModal(open, {[](QWidget& screen) {
                  keysToFocus(screen, QStringLiteral("<Alt+D>Scan"));

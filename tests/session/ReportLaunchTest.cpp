@@ -3,6 +3,7 @@
 
 #include "platform/base/Error.h"
 #include "platform/controls/look/HeaderBand.h"
+#include "platform/report/layout/PageDocument.h"
 #include "platform/report/output/Print.h"
 #include "platform/report/viewer/Viewer.h"
 #include "session/Session.h"
@@ -16,6 +17,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPrintDialog>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -219,6 +221,29 @@ TEST_F(Launch, ViewerStartsUnderItsOwnCaptionAtPageWidthAndFillsTheScreen) {
                           EXPECT_EQ(viewer.geometry(), screen.rect());
                           screen.close();
                       });
+}
+
+TEST_F(Launch, AViewerThatIsToPrintAsksForThePrinterAsItLoads) {
+    for (const bool prints : {true, false}) {
+        PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+        frmReportViewer viewer;
+        viewer.DirectPrint = prints;
+        int asked = 0;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, [&asked] {
+            if (auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget())) {
+                ++asked;
+                dialog->reject();
+            }
+        });
+        timer.start(0);
+        viewer.Show();
+        const auto& pages = tests::childOf<report::Viewer>(viewer, "CRViewer1");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return pages.document() && pages.document()->isComplete(); }));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(asked, prints ? 1 : 0);
+        viewer.Unload();
+    }
 }
 
 TEST_F(Launch, ValuesThatAreMissingAreAskedForAndNothingIsShownOrPrintedWithoutThem) {

@@ -299,6 +299,23 @@ TEST_F(UserRights, SaveSendsTheTickedNumbersThenTheLog) {
     EXPECT_EQ(session.texts(), sent);
 }
 
+TEST_F(UserRights, ItIsSaidBehindBothStatementsAndBeforeTheScreenCloses) {
+    tests::MessageScript boxes;
+    runModal(open, {[&](QWidget& screen) {
+                 keys(child<QLineEdit>(screen, "txtEmployeeID"), QStringLiteral("BA<Enter><Enter>"));
+                 session.texts().clear();
+                 boxes.expect({.prompt = QStringLiteral("User Rights Updated"),
+                               .style = controls::vbInformation,
+                               .title = QStringLiteral("Message"),
+                               .meanwhile = [&] {
+                                   EXPECT_EQ(session.texts().size(), 2);
+                                   EXPECT_TRUE(screen.isVisible());
+                               }});
+                 keysToFocus(screen, QStringLiteral("<Alt+S>"));
+                 EXPECT_FALSE(screen.isVisible());
+             }});
+}
+
 TEST_F(UserRights, NothingTickedSendsAnEmptyText) {
     tests::MessageScript boxes{
         {QStringLiteral("User Rights Updated"), controls::vbInformation, QStringLiteral("Message")}};
