@@ -1,5 +1,6 @@
 #include "app/AppScreens.h"
 #include "app/ErrorBox.h"
+#include "platform/base/CommandLine.h"
 #include "platform/base/DesksLanguage.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Application.h"
@@ -7,8 +8,25 @@
 #include "platform/controls/screen/Screen.h"
 #include "session/Session.h"
 
+#include <cstdio>
+
+namespace {
+
+void tellUsage() {
+    std::puts(
+        "Usage: visual-scintra\n\n"
+        "Starts with the log-on: on the hospital of this computer, which is made on the first one, or on\n"
+        "that of an ODBC data source.\n\n"
+        "  --help      tell this\n"
+        "  --version   tell the program's version");
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     base::ignoreDesksLanguage();
+    if (base::answeredAtOnce(argc, argv, tellUsage))
+        return 0;
     controls::Application application(argc, argv);
     QGuiApplication::setDesktopFileName("visual-scintra");
     // Between two users no window is open for a moment; the menu says when the program ends.

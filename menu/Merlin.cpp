@@ -1,8 +1,8 @@
 #include "menu/Merlin.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/Installed.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -21,10 +21,6 @@ constexpr const char* sentences[] = {
 /// Move, show, the sentences, hide.
 constexpr int stepsOfARound = int(std::size(sentences)) + 3;
 
-QString besideTheProgram(const char* name) {
-    return QCoreApplication::applicationDirPath() + u'/' + QLatin1String(name);
-}
-
 agent::Figure nobody() {
     return agent::readFigure(
         "scintra-character 1\nname merlin\nsize 16 64\npart none\nanimation show\nframe 20 none\n"
@@ -33,7 +29,7 @@ agent::Figure nobody() {
 }
 
 agent::Figure loadMerlin() {
-    QFile file(besideTheProgram("merlin.acs"));
+    QFile file(base::sharedFile(QStringLiteral("merlin.acs")));
     if (!file.open(QIODevice::ReadOnly))
         return nobody();
     try {
@@ -47,7 +43,8 @@ agent::Figure loadMerlin() {
 } // namespace
 
 Merlin::Merlin()
-    : m_figure(loadMerlin(), std::make_unique<agent::SpeechProgram>(besideTheProgram("scintra-voice"))) {
+    : m_figure(loadMerlin(),
+               std::make_unique<agent::SpeechProgram>(base::helperProgram(QStringLiteral("scintra-voice")))) {
     session::setCharacter(this);
 }
 

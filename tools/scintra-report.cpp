@@ -1,6 +1,8 @@
 // A stored report run on a hospital file, without a window: pages into PDF, rows into a workbook or CSV.
+#include "platform/base/CommandLine.h"
 #include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
+#include "platform/base/Installed.h"
 #include "platform/report/Report.h"
 #include "platform/report/output/Print.h"
 #include "platform/report/output/RowExport.h"
@@ -8,6 +10,7 @@
 #include "server/hospital/Create.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -30,7 +33,10 @@ constexpr const char* usage =
     "  --hospital FILE       the hospital file to read; without it, that of the program itself\n"
     "  --heading NAME        the hospital's name on paper; without it, that of the hospital file\n"
     "  --address TEXT        its address, likewise\n"
-    "  --printed-by NAME     who prints it, for the foot of the pages\n\n"
+    "  --printed-by NAME     who prints it, for the foot of the pages\n"
+    "  --help                tell this\n"
+    "  --version             tell the program's version\n\n"
+    "FILE.RPT without a folder is one of the program's own where it is not here.\n"
     "A PDF file holds the pages; a workbook or a CSV file holds the rows of the details.\n"
     "Exit codes: 0 done, 2 wrong words, 3 failed.\n";
 
@@ -108,9 +114,14 @@ QStringList missingIn(report::Report& report, const QString& prefix = {}) {
     return names;
 }
 
+QString definitionOf(const QString& named) {
+    const bool isHere = named.contains(u'/') || named.contains(u'\\') || QFileInfo::exists(named);
+    return isHere ? named : base::sharedFile(QStringLiteral("Reports/") + named);
+}
+
 int run(const Wish& wish) {
     const report::LogOn logOn = logOnTo(wish.hospital);
-    const auto report = report::Report::open(wish.definition, logOn);
+    const auto report = report::Report::open(definitionOf(wish.definition), logOn);
     report->printedBy = wish.printedBy;
     setHeading(*report, wish, logOn);
     for (const auto& [name, value] : wish.values) {
@@ -141,14 +152,16 @@ int run(const Wish& wish) {
 
 int main(int argc, char** argv) {
     base::ignoreDesksLanguage();
+    if (base::answeredAtOnce(argc, argv, [] { std::fputs(usage, stdout); }))
+        return 0;
     // Paper needs fonts, not a screen: the tool runs where there is none.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     const QStringList words = QApplication::arguments().mid(1);
-    if (words.isEmpty() || words.contains(QLatin1String("--help"))) {
-        std::fputs(usage, words.isEmpty() ? stderr : stdout);
-        return words.isEmpty() ? exitUsage : 0;
+    if (words.isEmpty()) {
+        std::fputs(usage, stderr);
+        return exitUsage;
     }
     Wish wish;
     if (const QString fault = read(words, wish); !fault.isEmpty())

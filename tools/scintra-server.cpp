@@ -1,6 +1,7 @@
 // The hospital server that comes along, from the command line: make a file, fill it, watch it, copy it.
 #include "tools/scintra-server-commands.h"
 
+#include "platform/base/CommandLine.h"
 #include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
 #include "server/hospital/Create.h"
@@ -20,6 +21,7 @@ void printUsage(std::FILE* out) {
                  "With password, sql and neighbours, --dsn NAME may stand in the place of FILE. Where the "
                  "data source has no\n"
                  "database login, --login NAME gives it; its password is read first from standard input.\n"
+                 "--help tells this, --version the program's version.\n"
                  "Exit codes: 0 done, 1 something is wrong with the file, 2 wrong words, 3 failed.\n",
                  qPrintable(hospital::defaultHospitalFile()));
 }
@@ -94,12 +96,14 @@ bool readArguments(const QStringList& words, tools::Arguments& arguments, QStrin
 int main(int argc, char** argv) {
     base::ignoreDesksLanguage();
     const QCoreApplication application(argc, argv);
+    if (base::answeredAtOnce(argc, argv, [] { printUsage(stdout); }))
+        return tools::exitDone;
     QStringList words = QCoreApplication::arguments().mid(1);
     if (words.isEmpty()) {
         printUsage(stderr);
         return tools::exitUsage;
     }
-    if (words.contains(QLatin1String("--help")) || words.first() == QLatin1String("-h")) {
+    if (words.first() == QLatin1String("-h")) {
         printUsage(stdout);
         return tools::exitDone;
     }

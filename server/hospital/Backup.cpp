@@ -38,6 +38,11 @@ File openFile(const QString& name, int flags) {
 File openHospital(const QString& name) {
     if (!QFileInfo::exists(name))
         throw base::RunTimeError(base::errors::fileNotFound, QStringLiteral("File not found: ") + name);
+    // its journal's index has to be made there
+    const QString folder = QFileInfo(name).absolutePath();
+    if (!QFileInfo(folder).isWritable())
+        throw base::RunTimeError(75,
+                                 QStringLiteral("Path/File access error: %1 cannot be written").arg(folder));
     if (stateOf(name) != FileState::Hospital)
         throw base::RunTimeError(321, QStringLiteral("Not a hospital file: ") + name);
     return openFile(name, SQLITE_OPEN_READWRITE);

@@ -1,14 +1,14 @@
 #include "session/reports/ReportLaunch.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/Installed.h"
 #include "platform/report/output/Print.h"
 #include "session/Session.h"
 #include "session/TestDoors.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/reports/frmReportViewer.h"
 
-#include <QCoreApplication>
-#include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -59,11 +59,7 @@ ReportLaunchers& otherReportLaunchers() {
 QString programFolder() {
     if (!otherProgramFolder.isEmpty())
         return otherProgramFolder;
-    const QString beside = QCoreApplication::applicationDirPath();
-    if (QDir(beside + QStringLiteral("/Reports")).exists())
-        return beside;
-    const QString share = QDir::cleanPath(beside + QStringLiteral("/../share/visual-scintra"));
-    return QDir(share + QStringLiteral("/Reports")).exists() ? share : beside;
+    return QFileInfo(base::sharedFile(QStringLiteral("Reports"))).path();
 }
 
 void setProgramFolder(const QString& folder) {

@@ -1,5 +1,8 @@
 #include "platform/base/Error.h"
 #include "platform/base/TestDoors.h"
+#include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Create.h"
+#include "server/hospital/Kit.h"
 #include "session/Session.h"
 #include "session/TestDoors.h"
 #include "session/logon/PasswordCheck.h"
@@ -394,6 +397,24 @@ TEST(FirstStart, MakesTheHospitalFileAndLogsOn) {
     setHospitalFile({});
 }
 
+/// What the log-on says of a file that nobody can work on.
+QString refusalOf(const QString& file) {
+    setHospitalFile(file);
+    clsCurrentUser user;
+    QString told;
+    tests::whileModal([&] { user.ShowMain(); },
+                      [&](controls::Screen& logOn) {
+                          QTest::keyClicks(&childOf(logOn, "txtEmployeeCode"), QStringLiteral("1001"));
+                          QTest::keyClicks(&childOf(logOn, "txtPassword"), QStringLiteral("kerova"));
+                          QTest::keyClick(&childOf(logOn, "txtPassword"), Qt::Key_Return);
+                          told = childOf<QLabel>(logOn, "lblMessage").text();
+                          QTest::keyClick(&logOn, Qt::Key_Escape);
+                      });
+    EXPECT_FALSE(user.Connected());
+    setHospitalFile({});
+    return told;
+}
+
 TEST(FirstStart, DamagedFileIsSaidInTheDialog) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("hospital.scintra"));
@@ -401,18 +422,21 @@ TEST(FirstStart, DamagedFileIsSaidInTheDialog) {
     ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
     damaged.write("no hospital at all");
     damaged.close();
-    setHospitalFile(file);
-    clsCurrentUser user;
-    tests::whileModal([&] { user.ShowMain(); },
-                      [](controls::Screen& logOn) {
-                          QTest::keyClicks(&childOf(logOn, "txtEmployeeCode"), QStringLiteral("1001"));
-                          QTest::keyClicks(&childOf(logOn, "txtPassword"), QStringLiteral("kerova"));
-                          QTest::keyClick(&childOf(logOn, "txtPassword"), Qt::Key_Return);
-                          EXPECT_FALSE(childOf<QLabel>(logOn, "lblMessage").text().isEmpty());
-                          QTest::keyClick(&logOn, Qt::Key_Escape);
-                      });
-    EXPECT_FALSE(user.Connected());
-    setHospitalFile({});
+    EXPECT_FALSE(refusalOf(file).isEmpty());
+}
+
+TEST(FirstStart, FileOfANewerProgramIsRefusedWithASentence) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("hospital.scintra"));
+    hospital::createEmptyHospital(file);
+    engine::EmbeddedProvider::open(file, {})->setSetting(QStringLiteral("kitNumber"),
+                                                         QString::number(hospital::kitNumber + 1));
+    EXPECT_EQ(refusalOf(file),
+              QStringLiteral("%1 was brought up to kit %2 by a newer program; this program has "
+                             "kit %3. Please start the newer one.")
+                  .arg(file)
+                  .arg(hospital::kitNumber + 1)
+                  .arg(hospital::kitNumber));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/AppScreens.h"
 #include "platform/ado/Batch.h"
+#include "platform/base/CommandLine.h"
 #include "platform/base/Conversion.h"
 #include "platform/base/DesksLanguage.h"
 #include "platform/base/Error.h"
@@ -23,6 +24,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <cstdio>
 
@@ -36,13 +38,34 @@ void say(const QString& text) {
     std::fflush(stdout);
 }
 
-/// What an earlier tour left in the folder.
-void clearFolder(const QDir& folder) {
-    for (const QString& name : folder.entryList(
-             {QStringLiteral("*.png"), QStringLiteral("slip.pdf"), QStringLiteral("assessment.pdf"),
-              QStringLiteral("trace.txt"), QStringLiteral("hospital.scintra*")},
-             QDir::Files))
+void tellUsage() {
+    say(QStringLiteral(
+        "Usage: scintra-tour [FOLDER] [--guide FOLDER]\n\n"
+        "Takes the program through a day, on a made-up hospital in a fresh file: requests, an "
+        "assessment, a result,\n"
+        "and what is asked about them. Leaves a picture of each step, what was printed and all "
+        "statements in the\n"
+        "folder (./out/tour), which holds nothing or an earlier tour before. Exit code 1 when a "
+        "step does not happen.\n\n"
+        "  --guide FOLDER  leave the guide's pictures there, small\n"
+        "  --help          tell this\n"
+        "  --version       tell the program's version"));
+}
+
+/// Removes what an earlier tour left in the folder. False where that is somebody else's: a hospital without
+/// the tour's pictures, or pictures without its hospital.
+bool clearFolder(const QDir& folder) {
+    const QStringList names = folder.entryList(
+        {QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("failed.png"), QStringLiteral("slip.pdf"),
+         QStringLiteral("assessment.pdf"), QStringLiteral("trace.txt"), QStringLiteral("hospital.scintra*")},
+        QDir::Files);
+    const bool isTours = names.contains(QStringLiteral("hospital.scintra")) &&
+                         names.indexOf(QRegularExpression(QStringLiteral("^01-"))) >= 0;
+    if (!isTours && !names.isEmpty())
+        return false;
+    for (const QString& name : names)
         QFile::remove(folder.filePath(name));
+    return true;
 }
 
 void makeHospital(const QString& file) {
@@ -106,7 +129,12 @@ int runTour(const QString& folder, const QString& guideFolder) {
         std::fprintf(stderr, "scintra-tour: %s cannot be made.\n", folder.toUtf8().constData());
         return 1;
     }
-    clearFolder(QDir(folder));
+    if (!clearFolder(QDir(folder))) {
+        std::fprintf(stderr,
+                     "scintra-tour: %s holds what no tour has left there. Please name a new folder.\n",
+                     folder.toUtf8().constData());
+        return 1;
+    }
     const QString hospitalFile = QDir(folder).filePath(QStringLiteral("hospital.scintra"));
     makeHospital(hospitalFile);
 
@@ -175,6 +203,8 @@ int runTour(const QString& folder, const QString& guideFolder) {
 /// scintra-tour [FOLDER] [--guide FOLDER]
 int main(int argc, char** argv) {
     base::ignoreDesksLanguage();
+    if (base::answeredAtOnce(argc, argv, tellUsage))
+        return 0;
     controls::Application application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     controls::look::apply(application);
@@ -185,16 +215,9 @@ int main(int argc, char** argv) {
         guideFolder = arguments.takeAt(at + 1);
         arguments.removeAt(at);
     }
-    if (arguments.size() > 1 || arguments.contains(QStringLiteral("--help"))) {
-        say(QStringLiteral("usage: scintra-tour [FOLDER] [--guide FOLDER]\n\n"
-                           "Takes the program through a day, on a made-up hospital in a fresh file: "
-                           "requests, an assessment, a result,\n"
-                           "and what is asked about them. Leaves a picture of each step, what was printed "
-                           "and all statements in the\n"
-                           "folder (./out/tour), with --guide the pictures of the guide, small, in that one. "
-                           "Exit code 1 when a step\n"
-                           "does not happen."));
-        return arguments.contains(QStringLiteral("--help")) ? 0 : 1;
+    if (arguments.size() > 1) {
+        tellUsage();
+        return 1;
     }
     try {
         return runTour(arguments.value(0, QStringLiteral("out/tour")), guideFolder);

@@ -4,6 +4,9 @@
 #include "server/engine/errors/ServerError.h"
 #include "server/engine/values/Collation.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include <algorithm>
 #include <thread>
 
@@ -33,6 +36,17 @@ constexpr const char* rememberOrder =
                       "08001");
 }
 
+/// A file that was opened when it could only be read has left a journal that can only be read. Nobody looks
+/// for that behind the file's own permissions.
+void mendJournal(const std::string& path) {
+    const QString file = toQString(path);
+    for (const char* tail : {"-wal", "-shm"}) {
+        const QFileInfo journal(file + QLatin1String(tail));
+        if (journal.exists() && !journal.isWritable() && QFileInfo(file).isWritable())
+            QFile::setPermissions(journal.filePath(), QFile::permissions(file));
+    }
+}
+
 } // namespace
 
 /// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
@@ -60,6 +74,7 @@ int LockWait::wait(void* self, int calls) {
 SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
                        LockWait lockWait)
     : m_lockWait(std::move(lockWait)) {
+    mendJournal(path);
     sqlite3* handle = nullptr;
     const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
     const int code =

@@ -2,6 +2,7 @@
 
 #include "server/engine/values/Like.h"
 #include "tests/server/engine/Hospital.h"
+#include "tests/support/hospital/OldOrder.h"
 
 #include <sqlite3.h>
 
@@ -94,24 +95,7 @@ class CollatedFile : public testing::Test {
   protected:
     CollatedFile() { m_hospital.install(QString::fromUtf8(tables)); }
     QString rows(const char* text) { return m_hospital.rows(QString::fromUtf8(text)); }
-    /// As files were before: SQLite's own order, in which only A to Z have case.
-    void takeOrderAway() {
-        sqlite3* file = nullptr;
-        sqlite3_open(m_hospital.file().toUtf8().constData(), &file);
-        engine::registerCollation(file);
-        EXPECT_EQ(
-            sqlite3_exec(file,
-                         "PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'COLLATE "
-                         "SCINTRA', 'COLLATE NOCASE'); DELETE FROM \"scintra.settings\" WHERE name = "
-                         "'collation'; PRAGMA writable_schema = RESET; PRAGMA schema_version = 1000",
-                         nullptr, nullptr, nullptr),
-            SQLITE_OK);
-        sqlite3_close(file);
-        sqlite3_open(m_hospital.file().toUtf8().constData(), &file);
-        EXPECT_EQ(sqlite3_exec(file, "REINDEX", nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(file);
-        sqlite3_close(file);
-    }
+    void takeOrderAway() { tests::takeOrderAway(m_hospital.file()); }
     void runRaw(const char* sql) {
         sqlite3* file = nullptr;
         sqlite3_open(m_hospital.file().toUtf8().constData(), &file);
