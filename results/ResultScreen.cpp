@@ -305,6 +305,7 @@ void ResultScreen::btnSave_Click() {
     if (isCaseNumberTaken()) {
         MsgBox(QStringLiteral("The Case Number you entered is already used."), vbExclamation,
                QStringLiteral("Message"));
+        focusOnItsPage(*widget("txtCaseNum"));
         return;
     }
     {
@@ -383,6 +384,14 @@ void ResultScreen::btnEdit_Click() {
     frmResultEntry& generic = SharedScreen<frmResultEntry>::fresh();
     generic.load();
     generic.lockCaseNum(false);
+    goOnTyping();
+}
+
+/// To the text that is shown; a screen without pages begins with its first field, behind the case number.
+void ResultScreen::goOnTyping() {
+    auto* tabs = findChild<QTabWidget*>();
+    if (!tabs || !focusPage(*this, *tabs))
+        widget(m_variant.edited[1])->setFocus();
 }
 
 void ResultScreen::btnPrint_Click() {
