@@ -70,6 +70,8 @@ ItemGrid::ItemGrid(const ItemGridVariant& variant, const Controls& parts, QObjec
     , m_lblHint(*parts.lblHint)
     , m_txtIdNum(*parts.txtIdNum)
     , m_editor(m_grid, editing, this) {
+    m_grid.setEmptyText(QStringLiteral(
+        "Type a code or the beginning of a name: Enter finds it and goes on to the next cell."));
     m_editor.add(m_txtEntry);
     on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {
         if (entryKey(*event))

@@ -78,6 +78,8 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
                })
     , m_editor(m_grid, editing, this)
     , m_waiting(m_grid) {
+    m_grid.setEmptyText(
+        QStringLiteral("Type a department code: Enter opens its list and goes on to the next cell."));
     m_cboEntry.addItems({QStringLiteral("ROUTINE"), QStringLiteral("STAT")});
     m_lookup.showPrices();
     m_editor.add(m_txtEntry);

@@ -317,6 +317,7 @@ void ResultScreen::btnSave_Click() {
     if (isCaseNumberTaken()) {
         MsgBox(QStringLiteral("The Case Number you entered is already used."), vbExclamation,
                QStringLiteral("Message"));
+        focusOnItsPage(*widget("txtCaseNum"));
         return;
     }
     {
@@ -396,6 +397,14 @@ void ResultScreen::btnEdit_Click() {
     generic.load();
     generic.lockCaseNum(false);
     sayWhatCanBeDone(*this, m_point, takesSymbols());
+    goOnTyping();
+}
+
+/// To the text that is shown; a screen without pages begins with its first field, behind the case number.
+void ResultScreen::goOnTyping() {
+    auto* tabs = findChild<QTabWidget*>();
+    if (!tabs || !focusPage(*this, *tabs))
+        widget(m_variant.edited[1])->setFocus();
 }
 
 void ResultScreen::btnPrint_Click() {

@@ -60,6 +60,7 @@ class ResultScreen : public controls::Screen {
     void btnSave_Click();
     void btnSavePrint_Click();
     void btnEdit_Click();
+    void goOnTyping();
     void btnPrint_Click();
     void btnClear_Click();
     void btnRevoke_Click();

@@ -76,7 +76,10 @@ frmAssessmentStatus::frmAssessmentStatus(QWidget* parent)
                .close = m_ui->btnClose,
                .hits = m_ui->lblHits},
               assessments);
-    controls::on(m_ui->btnCancel, &QPushButton::clicked, this, [this] { btnCancel_Click(); });
+    controls::on(m_ui->btnCancel, &QPushButton::clicked, this, [this] {
+        btnCancel_Click();
+        m_ui->lvwListAssessment->setFocus(); // the next one is chosen there
+    });
 }
 
 frmAssessmentStatus::~frmAssessmentStatus() = default;

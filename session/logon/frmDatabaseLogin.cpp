@@ -25,7 +25,7 @@ void frmDatabaseLogin::Form_Load() {
     setMinimumWidth(controls::look::scaled(440));
     controls::look::setPrimary(m_ui->cmdOk);
     for (QLabel* label : {m_ui->lblUser, m_ui->lblPassword, m_ui->lblHelp})
-        label->setProperty("kind", QStringLiteral("help"));
+        controls::look::setKind(label, QStringLiteral("help"));
     m_ui->header->setSubtitle(m_server.name());
     m_ui->txtUser->setFocus();
 }

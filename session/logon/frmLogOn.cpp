@@ -51,8 +51,8 @@ void frmLogOn::Form_Load() {
     controls::look::setPrimary(m_ui->cmdLogOn);
     showLogo();
     for (QLabel* label : {m_ui->lblEmployeeCode, m_ui->lblPassword, m_ui->lblServer, m_ui->lblHelp})
-        label->setProperty("kind", QStringLiteral("help"));
-    m_ui->lblCapsLock->setProperty("kind", QStringLiteral("warn"));
+        controls::look::setKind(label, QStringLiteral("help"));
+    controls::look::setKind(m_ui->lblCapsLock, QStringLiteral("warn"));
     m_ui->prgSetUp->hide();
     m_ui->lblCapsLock->clear();
     say({});
@@ -205,9 +205,8 @@ void frmLogOn::sayWait() {
 }
 
 void frmLogOn::say(const QString& message, Tone tone) {
-    m_ui->lblMessage->setProperty("kind",
-                                  tone == Tone::Wrong ? QStringLiteral("danger") : QStringLiteral("help"));
-    m_ui->lblMessage->style()->polish(m_ui->lblMessage);
+    controls::look::setKind(m_ui->lblMessage,
+                            tone == Tone::Wrong ? QStringLiteral("danger") : QStringLiteral("help"));
     m_ui->lblMessage->setText(message);
     // what a server says may take more lines than the dialog has
     if (isVisible()) {

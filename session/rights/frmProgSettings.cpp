@@ -1,6 +1,7 @@
 #include "session/rights/frmProgSettings.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/controls/fields/FieldLetter.h"
 #include "platform/controls/fields/KeyFilter.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
@@ -26,6 +27,7 @@ frmProgSettings::frmProgSettings(QWidget* parent)
     setEscapeCloses(true);
     controls::look::setPrimary(m_ui->cmdSave);
     controls::setKeyRules(m_ui->txtSearchText, controls::KeyRule::BackQuote);
+    controls::giveLetter(*m_ui->txtSearchText);
     controls::setKeyRules(m_ui->txtDescription, controls::KeyRule::BackQuote);
     connectControls();
 }

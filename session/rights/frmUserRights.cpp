@@ -46,7 +46,7 @@ frmUserRights::frmUserRights(QWidget* parent) : Screen(parent), m_ui(std::make_u
     m_ui->setupUi(this);
     setEscapeCloses(true);
     m_ui->lstRights->setItemDelegate(new DescriptionOnly(m_ui->lstRights));
-    m_ui->lblHelp->setProperty("kind", QStringLiteral("help"));
+    controls::look::setKind(m_ui->lblHelp, QStringLiteral("help"));
     controls::look::setPrimary(m_ui->cmdSave);
     controls::setKeyRules(m_ui->txtEmployeeID, controls::KeyRule::UpperCase | controls::KeyRule::BackQuote);
     connectControls();

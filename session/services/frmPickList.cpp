@@ -18,6 +18,8 @@ namespace {
 constexpr int pauseMilliseconds = 150;
 constexpr int firstRow = 1;
 constexpr int twipsPerPixel = 15;
+/// In a list, where the desktop has room for them, and where it has not.
+constexpr int usualRows = 13, fewestRows = 4;
 
 bool isNumber(PickFormat format) {
     return format == PickFormat::Amount || format == PickFormat::Quantity || format == PickFormat::Price;
@@ -60,7 +62,7 @@ void frmPickList::Form_Load() {
     m_ui->txtSearch->setPlaceholderText(QString::fromLatin1(m_listing.hint));
     m_ui->grdTable->setEmptyText(QString::fromLatin1(m_listing.empty));
     controls::look::setPrimary(m_ui->cmdSelect);
-    m_ui->lblHits->setProperty("kind", QStringLiteral("help"));
+    controls::look::setKind(m_ui->lblHits, QStringLiteral("help"));
     layOutGrid();
     find();
     m_ui->txtSearch->setFocus();
@@ -86,8 +88,11 @@ void frmPickList::layOutGrid() {
     for (std::size_t i = 0; i < m_columns.size(); ++i)
         grid.setColWidth(int(i), m_columns[i].twips);
     grid.setRowSelect(true);
-    grid.setMinimumSize(controls::look::scaled(width / twipsPerPixel + 40),
-                        controls::look::scaled(27 * 13 + 32));
+    const auto heightOf = [](int rows) { return controls::look::scaled(27 * rows + 32); };
+    grid.setMinimumSize(controls::look::scaled(width / twipsPerPixel + 40), heightOf(fewestRows));
+    ensurePolished();
+    layout()->activate();
+    resize(minimumSizeHint() + QSize(0, heightOf(usualRows) - heightOf(fewestRows)));
 }
 
 // --- events

@@ -1,5 +1,8 @@
 // Every screen on the smallest desktop of the hospital, and at 200 % (the suite runs a second time with
 // QT_SCALE_FACTOR=2): all of it is reached, and every text is read.
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/list/ListView.h"
+#include "platform/controls/look/Look.h"
 #include "session/TestDoors.h"
 #include "tests/app/RoomCheck.h"
 #include "tests/app/ScreenOpeners.h"
@@ -16,6 +19,7 @@
 #include <QScrollArea>
 #include <QTabWidget>
 
+#include <map>
 #include <ostream>
 
 namespace tests {
@@ -52,6 +56,41 @@ class EveryScreen : public tests::LoggedOn, public testing::WithParamInterface<t
     ~EveryScreen() override { session::setProgramFolder({}); }
 };
 
+/// Labels that do not show the colour of their kind.
+QStringList labelsInAnotherColour(const QWidget& window) {
+    using namespace controls;
+    static const std::map<QString, QColor> colours{{"help", look::muted},         {"warn", look::warn},
+                                                   {"danger", look::danger},      {"ok", look::ok},
+                                                   {"heading", look::accentDark}, {"title", look::accentDark},
+                                                   {"total", look::accentDark}};
+    QStringList names;
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        const auto meant = colours.find(label->property("kind").toString());
+        if (meant != colours.end() && label->isEnabled() && label->isVisible() &&
+            label->palette().color(QPalette::WindowText) != meant->second)
+            names << label->objectName();
+    }
+    return names;
+}
+
+/// Lists and grids that stand empty and say nothing about it.
+QStringList silentLists(const QWidget& window) {
+    QStringList names;
+    for (const auto* grid : window.findChildren<controls::FlexGrid*>()) {
+        const int rows = grid->Rows() - grid->FixedRows();
+        QString first;
+        for (int column = 0; rows == 1 && column < grid->Cols(); ++column)
+            first += grid->TextMatrix(grid->FixedRows(), column);
+        if (grid->isVisible() && rows <= 1 && first.isEmpty() && !grid->showsEmptyText())
+            names << grid->objectName();
+    }
+    for (const auto* list : window.findChildren<controls::ListView*>()) {
+        if (list->isVisible() && list->Count() == 0 && !list->showsEmptyText())
+            names << list->objectName();
+    }
+    return names;
+}
+
 TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
     const QString screen = QString::fromLatin1(GetParam().screen);
     const QString begin = QStringLiteral("%1% %2 ").arg(qRound(qApp->devicePixelRatio() * 100)).arg(screen);
@@ -65,6 +104,9 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
             if (!left.removeOne(begin + found))
                 ADD_FAILURE() << (begin + found).toStdString();
         }
+        EXPECT_EQ(labelsInAnotherColour(window), QStringList());
+        const bool canDoNothing = screen == u"frmNuclearChargesBuildFile_items";
+        EXPECT_EQ(silentLists(window), canDoNothing ? QStringList("Grid1") : QStringList());
         EXPECT_TRUE(left.isEmpty()) << "Found no more, and out of the list: "
                                     << left.join(u'\n').toStdString();
     });

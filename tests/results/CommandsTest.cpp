@@ -184,6 +184,19 @@ TEST_F(Commands, EditEnablesWhatEachScreenNamesAndClear) {
     }
 }
 
+TEST_F(Commands, EditGoesOnToWhereOneTypes) {
+    const std::pair<Kind, const char*> typedOn[] = {{Kind::Generic, "txtConsultation"},
+                                                    {Kind::Perfusion, "txtClinicalHistory"},
+                                                    {Kind::Gfr, "txtAttendingDrCode"},
+                                                    {Kind::Radio, "txtNormal_0"}};
+    for (std::size_t i = 0; i < std::size(typedOn); ++i) {
+        openSaved(typedOn[i].first, editedOn[i].disabled);
+        type("<Alt+E>");
+        EXPECT_EQ(focused(), typedOn[i].second);
+        screen().Unload();
+    }
+}
+
 TEST_F(Commands, TheFieldsOfATableAreOpenBeforeEdit) {
     openSaved(Kind::Gfr, editedOn[2].disabled);
     type("txtLeft_0", "12");
@@ -229,6 +242,7 @@ TEST_F(Commands, ALockedCaseNumberKeepsASavedResultFromBeingSavedAgain) {
     boxes.expect({"The Case Number you entered is already used.", controls::vbExclamation, "Message"});
     press("btnSave");
     EXPECT_EQ(station(), "X|X|||");
+    EXPECT_EQ(focused(), "txtCaseNum") << "it is what has to be typed anew";
 }
 
 TEST_F(Commands, ADisabledMemoCanStillBeReadToItsEnd) {

@@ -117,7 +117,7 @@ TEST_F(Reprint, OpensForAnInpatientWithNothingToPrint) {
         EXPECT_EQ(code.itemText(1), "Outpatient");
         EXPECT_EQ(code.currentIndex(), 0);
         const std::pair<const char*, const char*> captions[] = {
-            {"lblPatientCode", "Patient Code:"}, {"lblIdNum", "Admission No.:"},
+            {"lblPatientCode", "Patient Code:"}, {"lblIdNum", "&Admission No.:"},
             {"lblHospNum", "Hospital No.:"},     {"lblLastName", "Last Name:"},
             {"lblFirstName", "First Name:"},     {"lblMiddleName", "Middle Name:"}};
         for (const auto& [name, caption] : captions)

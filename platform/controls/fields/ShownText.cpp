@@ -22,6 +22,18 @@ bool ShownText::isShortened() const {
            fontMetrics().horizontalAdvance(displayText()) > textRoom().width();
 }
 
+void ShownText::setRoomFor(const QString& text) {
+    m_roomFor = text;
+    updateGeometry();
+}
+
+QSize ShownText::minimumSizeHint() const {
+    const QString least = m_roomFor.isEmpty() ? QStringLiteral("0000000") : m_roomFor;
+    const QSize plain = QLineEdit::minimumSizeHint();
+    const int frame = plain.width() - fontMetrics().maxWidth();
+    return {fontMetrics().horizontalAdvance(least) + qMax(0, frame), plain.height()};
+}
+
 void ShownText::paintEvent(QPaintEvent* event) {
     if (!isShortened()) {
         QLineEdit::paintEvent(event);

@@ -8,12 +8,18 @@ namespace controls {
 /// and stands whole in the tool tip.
 class ShownText : public QLineEdit {
     Q_OBJECT
+    /// A text that the box always has room for; "" is a short number of the hospital.
+    Q_PROPERTY(QString roomFor READ roomFor WRITE setRoomFor)
 
   public:
     using QLineEdit::QLineEdit;
 
+    QString roomFor() const { return m_roomFor; }
+    void setRoomFor(const QString& text);
+
     /// Whether the text is shown shortened at present.
     bool isShortened() const;
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -21,6 +27,8 @@ class ShownText : public QLineEdit {
 
   private:
     QRect textRoom() const;
+
+    QString m_roomFor;
 };
 
 } // namespace controls

@@ -6,13 +6,14 @@
 #include "platform/controls/grid/FlexGridModel.h"
 #include "platform/controls/look/Look.h"
 
-#include <algorithm>
+#include <utility>
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScrollBar>
 
 namespace controls {
 
@@ -34,9 +35,13 @@ bool isMark(QChar c) {
 
 } // namespace
 
-FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), m_model(new FlexGridModel(this)) {
+FlexGrid::FlexGrid(QWidget* parent)
+    : QTableView(parent)
+    , m_model(new FlexGridModel(this))
+    , m_delegate(new FlexGridDelegate(this))
+    , m_fit(*m_model, *m_delegate) {
     m_columns.setCount(m_model->columns());
-    setItemDelegate(new FlexGridDelegate(this));
+    setItemDelegate(m_delegate);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false);
@@ -54,6 +59,9 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), m_model(new FlexGridMo
     verticalHeader()->setMinimumSectionSize(4);
     setModel(m_model);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::takeColumnWidth);
+    connect(m_model, &FlexGridModel::dataChanged, this, &FlexGrid::awaitFit);
+    connect(m_model, &FlexGridModel::rowsInserted, this, &FlexGrid::awaitFit);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &FlexGrid::awaitFit);
     measure();
     placeCurrent(1, 1, true);
 }
@@ -244,6 +252,7 @@ void FlexGrid::RemoveItem(int row) {
 }
 
 void FlexGrid::Clear() {
+    m_fit.forget();
     m_model->clear();
 }
 
@@ -255,6 +264,8 @@ void FlexGrid::setDataSource(const ado::Recordset& recordset) {
     const int columns = qMax(first + fields, formatted ? m_model->columns() : 0);
     m_placing = true;
     m_model->bind(rows, columns);
+    m_fit.expectTexts();
+    awaitFit();
     m_placing = false;
     m_columns.setCount(columns);
     bool headless = m_model->fixedRows() > 0;
@@ -353,7 +364,7 @@ void FlexGrid::layOutColumns() {
     const int head = first > 0 ? verticalHeader()->maximumWidth() : 0;
     const int room = viewport()->width() + viewportMargins().left() - head;
     std::vector<int> widths = m_columns.pixels(first, room);
-    lendToCaptions(widths);
+    m_fit.fit(widths);
     for (int section = 0; section < int(widths.size()); ++section) {
         const int pixels = widths[std::size_t(section)];
         horizontalHeader()->setSectionHidden(section, pixels == 0);
@@ -363,26 +374,26 @@ void FlexGrid::layOutColumns() {
     m_layingOut = false;
 }
 
-/// A caption that would be cut takes what it lacks from the widest column that can spare it.
-void FlexGrid::lendToCaptions(std::vector<int>& widths) const {
-    QFont bold(horizontalHeader()->font());
-    bold.setWeight(QFont::DemiBold);
-    const QFontMetrics metrics(bold);
-    const auto least = [&](std::size_t section) {
-        const QString caption =
-            m_model->headerData(int(section), Qt::Horizontal, Qt::DisplayRole).toString().trimmed();
-        return caption.isEmpty() ? 0 : metrics.horizontalAdvance(caption) + look::scaled(14);
-    };
-    for (std::size_t section = 0; section < widths.size(); ++section) {
-        const int lacking = least(section) - widths[section];
-        if (widths[section] == 0 || lacking <= 0)
-            continue;
-        const auto widest = std::max_element(widths.begin(), widths.end());
-        if (*widest - lacking < least(std::size_t(widest - widths.begin())))
-            continue;
-        *widest -= lacking;
-        widths[section] += lacking;
-    }
+/// Until the cells are seen; many changes in a row cost one measuring.
+void FlexGrid::awaitFit() {
+    if (std::exchange(m_awaitsFit, true))
+        return;
+    if (isVisible())
+        QMetaObject::invokeMethod(this, &FlexGrid::fitToContents, Qt::QueuedConnection);
+}
+
+void FlexGrid::fitToContents() {
+    if (!m_awaitsFit || !isVisible())
+        return; // showing it comes here again
+    m_awaitsFit = false;
+    const int rows = m_model->rowCount();
+    const int first = qMax(0, rowAt(0));
+    const int last = rowAt(viewport()->height() - 1);
+    std::vector<int> widths;
+    for (int section = 0; section < m_model->columnCount(); ++section)
+        widths.push_back(columnWidth(section)); // 0 for a hidden one
+    if (m_fit.read(first, last < 0 ? rows - 1 : last, widths))
+        layOutColumns();
 }
 
 void FlexGrid::takeColumnWidth(int section, int oldWidth, int newWidth) {
@@ -527,6 +538,12 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 void FlexGrid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     layOutColumns();
+    awaitFit();
+}
+
+void FlexGrid::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    fitToContents();
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

@@ -3,6 +3,7 @@
 #include "platform/ado/Recordset.h"
 
 #include "platform/controls/grid/FlexGridColumns.h"
+#include "platform/controls/grid/FlexGridFit.h"
 
 #include <QTableView>
 
@@ -11,12 +12,14 @@
 
 namespace controls {
 
+class FlexGridDelegate;
 class FlexGridModel;
 struct CellFormat;
 
 /// The grid of the screens. Rows and columns count from 0 with the fixed ones included; one cell is the
 /// current one (never a fixed one while there are others). Widths are twips: 15 to a logical pixel. A width
-/// of 0 hides a column. Without cell editing of its own. Raises 9 (Subscript out of range) for a cell that
+/// of 0 hides a column. They are what columns are given; what is shown moves width to where contents lack it
+/// (FlexGridFit). Without cell editing of its own. Raises 9 (Subscript out of range) for a cell that
 /// does not exist. Starts with 2 rows and 2 columns, one of each fixed.
 class FlexGrid : public QTableView {
     Q_OBJECT
@@ -115,6 +118,7 @@ class FlexGrid : public QTableView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -127,15 +131,18 @@ class FlexGrid : public QTableView {
     /// Brings the current cell inside and the view to it; tells when its numbers changed and `quietly` is not
     /// set.
     void placeCurrent(int row, int column, bool quietly = false);
-    void lendToCaptions(std::vector<int>& widths) const;
     void layOutColumns();
+    void awaitFit();
+    void fitToContents();
     void takeColumnWidth(int section, int oldWidth, int newWidth);
     void measure();
     void showHeaders();
     void changeFormat(int row, int column, const std::function<void(CellFormat&)>& change);
 
     FlexGridModel* m_model;
+    FlexGridDelegate* m_delegate;
     FlexGridColumns m_columns;
+    FlexGridFit m_fit;
     QStringList m_formatHeaders;
     QString m_emptyText;
     int m_row = 1;
@@ -143,6 +150,7 @@ class FlexGrid : public QTableView {
     bool m_rowSelect = false;
     bool m_placing = false;
     bool m_layingOut = false;
+    bool m_awaitsFit = false;
 };
 
 /// Sets the columns from a list whose cells end in "?": "Code?Description?Status?". Its first one heads the

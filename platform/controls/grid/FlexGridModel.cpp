@@ -163,6 +163,16 @@ Qt::Alignment FlexGridModel::alignment(int column) const {
     return column < int(m_alignments.size()) ? m_alignments[std::size_t(column)] : usual;
 }
 
+bool FlexGridModel::holdsValues(int column) const {
+    const int field = column - m_fixedColumns;
+    if (alignment(column).testFlag(Qt::AlignRight))
+        return true;
+    if (field < 0 || field >= int(m_source.columns.size()))
+        return false;
+    const ado::DataType type = m_source.columns[std::size_t(field)].type;
+    return type != ado::DataType::Text && type != ado::DataType::Bit;
+}
+
 void FlexGridModel::setShowRowNumbers(bool show) {
     m_showRowNumbers = show;
     if (rowCount() > 0)

@@ -54,6 +54,8 @@ class FlexGridModel : public QAbstractTableModel {
     void setFormat(int row, int column, const CellFormat& format);
     void setAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment alignment(int column) const;
+    /// Amounts, quantities, dates: right-aligned, or a number or a date of the bound result.
+    bool holdsValues(int column) const;
     void setShowRowNumbers(bool show);
     bool showsRowNumbers() const { return m_showRowNumbers; }
 

@@ -61,6 +61,10 @@ void ListKeys::backToSearch() {
     SelectAllText(m_search);
 }
 
+void ListKeys::toList() {
+    m_list.setFocus();
+}
+
 bool ListKeys::eventFilter(QObject* watched, QEvent* event) {
     bool taken = false;
     if (watched == m_search && event->type() == QEvent::KeyPress)

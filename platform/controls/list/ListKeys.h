@@ -28,6 +28,8 @@ class ListKeys : public QObject {
     int hits() const { return m_hits; }
     /// The focus to the search box, with all of its text selected; to the list where there is none.
     void backToSearch();
+    /// The focus to the list, on the row it stands on.
+    void toList();
 
   Q_SIGNALS:
     /// Enter in the search box.

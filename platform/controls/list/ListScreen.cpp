@@ -1,5 +1,6 @@
 #include "platform/controls/list/ListScreen.h"
 
+#include "platform/controls/fields/FieldLetter.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/list/ListKeys.h"
 #include "platform/controls/list/ListView.h"
@@ -29,8 +30,10 @@ void ListScreen::setUpList(const Parts& parts, const ListVariant& variant) {
     setEscapeCloses(true);
     if (parts.select)
         look::setPrimary(parts.select);
-    if (parts.search)
+    if (parts.search) {
         setKeyRules(parts.search, variant.searchRules);
+        giveLetter(*parts.search);
+    }
     connectList();
 }
 
@@ -57,7 +60,17 @@ void ListScreen::Form_Load() {
         m_parts.select->setEnabled(false);
     if (m_parts.hits)
         m_parts.hits->clear();
+    if (m_parts.search)
+        sayInEmptyList(QStringLiteral("Enter lists the %1 that answer to the text above.")
+                           .arg(QLatin1StringView(m_variant->many)));
     backToSearch();
+}
+
+void ListScreen::sayInEmptyList(const QString& sentence) {
+    if (m_parts.view)
+        m_parts.view->setEmptyText(sentence);
+    else
+        m_parts.grid->setEmptyText(sentence);
 }
 
 // ---- reading
@@ -85,11 +98,8 @@ void ListScreen::setHits(int found) {
     if (m_parts.select && (found > 0 || m_variant->selectable == Selectable::WithRows) &&
         m_variant->selectable != Selectable::AsItStands)
         m_parts.select->setEnabled(found > 0);
-    const QString sentence = QString::fromLatin1(m_variant->emptyText);
-    if (m_parts.view)
-        m_parts.view->setEmptyText(sentence);
-    else if (m_variant->emptyText)
-        m_parts.grid->setEmptyText(sentence);
+    if (m_variant->emptyText)
+        sayInEmptyList(QString::fromLatin1(m_variant->emptyText));
     countRows(found);
 }
 
@@ -146,6 +156,9 @@ void ListScreen::takeRowIf(bool mayBeEmpty) {
         return;
     const QScopedValueRollback taking(m_taking, true);
     rowTaken();
+    // The command that was pressed is done, or was refused: the next row is chosen on the list.
+    if (!isUnloaded() && m_parts.select && m_parts.select->hasFocus())
+        m_keys->toList();
 }
 
 void ListScreen::leave() {

@@ -53,8 +53,9 @@ struct ListVariant {
 
 /// A screen with a list of rows, most often found by a text, to do something with one of them. Enter in the
 /// search box reads the list, Enter or a double click on a row takes it, Escape leaves; the keys are those of
-/// ListKeys. A leaf makes its controls, calls setUpList(), and says how the list is read and what a row that
-/// was taken does. When it reads is the leaf's own: at the end of Form_Load, on Enter, after each command.
+/// ListKeys; the search box has a letter of its own. Before the first search the empty list says what Enter
+/// does. A leaf makes its controls, calls setUpList(), and says how the list is read and what a row that was
+/// taken does. When it reads is the leaf's own: at the end of Form_Load, on Enter, after each command.
 class ListScreen : public Screen {
     Q_OBJECT
 
@@ -115,6 +116,7 @@ class ListScreen : public Screen {
   private:
     void connectList();
     void countRows(int found);
+    void sayInEmptyList(const QString& sentence);
     void takeRowIf(bool mayBeEmpty);
 
     Parts m_parts;

@@ -5,10 +5,12 @@
 #include "platform/controls/look/Look.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QToolTip>
 
 namespace controls {
 
@@ -51,6 +53,7 @@ QString ListItem::SubItem(int index) const {
 void ListItem::setSubItem(int index, const QString& text) {
     requireColumn(index);
     setText(index, text);
+    static_cast<ListView*>(treeWidget())->makeRoomFor(text, index);
 }
 
 void ListItem::setIcon(const QString& name) {
@@ -106,7 +109,18 @@ ListItem& ListView::AddItem(const QString& key, const QString& text, const QStri
     if (!key.isEmpty())
         m_keys.insert(key, item);
     item->setIcon(icon);
+    makeRoomFor(text, 0);
     return *item;
+}
+
+int ListView::widthOf(const QString& text) const {
+    return fontMetrics().horizontalAdvance(text) + look::scaled(16);
+}
+
+/// An amount without its last digits is another amount.
+void ListView::makeRoomFor(const QString& text, int column) {
+    if (headerItem()->textAlignment(column) & Qt::AlignRight)
+        setColumnWidth(column, qMax(columnWidth(column), widthOf(text)));
 }
 
 void ListView::Clear() {
@@ -198,9 +212,33 @@ void ListView::focusInEvent(QFocusEvent* event) {
         selectionModel()->clearCurrentIndex(); // it would look like a choice
 }
 
+bool ListView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QTreeWidget::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex cell = indexAt(help.pos());
+    const QString text = cell.data().toString();
+    const bool pictured = cell.isValid() && !cell.data(Qt::DecorationRole).isNull();
+    const int needed = widthOf(text) + (pictured ? iconSize().width() + look::scaled(6) : 0);
+    if (!cell.isValid() || needed <= columnWidth(cell.column()))
+        return QTreeWidget::viewportEvent(event);
+    const QString meaning = cell.data(Qt::ToolTipRole).toString();
+    QToolTip::showText(help.globalPos(), meaning.isEmpty() ? text : text + u'\n' + meaning, this);
+    return true;
+}
+
+/// The item that is chosen is seen from the search box, too, where its tint alone is easily missed.
+void ListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                       const QModelIndex& index) const {
+    QTreeWidget::drawRow(painter, option, index);
+    if (selectionModel()->isRowSelected(index.row(), index.parent()))
+        painter->fillRect(QRect(option.rect.topLeft(), QSize(look::scaled(3), option.rect.height())),
+                          look::accent);
+}
+
 void ListView::paintEvent(QPaintEvent* event) {
     QTreeWidget::paintEvent(event);
-    if (Count() > 0 || m_emptyText.isEmpty())
+    if (!showsEmptyText())
         return;
     QPainter painter(viewport());
     painter.setPen(look::muted);

@@ -39,7 +39,8 @@ class ListItem : public QTreeWidgetItem {
 
 /// A list in report style: columns with headers, lines that can be looked up by a key, one of which may be
 /// selected. It is only looked at and chosen from. Items and sub-items count from 1. Nothing is selected
-/// until somebody chooses; Tab into the list chooses the first item, and so does Down while none is chosen.
+/// until somebody chooses; Tab into the list chooses the first item, and so does Down while none is chosen. A
+/// text that is cut stands whole in the tool tip; what is right-aligned, an amount, is never cut.
 class ListView : public QTreeWidget {
     Q_OBJECT
 
@@ -64,6 +65,7 @@ class ListView : public QTreeWidget {
 
     /// A plain sentence in the middle of a list without items.
     void setEmptyText(const QString& text);
+    bool showsEmptyText() const { return Count() == 0 && !m_emptyText.isEmpty(); }
 
   Q_SIGNALS:
     /// A double click of the left button on an item.
@@ -78,8 +80,15 @@ class ListView : public QTreeWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
 
   private:
+    friend class ListItem;
+    int widthOf(const QString& text) const;
+    void makeRoomFor(const QString& text, int column);
+
     QHash<QString, ListItem*> m_keys;
     QString m_emptyText;
 };

@@ -22,10 +22,11 @@ CardColors colorsOf(const QAbstractButton& button, bool hovered) {
         return {look::page, look::line, 1};
     if (button.isDown())
         return {look::accentPressed, look::accent, 2};
+    const int frameWidth = button.hasFocus() ? 2 : 1;
     if (button.isChecked())
-        return {look::accentSoft, look::accent, 2};
+        return {look::accentSoft, look::accent, frameWidth};
     if (button.hasFocus())
-        return {hovered ? look::hover : look::card, look::accent, 2};
+        return {hovered ? look::hover : look::card, look::accent, frameWidth};
     return {hovered ? look::hover : look::card, hovered ? look::fieldLine : look::line, 1};
 }
 
@@ -74,13 +75,6 @@ void FlatButton::paintEvent(QPaintEvent*) {
     painter.setBrush(colors.fill);
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), look::scaled(8),
                             look::scaled(8));
-    // A card that is both the active one and the focused one shows its focus as an inner line.
-    if (hasFocus() && isChecked()) {
-        painter.setPen(QPen(look::accent, 1, Qt::DotLine));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(4.5, 4.5, -4.5, -4.5), look::scaled(5),
-                                look::scaled(5));
-    }
     painter.setPen(isEnabled() ? look::ink : look::muted);
     if (m_shape == Shape::Tile)
         paintTile(painter);

@@ -3,16 +3,51 @@
 #include "platform/controls/look/Look.h"
 
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
 
 namespace controls {
 
+namespace {
+
+/// A line that ends in an ellipsis where it has no room, and stands whole in the tool tip then.
+class BandLine : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!isShortened()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+        style()->drawItemText(&painter, contentsRect(), int(Qt::AlignLeft | Qt::AlignVCenter), palette(),
+                              isEnabled(), shown, foregroundRole());
+    }
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::ToolTip || !isShortened())
+            return QLabel::event(event);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+
+  private:
+    bool isShortened() const { return fontMetrics().horizontalAdvance(text()) > contentsRect().width(); }
+};
+
+} // namespace
+
 HeaderBand::HeaderBand(QWidget* parent) : QFrame(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_title = new QLabel(this);
+    m_title = new BandLine(this);
     m_title->setObjectName(QStringLiteral("bandTitle"));
     m_title->setTextFormat(Qt::PlainText);
-    m_subtitle = new QLabel(this);
+    m_subtitle = new BandLine(this);
     m_subtitle->setObjectName(QStringLiteral("bandSubtitle"));
     m_subtitle->setTextFormat(Qt::PlainText);
     // A long name gives way to the chips; it never widens the window.

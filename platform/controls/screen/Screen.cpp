@@ -2,12 +2,15 @@
 
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/fields/MemoWrap.h"
+#include "platform/controls/look/HeaderBand.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -15,6 +18,8 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -49,8 +54,8 @@ std::vector<Screen*>& openList() {
     return screens;
 }
 
-/// Holds the contents of a screen that needs more than the desktop. The bars, the wheel and the focus scroll
-/// it; keys are the screen's own.
+/// Holds what lies between the band and the commands of a screen that needs more than the desktop. The bars,
+/// the wheel and the focus scroll it; keys are the screen's own.
 class ScrolledContents : public QScrollArea {
   public:
     explicit ScrolledContents(QWidget* parent) : QScrollArea(parent) {
@@ -78,6 +83,81 @@ QRect roomFor(const QWidget* parent) {
     }
     const QScreen* screen = parent ? parent->screen() : QGuiApplication::primaryScreen();
     return screen ? screen->availableGeometry() : QRect(0, 0, 1366, 768);
+}
+
+bool holdsButtons(const QLayout& row) {
+    for (int i = 0; i < row.count(); ++i) {
+        if (qobject_cast<QPushButton*>(row.itemAt(i)->widget()))
+            return true;
+    }
+    return false;
+}
+
+/// A page of a tab widget lets go of the colours that its labels were given by their kind.
+void showKinds(const QWidget& page) {
+    for (QLabel* label : page.findChildren<QLabel*>()) {
+        if (!label->property("kind").isValid())
+            continue;
+        label->style()->unpolish(label);
+        label->style()->polish(label);
+    }
+}
+
+/// The column that all of a page stands in: the screen's own layout, or what lies last in it.
+QBoxLayout* columnOf(QLayout& page) {
+    QLayoutItem* last = page.count() > 0 ? page.itemAt(page.count() - 1) : nullptr;
+    QLayout* inner = nullptr;
+    if (last)
+        inner = last->widget() ? last->widget()->layout() : last->layout();
+    auto* column = qobject_cast<QVBoxLayout*>(inner);
+    return column ? column : qobject_cast<QVBoxLayout*>(&page);
+}
+
+/// Rows that are wider than the desktop lie one below the other instead; commands stay side by side.
+void stackRows(QWidget& screen, int room) {
+    QBoxLayout* column = columnOf(*screen.layout());
+    if (!column)
+        return;
+    const int most = room - column->contentsMargins().left() - column->contentsMargins().right();
+    for (int i = 0; i < column->count(); ++i) {
+        QLayoutItem* item = column->itemAt(i);
+        auto* row = qobject_cast<QHBoxLayout*>(item->widget() ? item->widget()->layout() : item->layout());
+        if (!row || holdsButtons(*row) || item->minimumSize().width() <= most)
+            continue;
+        row->setDirection(QBoxLayout::TopToBottom);
+        for (int part = 0; part < row->count(); ++part) {
+            if (QSpacerItem* spacer = row->itemAt(part)->spacerItem())
+                spacer->changeSize(0, 0);
+        }
+        row->invalidate();
+        for (QWidget* around = row->parentWidget(); around && around != &screen;
+             around = around->parentWidget())
+            around->updateGeometry();
+    }
+    screen.layout()->activate();
+}
+
+/// The last row of the page, if it is the commands: taken out, in a widget of `screen`. Else null.
+QWidget* takeCommands(QLayout& page, QWidget* screen) {
+    QBoxLayout* column = columnOf(page);
+    QLayoutItem* last = column && column->count() > 0 ? column->itemAt(column->count() - 1) : nullptr;
+    auto* row = last ? qobject_cast<QHBoxLayout*>(last->widget() ? last->widget()->layout() : last->layout())
+                     : nullptr;
+    if (!row || !holdsButtons(*row))
+        return nullptr;
+    const QMargins around = column->contentsMargins();
+    const std::unique_ptr<QLayoutItem> taken(last->widget() ? column->takeAt(column->count() - 1) : nullptr);
+    auto* commands = new QWidget(screen);
+    auto* place = new QVBoxLayout(commands);
+    place->setContentsMargins(around.left(), column->spacing(), around.right(), around.bottom());
+    if (taken) {
+        place->addWidget(taken->widget());
+    } else {
+        column->takeAt(column->count() - 1);
+        place->addLayout(row);
+    }
+    column->setContentsMargins(around.left(), around.top(), around.right(), 0);
+    return commands;
 }
 
 constexpr int barHeight = 32;
@@ -127,6 +207,8 @@ void Screen::load() {
     // Lists that are filled and scrolled before they are seen keep the row heights of that moment.
     for (QWidget* widget : findChildren<QWidget*>())
         widget->ensurePolished();
+    for (QTabWidget* tabs : findChildren<QTabWidget*>())
+        showKinds(*tabs);
     Form_Load();
     calmButtons();
 }
@@ -241,8 +323,13 @@ void Screen::placeOver(QWidget* opener) {
         adjustSize();
     const QRect room = roomFor(opener);
     const QSize most = mostIn(room);
-    const QSize least = minimumSizeHint();
-    if (layout() && (least.width() > most.width() || least.height() > most.height()))
+    const auto isTooLarge = [&] {
+        const QSize least = minimumSizeHint();
+        return layout() && (least.width() > most.width() || least.height() > most.height());
+    };
+    if (isTooLarge()) // it may be scrolled even so, by a bar at the side
+        stackRows(*this, most.width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    if (isTooLarge())
         scrollContents();
     resize(size().expandedTo(minimumSizeHint()).boundedTo(most));
     const QPoint middle = opener && opener->isVisible() ? opener->frameGeometry().center() : room.center();
@@ -266,10 +353,15 @@ void Screen::scrollContents() {
     auto* area = new ScrolledContents(this);
     auto* contents = new QWidget(this);
     QLayout* own = layout();
+    auto* band = findChild<HeaderBand*>(QString(), Qt::FindDirectChildrenOnly);
+    if (band)
+        own->removeWidget(band);
+    QWidget* commands = takeCommands(*own, this);
     contents->setMinimumSize(own->minimumSize());
     contents->setLayout(own);
     for (QWidget* widget : loose) {
-        if (!widget->isWindow() && widget->parentWidget() == this) // the layout took along what lies in it
+        if (widget != band && !widget->isWindow() &&
+            widget->parentWidget() == this) // the layout took along what lies in it
             widget->setParent(contents);
     }
     area->setWidget(contents);
@@ -278,7 +370,11 @@ void Screen::scrollContents() {
     setMinimumSize(0, 0);
     auto* around = new QVBoxLayout(this);
     around->setContentsMargins(0, 0, 0, 0);
-    around->addWidget(area);
+    around->setSpacing(0);
+    for (QWidget* part : {static_cast<QWidget*>(band), static_cast<QWidget*>(area), commands}) {
+        if (part)
+            around->addWidget(part, part == area ? 1 : 0);
+    }
     // the bar at the side takes nothing from the contents where there is room for both
     resize(qMax(width(), contents->minimumWidth() + area->verticalScrollBar()->sizeHint().width()), height());
 }

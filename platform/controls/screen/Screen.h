@@ -15,8 +15,9 @@ namespace controls {
 
 /// A window of the program. Made on first use, loaded when it is shown (or on load()), and unloaded once:
 /// then its results stay readable until fresh() replaces it. Enter presses no button unless one has the
-/// focus, and Escape closes nothing, unless setEscapeCloses(true) says so. What the desktop has no room for
-/// is scrolled to.
+/// focus, and Escape closes nothing, unless setEscapeCloses(true) says so. A row that is
+/// wider than the desktop lies below itself; what there is no room for even so is scrolled to, between the
+/// band and the commands.
 class Screen : public QDialog {
     Q_OBJECT
 

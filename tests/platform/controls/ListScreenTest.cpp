@@ -1,10 +1,12 @@
 #include "platform/controls/list/ListScreen.h"
 
 #include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/Look.h"
 #include "tests/support/core/ScriptedProvider.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -28,7 +30,11 @@ class Codes : public ListScreen {
             column->addWidget(widget);
             return widget;
         };
-        txtSearch = withSearch ? add(new QLineEdit(this)) : nullptr;
+        txtSearch = withSearch ? new QLineEdit(this) : nullptr;
+        auto* row = new QHBoxLayout;
+        column->addLayout(row);
+        if (txtSearch)
+            row->addWidget(txtSearch);
         cmbSearch = add(new QComboBox(this));
         cmbSearch->addItems({QStringLiteral("Code"), QStringLiteral("Name")});
         grid = add(new FlexGrid(this));
@@ -196,6 +202,52 @@ TEST_F(ListScreenTest, ACommandOnceEnabledMayStaySo) {
     screen->cmdSelect->setEnabled(false);
     find(1);
     EXPECT_FALSE(screen->cmdSelect->isEnabled());
+}
+
+TEST_F(ListScreenTest, BeforeTheFirstSearchItSaysWhatEnterDoes) {
+    open();
+    EXPECT_TRUE(screen->grid->showsEmptyText());
+    const QImage before = screen->grid->grab().toImage();
+    find(0);
+    screen->txtSearch->setFocus();
+    EXPECT_TRUE(screen->grid->showsEmptyText());
+    EXPECT_NE(screen->grid->grab().toImage(), before) << "another sentence";
+    find(1);
+    EXPECT_FALSE(screen->grid->showsEmptyText());
+    open(usual, false);
+    EXPECT_FALSE(screen->grid->showsEmptyText()) << "nothing is typed there";
+}
+
+TEST_F(ListScreenTest, TheSearchBoxHasALetterOfItsOwn) {
+    open();
+    screen->grid->setFocus();
+    type("<Alt+E>"); // S, C and F are the commands'
+    EXPECT_TRUE(screen->txtSearch->hasFocus());
+}
+
+TEST_F(ListScreenTest, BehindTheCommandTheFocusIsOnTheListAgain) {
+    open();
+    find(3);
+    type("<Alt+S>");
+    EXPECT_EQ(screen->taken, QStringList("C1"));
+    EXPECT_TRUE(screen->grid->hasFocus());
+    screen->whenTaken = [&] { screen->txtSearch->setFocus(); };
+    type("<Alt+S>");
+    EXPECT_TRUE(screen->txtSearch->hasFocus()) << "unless what it did went elsewhere";
+}
+
+TEST_F(ListScreenTest, TheRowItStandsOnIsSeenFromTheSearchBox) {
+    open();
+    find(3);
+    ASSERT_TRUE(screen->txtSearch->hasFocus());
+    screen->grid->setCurrentCell(2, 1);
+    const QImage image = screen->grid->viewport()->grab().toImage();
+    const auto barIn = [&](int row) {
+        const QRect cell = screen->grid->visualRect(screen->grid->model()->index(row, 0));
+        return image.pixelColor(cell.left() + 1, cell.center().y()) == look::accent;
+    };
+    EXPECT_FALSE(barIn(0));
+    EXPECT_TRUE(barIn(1));
 }
 
 TEST_F(ListScreenTest, ARowIsTakenByEnterDoubleClickAndCommand) {

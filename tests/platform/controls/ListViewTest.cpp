@@ -7,12 +7,14 @@
 #include "tests/support/screens/Driver.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -208,6 +210,38 @@ TEST_F(ListViewTest, StandsInTheCopyOfAScreen) {
     fill(2);
     EXPECT_EQ(contentsAsText(window), "lvw: name 1 | 1.00\nlvw: name 2 | 2.00");
     EXPECT_EQ(typedAsText(window), "");
+}
+
+TEST_F(ListViewTest, AnAmountIsNeverCutAndAnotherTextStandsWholeInTheToolTip) {
+    const QString amount = QStringLiteral("1,300,000,000,000.00");
+    const QString name = QStringLiteral("MONTEFALCO-SANTIAGO, DIVINA GRACIA DE LA PAGUIO");
+    ListItem& item = view->AddItem("K1", name, "pending");
+    item.setSubItem(2, amount);
+    item.setSubItem(1, QStringLiteral("PENDING"));
+    show();
+    EXPECT_GE(view->columnWidth(2), view->fontMetrics().horizontalAdvance(amount) + 8);
+    const auto toolTipOf = [&](int column) {
+        QToolTip::showText(QPoint(), QStringLiteral("of another")); // hiding takes its time
+        const QModelIndex cell = view->model()->index(0, column);
+        const QPoint at = view->visualRect(cell).center();
+        QHelpEvent asks(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view->viewport(), &asks);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(toolTipOf(0), name + QStringLiteral("\nPending"));
+    EXPECT_EQ(toolTipOf(1), "of another");
+    EXPECT_EQ(toolTipOf(2), "of another");
+}
+
+TEST_F(ListViewTest, TheChosenItemIsSeenFromTheSearchBox) {
+    fill();
+    show();
+    view->select(view->Item(2));
+    field->setFocus();
+    const QImage image = view->viewport()->grab().toImage();
+    const auto barIn = [&](int index) { return image.pixelColor(1, middleOf(index).y()) == look::accent; };
+    EXPECT_FALSE(barIn(1));
+    EXPECT_TRUE(barIn(2));
 }
 
 // ---- under a list screen

@@ -1,17 +1,28 @@
 #include "platform/controls/look/Look.h"
 
+#include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/list/ListView.h"
 #include "platform/controls/look/FlatButton.h"
 #include "platform/controls/look/HeaderBand.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QHelpEvent>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
+#include <QToolButton>
+#include <QToolTip>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -137,6 +148,32 @@ TEST(FlatButton, SpaceAndEnterPressIt) {
     EXPECT_EQ(clicks.size(), 5);
 }
 
+TEST(HeaderBand, AnEllipsisAndAToolTipSayThatANameIsLonger) {
+    HeaderBand band;
+    band.setChips({QStringLiteral("Adm. 26004078"), QStringLiteral("Hosp. 104078")});
+    const auto picture = [&](const QString& name) {
+        band.setSubtitle(name);
+        return band.grab().toImage();
+    };
+    const QString name = QStringLiteral("MONTEFALCO-SANTIAGO, DIVINA GRACIA");
+    const auto toolTip = [&] {
+        QToolTip::showText(QPoint(), QStringLiteral("of another")); // hiding takes its time
+        auto& line = tests::child<QLabel>(band, "bandSubtitle");
+        QHelpEvent asks(QEvent::ToolTip, QPoint(5, 5), line.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&line, &asks);
+        return QToolTip::text();
+    };
+    band.resize(900, 61);
+    band.show();
+    EXPECT_NE(picture(name), picture(name + QStringLiteral(" MARIA")));
+    EXPECT_EQ(toolTip(), "of another");
+    band.resize(400, 61);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(picture(name), picture(name + QStringLiteral(" MARIA")));
+    band.setSubtitle(name);
+    EXPECT_EQ(toolTip(), name);
+}
+
 TEST(FlatButton, ShowsItsFocusAndItsChoice) {
     FlatButton button;
     button.setText(QStringLiteral("Results"));
@@ -152,6 +189,98 @@ TEST(FlatButton, ShowsItsFocusAndItsChoice) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&button));
     button.setFocus();
     EXPECT_TRUE(hasInk(button.grab().toImage(), look::accent));
+}
+
+namespace {
+
+/// How many rows of pixels at the upper edge of a control are of that colour, in its middle.
+int rowsAtTheEdge(QWidget& control, const QColor& color) {
+    const QImage image = control.grab().toImage();
+    int rows = 0;
+    while (rows < image.height() && image.pixelColor(image.width() / 2, rows) == color)
+        ++rows;
+    return rows;
+}
+
+template <typename Control>
+Control& put(QWidget& window) {
+    auto* control = new Control(&window);
+    window.layout()->addWidget(control);
+    return *control;
+}
+
+} // namespace
+
+TEST(FocusMark, IsTheSameTwoPixelsOnEveryControlAndMovesNothing) {
+    QWidget window;
+    new QVBoxLayout(&window);
+    auto& first = put<QLineEdit>(window);
+    auto& grid = put<FlexGrid>(window);
+    auto& view = put<ListView>(window);
+    view.AddItem({}, QStringLiteral("an item that reaches to the frame at either side of the list"));
+    auto& memo = put<QPlainTextEdit>(window);
+    QWidget* const controls[] = {&put<QLineEdit>(window),
+                                 &put<QComboBox>(window),
+                                 &put<QSpinBox>(window),
+                                 &put<QCheckBox>(window),
+                                 &put<QPushButton>(window),
+                                 &put<QToolButton>(window),
+                                 &put<FlatButton>(window),
+                                 &grid,
+                                 &view,
+                                 &memo};
+    window.resize(500, 900);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (QWidget* control : controls) {
+        const char* kind = control->metaObject()->className();
+        first.setFocus();
+        EXPECT_EQ(rowsAtTheEdge(*control, look::accent), 0) << kind;
+        const auto* area = qobject_cast<QAbstractScrollArea*>(control);
+        const QRect before = area ? area->viewport()->geometry() : QRect();
+        control->setFocus();
+        ASSERT_TRUE(control->hasFocus()) << kind;
+        EXPECT_EQ(rowsAtTheEdge(*control, look::accent), 2) << kind;
+        EXPECT_EQ(area ? area->viewport()->geometry() : QRect(), before) << kind;
+        if (!area)
+            continue;
+        // The rows of a list do not lie over its frame.
+        const QImage image = control->grab().toImage();
+        for (const int x : {0, 1, image.width() - 2, image.width() - 1})
+            EXPECT_EQ(image.pixelColor(x, image.height() / 2), look::accent) << kind << " at " << x;
+    }
+}
+
+TEST(FocusMark, OfACardThatIsChosenIsNotItsChoice) {
+    QWidget window;
+    new QVBoxLayout(&window);
+    auto& field = put<QLineEdit>(window);
+    auto& card = put<FlatButton>(window);
+    card.setCheckable(true);
+    card.setChecked(true);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    field.setFocus();
+    EXPECT_EQ(rowsAtTheEdge(card, look::accent), 1);
+    card.setFocus();
+    EXPECT_EQ(rowsAtTheEdge(card, look::accent), 2);
+}
+
+TEST(FocusMark, OfThePrimaryCommandIsSeenOnItsColour) {
+    QWidget window;
+    new QVBoxLayout(&window);
+    auto& field = put<QLineEdit>(window);
+    auto& save = put<QPushButton>(window);
+    look::setPrimary(&save);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    field.setFocus();
+    EXPECT_FALSE(hasInk(save.grab().toImage(), look::card)) << "it has no caption";
+    save.setFocus();
+    EXPECT_TRUE(hasInk(save.grab().toImage(), look::card));
 }
 
 } // namespace controls

@@ -1,5 +1,6 @@
 #include "platform/controls/screen/Screen.h"
 #include "platform/controls/grid/FlexGrid.h"
+#include "platform/controls/look/HeaderBand.h"
 #include "platform/controls/screen/ScreenContents.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "tests/support/screens/Driver.h"
@@ -7,11 +8,15 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -325,6 +330,77 @@ TEST(Screen, OneThatTheDesktopHasNoRoomForIsScrolledByTheFocus) {
                         EXPECT_EQ(screen.saved, 1);
                         screen.Unload();
                     }});
+}
+
+namespace {
+
+/// As the screens of the house are: a band, a page with groups side by side, the commands last.
+class Page : public Screen {
+  public:
+    explicit Page(int rows) {
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(0, 0, 0, 0);
+        band = new HeaderBand(this);
+        column->addWidget(band);
+        auto* page = new QVBoxLayout;
+        column->addLayout(page);
+        auto* groups = new QHBoxLayout;
+        page->addLayout(groups);
+        for (QGroupBox*& group : sides) {
+            groups->addWidget(group = new QGroupBox(this));
+            groups->addStretch();
+            group->setMinimumSize(400, 100);
+        }
+        for (int i = 0; i < rows; ++i)
+            page->addWidget(new QLineEdit(this));
+        auto* commands = new QHBoxLayout;
+        page->addLayout(commands);
+        commands->addStretch();
+        commands->addWidget(cmdSave = new QPushButton(QStringLiteral("&Save"), this));
+    }
+    bool isSeen(const QWidget& widget) const {
+        const QRect place(widget.mapTo(this, QPoint()), widget.size());
+        return widget.isVisible() && rect().contains(place) && !widget.visibleRegion().isEmpty();
+    }
+    HeaderBand* band;
+    QGroupBox* sides[2];
+    QPushButton* cmdSave;
+};
+
+} // namespace
+
+TEST(Screen, WhatIsScrolledLiesBetweenTheBandAndTheCommands) {
+    Page screen(60);
+    screen.Show();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(screen.isSeen(*screen.band));
+    EXPECT_TRUE(screen.isSeen(*screen.cmdSave));
+    EXPECT_EQ(screen.band->mapTo(&screen, QPoint()), QPoint());
+    EXPECT_EQ(screen.band->width(), screen.width());
+    auto& area = tests::child<QScrollArea>(screen, "scrolledContents");
+    EXPECT_FALSE(area.isAncestorOf(screen.cmdSave));
+    EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+    area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
+    EXPECT_TRUE(screen.isSeen(*screen.band));
+    EXPECT_TRUE(screen.isSeen(*screen.cmdSave));
+    screen.Unload();
+}
+
+TEST(Screen, GroupsThatHaveNoRoomSideBySideLieOneBelowTheOther) {
+    Page narrow(3);
+    for (QGroupBox* side : narrow.sides)
+        side->setMinimumWidth(700);
+    narrow.Show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(narrow.sides[0]->x(), narrow.sides[1]->x());
+    EXPECT_GE(narrow.sides[1]->y(), narrow.sides[0]->geometry().bottom());
+    EXPECT_LE(narrow.width(), 1366 - 16);
+    EXPECT_EQ(narrow.findChild<QScrollArea*>(), nullptr) << "there is room below";
+    narrow.Unload();
+    Page wide(3);
+    wide.Show();
+    EXPECT_EQ(wide.sides[0]->y(), wide.sides[1]->y());
+    wide.Unload();
 }
 
 TEST(Screen, OneThatFitsIsNot) {

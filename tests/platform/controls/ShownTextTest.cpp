@@ -40,6 +40,17 @@ TEST_F(ShownText, ATextThatIsTooWideEndsInAnEllipsisAndStandsWholeInTheToolTip) 
     EXPECT_NE(picture("SAN AGUSTIN, ALEJANDRO GUERRERO"), picture("SAN AGUSTIN, BARTOLOME"));
 }
 
+TEST_F(ShownText, HasRoomForANumberOfTheHospitalOrForWhatIsSaid) {
+    field.setText("1040788");
+    field.resize(field.minimumSizeHint());
+    EXPECT_FALSE(field.isShortened());
+    field.setText("12/31/2026 12:59:59 PM");
+    EXPECT_TRUE(field.isShortened());
+    field.setRoomFor("12/31/2026 12:59:59 PM");
+    field.resize(field.minimumSizeHint());
+    EXPECT_FALSE(field.isShortened());
+}
+
 TEST_F(ShownText, WhatIsTypedInIsNeverShortened) {
     field.setReadOnly(false);
     EXPECT_FALSE(field.isShortened());
