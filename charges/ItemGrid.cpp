@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
@@ -71,6 +72,10 @@ ItemGrid::ItemGrid(const ItemGridVariant& variant, const Controls& parts, QObjec
     , m_txtIdNum(*parts.txtIdNum)
     , m_editor(m_grid, editing, this) {
     m_editor.add(m_txtEntry);
+    noteKeys(&m_grid, {{"Enter, F2", "Opens the cell; in it: takes what is typed and goes on"},
+                       {"Up, Down", "In the open cell: to the line above or below"},
+                       {"Home, End", "In the open cell: to the column before or behind"},
+                       {"Tab", "In the open cell: takes what is typed and goes on"}});
     on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {
         if (entryKey(*event))
             event->accept();

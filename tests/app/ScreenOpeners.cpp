@@ -1,11 +1,12 @@
 #include "tests/app/ScreenOpeners.h"
 
 #include "app/AppScreens.h"
-#include "charges/ItemRequestScreen.h"
 #include "charges/frmBuildFile.h"
+#include "charges/frmCSEntry.h"
 #include "charges/frmNucCharges.h"
 #include "charges/frmNuclearChargesBuildFile_items.h"
 #include "charges/frmNuclearPackage.h"
+#include "charges/frmPHEntry.h"
 #include "charges/frmReceivableEntry.h"
 #include "entry/RequestColumns.h"
 #include "ledger/frmClearPatient.h"
@@ -171,6 +172,8 @@ void itemRequest(const Look& look) {
                                                                       : QStringLiteral("40001<Enter>"));
                     look(window);
                 });
+    controls::release<charges::frmPHEntry>();
+    controls::release<charges::frmCSEntry>();
 }
 
 void requestForm(const Look& look) {
