@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
@@ -73,6 +74,10 @@ ItemGrid::ItemGrid(const ItemGridVariant& variant, const Controls& parts, QObjec
     m_grid.setEmptyText(QStringLiteral(
         "Type a code or the beginning of a name: Enter finds it and goes on to the next cell."));
     m_editor.add(m_txtEntry);
+    noteKeys(&m_grid, {{"Enter, F2", "Opens the cell; in it: takes what is typed and goes on"},
+                       {"Up, Down", "In the open cell: to the line above or below"},
+                       {"Home, End", "In the open cell: to the column before or behind"},
+                       {"Tab", "In the open cell: takes what is typed and goes on"}});
     on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {
         if (entryKey(*event))
             event->accept();

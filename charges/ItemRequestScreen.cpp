@@ -6,6 +6,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
 #include "session/Routines.h"
@@ -39,6 +40,7 @@ ItemRequestScreen::ItemRequestScreen(const ItemRequestVariant& variant, QWidget*
     m_grid = new ItemGrid(
         variant.grid, {m_ui->mshflexEntry, txtEntry, m_ui->lblMessage, m_ui->lblHint, m_ui->txtIdNum}, this);
     look::setPrimary(m_ui->cmdMedOption);
+    noteKeys(this, {{"F3", "Deletes the line"}});
     connectControls();
 }
 

@@ -2,6 +2,7 @@
 
 #include "entry/RequestColumns.h"
 #include "platform/base/Conversion.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
 #include "session/Screens.h"
@@ -92,6 +93,8 @@ void PackageScreen::connectControls() {
     on(packages, &FlexGrid::EnterPressed, this, [this] { mshflexPackage_Enter(); });
     on(items, &FlexGrid::Click, this, [this] { mshflexPackageItems_Click(); });
     on(items, &FlexGrid::EnterPressed, this, [this] { cmdAccept_Click(); });
+    noteKeys(packages, {{"Enter", "To the items of the package"}, {"Space", "Picks the package"}});
+    noteKeys(items, {{"Enter", "Accepts the package"}, {"Space", "Selected or un-used"}});
     // A blank is the click of a hand that stays on the keys; held down it does no more.
     const auto clickByBlank = [this](FlexGrid* grid, void (PackageScreen::*click)()) {
         on(grid, &FlexGrid::KeyDown, this, [this, click](QKeyEvent* event) {

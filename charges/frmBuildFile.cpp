@@ -5,6 +5,7 @@
 #include "platform/base/Error.h"
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/reports/ReportLaunch.h"
@@ -68,6 +69,11 @@ frmBuildFile::frmBuildFile(QWidget* parent) : Screen(parent), m_ui(std::make_uni
     controls::look::setPrimary(m_ui->btnSave);
     setRules();
     connectControls();
+    controls::noteKeys(m_ui->grdExams, {{"F5", "Refreshes the list"},
+                                        {"F7", "Edits the exam"},
+                                        {"F8", "Adds an exam"},
+                                        {"F9", "Prints the list"}});
+    controls::noteKeys(m_ui->txtSearch, {{"Enter, Down", "To the list"}});
     for (QWidget* resting : std::initializer_list<QWidget*>{this, m_ui->btnSave, m_ui->btnCancel})
         resting->setMouseTracking(true);
     for (QWidget* watched :

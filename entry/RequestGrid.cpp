@@ -4,6 +4,7 @@
 #include "platform/base/Conversion.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
@@ -84,6 +85,13 @@ RequestGrid::RequestGrid(const RequestGridVariant& variant, const Controls& part
     m_lookup.showPrices();
     m_editor.add(m_txtEntry);
     m_editor.add(m_cboEntry);
+    noteKeys(&m_grid, {{"Enter, F2", "Opens the cell; in it: takes what is typed and goes on"},
+                       {"Letters, digits", "Open the cell and are typed there"},
+                       {"F3", "Deletes the line"},
+                       {"Esc", "Leaves the open cell"},
+                       {"Up, Down", "In the open cell: to the line above or below"},
+                       {"Tab, Shift+Tab", "In the open cell: to the next cell or the one before"},
+                       {"R, S", "In the type: ROUTINE, STAT"}});
     on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {
         if (m_editor.editor() == &m_cboEntry ? listKey(event) : entryKey(event))
             event->accept();

@@ -40,13 +40,16 @@ void WaitingCells::noteText(Cell cell, const QString& whenOpened) {
     } else if (text != whenOpened) {
         m_typed.push_back({index, whenOpened});
         m_grid.setCellForeColor(cell.row, cell.column, warn);
+        m_grid.setCellBold(cell.row, cell.column, true);
     }
 }
 
 void WaitingCells::isTaken(Cell cell) {
     const QPersistentModelIndex index = indexOf(cell);
-    if (std::erase_if(m_typed, [&](const Typed& typed) { return typed.index == index; }) > 0)
+    if (std::erase_if(m_typed, [&](const Typed& typed) { return typed.index == index; }) > 0) {
         m_grid.setCellForeColor(cell.row, cell.column, {});
+        m_grid.setCellBold(cell.row, cell.column, false);
+    }
 }
 
 bool WaitingCells::isTyped(Cell cell) const {

@@ -5,6 +5,7 @@
 #include "platform/base/Conversion.h"
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "ui_frmWalkInMaster.h"
@@ -101,6 +102,7 @@ void frmWalkInMaster::Form_Load() {
     m_ui->grdWalkIn->setEmptyText(QStringLiteral("Enter lists the patients whose last name begins so."));
     cmdCancel_Click();
     ssWalkIn_Click();
+    controls::noteKeys(this, {{"Esc", "While a patient is edited: back to the list"}});
 }
 
 void frmWalkInMaster::keyPressEvent(QKeyEvent* event) {

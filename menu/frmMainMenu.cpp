@@ -7,6 +7,7 @@
 #include "menu/ReportLauncher.h"
 #include "menu/ui_frmMainMenu.h"
 #include "platform/base/Format.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
@@ -92,6 +93,13 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
     m_keys =
         new MenuKeys({m_cmdMainMenu.begin(), m_cmdMainMenu.end()}, {m_fltSubMenu.begin(), m_fltSubMenu.end()},
                      {m_ui->btnCashEntry, m_ui->btnChargeEntry, m_ui->FlatBttn5}, this);
+    controls::noteKeys(this, {{"D, R, F, E, Q", "The main button with that letter"},
+                              {"1 to 6", "The command in that place below the main buttons"},
+                              {"Up, Down, Left, Right", "Walk over the buttons"},
+                              {"N", "The wards' requests that wait"},
+                              {"P", "The prepaid requests that wait"},
+                              {"G", "The discharge notices that wait"},
+                              {"M", "The character is quiet, or speaks again"}});
     m_panel1 = new QLabel(m_ui->StatusBar1);
     m_panel2 = new QLabel(m_ui->StatusBar1);
     m_panel1->setObjectName("StatusBar1_Panel1");

@@ -3,6 +3,7 @@
 #include "orders/frmOutRequest.h"
 #include "orders/frmRequest.h"
 #include "platform/base/Conversion.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "session/Session.h"
 #include "session/services/Services.h"
@@ -47,6 +48,7 @@ frmNurseCommunication::frmNurseCommunication(QWidget* parent)
     setUpList(
         {.grid = m_ui->grdTable, .select = m_ui->btnProcess, .close = m_ui->btnClose, .hits = m_ui->lblHits},
         variant);
+    controls::noteKeys(this, {{"F5", "Reads the list anew"}});
     controls::on(m_ui->btnCancel, &QPushButton::clicked, this, [this] { btnCancel_Click(); });
 }
 

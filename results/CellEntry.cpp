@@ -1,6 +1,7 @@
 #include "results/CellEntry.h"
 
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/screen/Connect.h"
@@ -28,6 +29,8 @@ CellEntry::CellEntry(FlexGrid& grid, QLineEdit& txtEntry, QObject* parent)
     : QObject(parent), m_grid(grid), m_txtEntry(txtEntry), m_editor(grid, editing, this) {
     setKeyRules(&m_txtEntry, KeyRule::BackQuote);
     m_editor.add(m_txtEntry);
+    noteKeys(&m_grid, {{"Enter, F2", "Opens the cell; in it: to the next cell"},
+                       {"Up, Down, Left, Right", "In the open cell: to the cell beside it"}});
     on(&m_editor, &CellEditor::KeyDown, this, [this](QKeyEvent* event) {
         if (entryKey(*event))
             event->accept();

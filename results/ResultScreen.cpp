@@ -4,6 +4,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/fields/DateBox.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/HeaderBand.h"
@@ -96,6 +97,8 @@ void ResultScreen::prepare() {
         else
             setKeyRules(qobject_cast<QLineEdit*>(widget(name)), KeyRule::BackQuote);
     }
+    for (const char* name : m_variant.symbols)
+        noteKeys(widget(name), {{"F5", "Inserts a symbol"}});
     for (QTabWidget* tabs : findChildren<QTabWidget*>()) {
         tabs->setFocusPolicy(Qt::NoFocus);
         tabs->tabBar()->setFocusPolicy(Qt::NoFocus); // Tab goes from page to page by itself

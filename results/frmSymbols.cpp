@@ -1,6 +1,7 @@
 #include "results/frmSymbols.h"
 
 #include "platform/base/Conversion.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/look/Look.h"
 #include "ui_frmSymbols.h"
@@ -40,6 +41,7 @@ frmSymbols::frmSymbols(QWidget* parent) : Screen(parent), m_ui(std::make_unique<
     }
     controls::on(m_ui->cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
     controls::on(m_ui->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    controls::noteKeys(m_ui->board, {{"Up, Down, Left, Right", "Mark a symbol"}, {"Enter", "Takes it"}});
     m_ui->board->setFocus();
 }
 
@@ -75,6 +77,7 @@ void frmSymbols::keyPressEvent(QKeyEvent* event) {
 
 void frmSymbols::mark(int index) {
     m_marked = index;
+    m_ui->board->setAccessibleName(QStringLiteral("Symbol ") + Label1[size_t(index)]->text().trimmed());
     for (int i = 0; i < symbolCount; ++i) {
         QLabel* label = Label1[size_t(i)];
         const QString kind = i == index ? QStringLiteral("marked") : QStringLiteral("symbol");

@@ -2,6 +2,7 @@
 
 #include "platform/controls/look/Look.h"
 
+#include <QAccessible>
 #include <QBitmap>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -93,6 +94,11 @@ void Balloon::setSentence(const QString& sentence) {
     if (m_sentence == sentence)
         return;
     m_sentence = sentence;
+    setAccessibleDescription(sentence);
+    if (!sentence.isEmpty()) {
+        QAccessibleEvent said(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&said);
+    }
     lay();
 }
 

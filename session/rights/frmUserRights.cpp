@@ -2,6 +2,7 @@
 
 #include "platform/base/Conversion.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
@@ -45,6 +46,7 @@ class DescriptionOnly : public QStyledItemDelegate {
 frmUserRights::frmUserRights(QWidget* parent) : Screen(parent), m_ui(std::make_unique<Ui::frmUserRights>()) {
     m_ui->setupUi(this);
     setEscapeCloses(true);
+    controls::noteKeys(this, {{"F12", "Opens the access settings"}});
     m_ui->lstRights->setItemDelegate(new DescriptionOnly(m_ui->lstRights));
     controls::look::setKind(m_ui->lblHelp, QStringLiteral("help"));
     controls::look::setPrimary(m_ui->cmdSave);

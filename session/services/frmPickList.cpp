@@ -4,6 +4,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/fields/KeyFilter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "ui_frmPickList.h"
@@ -40,6 +41,9 @@ frmPickList::frmPickList(const PickListing& listing, Search search, QWidget* par
     controls::setKeyRules(m_ui->txtSearch,
                           controls::KeyRules(controls::KeyRule::UpperCase) | controls::KeyRule::BackQuote);
     m_ui->txtSearch->installEventFilter(this);
+    controls::noteKeys(m_ui->txtSearch,
+                       {{"Up, Down, PgUp, PgDown", "Choose a row of the list"}, {"Enter", "Takes the row"}});
+    controls::noteKeys(m_ui->grdTable, {{"Enter", "Takes the row"}});
     controls::on(m_ui->txtSearch, &QLineEdit::textEdited, this, [this] { m_pause->start(); });
     controls::onEnter(m_ui->txtSearch, [this] { cmdSelect_Click(); });
     controls::on(m_pause, &QTimer::timeout, this, [this] { find(); });

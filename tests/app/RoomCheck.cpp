@@ -23,8 +23,6 @@
 #include <QTextDocument>
 #include <QToolButton>
 
-#include <functional>
-
 namespace tests {
 
 namespace {
@@ -240,7 +238,14 @@ QStringList onThisPage(const QWidget& window) {
     return lines;
 }
 
-/// Every page of every tab widget, inner ones too, on top once.
+} // namespace
+
+QSize roomForAWindow() {
+    const double scale = qApp->devicePixelRatio();
+    const QSize desktop = scale > 1 ? QSize(1920, 1080) / scale : QSize(1366, 768);
+    return desktop - QSize(16, 48);
+}
+
 void turnAllPages(QWidget& window, const std::function<void()>& look) {
     look();
     for (QTabWidget* tabs : window.findChildren<QTabWidget*>()) {
@@ -261,14 +266,6 @@ void turnAllPages(QWidget& window, const std::function<void()>& look) {
         }
         tabs->setCurrentIndex(before);
     }
-}
-
-} // namespace
-
-QSize roomForAWindow() {
-    const double scale = qApp->devicePixelRatio();
-    const QSize desktop = scale > 1 ? QSize(1920, 1080) / scale : QSize(1366, 768);
-    return desktop - QSize(16, 48);
 }
 
 QStringList whatIsOutOfReach(QWidget& window) {

@@ -1,11 +1,12 @@
 #include "tests/app/ScreenOpeners.h"
 
 #include "app/AppScreens.h"
-#include "charges/ItemRequestScreen.h"
 #include "charges/frmBuildFile.h"
+#include "charges/frmCSEntry.h"
 #include "charges/frmNucCharges.h"
 #include "charges/frmNuclearChargesBuildFile_items.h"
 #include "charges/frmNuclearPackage.h"
+#include "charges/frmPHEntry.h"
 #include "charges/frmReceivableEntry.h"
 #include "entry/RequestColumns.h"
 #include "ledger/frmClearPatient.h"
@@ -172,6 +173,8 @@ void itemRequest(const Look& look) {
                     look(window);
                     static_cast<controls::Screen&>(window).Unload(); // the next one begins without a patient
                 });
+    controls::release<charges::frmPHEntry>();
+    controls::release<charges::frmCSEntry>();
 }
 
 void requestForm(const Look& look) {

@@ -1,6 +1,7 @@
 #include "platform/controls/fields/DateBox.h"
 
 #include "platform/base/Format.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "platform/controls/screen/Connect.h"
 
@@ -92,6 +93,8 @@ DateBox::DateBox(QWidget* parent) : MaskedDate(parent) {
     calendar->setToolTip(tr("Calendar (F4)"));
     on(calendar, &QAction::triggered, this, [this] { openCalendar(); });
     setDate(base::today());
+    noteKeys(this,
+             {{"F4, Alt+Down", "Opens the calendar"}, {"Up, Down", "A day, a month or a year more or less"}});
 }
 
 base::DateTime DateBox::date() const {

@@ -65,11 +65,20 @@ void CellEditor::open(QComboBox& list) {
 
 void CellEditor::show(QWidget& editor) {
     m_open = &editor;
+    editor.setAccessibleName(cellName());
     editor.ensurePolished();
     editor.setMinimumSize(0, 0); // what the sheet asks for a field on its own would cover the next row
     follow();
     editor.raise();
     editor.show();
+}
+
+/// What a screen reader says of the cell: "Quantity, line 2".
+QString CellEditor::cellName() const {
+    const int line = m_grid.Row() - m_grid.FixedRows() + 1;
+    const QString header = m_grid.FixedRows() > 0 ? m_grid.TextMatrix(0, m_grid.Col()).trimmed() : QString();
+    return header.isEmpty() ? QStringLiteral("Line %1").arg(line)
+                            : QStringLiteral("%1, line %2").arg(header).arg(line);
 }
 
 void CellEditor::type(const QKeyEvent& event) {

@@ -73,6 +73,7 @@ class CellEditor : public QObject {
   private:
     void watch(QWidget& editor);
     void show(QWidget& editor);
+    QString cellName() const;
     void write(const QString& text);
     void follow();
     void cellMoved();

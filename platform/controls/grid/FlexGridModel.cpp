@@ -204,6 +204,18 @@ Qt::ItemFlags FlexGridModel::flags(const QModelIndex& index) const {
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
+/// What a picture says, for those who do not see it; "" for none.
+static QString wordOf(const QIcon& icon) {
+    static constexpr std::pair<const char*, const char*> words[] = {
+        {"checked", "Selected"}, {"crossed", "Un-used"}, {"cancel", "Stop"}, {"warning", "Warning"}};
+    const QString name = icon.name();
+    for (const auto& [picture, word] : words) {
+        if (name == QLatin1StringView(picture))
+            return QString::fromLatin1(word);
+    }
+    return name;
+}
+
 QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
@@ -233,6 +245,12 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
         if (const QIcon icon = format(row, column).icon; !icon.isNull())
             return icon;
         return {};
+    case Qt::AccessibleTextRole:
+        if (const QString shown = data(index, Qt::DisplayRole).toString(); !shown.isEmpty())
+            return shown;
+        return wordOf(format(row, column).icon);
+    case Qt::AccessibleDescriptionRole:
+        return wordOf(format(row, column).icon);
     default:
         return {};
     }

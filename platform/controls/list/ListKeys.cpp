@@ -1,5 +1,6 @@
 #include "platform/controls/list/ListKeys.h"
 
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/list/ListView.h"
@@ -48,6 +49,9 @@ void ListKeys::watch(List& list) {
     on(&list, &List::DblClick, this, [this] { Q_EMIT rowDoubleClicked(); });
     if (!m_search)
         return;
+    noteKeys(m_search, {{"Enter", "Searches"}, {"Down", "To the list"}});
+    noteKeys(&list,
+             {{"Up", "On the first row: back to the search box"}, {"Letters, digits", "A new search text"}});
     m_search->installEventFilter(this);
     on(m_search, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchEntered(); });
 }

@@ -1,6 +1,7 @@
 #include "platform/controls/list/ListScreen.h"
 
 #include "platform/controls/fields/FieldLetter.h"
+#include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/list/ListKeys.h"
 #include "platform/controls/list/ListView.h"
@@ -47,8 +48,12 @@ void ListScreen::connectList() {
         on(m_parts.searchBy, &QComboBox::activated, this, [this] { backToSearch(); });
     if (m_parts.find)
         on(m_parts.find, &QAbstractButton::clicked, this, [this] { searchEntered(); });
-    if (m_parts.select)
+    if (m_parts.select) {
         on(m_parts.select, &QAbstractButton::clicked, this, [this] { takeRow(); });
+        const QByteArray caption = m_parts.select->text().remove(u'&').trimmed().toLatin1();
+        noteKeys(m_parts.view ? static_cast<QWidget*>(m_parts.view) : m_parts.grid,
+                 {{"Enter", caption.constData()}});
+    }
     if (m_parts.close)
         on(m_parts.close, &QAbstractButton::clicked, this, [this] { leave(); });
 }

@@ -111,7 +111,7 @@ void FlatButton::paintRow(QPainter& painter) {
     if (m_secondLine.isEmpty())
         return;
     painter.setFont(font());
-    painter.setPen(look::muted);
+    painter.setPen(isDown() ? look::ink : look::muted);
     const QString second = fontMetrics().elidedText(m_secondLine, Qt::ElideRight, words.width());
     painter.drawText(QRect(left, height() / 2 + look::scaled(2), words.width(), lineHeight),
                      Qt::AlignLeft | Qt::AlignVCenter, second);

@@ -49,7 +49,7 @@ QPalette palette() {
     colors.setColor(QPalette::Mid, line);
     colors.setColor(QPalette::Dark, fieldLine);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colors.setColor(QPalette::Disabled, role, QColor(0x93, 0xA0, 0xAB));
+        colors.setColor(QPalette::Disabled, role, muted);
     return colors;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/controls/screen/WaitingSign.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
@@ -27,6 +28,8 @@ void showWaiting(int seconds) {
     sign->adjustSize();
     sign->move((window->width() - sign->width()) / 2, (window->height() - sign->height()) / 2);
     sign->show();
+    QAccessibleEvent told(sign, QAccessible::Alert);
+    QAccessible::updateAccessibility(&told);
     sign->repaint();
 }
 

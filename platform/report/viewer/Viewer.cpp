@@ -171,6 +171,7 @@ void Viewer::addZoomBox() {
     m_zoomBox->setMinimumContentsLength(6);
     m_zoomBox->setToolTip(tr("Zoom (Ctrl+0 for 100 %)"));
     m_zoomBox->setAccessibleName(tr("Zoom"));
+    m_zoomBox->lineEdit()->setAccessibleName(tr("Zoom"));
     for (const int step : zoomSteps)
         m_zoomBox->addItem(tr("%1 %").arg(step));
     m_bar->addWidget(m_zoomBox);
