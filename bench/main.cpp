@@ -19,7 +19,8 @@ constexpr Measure measures[] = {{"save", bench::saveOrder},      {"find", bench:
                                 {"text", bench::statementText},  {"grid", bench::bindGrid},
                                 {"odbc", bench::odbcStatement},  {"start", bench::startUp},
                                 {"report", bench::longReport},   {"ledger", bench::ledgerPage},
-                                {"charges", bench::findCharges}, {"menu", bench::menuKeys}};
+                                {"charges", bench::findCharges}, {"menu", bench::menuKeys},
+                                {"polls", bench::pollsOfTheMenu}};
 
 } // namespace
 
@@ -31,7 +32,7 @@ int main(int argc, char** argv) {
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
         std::fputs(
-            "usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report|ledger|charges|menu ...]\n",
+            "usage: scintra-bench FOLDER [save|find|text|grid|odbc|start|report|ledger|charges|menu|polls ...]\n",
             stderr);
         return 1;
     }
