@@ -137,6 +137,18 @@ void AppScreens::openClearPatient(const QString& IdNum) {
     screen.ShowModal();
 }
 
+void AppScreens::openRePrint(const session::SlipAgain& slip) {
+    auto& screen = SharedScreen<revocation::frmRePrint>::fresh();
+    screen.wanted = slip;
+    screen.ShowModal();
+}
+
+void AppScreens::openAssessmentStatus(const session::SlipAgain& slip) {
+    auto& screen = SharedScreen<revocation::frmAssessmentStatus>::fresh();
+    screen.wanted = slip;
+    screen.ShowModal();
+}
+
 std::optional<session::FoundOutPatient> AppScreens::findOutPatient(const QString& searchText) {
     lookup::clsOutPatientSearch search;
     if (!search.ValidatePatient(searchText))

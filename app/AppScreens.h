@@ -24,6 +24,8 @@ class AppScreens : public session::Screens {
     void enableRequestSaves() override;
     session::ChosenPatient openDischargeNotice() override;
     void openClearPatient(const QString& IdNum) override;
+    void openRePrint(const session::SlipAgain& slip) override;
+    void openAssessmentStatus(const session::SlipAgain& slip) override;
     std::optional<session::FoundOutPatient> findOutPatient(const QString& searchText) override;
 
     /// Opens one screen and returns when it has closed. `formMode` is "" for screens without modes.

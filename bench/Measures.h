@@ -14,6 +14,7 @@ bool startUp(const QString& folder);
 bool longReport(const QString& folder);
 bool ledgerPage(const QString& folder);
 bool menuKeys(const QString& folder);
+bool pollsOfTheMenu(const QString& folder);
 bool findCharges(const QString& folder);
 bool openScreen(const QString& folder);
 

@@ -57,7 +57,7 @@ bool menuKeys(const QString& folder) {
     session::setScreens(&screens);
     logOnTo(hospitalFile(folder, 0));
     const bool met = Report::line(QStringLiteral("key to paint, watched / unwatched"),
-                                  interleave(9, 1, keysOn({}), keysOn(menu::noMonitors)), 1.1);
+                                  interleave(21, 1, keysOn({}), keysOn(menu::noMonitors)), 1.1);
     session::setScreens(nullptr);
     return met;
 }

@@ -19,7 +19,7 @@ constexpr Measure measures[] = {
     {"save", bench::saveOrder},    {"find", bench::findPatients},  {"text", bench::statementText},
     {"grid", bench::bindGrid},     {"odbc", bench::odbcStatement}, {"start", bench::startUp},
     {"report", bench::longReport}, {"ledger", bench::ledgerPage},  {"charges", bench::findCharges},
-    {"menu", bench::menuKeys},     {"open", bench::openScreen}};
+    {"menu", bench::menuKeys},     {"open", bench::openScreen},    {"polls", bench::pollsOfTheMenu}};
 
 } // namespace
 
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
         std::fputs("usage: scintra-bench FOLDER "
-                   "[save|find|text|grid|odbc|start|report|ledger|charges|menu|open ...]\n",
+                   "[save|find|text|grid|odbc|start|report|ledger|charges|menu|open|polls ...]\n",
                    stderr);
         return 1;
     }

@@ -11,6 +11,7 @@
 #include "platform/controls/look/Look.h"
 #include "session/Routines.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/services/Services.h"
 #include "ui_ItemRequestScreen.h"
@@ -196,6 +197,10 @@ void ItemRequestScreen::cmdSave_Click() {
             gUser->sqlconnection().RollbackTrans();
         return;
     }
+    session::tellDone(
+        {.work = m_variant.grid.isSupply ? session::Work::SupplyRequest : session::Work::PharmacyRequest,
+         .patient = m_ui->txtPName->text(),
+         .IdNum = Trim(m_ui->txtIdNum->text())});
     Unload();
 }
 

@@ -40,6 +40,11 @@ constexpr const char* sectionLetters[] = {"", "M", "T"};
 
 constexpr const char* browsing = "Nuclear Exams";
 
+constexpr const char* keysBrowsing =
+    "<b>Enter</b> in the search goes to the list &nbsp;·&nbsp; <b>Esc</b> leaves";
+constexpr const char* keysEntering =
+    "<b>Enter</b> in the description allows Save &nbsp;·&nbsp; <b>Esc</b> leaves without saving";
+
 QString yesOrNo(const QCheckBox* box) {
     return box->isChecked() ? QStringLiteral("Y") : QStringLiteral("N");
 }
@@ -143,6 +148,7 @@ void frmBuildFile::setBrowsing(bool browses) {
     for (QWidget* control : std::initializer_list<QWidget*>{m_ui->grdExams, m_ui->btnEdit, m_ui->btnNew,
                                                             m_ui->btnRefresh, m_ui->btnPrint})
         control->setEnabled(browses);
+    m_ui->lblKeys->setText(QString::fromLatin1(browses ? keysBrowsing : keysEntering));
 }
 
 void frmBuildFile::showStatus(const char* status) {

@@ -11,6 +11,7 @@
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/services/Services.h"
 #include "ui_RequestScreen.h"
 
@@ -420,6 +421,12 @@ void RequestScreen::SaveRequest() {
         gConnection->CommitTrans();
     }
     ChargeSlip = posting.ChargeSlip();
+    if (const QString& number = entry.CashBasis ? entry.CashOrNum : ChargeSlip; !number.isEmpty())
+        session::tellDone({.work = entry.CashBasis ? session::Work::PaidRequest : session::Work::Slip,
+                           .number = number,
+                           .patient = patientName(),
+                           .IdNum = m_ui->txtIdNum->text(),
+                           .PatientType = QString::fromLatin1(m_variant.posting.patientType)});
     MsgBox(m_variant.boxTellsSlip
                ? QStringLiteral("Data Successfully Saved! ChargeSlip No.: '%1'").arg(ChargeSlip)
                : QStringLiteral("Data Successfully Saved!"),

@@ -7,6 +7,7 @@
 #include "platform/controls/fields/KeyFilter.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/logon/clsCurrentUser.h"
 #include "ui_frmClearPatient.h"
 
@@ -134,6 +135,10 @@ void frmClearPatient::cmdSave_Click() {
         m_ui->txtClearRemarks->setText(base::BackQuoted(m_ui->txtClearRemarks->text()));
         session::Run(sql("Nuclear..spNuclear_ClearPatientForDischarge '{}','{}','{}'", m_ui->txtAdmNo->text(),
                          m_ui->txtClearRemarks->text(), gUser->employeecode()));
+        session::tellDone({.work = session::Work::Clearance,
+                           .number = m_ui->txtAdmNo->text(),
+                           .patient = m_ui->bandHeader->subtitle(),
+                           .IdNum = m_ui->txtAdmNo->text()});
         controls::MsgBox(QStringLiteral("Patient has been cleared for discharge."), controls::vbInformation);
     }
     Unload();

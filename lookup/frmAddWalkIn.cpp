@@ -6,6 +6,7 @@
 #include "platform/controls/fields/KeyFilter.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/services/Services.h"
 #include "ui_frmAddWalkIn.h"
 
@@ -88,6 +89,11 @@ void frmAddWalkIn::btnSave_Click() {
     session::gConnection->CommitTrans();
     NewEntry = true;
     IdNum = number;
+    session::tellDone({.work = session::Work::WalkIn,
+                       .number = number,
+                       .patient = QStringLiteral("%1, %2 %3")
+                                      .arg(m_ui->txtLastName->text(), m_ui->txtFirstName->text(),
+                                           m_ui->txtMiddleName->text())});
     Unload();
 }
 

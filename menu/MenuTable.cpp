@@ -8,6 +8,7 @@ namespace menu {
 namespace {
 
 using session::MenuScreen;
+using session::Work;
 
 constexpr Command does(Deed deed) {
     return {.deed = deed};
@@ -63,6 +64,15 @@ constexpr SubMenuRow subMenus[] = {
     {4, 0, "Quit Application", "Exit Application", "", does(Deed::ExitProgram), "quit"},
     {4, 1, "LogOff", "Change Active User", "", does(Deed::ChangeUser), "user"},
     {4, 2, "User Settings", "User Rights", "", does(Deed::UserSettings), "settings"},
+};
+
+constexpr WorkRow workRows[] = {
+    {Work::Slip, "Request charged", "Slip", 2, 1},  {Work::PaidRequest, "Paid request"},
+    {Work::Assessment, "Assessment", "Slip", 2, 2}, {Work::RevokedAssessment, "Assessment revoked"},
+    {Work::CancelledCharge, "Charge cancelled"},    {Work::Result, "Result", "Result", 1, 1},
+    {Work::RevokedResult, "Result revoked"},        {Work::SupplyRequest, "CSR request"},
+    {Work::PharmacyRequest, "Pharmacy request"},    {Work::Clearance, "Cleared for discharge"},
+    {Work::WalkIn, "Walk-in registered"},
 };
 
 constexpr MenuItem tree[] = {
@@ -137,6 +147,10 @@ const SubMenuRow* subMenuRow(int group, int number) {
     const auto row = std::ranges::find_if(
         subMenus, [&](const SubMenuRow& each) { return each.group == group && each.number == number; });
     return row == std::end(subMenus) ? nullptr : row;
+}
+
+const WorkRow& workRow(session::Work work) {
+    return *std::ranges::find(workRows, work, &WorkRow::work);
 }
 
 std::span<const MenuItem> menuTree() {

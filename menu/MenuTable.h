@@ -2,6 +2,7 @@
 
 #include "menu/ReportTable.h"
 #include "session/Screens.h"
+#include "session/WorkDone.h"
 
 #include <Qt>
 
@@ -51,6 +52,16 @@ struct SubMenuRow {
     const char* icon;
 };
 
+/// What was carried out, as the menu lists it, and how it is looked at once more.
+struct WorkRow {
+    session::Work work;
+    const char* text;
+    const char* again = ""; ///< what Enter on it brings; "" where nothing does
+    /// The command that leads the same way: its right is asked.
+    int group = -1;
+    int number = -1;
+};
+
 /// One menu or item of the menu bar, parents first.
 struct MenuItem {
     const char* parent; ///< "" for a menu of the bar itself
@@ -69,6 +80,7 @@ const MenuGroup& menuGroup(int group);
 std::span<const SubMenuRow> subMenuTable();
 /// Null where the group has no such button.
 const SubMenuRow* subMenuRow(int group, int number);
+const WorkRow& workRow(session::Work work);
 std::span<const MenuItem> menuTree();
 /// The function key that opens the same screen from the menu bar; Key_unknown without one.
 Qt::Key shortcutOf(const Command& command);

@@ -37,7 +37,9 @@ struct Indicators {
     QAbstractButton* btnDischarge;
     QLabel* lblDischarge;
     QLabel* dischargeCount;
-    QLabel* lblSilence; ///< what the key for silence does next
+    QLabel* lblSilence;        ///< what the key for silence does next
+    QLabel* lblNothingWaiting; ///< what is said where nothing waits; shown by the menu
+    QLabel* lblChecked;        ///< when the server was asked last
 };
 
 /// The monitors of a menu that loads; null for none.

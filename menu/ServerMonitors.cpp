@@ -2,6 +2,7 @@
 
 #include "menu/IndicatorButton.h"
 #include "platform/base/Conversion.h"
+#include "platform/base/Format.h"
 #include "platform/controls/screen/Connect.h"
 #include "session/Screens.h"
 #include "session/Session.h"
@@ -82,12 +83,21 @@ void ServerMonitors::checkNow() {
     tmrChkPendingRequests_Timer();
     tmrPrepaid_Timer();
     tmrGetDischargeNotice_Timer();
+    m_on.lblNothingWaiting->setText(
+        QStringLiteral("No requests of nurses, no prepaid requests, no discharge notices."));
+}
+
+void ServerMonitors::tellChecked() {
+    m_on.lblChecked->setText(QStringLiteral("checked ") +
+                             base::Format(base::now(), QStringLiteral("hh:mm:ss AM/PM")));
+    m_on.lblChecked->show();
 }
 
 void ServerMonitors::tmrChkPendingRequests_Timer() {
     ado::Recordset requests = session::Read(sql("sp_Nuclear_NurseCommunication"));
     const int count = requests.RecordCount();
     requests.Close();
+    tellChecked();
     const bool wait = count >= 1;
     setRunning(m_tmrPending, wait);
     setRunning(m_Timer1, wait);
@@ -100,6 +110,7 @@ void ServerMonitors::tmrPrepaid_Timer() {
     ado::Recordset requests = session::sharedConnection().Execute(
         sql("NUCLEAR..sp_Nuclear_PrepaidCheckRequest '{}'", session::gDeptCode));
     const int count = requests.RecordCount();
+    tellChecked();
     m_on.prepaidCount->setNum(count);
     setShown({m_on.cmdPrepaid, m_on.txtPrepaid}, count >= 1);
     requests.Close();
@@ -110,6 +121,7 @@ void ServerMonitors::tmrGetDischargeNotice_Timer() {
     ado::Recordset notices = session::Read(sql("Nuclear..spNuclear_LoadDischargeNoticeCount"));
     const int count = notices.Eof() ? 0 : int(base::Val(notices.Fields("recCount").text()));
     notices.Close();
+    tellChecked();
     showNotices(count);
     if (count > 0)
         m_merlin.announceNotices();

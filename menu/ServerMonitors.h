@@ -39,6 +39,7 @@ class ServerMonitors : public QObject, public Monitors {
 
     void type(QLabel* label, const QString& text);
     void blink(IndicatorButton* button);
+    void tellChecked();
     void showNotices(int count);
     void showSilence();
 

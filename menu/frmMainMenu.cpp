@@ -20,6 +20,7 @@
 #include <QScopedValueRollback>
 
 #include <tuple>
+#include <utility>
 
 namespace menu {
 
@@ -132,6 +133,7 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
     on(m_ui->btnDischarge, &QAbstractButton::clicked, this, [this] { m_monitors->openDischargeNotices(); });
     on(m_ui->lblDischarge, &ClickLabel::Click, this, [this] { m_monitors->openDischargeNotices(); });
     on(m_ui->lblSilence, &ClickLabel::Click, this, [this] { m_monitors->turnSilence(); });
+    on(m_ui->pnlDone, &DonePanel::again, this, [this](const session::WorkDone& done) { showAgain(done); });
 }
 
 frmMainMenu::~frmMainMenu() = default;
@@ -158,7 +160,9 @@ Indicators frmMainMenu::indicators() const {
             .btnDischarge = m_ui->btnDischarge,
             .lblDischarge = m_ui->lblDischarge,
             .dischargeCount = m_ui->lblDischargeCount,
-            .lblSilence = m_ui->lblSilence};
+            .lblSilence = m_ui->lblSilence,
+            .lblNothingWaiting = m_ui->lblNothingWaiting,
+            .lblChecked = m_ui->lblChecked};
 }
 
 void frmMainMenu::Form_Load() {
@@ -172,7 +176,6 @@ void frmMainMenu::Form_Load() {
     showDate();
     const int side = look::scaled(56);
     m_ui->lblGreetingIcon->setPixmap(look::icon("app").pixmap(QSize(side, side), devicePixelRatioF()));
-    m_ui->layLeft->setStretchFactor(m_ui->picMainMenu, 1);
     layMainButtons();
     m_cmdMainMenu.front()->setFocus();
     session::clsCurrentUser& user = *session::gUser;
@@ -298,7 +301,7 @@ void frmMainMenu::keyPressEvent(QKeyEvent* event) {
         Screen::keyPressEvent(event);
 }
 
-/// The letter beside each thing that waits. Nothing that is not shown is pressed.
+/// The letter beside each thing that waits, and that of the list. Nothing that is not shown is pressed.
 bool frmMainMenu::pressWaiting(int key) {
     const auto press = [](ClickLabel* label) {
         if (!label->isHidden())
@@ -316,18 +319,43 @@ bool frmMainMenu::pressWaiting(int key) {
         return press(m_ui->lblDischarge);
     case Qt::Key_M:
         return press(m_ui->lblSilence);
+    case Qt::Key_Escape:
+        leaveDone();
+        return true;
+    case Qt::Key_V:
+        enterDone();
+        return true;
     default:
         return false;
     }
 }
 
+/// On a small desktop the commands leave their room to the list until Escape or a main button.
+void frmMainMenu::enterDone() {
+    if (m_ui->pnlDone->enterList())
+        return;
+    m_listAlone = true;
+    m_ui->picMainMenu->hide();
+    m_ui->Frame2->hide();
+    m_fltSubMenu[outPatientButton]->setEnabled(true);
+    m_ui->pnlBody->layout()->activate();
+    m_ui->pnlDone->enterList();
+}
+
+void frmMainMenu::leaveDone() {
+    if (!std::exchange(m_listAlone, false))
+        return;
+    m_ui->picMainMenu->show();
+    m_cmdMainMenu[m_subMenuBuilt ? std::size_t(m_group) : 0]->setFocus();
+}
+
 void frmMainMenu::cmdMainMenu_Click(int index) {
+    leaveDone();
     if (index != m_group) {
         m_group = index;
         m_subMenuBase = menuGroup(index).subMenuBase;
         m_subMenuBuilt = true;
         m_ui->fraGreeting->hide();
-        m_ui->layLeft->setStretchFactor(m_ui->picMainMenu, 0);
         m_ui->Frame2->hide();
         m_ui->picMainMenu->show();
         buildSubMenu();
@@ -399,6 +427,26 @@ void frmMainMenu::runReport(ReportId id) {
     const ReportRow& row = reportRow(id);
     if (launchReport(row) == Launch::Cancelled && row.dialog == DateDialog::ReportDateOneDay)
         m_ui->picMainMenu->show();
+}
+
+/// What was done, once more, by the road of the command that leads to it.
+void frmMainMenu::showAgain(const session::WorkDone& done) {
+    const WorkRow& row = workRow(done.work);
+    const SubMenuRow* command = subMenuRow(row.group, row.number);
+    if (!command || !mayRun(*command))
+        return;
+    const Pressed pressed(*this, nullptr);
+    const session::SlipAgain slip{done.number, done.patient, done.IdNum, done.PatientType};
+    switch (done.work) {
+    case session::Work::Slip:
+        return session::screens().openRePrint(slip);
+    case session::Work::Assessment:
+        return session::screens().openAssessmentStatus(slip);
+    case session::Work::Result:
+        return showResultAgain(done);
+    default:
+        return;
+    }
 }
 
 void frmMainMenu::openBuildFile(QAbstractButton* button) {

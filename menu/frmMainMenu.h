@@ -56,6 +56,8 @@ class frmMainMenu : public controls::Screen {
     Indicators indicators() const;
     void showWaiting();
     bool pressWaiting(int key);
+    void enterDone();
+    void leaveDone();
     void greet();
 
     void cmdMainMenu_Click(int index);
@@ -72,6 +74,7 @@ class frmMainMenu : public controls::Screen {
     void run(const Command& command, QAbstractButton* button);
     void runBehindAccess(const Command& command);
     void runReport(ReportId id);
+    void showAgain(const session::WorkDone& done);
     void openBuildFile(QAbstractButton* button);
     void openUserSettings(QAbstractButton* button);
     void chooseOutPatient();
@@ -89,6 +92,7 @@ class frmMainMenu : public controls::Screen {
     int m_group = groupAtLoad;
     int m_subMenuBase = 40;
     bool m_subMenuBuilt = false;
+    bool m_listAlone = false; ///< the commands have left their room to what was done
     bool m_changingUser = false;
 };
 

@@ -15,6 +15,7 @@
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/services/Services.h"
 #include "ui_frmAssessment.h"
 
@@ -332,6 +333,10 @@ bool frmAssessment::SaveAssessment() {
     m_grid->EndCellEdit();
     enableSaves(false);
     if (postAll()) {
+        session::tellDone({.work = session::Work::Assessment,
+                           .number = m_assessmentRef,
+                           .patient = m_patientName,
+                           .IdNum = m_ui->txtIdNum->text()});
         MsgBox(QStringLiteral("Data Successfully Saved."), vbInformation, QStringLiteral("Message"));
         return true;
     }

@@ -14,6 +14,7 @@
 #include "results/frmSymbols.h"
 #include "session/Session.h"
 #include "session/StampRow.h"
+#include "session/WorkDone.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/reports/ReportLaunch.h"
 #include "session/services/Services.h"
@@ -332,6 +333,11 @@ void ResultScreen::btnSave_Click() {
         gConnection->CommitTrans();
         ResultSaved = true;
     }
+    session::tellDone({.work = session::Work::Result,
+                       .number = RequestNum,
+                       .patient = text("txtPName"),
+                       .IdNum = Trim(text("txtIdNum")),
+                       .report = QString::fromLatin1(m_variant.report)});
     MsgBox(QStringLiteral("Data Successfully Saved!"), vbInformation, QStringLiteral("Notification"));
 }
 
@@ -456,6 +462,10 @@ void ResultScreen::revoke() {
         Run(sql("sp_Nuclear_CancelResult '{}'", RequestNum));
         gConnection->CommitTrans();
     }
+    session::tellDone({.work = session::Work::RevokedResult,
+                       .number = RequestNum,
+                       .patient = text("txtPName"),
+                       .IdNum = Trim(text("txtIdNum"))});
     MsgBox(QStringLiteral("Result successfully revoked!"), vbInformation, QStringLiteral("Message"));
     Unload();
 }

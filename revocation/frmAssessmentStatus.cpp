@@ -6,6 +6,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/list/ListView.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "ui_frmAssessmentStatus.h"
 
 namespace revocation {
@@ -93,6 +94,20 @@ void frmAssessmentStatus::Form_Load() {
     m_ui->cmbSearch->setCurrentIndex(0);
     m_ui->lvwListAssessment->setColumns(columns);
     LoadAssessments({});
+    if (!wanted.number.isEmpty())
+        findWanted();
+}
+
+void frmAssessmentStatus::findWanted() {
+    m_ui->txtSearch->setText(base::BackQuoted(wanted.IdNum.isEmpty() ? wanted.patient : wanted.IdNum));
+    search();
+    for (int index = 1; index <= m_ui->lvwListAssessment->Count(); ++index) {
+        ListItem& item = m_ui->lvwListAssessment->Item(index);
+        if (item.SubItem(refNum) != wanted.number)
+            continue;
+        m_ui->lvwListAssessment->select(item);
+        return m_ui->lvwListAssessment->setFocus();
+    }
 }
 
 void frmAssessmentStatus::search() {
@@ -154,6 +169,10 @@ void frmAssessmentStatus::btnCancel_Click() {
         return;
     }
     session::Run(sql("sp_Nuclear_RevokeAssessment '{}'", item->SubItem(assessID)));
+    session::tellDone({.work = session::Work::RevokedAssessment,
+                       .number = item->SubItem(refNum),
+                       .patient = item->Text(),
+                       .IdNum = item->SubItem(admissionNumber)});
     MsgBox(QStringLiteral("Data is Successfully Revoked."), vbOKOnly, QStringLiteral("Message"));
     item->setIcon(QStringLiteral("revoke"));
     item->setSubItem(status, QStringLiteral("REVOKED"));

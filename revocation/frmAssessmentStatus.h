@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/list/ListScreen.h"
+#include "session/Screens.h"
 
 #include <memory>
 
@@ -23,6 +24,10 @@ class frmAssessmentStatus : public controls::ListScreen {
     explicit frmAssessmentStatus(QWidget* parent = nullptr);
     ~frmAssessmentStatus() override;
 
+    /// Looked for behind loading, as if its user had: the patient, and the first line of the assessment.
+    /// Without a number nothing is.
+    session::SlipAgain wanted;
+
   protected:
     void Form_Load() override;
     void search() override;
@@ -32,6 +37,7 @@ class frmAssessmentStatus : public controls::ListScreen {
   private:
     void LoadAssessments(const QString& searchText);
     void addItem(ado::Recordset& row, int number);
+    void findWanted();
     void btnCancel_Click();
     void dumpItem(const controls::ListItem& item) const;
     controls::ListItem* chosen();

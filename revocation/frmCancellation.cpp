@@ -6,6 +6,7 @@
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/StampRow.h"
+#include "session/WorkDone.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/rights/CheckAccess.h"
 #include "session/services/Services.h"
@@ -131,6 +132,12 @@ void frmCancellation::cmdSave_Click() {
         cancelLine();
         gConnection->CommitTrans();
     }
+    if (m_isRevoked)
+        session::tellDone(
+            {.work = session::Work::CancelledCharge,
+             .number = RequestNum,
+             .patient = QStringLiteral("%1, %2 %3").arg(text("txtSname"), text("txtFname"), text("txtMname")),
+             .IdNum = Trim(text("txtAdmNo"))});
     m_hasEnded = true;
     Unload();
 }
@@ -146,6 +153,11 @@ void frmCancellation::cancelLine() {
         revokeAdmitted();
 }
 
+void frmCancellation::tellRevoked() {
+    m_isRevoked = true;
+    MsgBox(QStringLiteral("Data Successfully Revoked."), vbOKOnly, QStringLiteral("Message"));
+}
+
 /// A cash receipt: nothing was charged to an account.
 void frmCancellation::revokePaid() {
     ado::Recordset request =
@@ -153,7 +165,7 @@ void frmCancellation::revokePaid() {
     stampRequest(request);
     gConnection->Execute(
         sql("spGlobal_CashUpdate '{}','{}','{}',''", text("txtCSlip"), gSectionCode, ExamCode));
-    MsgBox(QStringLiteral("Data Successfully Revoked."), vbOKOnly, QStringLiteral("Message"));
+    tellRevoked();
 }
 
 void frmCancellation::revokeWithoutAdmission() {
@@ -165,7 +177,7 @@ void frmCancellation::revokeWithoutAdmission() {
         reverseCharge(date, gSectionCode != RevenueID ? gSectionCode : QString());
     gConnection->Execute(
         sql("CARDIO..spGlobal_CashUpdate '{}','{}','{}',''", text("txtCSlip"), gSectionCode, ExamCode));
-    MsgBox(QStringLiteral("Data Successfully Revoked."), vbOKOnly, QStringLiteral("Message"));
+    tellRevoked();
 }
 
 /// Finds the request by the ward's number, where the two others go by the request's own.
@@ -187,7 +199,7 @@ void frmCancellation::revokeAdmitted() {
         takeBackStock(date);
     else
         reverseCharge(date, {});
-    MsgBox(QStringLiteral("Data Successfully Revoked."), vbOKOnly, QStringLiteral("Message"));
+    tellRevoked();
 }
 
 void frmCancellation::stampRequest(ado::Recordset& rows) {

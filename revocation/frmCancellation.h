@@ -50,6 +50,8 @@ class frmCancellation : public controls::ListScreen {
     void revokePaid();
     void revokeWithoutAdmission();
     void revokeAdmitted();
+    /// Says that the line was taken back.
+    void tellRevoked();
     void stampRequest(ado::Recordset& rows);
     void stampWards();
     QString readServerDate() const;
@@ -61,6 +63,7 @@ class frmCancellation : public controls::ListScreen {
     std::unique_ptr<Ui::frmCancellation> m_ui;
     QString m_patientType; ///< "I" or "O"
     bool m_hasEnded = false;
+    bool m_isRevoked = false; ///< the line was taken back: a closed account is left as it is
 };
 
 } // namespace revocation

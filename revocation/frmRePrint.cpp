@@ -64,6 +64,19 @@ void frmRePrint::Form_Load() {
     m_ui->cmbPatientCode->setCurrentIndex(inpatient);
     m_ui->cmdPrint->setEnabled(false);
     layOutCharges();
+    if (!wanted.number.isEmpty())
+        QMetaObject::invokeMethod(
+            this, [this] { controls::ErrorBoundary::guard([this] { findWanted(); }); }, Qt::QueuedConnection);
+}
+
+void frmRePrint::findWanted() {
+    m_ui->cmbPatientCode->setCurrentIndex(wanted.PatientType == u"O" ? outpatient : inpatient);
+    m_ui->txtIdNum->setText(wanted.IdNum);
+    searchEntered();
+    for (int row = 1; row < m_ui->grdTable->Rows(); ++row) {
+        if (m_ui->grdTable->TextMatrix(row, refNum) == wanted.number)
+            return m_ui->grdTable->setCurrentCell(row, refNum);
+    }
 }
 
 // ---- the patient

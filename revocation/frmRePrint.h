@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/list/ListScreen.h"
+#include "session/Screens.h"
 
 #include <QHash>
 
@@ -24,6 +25,10 @@ class frmRePrint : public controls::ListScreen {
     explicit frmRePrint(QWidget* parent = nullptr);
     ~frmRePrint() override;
 
+    /// Looked for once the screen is open, as if its user had: the patient, and the slip's row. Without a
+    /// number nothing is.
+    session::SlipAgain wanted;
+
     /// The slip that was printed last once more, through formula fields in place of parameters. No command
     /// calls it.
     void PrintChargeSlipFormulas();
@@ -45,6 +50,7 @@ class frmRePrint : public controls::ListScreen {
     void ListCharges();
     void layOutCharges();
     void rowChanged();
+    void findWanted();
     void dumpLine(const QString& code) const;
     QHash<QString, QString> formulaValues() const;
 

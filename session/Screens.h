@@ -57,6 +57,14 @@ struct FoundOutPatient {
     bool LateCharges = false;
 };
 
+/// A slip that is wanted once more.
+struct SlipAgain {
+    QString number = {};
+    QString patient = {};     ///< "LAST, FIRST MIDDLE"
+    QString IdNum = {};       ///< "" for a walk-in
+    QString PatientType = {}; ///< "I" or "O"; of a charge only
+};
+
 /// The screens that the menu opens by themselves.
 enum class MenuScreen {
     Assessment,
@@ -100,6 +108,10 @@ class Screens {
     virtual void enableRequestSaves() = 0;
     virtual ChosenPatient openDischargeNotice() = 0;
     virtual void openClearPatient(const QString& IdNum) = 0;
+    /// The screen that prints charges again, with the patient found and the slip's row the current one.
+    virtual void openRePrint(const SlipAgain& slip) = 0;
+    /// The same for an assessment.
+    virtual void openAssessmentStatus(const SlipAgain& slip) = 0;
 
     /// Looks for a registered out-patient, with a list where that is needed; nothing when none was chosen.
     virtual std::optional<FoundOutPatient> findOutPatient(const QString& searchText) = 0;

@@ -4,6 +4,7 @@
 #include "platform/base/Error.h"
 #include "platform/controls/screen/MessageBox.h"
 #include "session/Screens.h"
+#include "session/WorkDone.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/services/Services.h"
 
@@ -130,6 +131,7 @@ bool wireSession(std::unique_ptr<clsCurrentUser> user) {
 }
 
 void forgetSession() {
+    forgetWorkDone();
     gConnection = nullptr;
     gAdmission = nullptr;
     gPatientMaster = nullptr;
@@ -147,6 +149,7 @@ void forgetSession() {
 }
 
 void LogOff() {
+    forgetWorkDone();
     if (gUser && gUser->sqlconnection().State() != ado::Connection::adStateClosed)
         gUser->sqlconnection().Close();
 }

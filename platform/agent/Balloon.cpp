@@ -87,7 +87,7 @@ void Balloon::setFrame(const Frame* frame) {
         return;
     m_frame = frame;
     cutOut();
-    update();
+    update(figureArea()); // the sentence beside it stands
 }
 
 void Balloon::setSentence(const QString& sentence) {
@@ -106,7 +106,7 @@ QRegion Balloon::painted() const {
     QImage image(size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    draw(painter);
+    draw(painter, rect());
     painter.end();
     return QBitmap::fromImage(image.createAlphaMask());
 }
@@ -118,9 +118,9 @@ void Balloon::cutOut() {
         setMask(painted());
 }
 
-void Balloon::draw(QPainter& painter) const {
+void Balloon::draw(QPainter& painter, const QRect& part) const {
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!m_sentence.isEmpty())
+    if (!m_sentence.isEmpty() && !figureArea().contains(part))
         drawBalloon(painter);
     painter.setClipRect(figureArea());
     painter.translate(figureArea().topLeft());
@@ -153,9 +153,9 @@ void Balloon::drawBalloon(QPainter& painter) const {
     painter.drawText(quietArea(), Qt::AlignCenter, quiet);
 }
 
-void Balloon::paintEvent(QPaintEvent*) {
+void Balloon::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    draw(painter);
+    draw(painter, event->rect());
 }
 
 void Balloon::showEvent(QShowEvent* event) {

@@ -39,7 +39,7 @@ class Balloon : public QWidget {
   private:
     void lay();
     void cutOut();
-    void draw(QPainter& painter) const;
+    void draw(QPainter& painter, const QRect& part) const;
     void drawBalloon(QPainter& painter) const;
     QRect textArea() const;
 

@@ -12,6 +12,7 @@
 #include "server/demo/Neighbours.h"
 #include "session/Session.h"
 #include "session/TestDoors.h"
+#include "session/WorkDone.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
@@ -134,6 +135,16 @@ TEST_F(Circle, FromAnAssessmentToItsResult) {
     EXPECT_EQ(count("NUCLEAR..tbNucMaster", filed + " AND RequestStatus = 'W'"), 1);
     EXPECT_EQ(count("NUCLEAR..tbNucResult", "RequestNum = '" + number + "' AND HospNum = '" + code + "'"), 1);
     EXPECT_EQ(count("NUCLEAR..tbNucLogBook", "RequestNum = '" + number + "' AND CaseNumber = '26-90077'"), 1);
+
+    using session::Work;
+    const std::vector<session::WorkDone>& done = session::workDone();
+    ASSERT_EQ(done.size(), 3U);
+    EXPECT_EQ(std::pair(done[0].work, done[0].number), std::pair(Work::Result, number));
+    EXPECT_FALSE(done[0].report.isEmpty());
+    EXPECT_EQ(std::pair(done[1].work, done[1].number), std::pair(Work::PaidRequest, receipt));
+    EXPECT_EQ(std::pair(done[2].work, done[2].number), std::pair(Work::Assessment, reference));
+    for (const session::WorkDone& each : done)
+        EXPECT_TRUE(each.patient.startsWith(lastName)) << each.patient.toStdString();
 }
 
 } // namespace

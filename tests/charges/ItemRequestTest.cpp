@@ -2,6 +2,7 @@
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/services/Services.h"
 #include "tests/charges/ItemFixture.h"
 
@@ -183,6 +184,10 @@ TEST_P(ItemRequest, SavesEachCompleteLineInOneTransaction) {
         "{now}", tests::toTestDays(base::Format(asked, QStringLiteral("mm/dd/yyyy hh:mm:ss AM/PM"))));
     EXPECT_EQ(takeTexts().join(u'\n').toStdString(), expected.join(u'\n').toStdString());
     EXPECT_TRUE(screen().isUnloaded());
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work,
+              GetParam().isSupply ? session::Work::SupplyRequest : session::Work::PharmacyRequest);
+    EXPECT_EQ(session::workDone().front().IdNum, "26004078");
     EXPECT_EQ(base::textOf(rows.at(0, 1)).toInt(), base::textOf(rows.at(1, 1)).toInt() + 1)
         << "of the wards' numbers";
 }

@@ -229,6 +229,19 @@ TEST_F(BuildFile, StateAfterCancel) {
     }
 }
 
+TEST_F(BuildFile, TheHelpSaysWhatTheKeysDoInEachMode) {
+    show();
+    const auto help = [this] { return child<QLabel>(*screen, "lblKeys").text(); };
+    const QString search = QStringLiteral("in the search"), save = QStringLiteral("allows Save");
+    EXPECT_TRUE(help().contains(search) && !help().contains(save)) << help().toStdString();
+    for (const char* command : {"btnNew", "btnEdit"}) {
+        click(button(command));
+        EXPECT_TRUE(help().contains(save) && !help().contains(search)) << command;
+        click(button("btnCancel"));
+        EXPECT_TRUE(help().contains(search) && !help().contains(save)) << command;
+    }
+}
+
 TEST_F(BuildFile, CancelKeepsTheMode) {
     show();
     click(button("btnEdit"));

@@ -3,6 +3,7 @@
 #include "ledger/frmDischargeNotice.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/list/ListView.h"
+#include "session/WorkDone.h"
 #include "tests/ledger/InquiryFixture.h"
 
 #include <QLabel>
@@ -114,6 +115,9 @@ TEST_F(ClearPatient, SavesARemarkWithABackQuoteForEachQuote) {
                            listed}));
     EXPECT_EQ(boxes(), QStringList{"64||Patient has been cleared for discharge."});
     EXPECT_TRUE(screen.isUnloaded());
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work, session::Work::Clearance);
+    EXPECT_EQ(session::workDone().front().IdNum, QStringLiteral("26004001"));
 }
 
 TEST_F(ClearPatient, RefreshesTheListOfNotices) {

@@ -2,6 +2,7 @@
 
 #include "platform/controls/fields/MaskedDate.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "tests/lookup/WalkInFixture.h"
 
 #include <QApplication>
@@ -69,6 +70,9 @@ TEST_F(AddWalkIn, SavesUnderTheNextNumberInOneTransaction) {
               "ST','CENTRO','1000','F','2','03/14/1990','36'\n"
               "COMMIT");
     EXPECT_TRUE(screen.isUnloaded());
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work, session::Work::WalkIn);
+    EXPECT_EQ(session::workDone().front().patient, QStringLiteral("LUNA, ANA REYES"));
     EXPECT_TRUE(screen.NewEntry);
     EXPECT_EQ(screen.IdNum, QStringLiteral("W1031"));
     EXPECT_EQ(patient("W1031"), "LUNA|ANA|REYES|3/14/1990|36|F|2|12 MABINI ST|CENTRO|1000");

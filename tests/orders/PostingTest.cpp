@@ -1,6 +1,7 @@
 #include "platform/base/Format.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/orders/SavingFixture.h"
 
@@ -365,6 +366,10 @@ TEST_F(Posting, ASecondPressNeverPostsTwice) {
     EXPECT_EQ(takeTexts().count("BEGIN"), 1);
     EXPECT_EQ(nextSlip(), slip + 1);
     EXPECT_EQ(count("BILLING..tbDailyBill", "RefNum = '" + slipText(slip) + "'"), 1);
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work, session::Work::Slip);
+    EXPECT_EQ(session::workDone().front().number, slipText(slip));
+    EXPECT_EQ(session::workDone().front().PatientType, "I");
 }
 
 TEST_F(Posting, AFailingStatementStopsTheProgramAndLeavesNothing) {

@@ -2,6 +2,7 @@
 #include "platform/controls/screen/TestDoors.h"
 #include "results/frmResultEntry.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "tests/results/ResultFixture.h"
 
 #include <gtest/gtest.h>
@@ -314,6 +315,9 @@ TEST_P(Revocation, PutsTheWardsRowsBackAndRunsTheServersPart) {
                           " AND [RecordStatus] = 'W'",
                       "sp_Nuclear_CancelResult '90001'", "COMMIT"}));
     EXPECT_TRUE(screen().isUnloaded());
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work, session::Work::RevokedResult);
+    EXPECT_EQ(session::workDone().front().number, "90001");
     EXPECT_EQ(station(), "X|X|||");
     EXPECT_EQ(count("NUCLEAR..tbNucLogBook", "CaseNumber = '26-0001' AND Status = 'R'"), 1)
         << "the number is free";

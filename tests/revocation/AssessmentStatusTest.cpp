@@ -5,6 +5,7 @@
 #include "platform/controls/screen/TestDoors.h"
 #include "session/Session.h"
 #include "session/TestDoors.h"
+#include "session/WorkDone.h"
 #include "session/reports/ReportLaunch.h"
 #include "tests/revocation/RevocationFixture.h"
 #include "tests/support/screens/ScriptedSession.h"
@@ -172,6 +173,9 @@ TEST_F(Assessments, RevokingMarksTheItemWithoutANewReadAndASecondTimeIsRefused) 
           },
           revoking()});
     EXPECT_EQ(lines(takeTexts()), "sp_Nuclear_RevokeAssessment '7'");
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work, session::Work::RevokedAssessment);
+    EXPECT_EQ(session::workDone().front().number, "NU5001");
 }
 
 TEST_F(Assessments, OneWithAReceiptAnywhereInItsReferenceIsPaidWhateverTheListSays) {

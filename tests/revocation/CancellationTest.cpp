@@ -4,6 +4,7 @@
 #include "revocation/frmCancelRequest.h"
 #include "revocation/frmCancellation.h"
 #include "session/Session.h"
+#include "session/WorkDone.h"
 #include "tests/revocation/RevocationFixture.h"
 
 #include <QLabel>
@@ -97,6 +98,9 @@ TEST_F(Cancelling, ANumberThatBeginsWithTIsNotReversedOnABill) {
                      "CARDIO..spGlobal_CashUpdate 'C9001J','NU','1001',''", "COMMIT"}));
     EXPECT_EQ(count("BILLING..tbDailyBill", "IdNum = 'T1001'"), 0);
     EXPECT_EQ(books(hospital, line).copies, 0);
+    ASSERT_EQ(session::workDone().size(), 1U);
+    EXPECT_EQ(session::workDone().front().work, session::Work::CancelledCharge);
+    EXPECT_EQ(session::workDone().front().number, "90001");
 }
 
 TEST_F(Cancelling, AnAdmittedPatientsOwnLineIsStampedAtTheWardsAndReversed) {
@@ -157,6 +161,7 @@ TEST_F(Cancelling, AClosedAccountIsToldAndNothingIsWritten) {
     EXPECT_TRUE(isReopened);
     EXPECT_EQ(lines(takeCancellation()), lines({"BEGIN", "OpenAdmission 26004078", "COMMIT"}));
     EXPECT_EQ(books(hospital, line), before);
+    EXPECT_TRUE(session::workDone().empty()) << "nothing was done";
 }
 
 TEST_F(Cancelling, OnlyASlipThatBeginsWithOrIsAReceipt) {

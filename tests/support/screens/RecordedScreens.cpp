@@ -60,6 +60,16 @@ void RecordedScreens::openClearPatient(const QString& IdNum) {
     pass();
 }
 
+void RecordedScreens::openRePrint(const session::SlipAgain& slip) {
+    rePrints.push_back(slip);
+    pass();
+}
+
+void RecordedScreens::openAssessmentStatus(const session::SlipAgain& slip) {
+    assessmentStatuses.push_back(slip);
+    pass();
+}
+
 std::optional<session::FoundOutPatient> RecordedScreens::findOutPatient(const QString& searchText) {
     return outPatientSearch ? outPatientSearch(searchText) : std::nullopt;
 }

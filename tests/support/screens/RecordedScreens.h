@@ -30,6 +30,8 @@ class RecordedScreens : public session::Screens {
     int savesEnabled = 0;
     int dischargeNotices = 0;
     std::vector<QString> cleared; ///< admission numbers
+    std::vector<session::SlipAgain> rePrints;
+    std::vector<session::SlipAgain> assessmentStatuses;
     /// Runs while any of the screens counts as open.
     std::function<void()> whileOpen;
     std::function<void()> whenEnding;
@@ -48,6 +50,8 @@ class RecordedScreens : public session::Screens {
     void enableRequestSaves() override;
     session::ChosenPatient openDischargeNotice() override;
     void openClearPatient(const QString& IdNum) override;
+    void openRePrint(const session::SlipAgain& slip) override;
+    void openAssessmentStatus(const session::SlipAgain& slip) override;
     std::optional<session::FoundOutPatient> findOutPatient(const QString& searchText) override;
 
   private:
