@@ -148,7 +148,7 @@ void frmBuildFile::setBrowsing(bool browses) {
     for (QWidget* control : std::initializer_list<QWidget*>{m_ui->grdExams, m_ui->btnEdit, m_ui->btnNew,
                                                             m_ui->btnRefresh, m_ui->btnPrint})
         control->setEnabled(browses);
-    m_ui->lblKeys->setText(QString::fromLatin1(browses ? keysBrowsing : keysEntering));
+    m_ui->lblKeys->setText(QString::fromUtf8(browses ? keysBrowsing : keysEntering));
 }
 
 void frmBuildFile::showStatus(const char* status) {

@@ -30,6 +30,8 @@ mode only stands here as well.
 | Up, Down | In a list or a choice: the line above or below |
 | F4, Alt+Down | Opens a list of choices, or a date's calendar |
 | Esc | Leaves the screen where its table below says so |
+| F1 | Opens the guide at the page of the screen; in the menu it finds an admitted patient |
+| Shift+F1 | Opens the guide everywhere |
 | Y, N | In a message box: Yes, No |
 | Ctrl+C | In a message box: copies its text |
 )";

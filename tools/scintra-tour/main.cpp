@@ -24,8 +24,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -60,7 +60,9 @@ bool clearFolder(const QDir& folder) {
          QStringLiteral("assessment.pdf"), QStringLiteral("trace.txt"), QStringLiteral("hospital.scintra*")},
         QDir::Files);
     const bool isTours = names.contains(QStringLiteral("hospital.scintra")) &&
-                         names.indexOf(QRegularExpression(QStringLiteral("^01-"))) >= 0;
+                         std::ranges::any_of(names, [](const QString& name) {
+                             return name.startsWith(QStringLiteral("01-"));
+                         });
     if (!isTours && !names.isEmpty())
         return false;
     for (const QString& name : names)
