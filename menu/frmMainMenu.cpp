@@ -472,9 +472,14 @@ void frmMainMenu::openUserSettings(QAbstractButton* button) {
 
 void frmMainMenu::chooseOutPatient() {
     m_fltSubMenu[outPatientButton]->setEnabled(false);
-    m_ui->Frame2->show();
-    m_ui->picMainMenu->hide();
+    showOutPatientChoice();
     m_ui->btnCashEntry->setFocus();
+}
+
+/// In the place of the commands: with both the window would grow past a small desktop.
+void frmMainMenu::showOutPatientChoice() {
+    m_ui->picMainMenu->hide();
+    m_ui->Frame2->show();
 }
 
 void frmMainMenu::leaveOutPatientChoice() {
@@ -487,7 +492,7 @@ void frmMainMenu::leaveOutPatientChoice() {
 }
 
 void frmMainMenu::btnCashEntry_Click() {
-    m_ui->Frame2->show();
+    showOutPatientChoice();
     {
         const Pressed pressed(*this, m_ui->btnCashEntry);
         session::screens().open(session::MenuScreen::ListCashComm);
@@ -496,7 +501,7 @@ void frmMainMenu::btnCashEntry_Click() {
 }
 
 void frmMainMenu::btnChargeEntry_Click() {
-    m_ui->Frame2->show();
+    showOutPatientChoice();
     {
         const Pressed pressed(*this, m_ui->btnChargeEntry);
         enterOutPatientCharges();

@@ -78,6 +78,7 @@ class frmMainMenu : public controls::Screen {
     void openBuildFile(QAbstractButton* button);
     void openUserSettings(QAbstractButton* button);
     void chooseOutPatient();
+    void showOutPatientChoice();
     void enterOutPatientCharges();
     void leaveOutPatientChoice();
 

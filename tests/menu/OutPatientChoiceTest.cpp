@@ -113,6 +113,21 @@ TEST_F(OutPatientChoice, TheMenuBarShowsThePanelForChargesLikewise) {
     EXPECT_EQ(texts(), QStringList());
 }
 
+TEST_F(OutPatientChoice, TheWindowGrowsForNeitherWay) {
+    clickGroup(0);
+    QWidget& menu = menuScreen();
+    menu.resize(menu.minimumSizeHint());
+    const QSize small = menu.size();
+    choose();
+    EXPECT_EQ(menu.size(), small);
+    QTest::keyClick(menu.focusWidget(), Qt::Key_3);
+    QSize whileOpen;
+    server.screens.whileOpen = [&] { whileOpen = menu.size(); };
+    trigger("mnuOPDCashEntry");
+    EXPECT_EQ(whileOpen, small);
+    EXPECT_EQ(menu.size(), small);
+}
+
 TEST_F(OutPatientChoice, DigitsPressThePanelsButtons) {
     choose();
     EXPECT_EQ(menuScreen().focusWidget()->objectName(), "btnCashEntry");
