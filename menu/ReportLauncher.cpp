@@ -119,12 +119,6 @@ std::vector<base::Value> parametersOf(const ReportRow& row) {
     return values;
 }
 
-void showResultAgain(const session::WorkDone& result) {
-    session::PrepareReport(session::reportPath(result.report), QStringLiteral("NUCLEAR"),
-                           {result.IdNum, result.number});
-    session::ShowReport(false, QStringLiteral("Imaging Section Report"), false);
-}
-
 Launch launchReport(const ReportRow& row) {
     if (!askDates(row.dialog, row.title) && row.stopsOnCancel)
         return Launch::Cancelled;

@@ -2,7 +2,6 @@
 
 #include "menu/ReportTable.h"
 #include "platform/base/Value.h"
-#include "session/WorkDone.h"
 
 #include <vector>
 
@@ -14,9 +13,6 @@ enum class Launch { Shown, Cancelled };
 /// Cancelled when its dialog was left without a date and the row heeds that. Raises what the server and the
 /// report engine raise.
 Launch launchReport(const ReportRow& row);
-
-/// A result that was saved, as its own screen prints it. Raises what the server and the report engine raise.
-void showResultAgain(const session::WorkDone& result);
 
 /// The values of the row's parameters as they stand now, in the order in which the report takes them.
 std::vector<base::Value> parametersOf(const ReportRow& row);

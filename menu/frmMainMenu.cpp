@@ -11,6 +11,7 @@
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
+#include "session/reports/ReportLaunch.h"
 #include "session/rights/CheckAccess.h"
 #include "session/rights/frmAccess.h"
 
@@ -100,7 +101,9 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
                               {"N", "The wards' requests that wait"},
                               {"P", "The prepaid requests that wait"},
                               {"G", "The discharge notices that wait"},
-                              {"M", "The character is quiet, or speaks again"}});
+                              {"M", "The character is quiet, or speaks again"},
+                              {"V", "To what was done since the log-on; Enter there shows it again"},
+                              {"Esc", "From that list back to the commands, where it took their place"}});
     m_panel1 = new QLabel(m_ui->StatusBar1);
     m_panel2 = new QLabel(m_ui->StatusBar1);
     m_panel1->setObjectName("StatusBar1_Panel1");
@@ -443,7 +446,8 @@ void frmMainMenu::showAgain(const session::WorkDone& done) {
     case session::Work::Assessment:
         return session::screens().openAssessmentStatus(slip);
     case session::Work::Result:
-        return showResultAgain(done);
+        session::PrepareResult(done.report, done.IdNum, done.number);
+        return session::ShowResult();
     default:
         return;
     }

@@ -19,8 +19,7 @@ enum SearchBy { byAdmissionNumber, byLastName };
 
 constexpr int widths[] = {100, 1200, 1800, 1800, 1800};
 
-/// A blank row can be chosen by a double click: the keys go to the grid, and Select is ready, only once it
-/// has a patient.
+/// A blank row can be chosen as well, but not by Enter: the keys go to the grid only once it has a patient.
 constexpr controls::ListVariant list = {.format =
                                             "  |Code |Last Name |First Name |Middle Name |Request Number",
                                         .widths = widths,
@@ -29,6 +28,7 @@ constexpr controls::ListVariant list = {.format =
                                         .most = 200,
                                         .moreText = "%1 patients at most: type more of the name.",
                                         .nothingFound = controls::ListVariant::NothingFound::KeepsRows,
+                                        .selectable = controls::ListVariant::Selectable::AsItStands,
                                         .emptyRow = controls::ListVariant::EmptyRow::NotEnter};
 
 } // namespace

@@ -421,10 +421,9 @@ void ResultScreen::btnPrint_Click() {
         MsgBox(QStringLiteral("No Result to process."));
         return;
     }
-    session::PrepareReport(session::reportPath(QString::fromLatin1(m_variant.report)),
-                           QStringLiteral("NUCLEAR"), {Trim(text("txtIdNum")), RequestNum});
+    session::PrepareResult(QString::fromLatin1(m_variant.report), Trim(text("txtIdNum")), RequestNum);
     Unload();
-    session::ShowReport(false, QStringLiteral("Imaging Section Report"), false);
+    session::ShowResult();
 }
 
 void ResultScreen::btnClear_Click() {

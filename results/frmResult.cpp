@@ -27,6 +27,7 @@ constexpr int widths[] = {100, 1000, 1100, 900, 2500, 1100, 1100, 5};
 constexpr controls::ListVariant requestList = {
     .format = " | Request# | Exam Date | Code | Exam | ResultDate |FileNumber ",
     .widths = widths,
+    .selectable = controls::ListVariant::Selectable::AsItStands,
     .emptyRow = controls::ListVariant::EmptyRow::Anything};
 
 } // namespace
@@ -52,7 +53,6 @@ void frmResult::showRequests(const ado::Recordset& requests) {
         m_ui->bandHeader->setSubtitle(QStringLiteral("Choose the result to revoke"));
     m_ui->bandHeader->setChips({QStringLiteral("Hosp. ") + HospitalNumber});
     m_ui->grdTable->setDataSource(requests);
-    setHits(requests.RecordCount());
 }
 
 void frmResult::setPatientName(const QString& name) {

@@ -22,8 +22,7 @@ constexpr int requestNumberColumn = 15;
 
 constexpr int widths[] = {100, 1200, 1200, 1200, 800, 3000, 1200, 1000, 1000, 0, 0};
 
-/// A blank row can be chosen by a double click: the keys go to the grid, and Select is ready, only once it
-/// has requests.
+/// A blank row can be chosen as well, but not by Enter: the keys go to the grid only once it has requests.
 constexpr controls::ListVariant list = {
     .format =
         " | LastName | FirstName | MiddleName | RoomID | Exam | TransDate | RequestNum | UserID | Hosp.Num "
@@ -33,6 +32,7 @@ constexpr controls::ListVariant list = {
     .many = "requests",
     .most = 200,
     .nothingFound = controls::ListVariant::NothingFound::KeepsRows,
+    .selectable = controls::ListVariant::Selectable::AsItStands,
     .emptyRow = controls::ListVariant::EmptyRow::NotEnter};
 
 /// Where the header of the chosen request goes, in this order; before the first of them IdNum.

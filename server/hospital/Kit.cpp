@@ -21,16 +21,6 @@ namespace {
 constexpr const char* versionSetting = "kitVersion";
 constexpr const char* numberSetting = "kitNumber";
 
-int rankOf(const QString& name) {
-    if (name.endsWith(QLatin1String("/tables.sql")))
-        return 0;
-    if (name.contains(QLatin1String("/functions/")))
-        return 1;
-    if (name.contains(QLatin1String("/views/")))
-        return 2;
-    return name.endsWith(QLatin1String("/seed.sql")) ? 4 : 3;
-}
-
 std::vector<KitFile> readKit() {
     loadKitResource();
     const QString root = QStringLiteral(":/kit/");
@@ -42,12 +32,22 @@ std::vector<KitFile> readKit() {
             files.push_back({file.fileName().mid(root.size()), QString::fromUtf8(file.readAll())});
     }
     std::sort(files.begin(), files.end(), [](const KitFile& a, const KitFile& b) {
-        return std::pair(rankOf(a.name), a.name) < std::pair(rankOf(b.name), b.name);
+        return std::pair(kitRank(a.name), a.name) < std::pair(kitRank(b.name), b.name);
     });
     return files;
 }
 
 } // namespace
+
+int kitRank(const QString& name) {
+    if (name.endsWith(QLatin1String("/tables.sql")))
+        return 0;
+    if (name.contains(QLatin1String("/functions/")))
+        return 1;
+    if (name.contains(QLatin1String("/views/")))
+        return 2;
+    return name.endsWith(QLatin1String("/seed.sql")) ? 4 : 3;
+}
 
 const std::vector<KitFile>& kitFiles() {
     static const std::vector<KitFile> files = readKit();

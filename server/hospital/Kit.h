@@ -26,6 +26,9 @@ QStringList kitDatabases();
 /// Changes with every change of a file.
 QString kitVersion();
 
+/// Where a file of a kit stands in its order: tables, functions, views, procedures, first rows.
+int kitRank(const QString& name);
+
 /// Tells a newer kit from an older one; raised with every release that changes the kit. A file remembers the
 /// highest it was given, 0 when it was made before there were numbers.
 inline constexpr int kitNumber = 3;

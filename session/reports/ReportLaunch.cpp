@@ -119,6 +119,14 @@ void SetReportTableLogOn(report::TableLogOn& table, const QString& database) {
     user().openReportConnection(table.server, table.database, table.login, table.password)->Close();
 }
 
+void PrepareResult(const QString& file, const QString& IdNum, const QString& RequestNum) {
+    PrepareReport(reportPath(file), QStringLiteral("NUCLEAR"), {IdNum, RequestNum});
+}
+
+void ShowResult() {
+    ShowReport(false, QStringLiteral("Imaging Section Report"), false);
+}
+
 void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     if (const auto& other = otherReportLaunchers().showReport)
         return other(showGroupTree, title, directPrint);

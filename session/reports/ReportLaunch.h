@@ -26,6 +26,9 @@ QString reportPath(const QString& file);
 /// their stored order. Fields beyond the values prompt when the report runs; values beyond the fields are
 /// ignored. Raises the engine's error when the file is missing or unreadable or the log-on fails.
 void PrepareReport(const QString& path, const QString& database, const std::vector<base::Value>& parameters);
+/// A saved result by its report: behind it gReport waits, ShowResult() shows it. Raises as PrepareReport.
+void PrepareResult(const QString& file, const QString& IdNum, const QString& RequestNum);
+void ShowResult();
 /// Opens the report into gReport, printed by the session's user, and no more: it has no heading, its tables
 /// no log-on (SetReportTableLogOn), its fields no values. Raises the engine's error when the file is missing
 /// or unreadable.

@@ -41,6 +41,12 @@ TEST(CDbl, TakesWholeNumbersOnly) {
     EXPECT_EQ(CDbl(" 12 "), 12);
     EXPECT_EQ(CDbl("1,500.50"), 1500.5);
     EXPECT_EQ(CDbl("-.5"), -0.5);
+    EXPECT_EQ(CDbl("6250.00"), 6250);
+    EXPECT_EQ(CDbl("12."), 12);
+    EXPECT_EQ(CDbl(".5"), 0.5);
+    EXPECT_EQ(CDbl("123456789012345678901234567890"), 123456789012345678901234567890.0);
+    EXPECT_EQ(errorOf([] { CDbl("."); }), errors::typeMismatch);
+    EXPECT_EQ(errorOf([] { CDbl("1.2.3"); }), errors::typeMismatch);
     EXPECT_EQ(CDbl(Value(true)), -1);
     EXPECT_EQ(errorOf([] { CDbl(""); }), errors::typeMismatch);
     EXPECT_EQ(errorOf([] { CDbl("12abc"); }), errors::typeMismatch);

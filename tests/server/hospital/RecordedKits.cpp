@@ -2,6 +2,7 @@
 
 #include "server/engine/EmbeddedProvider.h"
 #include "server/engine/Installer.h"
+#include "server/hospital/Kit.h"
 #include "tests/support/core/Databases.h"
 #include "tests/support/hospital/OldOrder.h"
 
@@ -15,16 +16,6 @@
 namespace tests {
 
 namespace {
-
-int rankOf(const QString& name) {
-    if (name.endsWith(QLatin1String("/tables.sql")))
-        return 0;
-    if (name.contains(QLatin1String("/functions/")))
-        return 1;
-    if (name.contains(QLatin1String("/views/")))
-        return 2;
-    return name.endsWith(QLatin1String("/seed.sql")) ? 4 : 3;
-}
 
 /// What a recorded file changes of the kit before it; gives its heading, "number 1, 2026-11-22".
 QString applyTo(std::map<QString, QString>& files, const QString& path) {
@@ -59,7 +50,7 @@ std::vector<RecordedKit> readKits() {
         for (const auto& [file, text] : files)
             kit.files.push_back({file, text});
         std::stable_sort(kit.files.begin(), kit.files.end(), [](const auto& one, const auto& other) {
-            return rankOf(one.name) < rankOf(other.name);
+            return hospital::kitRank(one.name) < hospital::kitRank(other.name);
         });
         kits.push_back(std::move(kit));
     }
