@@ -185,7 +185,7 @@ bool measured(const Way& way, const QString& hospital) {
 bool saveOrder(const QString& folder) {
     const QString hospital = hospitalFile(folder, 0);
     const Way ways[] = {
-        {"save an order of 10 lines", 2.0, requestOrder, "grdPackage", "cmdSave", requestScreen, nextSlip},
+        {"save an order of 10 lines", 1.35, requestOrder, "grdPackage", "cmdSave", requestScreen, nextSlip},
         {"save an out-patient's 10 lines", 1.8, requestOrder, "grdPackage", "cmdSave", outRequestScreen,
          nextSlip},
         {"save an assessment of 10 lines", 1.8, assessmentOrder, "grdTable", "btnSave", assessmentScreen,

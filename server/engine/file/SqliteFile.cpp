@@ -47,6 +47,12 @@ void mendJournal(const std::string& path) {
     }
 }
 
+/// SQLite counts its memory under a lock, for numbers that nobody asks for. Only its first use can be told.
+void leaveMemoryUncounted() {
+    static const int told = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    (void)told;
+}
+
 } // namespace
 
 /// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
@@ -74,6 +80,7 @@ int LockWait::wait(void* self, int calls) {
 SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
                        LockWait lockWait)
     : m_lockWait(std::move(lockWait)) {
+    leaveMemoryUncounted();
     mendJournal(path);
     sqlite3* handle = nullptr;
     const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
@@ -160,6 +167,30 @@ void SqliteFile::bringIntoOrder() {
 void SqliteFile::execute(const char* sql) {
     const int code = sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
+        fail(code);
+}
+
+const char* boundaryText(SqliteFile::Boundary boundary) {
+    constexpr const char* texts[] = {"BEGIN", "BEGIN IMMEDIATE", "COMMIT", "ROLLBACK"};
+    return texts[std::size_t(boundary)];
+}
+
+int SqliteFile::attempt(Boundary boundary) {
+    SqliteStatement& kept = m_boundaries[std::size_t(boundary)];
+    if (!kept) {
+        sqlite3_stmt* statement = nullptr;
+        const int code = sqlite3_prepare_v3(handle(), boundaryText(boundary), -1, SQLITE_PREPARE_PERSISTENT,
+                                            &statement, nullptr);
+        if (code != SQLITE_OK)
+            return code;
+        kept.reset(statement);
+    }
+    sqlite3_step(kept.get());
+    return sqlite3_reset(kept.get());
+}
+
+void SqliteFile::cross(Boundary boundary) {
+    if (const int code = attempt(boundary); code != SQLITE_OK)
         fail(code);
 }
 

@@ -81,6 +81,7 @@ TEST(Sql, OutsideQuotesOnlyNumbersStand) {
         EXPECT_EQ(errorOf([&] { sql("sp_A {}", value); }).number(), 102) << value.toStdString();
     EXPECT_EQ(errorOf([] { sql("select [{}]", QString("a")); }).number(), 102);
     EXPECT_EQ(errorOf([] { sql("select /* {} */ 1", 1); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /* *{} 1", QString("/ 2,")); }).number(), 102);
 }
 
 TEST(QueryTemplate, ReplacesItsPlaceHolders) {

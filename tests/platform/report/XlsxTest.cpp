@@ -42,7 +42,7 @@ struct XlsxTest : testing::Test {
     Book write(const QString& columns, const tests::Cells& cells, const report::SheetHeading& heading = {}) {
         ado::Rows rows = tests::ScriptedProvider::rowsOf(columns, cells).rows;
         if (money >= 0)
-            rows.columns[std::size_t(money)].type = ado::DataType::Money;
+            rows.columns.edit()[std::size_t(money)].type = ado::DataType::Money;
         EXPECT_TRUE(report::exportXlsx(report::HeldRows(rows), heading, book.path));
         return book;
     }
