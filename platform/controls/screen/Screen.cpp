@@ -343,7 +343,12 @@ void Screen::placeOver(QWidget* opener) {
 void Screen::growTo(int height) {
     const QRect room = roomFor(this);
     const QSize most = mostIn(room);
-    resize(width(), qMin(height, most.height()));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // what was shown meanwhile counts
+    if (auto* area = findChild<QScrollArea*>(QStringLiteral("scrolledContents")))
+        area->widget()->setMinimumSize(area->widget()->layout()->minimumSize());
+    else if (layout() && minimumSizeHint().height() > most.height())
+        scrollContents();
+    resize(QSize(width(), qMax(height, minimumSizeHint().height())).boundedTo(most));
     move(x(), qMax(room.top(), qMin(y(), room.bottom() - this->height() - barHeight)));
 }
 
@@ -357,6 +362,12 @@ void Screen::scrollContents() {
     if (band)
         own->removeWidget(band);
     QWidget* commands = takeCommands(*own, this);
+    const int bar = area->verticalScrollBar()->sizeHint().width();
+    if (QBoxLayout* column = columnOf(*own)) { // the bar stands in the page's margin
+        QMargins around = column->contentsMargins();
+        around.setRight(qMax(0, around.right() - bar));
+        column->setContentsMargins(around);
+    }
     contents->setMinimumSize(own->minimumSize());
     contents->setLayout(own);
     for (QWidget* widget : loose) {
@@ -376,7 +387,7 @@ void Screen::scrollContents() {
             around->addWidget(part, part == area ? 1 : 0);
     }
     // the bar at the side takes nothing from the contents where there is room for both
-    resize(qMax(width(), contents->minimumWidth() + area->verticalScrollBar()->sizeHint().width()), height());
+    resize(qMax(width(), contents->minimumWidth() + bar), height());
 }
 
 void Screen::closeEvent(QCloseEvent* event) {
