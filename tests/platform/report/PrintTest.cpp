@@ -107,6 +107,15 @@ TEST_F(PrintTest, APrinterGetsThePaperAsItLies) {
     EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::Letter);
 }
 
+TEST_F(PrintTest, APrinterThatTakesNoJobIsTold) {
+    const auto document = tests::laidOut(inside, "A", {{"x"}});
+    QPrinter printer;
+    printer.setOutputFileName(folder.path("no/such/folder/out.pdf"));
+    const base::RunTimeError error = tests::raised([&] { report::printPages(*document, printer, 1, 1); });
+    EXPECT_EQ(error.number(), 75);
+    EXPECT_TRUE(error.description().contains("the printer does not take the job"));
+}
+
 TEST_F(PrintTest, AJobThatIsGivenUpEndsAtItsPage) {
     const auto document = tests::laidOut(inside, "A", tests::Cells(20, {"x"}));
     ASSERT_GT(document->pageCount(), 2);
