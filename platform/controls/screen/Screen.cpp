@@ -167,6 +167,15 @@ QSize mostIn(const QRect& room) {
     return room.size() - QSize(16, 48);
 }
 
+/// Where a box and its screen close at once, some window managers leave the keys with nobody.
+void giveKeysBack() {
+    QWidget* next = QApplication::activeModalWidget();
+    if (!next && !openList().empty())
+        next = openList().back();
+    if (next && next->isVisible() && !next->isActiveWindow())
+        next->activateWindow();
+}
+
 QWidget* openerOf(const Screen* screen) {
     if (QWidget* parent = screen->parentWidget())
         return parent->window();
@@ -244,6 +253,7 @@ void Screen::ShowModal() {
     if (self)
         std::erase(openList(), this);
     ErrorBoundary::throwIfStopping();
+    giveKeysBack();
 }
 
 void Screen::Show() {

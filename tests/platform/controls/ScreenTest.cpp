@@ -6,6 +6,7 @@
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -80,6 +81,18 @@ TEST(Screen, LoadsOnceAndUnloadsOnce) {
     EXPECT_TRUE(screen.Unload());
     EXPECT_EQ(screen.calls, QStringList({"load", "query", "unload"}));
     EXPECT_TRUE(Screen::openScreens().empty());
+}
+
+TEST(Screen, TheKeysGoBackToTheScreenBelowWhereTheDesktopGivesThemToNobody) {
+    Patient below;
+    Patient above;
+    below.Show();
+    tests::runModal([&] { above.ShowModal(); }, {[&](QWidget&) {
+                        above.Unload();
+                        QApplication::setActiveWindow(nullptr);
+                    }});
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(below.isActiveWindow());
 }
 
 TEST(Screen, ACallerMayLoadItFirst) {
