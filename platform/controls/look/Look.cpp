@@ -8,10 +8,12 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QStyle>
+#include <QtPlugin>
 
 #include <array>
 
-// Resources of a static library come in by name, outside of any namespace.
+// Resources and plug-ins of a static library come in by name, outside of any namespace.
+Q_IMPORT_PLUGIN(LineIconPlugin)
 static void initControlsResources() {
     Q_INIT_RESOURCE(controls);
 }
