@@ -5,6 +5,9 @@ libxkbcommon-dev libsqlite3-dev unixodbc-dev libsodium-dev libxlsxwriter-dev zli
 fonts-dejavu-core qt6-qpa-plugins qt6-declarative-dev qt6-speech-dev qt6-speech-flite-plugin"
 test_packages="libgtest-dev libsqliteodbc tdsodbc poppler-utils unzip locales clang-format clang-tidy"
 bench_packages="libbenchmark-dev"
+windows_packages="g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev autoconf automake libtool tcl librsvg2-bin
+icoutils zip nsis"
+windows_test_packages="wine64"
 packaging_packages="desktop-file-utils appstream lintian mmdebstrap"
 
 # install_missing NAME...: asks dpkg what is there and apt for the rest; on another system it names what is needed.

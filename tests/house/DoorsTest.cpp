@@ -31,6 +31,7 @@ const QStringList& clients() {
                                      "platform/controls",
                                      "platform/report",
                                      "platform/agent",
+                                     "platform/voice",
                                      "session",
                                      "menu",
                                      "lookup",

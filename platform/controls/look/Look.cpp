@@ -1,6 +1,7 @@
 #include "platform/controls/look/Look.h"
 
 #include "platform/controls/look/HouseStyle.h"
+#include "platform/controls/look/OwnFonts.h"
 
 #include <QApplication>
 #include <QFile>
@@ -119,6 +120,7 @@ void repolish(QWidget* widget) {
 
 void apply(QApplication& application) {
     initControlsResources();
+    takeOwnFonts();
     application.setStyle(new HouseStyle);
     QFont font;
     font.setFamilies({QStringLiteral("Inter"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
