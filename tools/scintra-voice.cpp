@@ -3,10 +3,10 @@
 // there is no engine and no sound.
 
 #include "platform/base/DesksLanguage.h"
+#include "platform/voice/Engine.h"
 
 #include <QCoreApplication>
 #include <QStringList>
-#include <QTextToSpeech>
 
 #include <cstdio>
 #include <iostream>
@@ -17,74 +17,46 @@ namespace {
 
 class Speaker : public QObject {
   public:
-    explicit Speaker(const QString& engine) : m_speech(engine) {
-        m_speech.setRate(-0.1);
-        QObject::connect(&m_speech, &QTextToSpeech::stateChanged, this, [this](QTextToSpeech::State state) {
-            if (state == QTextToSpeech::Error)
-                QCoreApplication::exit(1);
-            else if (state == QTextToSpeech::Ready && m_isSaying)
-                said();
-        });
-    }
+    Speaker() : m_engine(voice::Engine::open({.said = [this] { said(); }, .broken = [] { leave(); }})) {}
 
-    bool isUsable() const { return m_speech.state() != QTextToSpeech::Error; }
+    bool isUsable() const { return m_engine != nullptr; }
 
     void take(const QString& line) {
         if (line.isEmpty())
             return forget();
         m_lines += line;
-        if (!m_isSaying)
-            sayNext();
+        if (m_lines.size() == 1)
+            m_engine->say(line);
     }
 
   private:
-    void sayNext() {
-        if (m_lines.isEmpty())
-            return;
-        m_isSaying = true;
-        m_speech.say(m_lines.front());
-    }
+    static void leave() { QCoreApplication::exit(1); }
     void answer() {
         std::fputs("\n", stdout);
         std::fflush(stdout);
     }
     void said() {
-        m_isSaying = false;
         m_lines.removeFirst();
         answer();
-        sayNext();
+        if (!m_lines.isEmpty())
+            m_engine->say(m_lines.front());
     }
     void forget() {
-        m_isSaying = false;
-        m_speech.stop();
+        m_engine->stop();
         for (; !m_lines.isEmpty(); m_lines.removeFirst())
             answer();
     }
 
-    QTextToSpeech m_speech;
-    QStringList m_lines;
-    bool m_isSaying = false;
+    QStringList m_lines; ///< the first is being said
+    std::unique_ptr<voice::Engine> m_engine;
 };
-
-/// The offline engine before the others; "mock", which says nothing, counts as none.
-QString chosenEngine() {
-    const QStringList engines = QTextToSpeech::availableEngines();
-    for (const char* wished : {"flite", "speechd", "sapi", "winrt", "darwin"}) {
-        if (engines.contains(QLatin1String(wished)))
-            return QLatin1String(wished);
-    }
-    return {};
-}
 
 } // namespace
 
 int main(int argc, char** argv) {
     base::ignoreDesksLanguage();
     QCoreApplication application(argc, argv);
-    const QString engine = chosenEngine();
-    if (engine.isEmpty())
-        return 1;
-    Speaker speaker(engine);
+    Speaker speaker;
     if (!speaker.isUsable())
         return 1;
     std::thread([&] {

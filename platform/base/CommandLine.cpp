@@ -1,5 +1,7 @@
 #include "platform/base/CommandLine.h"
 
+#include "platform/base/Terminal.h"
+
 #include <cstdio>
 #include <span>
 #include <string_view>
@@ -7,6 +9,7 @@
 namespace base {
 
 bool answeredAtOnce(int argc, char** argv, const std::function<void()>& tellUsage) {
+    prepareOutput();
     const std::span<char*> words(argv, std::size_t(argc));
     for (const std::string_view word : words.subspan(words.empty() ? 0 : 1)) {
         if (word == "--help") {

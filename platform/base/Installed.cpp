@@ -24,7 +24,11 @@ QString sharedFile(const QString& name) {
 }
 
 QString helperProgram(const QString& name) {
+#ifdef _WIN32
+    return besideOrIn(SCINTRA_HELPERS_FROM_PROGRAM, name + QStringLiteral(".exe"));
+#else
     return besideOrIn(SCINTRA_HELPERS_FROM_PROGRAM, name);
+#endif
 }
 
 } // namespace base

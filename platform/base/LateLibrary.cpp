@@ -6,9 +6,13 @@ namespace base {
 
 LateLibrary::LateLibrary(int error, QString need, const QString& name, int version)
     : m_error(error), m_need(std::move(need)), m_library(name, version) {
+#ifdef _WIN32
+    const QString file = name + QStringLiteral(".dll");
+#else
+    const QString file = QStringLiteral("lib") + name;
+#endif
     if (!m_library.load())
-        throw RunTimeError(m_error,
-                           QStringLiteral("%1 need lib%2, which is not installed.").arg(m_need, name));
+        throw RunTimeError(m_error, QStringLiteral("%1 need %2, which is not installed.").arg(m_need, file));
 }
 
 QFunctionPointer LateLibrary::address(const char* name) {

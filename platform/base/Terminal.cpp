@@ -3,6 +3,7 @@
 #ifdef _WIN32
 #include <cstdio>
 #include <io.h>
+#include <tuple>
 #include <windows.h>
 #else
 #include <termios.h>
@@ -34,6 +35,17 @@ bool showTyping(bool shown) {
 }
 
 } // namespace
+
+void prepareOutput() {
+#ifdef _WIN32
+    // A program with windows has no output unless whoever started it gave it one, or is a console.
+    if (GetStdHandle(STD_OUTPUT_HANDLE) == nullptr && AttachConsole(ATTACH_PARENT_PROCESS)) {
+        std::ignore = std::freopen("CONOUT$", "w", stdout);
+        std::ignore = std::freopen("CONOUT$", "w", stderr);
+    }
+    SetConsoleOutputCP(CP_UTF8);
+#endif
+}
 
 bool isTypedAt() {
 #ifdef _WIN32

@@ -9,11 +9,40 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace odbc {
 namespace {
 
+#ifdef _WIN32
+// The narrow function takes the code page of the system, which the names of its registry need not go into.
+using Unit = wchar_t;
+constexpr const char* readerName = "SQLGetPrivateProfileStringW";
+constexpr const char* readerLibrary = "odbccp32";
+constexpr int readerVersion = -1;
+using ReadSetting = decltype(&::SQLGetPrivateProfileStringW);
+
+std::wstring given(const QString& text) {
+    return text.toStdWString();
+}
+QString taken(const wchar_t* text) {
+    return QString::fromWCharArray(text);
+}
+#else
+using Unit = char;
+constexpr const char* readerName = "SQLGetPrivateProfileString";
+constexpr const char* readerLibrary = "odbcinst";
+constexpr int readerVersion = 2;
 using ReadSetting = decltype(&::SQLGetPrivateProfileString);
+
+std::string given(const QString& text) {
+    return text.toLocal8Bit().toStdString();
+}
+QString taken(const char* text) {
+    return QString::fromLocal8Bit(text);
+}
+#endif
 
 /// From the part of the driver manager that reads its files, loaded with its first use as the rest is. Null
 /// where there is none: then drivers read by themselves what they do.
@@ -21,12 +50,9 @@ ReadSetting findReader() {
     ReadSetting read = nullptr;
     try {
         constexpr int notLoaded = 48;
-#ifdef _WIN32
-        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbccp32"), -1);
-#else
-        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QStringLiteral("odbcinst"), 2);
-#endif
-        library.resolve("SQLGetPrivateProfileString", read);
+        base::LateLibrary library(notLoaded, QStringLiteral("Data sources"), QLatin1StringView(readerLibrary),
+                                  readerVersion);
+        library.resolve(readerName, read);
     } catch (const base::RunTimeError&) {
         return nullptr;
     }
@@ -34,14 +60,16 @@ ReadSetting findReader() {
 }
 
 /// "" when the section has no such setting.
-QString settingOf(const QString& section, const char* keyword, const char* file = "odbc.ini") {
+QString settingOf(const QString& section, const QString& keyword,
+                  const QString& file = QStringLiteral("odbc.ini")) {
     static const ReadSetting read = findReader();
     if (!read || section.isEmpty())
         return {};
-    std::vector<char> value(512);
-    const int length =
-        read(section.toLocal8Bit().constData(), keyword, "", value.data(), int(value.size()), file);
-    return length > 0 ? QString::fromLocal8Bit(value.data()) : QString();
+    std::vector<Unit> value(512);
+    const Unit none = 0;
+    const int length = read(given(section).c_str(), given(keyword).c_str(), &none, value.data(),
+                            int(value.size()), given(file).c_str());
+    return length > 0 ? taken(value.data()) : QString();
 }
 
 /// A value of a connection string, without its braces; "" when there is none.
@@ -57,8 +85,8 @@ QString valueOf(const QString& connection, const char* keyword) {
 bool isFreeTds(const QString& connection, const QString& dataSource) {
     QString driver = valueOf(connection, "Driver");
     if (driver.isEmpty())
-        driver = settingOf(dataSource, "Driver");
-    return (driver + settingOf(driver, "Driver", "odbcinst.ini"))
+        driver = settingOf(dataSource, QStringLiteral("Driver"));
+    return (driver + settingOf(driver, QStringLiteral("Driver"), QStringLiteral("odbcinst.ini")))
         .contains(QLatin1StringView("tds"), Qt::CaseInsensitive);
 }
 
@@ -111,12 +139,12 @@ QString completed(const QString& connection, int statementSeconds) {
     const QString dataSource = valueOf(connection, "DSN");
     ConnectionText more;
     if (!dataSource.isEmpty() && !hasLogin(connection)) {
-        const QString user = settingOf(dataSource, "UID");
+        const QString user = settingOf(dataSource, QStringLiteral("UID"));
         if (!user.isEmpty())
-            more.add("UID", user).add("PWD", settingOf(dataSource, "PWD"));
+            more.add("UID", user).add("PWD", settingOf(dataSource, QStringLiteral("PWD")));
     }
     if (isFreeTds(connection, dataSource) && valueOf(connection, "Timeout").isEmpty() &&
-        settingOf(dataSource, "Timeout").isEmpty())
+        settingOf(dataSource, QStringLiteral("Timeout")).isEmpty())
         more.add("Timeout", QString::number(statementSeconds));
     if (more.text().isEmpty() || connection.endsWith(u';'))
         return connection + more.text();

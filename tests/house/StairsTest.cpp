@@ -37,6 +37,7 @@ Stairs programStairs() {
         {"platform/controls", core},
         {"platform/report", core + QStringList{"platform/controls"}},
         {"platform/agent", core + QStringList{"platform/controls"}},
+        {"platform/voice", {}},
         {"server/engine", core},
         {"server/hospital", core + QStringList{"server/engine"}},
         {"server/demo", core + QStringList{"server/engine", "server/hospital"}},
@@ -63,7 +64,7 @@ Stairs stairsAround() {
     const QStringList server = hospital + QStringList{"server/site", "platform/odbc"};
     Stairs stairs{
         {"cmake", {}},
-        {"tools", platform() + server + QStringList{"session", "menu", "app"}},
+        {"tools", platform() + server + QStringList{"platform/voice", "session", "menu", "app"}},
         {"bench", platform() + server + screenFolders() +
                       QStringList{"session", "lookup", "entry", "app", "tests/support/core"}},
         {"tests/house", {}},
@@ -225,6 +226,16 @@ TEST(Portability, NothingOutsideThePlatformIsPosixOnly) {
     }
     expectNowhere(sources, QRegularExpression(
                                QStringLiteral("^#include <(unistd|sys/.*|fcntl|pthread|pwd|signal)\\.?h?>")));
+}
+
+TEST(Portability, NothingOutsideThePlatformKnowsOfWindows) {
+    QStringList sources;
+    for (const QString& source : programSources() + sourcesIn("tools")) {
+        if (!source.startsWith(QStringLiteral("platform/")))
+            sources += source;
+    }
+    expectNowhere(sources, QRegularExpression(QStringLiteral("\\b(_WIN32|WIN32|Q_OS_WIN\\w*|__MINGW\\w*)\\b|"
+                                                             "^#include <(windows|io|winsock2?)\\.h>")));
 }
 
 TEST(Screens, ConnectOnlyThroughTheErrorBoundary) {

@@ -1,18 +1,19 @@
 #include "platform/controls/look/LineIcon.h"
 
+#include "platform/controls/look/LineDrawing.h"
 #include "platform/controls/look/Look.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 namespace controls {
 
 namespace {
 
-QByteArray readDrawing(const QString& name) {
-    QFile file(QStringLiteral(":/scintra/icons/%1.svg").arg(name));
+QByteArray readDrawing(const QString& path) {
+    QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -39,8 +40,7 @@ QPixmap LineIcon::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) {
     picture = QPixmap(size);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    QSvgRenderer(QByteArray(m_drawing).replace("currentColor", color.name().toLatin1()))
-        .render(&painter, QRectF(QPointF(), QSizeF(size)));
+    paintDrawing(painter, QRectF(QPointF(), QSizeF(size)), m_drawing, color);
     painter.end();
     QPixmapCache::insert(key, picture);
     return picture;
@@ -50,8 +50,12 @@ QIconEngine* LineIcon::clone() const {
     return new LineIcon(m_name, m_drawing, m_color);
 }
 
+QIconEngine* LineIconPlugin::create(const QString& file) {
+    return new LineIcon(QFileInfo(file).baseName(), readDrawing(file), look::accent);
+}
+
 QIcon look::icon(const QString& name, const QColor& color) {
-    QByteArray drawing = readDrawing(name);
+    QByteArray drawing = readDrawing(QStringLiteral(":/scintra/icons/%1.drawing").arg(name));
     return drawing.isEmpty() ? QIcon() : QIcon(new LineIcon(name, std::move(drawing), color));
 }
 

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QIconEngine>
+#include <QIconEnginePlugin>
 
 namespace controls {
 
@@ -19,6 +20,15 @@ class LineIcon : public QIconEngine {
     QString m_name;
     QByteArray m_drawing;
     QColor m_color;
+};
+
+/// Gives an icon to whoever names a file of a drawing, as the style sheet does.
+class LineIconPlugin : public QIconEnginePlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QIconEngineFactoryInterface_iid FILE "LineIcon.json")
+
+  public:
+    QIconEngine* create(const QString& file) override;
 };
 
 } // namespace controls

@@ -1,6 +1,7 @@
 #include "platform/controls/look/Look.h"
 
 #include "platform/controls/look/HouseStyle.h"
+#include "platform/controls/look/OwnFonts.h"
 
 #include <QApplication>
 #include <QFile>
@@ -8,10 +9,12 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QStyle>
+#include <QtPlugin>
 
 #include <array>
 
-// Resources of a static library come in by name, outside of any namespace.
+// Resources and plug-ins of a static library come in by name, outside of any namespace.
+Q_IMPORT_PLUGIN(LineIconPlugin)
 static void initControlsResources() {
     Q_INIT_RESOURCE(controls);
 }
@@ -117,6 +120,7 @@ void repolish(QWidget* widget) {
 
 void apply(QApplication& application) {
     initControlsResources();
+    takeOwnFonts();
     application.setStyle(new HouseStyle);
     QFont font;
     font.setFamilies({QStringLiteral("Inter"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});

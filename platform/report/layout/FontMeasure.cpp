@@ -1,5 +1,7 @@
 #include "platform/report/layout/FontMeasure.h"
 
+#include "platform/controls/look/OwnFonts.h"
+
 #include <algorithm>
 
 namespace report {
@@ -7,6 +9,7 @@ namespace report {
 QFont fontOf(const Face& face) {
     static const QStringList paperFonts{QStringLiteral("Noto Sans"), QStringLiteral("Segoe UI"),
                                         QStringLiteral("Arial"), QStringLiteral("DejaVu Sans")};
+    controls::look::takeOwnFonts();
     QFont font;
     font.setFamilies(face.family.isEmpty() ? paperFonts : QStringList{face.family} + paperFonts);
     font.setPixelSize(std::max(face.size.hundredths, 1));

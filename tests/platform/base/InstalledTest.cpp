@@ -11,7 +11,13 @@ namespace {
 struct Place {
     QString (*find)(const QString& name);
     const char* folder; ///< as seen from the program
+    const char* ending = "";
 };
+#ifdef _WIN32
+constexpr const char* ofAProgram = ".exe";
+#else
+constexpr const char* ofAProgram = "";
+#endif
 
 class Installed : public testing::TestWithParam<Place> {
   protected:
@@ -26,8 +32,9 @@ class Installed : public testing::TestWithParam<Place> {
     }
 
     const QString m_own = QCoreApplication::applicationDirPath();
-    const QString m_beside = m_own + "/travels-with-it";
-    const QString m_there = QDir::cleanPath(m_own + GetParam().folder + "/travels-with-it");
+    const QString m_beside = m_own + "/travels-with-it" + GetParam().ending;
+    const QString m_there =
+        QDir::cleanPath(m_own + GetParam().folder + "/travels-with-it") + GetParam().ending;
 };
 
 TEST_P(Installed, LiesBesideTheProgramElseWhereItWasInstalled) {
@@ -41,6 +48,7 @@ TEST_P(Installed, LiesBesideTheProgramElseWhereItWasInstalled) {
 
 INSTANTIATE_TEST_SUITE_P(Places, Installed,
                          testing::Values(Place{base::sharedFile, "/../share/visual-scintra"},
-                                         Place{base::helperProgram, "/../libexec/visual-scintra"}));
+                                         Place{base::helperProgram, "/../libexec/visual-scintra",
+                                               ofAProgram}));
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/controls/list/ListView.h"
 #include "platform/controls/look/FlatButton.h"
 #include "platform/controls/look/HeaderBand.h"
+#include "platform/controls/look/LineDrawing.h"
 #include "tests/support/screens/Driver.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -61,6 +63,66 @@ TEST(Look, EveryIconOfTheHouseDrawsSomething) {
         EXPECT_GT(inked, 60) << name;
     }
     EXPECT_TRUE(look::icon(QStringLiteral("no such icon")).isNull());
+}
+
+TEST(Look, EveryDrawingHoldsOnlyWhatIsDrawn) {
+    const QDir drawings(QStringLiteral(":/scintra/icons"));
+    EXPECT_GT(drawings.entryList().size(), 70);
+    for (const QString& name : drawings.entryList()) {
+        QFile file(drawings.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray drawing = file.readAll();
+        QImage image(48, 48, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        EXPECT_TRUE(paintDrawing(painter, image.rect(), drawing, look::ink)) << name.toStdString();
+        painter.setTransform({});
+        EXPECT_FALSE(paintDrawing(painter, image.rect(), QByteArray(drawing).replace("svg>", "text/></svg>"),
+                                  look::ink))
+            << name.toStdString();
+    }
+}
+
+TEST(Look, EachSignOfTheStyleSheetIsDrawn) {
+    const QString sheet = qApp->styleSheet();
+    int signs = 0;
+    for (qsizetype at = sheet.indexOf("url("); at >= 0; at = sheet.indexOf("url(", at + 1), ++signs) {
+        const QString file = sheet.mid(at + 4, sheet.indexOf(u')', at) - at - 4);
+        const QImage image = QIcon(file).pixmap(QSize(32, 32), 2.0).toImage();
+        EXPECT_EQ(image.size(), QSize(64, 64)) << file.toStdString();
+        EXPECT_TRUE(hasInk(image, QColor("#FFFFFF")) || hasInk(image, look::muted) ||
+                    hasInk(image, QColor("#93A0AB")))
+            << file.toStdString();
+    }
+    EXPECT_EQ(signs, 6);
+}
+
+TEST(PathOf, ReadsWhatDrawingsAreMadeOf) {
+    const auto box = [](const char* data) { return pathOf(data).boundingRect(); };
+    EXPECT_EQ(box("M1 2H4V6h-3z"), QRectF(1, 2, 3, 4));
+    EXPECT_EQ(box("m1 2 3 0v4l-3,0"), QRectF(1, 2, 3, 4));
+    EXPECT_EQ(pathOf("M1.5.5L-1-2").currentPosition(), QPointF(-1, -2)) << "numbers need no blank between";
+    EXPECT_EQ(pathOf("M1 1l1 1zl2 0").currentPosition(), QPointF(3, 1)) << "closed: back at its beginning";
+    EXPECT_EQ(pathOf("M0 0C0 1 1 2 2 2S4 1 4 0").currentPosition(), QPointF(4, 0));
+    EXPECT_EQ(pathOf("M0 0c0 1 1 2 2 2s2-1 2-2"), pathOf("M0 0C0 1 1 2 2 2C3 2 4 1 4 0"));
+    EXPECT_EQ(pathOf("M0 0L2 2S4 1 4 0"), pathOf("M0 0L2 2C2 2 4 1 4 0")) << "no curve before it";
+}
+
+TEST(PathOf, TakesTheArcThatIsMeant) {
+    // from the left end of a circle of radius 5 around (5, 0) or so, the four ways to a point of it
+    const auto box = [](const char* data) { return pathOf(data).boundingRect().toRect(); };
+    EXPECT_EQ(box("M0 0A5 5 0 0 1 5-5"), QRect(0, -5, 5, 5));
+    EXPECT_EQ(box("M0 0A5 5 0 1 0 5-5"), QRect(0, -5, 10, 10));
+    EXPECT_EQ(box("M0 0a5 5 0 0 0 5-5"), QRect(0, -5, 5, 5));
+    EXPECT_EQ(box("M0 0a5 5 0 1 1 5-5"), QRect(-5, -10, 10, 10));
+    EXPECT_EQ(box("M0 0a1 1 0 0 1 10 0"), QRect(0, -5, 10, 5)) << "radii that do not reach grow";
+    EXPECT_LT(QLineF(pathOf("M3 4a4.3 4.3 0 0 0-5.6 5.3").currentPosition(), QPointF(-2.6, 9.3)).length(),
+              1e-9);
+}
+
+TEST(PathOf, IsEmptyForWhatItDoesNotKnow) {
+    for (const char* data : {"M0 0Q1 1 2 2", "M0 0L1", "M0 0A5 5 30 0 1 5 5", "M0 0L1 1?", "1 2", ""})
+        EXPECT_TRUE(pathOf(data).isEmpty()) << data;
 }
 
 TEST(Look, TheDialogsOfTheToolKitWearTheHousesIcons) {
