@@ -145,7 +145,9 @@ class ReadBack {
                 m_state = State::Code;
             break;
         case State::Bracket:
-            if (c == u']')
+            if (isPair(u']', u']')) // one that belongs to the name
+                ++m_at;
+            else if (c == u']')
                 m_state = State::Code;
             break;
         case State::QuotedName:
