@@ -74,12 +74,16 @@ class SqliteFile {
     struct Closer {
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
+    /// SQLite's hook behind a commit; `self` is the SqliteFile.
+    static int keepLogShort(void* self, sqlite3* handle, const char* database, int pages);
     void prepareFile(const std::vector<std::string>& newDatabases);
     bool readOrder();
     void bringIntoOrder();
 
     bool m_isInOrder = true;
     LockWait m_lockWait; ///< the handle knows its address
+    LockWait m_logWait{200};
+    int m_logSeen = 0; ///< pages of the log behind the last commit
     std::unique_ptr<sqlite3, Closer> m_handle;
     SqliteStatement m_boundaries[4]; ///< prepared when first crossed
 };
