@@ -30,8 +30,7 @@ enum GridColumn {
     classification = 12
 };
 
-// The classification goes along unseen: a letter that nobody works by, under the widest of the captions.
-constexpr int widths[] = {100, 1100, 900, 2000, 800, 800, 2000, 1200, 900, 800, 900, 800, 0};
+constexpr int widths[] = {100, 1100, 900, 2000, 800, 800, 2000, 1200, 900, 800, 900, 800, 1150};
 
 constexpr controls::ListVariant variant = {
     .format = " | RequestDate | Adm.No. | Patient Name | Room ID | ExamCode | Exam Description | Remarks | "
