@@ -34,7 +34,7 @@ int LegendLine::heightForWidth(int width) const {
     }
     std::swap(m_usual, m_asked);
     const QRect room(0, 0, width, QWIDGETSIZE_MAX);
-    m_asked = {width, fontMetrics().boundingRect(room, flags, m_shown).height()};
+    m_asked = {width, fontMetrics().boundingRect(room, Qt::TextWordWrap, m_shown).height()};
     return m_asked.height;
 }
 

@@ -1,8 +1,7 @@
 #include "server/engine/Trace.h"
 
+#include "platform/base/AppendedFile.h"
 #include "platform/base/DateTime.h"
-
-#include <QFile>
 
 namespace engine {
 namespace {
@@ -50,14 +49,7 @@ void Trace::write(const Line& line) {
             .arg(base::toIso(base::now()), m_workstation,
                  QString::number(double(line.nanoseconds) / nanosecondsPerMillisecond, 'f', 3), outcome,
                  text);
-    QFile file(m_file);
-    // opened for each line, so that the workstations' lines do not cut into each other
-    constexpr QFileDevice::Permissions own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append, own))
-        return;
-    if (file.size() == 0 || (file.permissions() & (QFileDevice::ReadGroup | QFileDevice::ReadOther)))
-        file.setPermissions(own); // one of an older program
-    file.write(written.toUtf8());
+    base::appendToOwn(m_file, written.toUtf8());
 }
 
 } // namespace engine

@@ -398,7 +398,8 @@ TEST(Screen, WhatIsScrolledLiesBetweenTheBandAndTheCommands) {
     EXPECT_TRUE(screen.isSeen(*screen.band));
     EXPECT_TRUE(screen.isSeen(*screen.cmdSave));
     const auto& lastField = *area.findChildren<QLineEdit*>().last();
-    EXPECT_EQ(lastField.mapTo(&screen, QPoint(lastField.width(), 0)).x(), area.verticalScrollBar()->x())
+    EXPECT_EQ(lastField.mapTo(&screen, QPoint(lastField.width(), 0)).x(),
+              area.verticalScrollBar()->mapTo(&screen, QPoint()).x())
         << "the bar stands in the page's margin";
     screen.Unload();
 }
