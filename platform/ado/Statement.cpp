@@ -66,12 +66,12 @@ class ReadBack {
                 step();
         }
         enterValues();
-        if (m_state != State::Code && m_state != State::LineComment)
+        if (m_scanner.place() != Place::Code && m_scanner.place() != Place::LineComment)
             syntaxError(m_text, m_text.size());
     }
 
   private:
-    enum class State { Code, Literal, Bracket, QuotedName, LineComment, BlockComment };
+    using Place = StatementScanner::Place;
 
     /// A value is passed over whole, once it is known to stay in its place. One whose first sign ended the
     /// comment before it is looked at all the same.
@@ -79,9 +79,9 @@ class ReadBack {
         while (m_next < m_values.size() && m_values[m_next].begin <= m_at) {
             const Range& range = m_values[m_next++];
             const QStringView value = QStringView(m_text).mid(range.begin, range.end - range.begin);
-            if (m_state == State::Literal)
+            if (m_scanner.place() == Place::Literal)
                 checkLiteral(value, range);
-            else if (m_state != State::Code || !isNumber(value))
+            else if (m_scanner.place() != Place::Code || !isNumber(value))
                 syntaxError(m_text, range.begin);
             m_at = range.end;
         }
@@ -104,16 +104,14 @@ class ReadBack {
     /// What changes nothing, up to the next value at most.
     void passOver(qsizetype stop) {
         const QChar* text = m_text.constData();
-        if (m_state == State::Code) {
-            while (m_at < stop && !opens(text[m_at]))
+        if (m_scanner.place() == Place::Code) {
+            while (m_at < stop && !StatementScanner::opens(text[m_at].unicode()))
                 ++m_at;
-        } else if (m_state == State::Literal) {
+        } else if (m_scanner.place() == Place::Literal) {
             while (m_at < stop && text[m_at] != u'\'')
                 ++m_at;
         }
     }
-
-    static bool opens(QChar c) { return c == u'\'' || c == u'[' || c == u'"' || c == u'-' || c == u'/'; }
 
     /// Whether a backslash before `at` would take away what stands behind it.
     bool cutsBrokenLine(qsizetype at) const {
@@ -126,56 +124,14 @@ class ReadBack {
     }
 
     void step() {
-        const QChar c = m_text[m_at];
-        switch (m_state) {
-        case State::Code:
-            if (c == u'\'')
-                m_state = State::Literal;
-            else if (c == u'[')
-                m_state = State::Bracket;
-            else if (c == u'"')
-                m_state = State::QuotedName;
-            else if (isPair(u'-', u'-'))
-                m_state = State::LineComment;
-            else if (isPair(u'/', u'*'))
-                m_state = State::BlockComment;
-            break;
-        case State::Literal:
-            if (c == u'\'')
-                m_state = State::Code;
-            break;
-        case State::Bracket:
-            if (isPair(u']', u']')) // one that belongs to the name
-                ++m_at;
-            else if (c == u']')
-                m_state = State::Code;
-            break;
-        case State::QuotedName:
-            if (c == u'"')
-                m_state = State::Code;
-            break;
-        case State::LineComment:
-            if (c == u'\n')
-                m_state = State::Code;
-            break;
-        case State::BlockComment:
-            if (isPair(u'*', u'/')) {
-                m_state = State::Code;
-                ++m_at;
-            }
-            break;
-        }
-        ++m_at;
-    }
-
-    bool isPair(char16_t first, char16_t second) const {
-        return m_text[m_at] == first && m_at + 1 < m_text.size() && m_text[m_at + 1] == second;
+        const char16_t next = m_at + 1 < m_text.size() ? m_text[m_at + 1].unicode() : u'\0';
+        m_at += m_scanner.pass(m_text[m_at].unicode(), next);
     }
 
     const QString& m_text;
     const std::vector<Range>& m_values;
     const bool m_hasBackslash;
-    State m_state = State::Code;
+    StatementScanner m_scanner;
     qsizetype m_at = 0;
     std::size_t m_next = 0;
 };
@@ -252,7 +208,41 @@ const char* nextHole(const char* pattern) {
     return pattern;
 }
 
+/// Whether a scanner that comes to the value leaves it where it came, and as it stands there.
+bool isPlainIn(const PatternHole& hole, const QString& value) {
+    if (!hole.inLiteral) // a sign before it may be one with the sign before the hole
+        return !value.isEmpty() && value[0].isDigit() && isNumber(value);
+    return std::none_of(value.begin(), value.end(),
+                        [](QChar c) { return c == u'\'' || c == u'\\' || c.isNull(); });
+}
+
+QChar* putLatin1(QChar* to, const char* begin, const char* end) {
+    return std::transform(begin, end, to, [](char letter) { return QLatin1Char(letter); });
+}
+
 } // namespace
+
+Statement joinStatement(const PatternShape& pattern, const QString* values) {
+    bool isPlain = pattern.isPlain;
+    qsizetype length = pattern.length;
+    for (qsizetype i = 0; i < pattern.count; ++i) {
+        isPlain = isPlain && isPlainIn(pattern.holes[i], values[i]);
+        length += values[i].size() - 2;
+    }
+    if (!isPlain)
+        return joinStatement(pattern.text, values, pattern.count);
+    QString text(length, Qt::Uninitialized);
+    QChar* to = text.data();
+    const char* from = pattern.text;
+    for (qsizetype i = 0; i < pattern.count; ++i) {
+        const char* hole = pattern.text + pattern.holes[i].at;
+        to = putLatin1(to, from, hole);
+        to = std::copy(values[i].begin(), values[i].end(), to);
+        from = hole + 2;
+    }
+    putLatin1(to, from, pattern.text + pattern.length);
+    return Statement(std::move(text));
+}
 
 Statement joinStatement(const char* pattern, const QString* values, qsizetype count) {
     const char* end = pattern + std::strlen(pattern);

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/ado/StatementScanner.h"
 #include "platform/base/Conversion.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <initializer_list>
 #include <type_traits>
 #include <vector>
@@ -17,6 +19,21 @@ struct DefinedValue {
     QString value;
 };
 
+/// Where a value goes in a pattern.
+struct PatternHole {
+    int at; ///< of its "{}"
+    bool inLiteral;
+};
+
+/// A pattern as the compiler has read it.
+struct PatternShape {
+    const char* text;
+    qsizetype length;
+    const PatternHole* holes;
+    qsizetype count;
+    bool isPlain; ///< each value stands in a literal or in code, nothing is left open, no backslash
+};
+
 /// The text of one statement, checked. Only sql(), QueryTemplate, definedStatement() and the write-back make
 /// one, so a text that was joined by hand cannot be sent.
 class Statement {
@@ -27,6 +44,7 @@ class Statement {
     explicit Statement(QString text) : m_text(std::move(text)) {}
     QString m_text;
 
+    friend Statement joinStatement(const PatternShape& pattern, const QString* values);
     friend Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
     friend Statement definedStatement(const QString& text, const std::vector<DefinedValue>& values);
     friend class QueryTemplate;
@@ -38,24 +56,45 @@ template <std::size_t Count>
 class StatementPattern {
   public:
     template <std::size_t N>
-    consteval StatementPattern(const char (&text)[N]) : m_text(text) {
+    consteval StatementPattern(const char (&text)[N]) : m_text(text), m_length(N - 1) {
+        StatementScanner scanner;
         std::size_t found = 0;
-        for (std::size_t i = 0; i + 1 < N; ++i) {
-            if (text[i] == '{' && text[i + 1] == '}')
+        for (std::size_t i = 0; i + 1 < N;) {
+            const bool inLiteral = scanner.place() == StatementScanner::Place::Literal;
+            if (text[i] == '{' && text[i + 1] == '}') {
+                m_isPlain = m_isPlain && (inLiteral || scanner.place() == StatementScanner::Place::Code);
+                if (found < Count)
+                    m_holes[found] = {int(i), inLiteral};
                 ++found;
+                i += 2;
+            } else {
+                m_isPlain = m_isPlain && text[i] != '\\';
+                i += std::size_t(scanner.pass(char16_t(text[i]), char16_t(text[i + 1])));
+            }
         }
+        m_isPlain = m_isPlain && scanner.place() == StatementScanner::Place::Code;
         if (found != Count)
             throw "the statement needs as many values as it has {}";
     }
     constexpr const char* text() const { return m_text; }
+    /// Lives as long as the pattern.
+    constexpr PatternShape shape() const {
+        return {m_text, m_length, m_holes.data(), qsizetype(Count), m_isPlain};
+    }
 
   private:
     const char* m_text;
+    qsizetype m_length;
+    std::array<PatternHole, Count> m_holes{};
+    bool m_isPlain = true;
 };
 
 /// Puts the values in place of each `{}` and reads the result back. Raises 102 ("Incorrect syntax near ...")
 /// when a value would leave its literal, or is no number where it stands outside quotes.
 Statement joinStatement(const char* pattern, const QString* values, qsizetype count);
+/// The same, with what the compiler has read of the pattern: values that hold nothing that a scanner looks at
+/// are put in place as they are.
+Statement joinStatement(const PatternShape& pattern, const QString* values);
 
 inline QString statementValue(const QString& text) {
     return text;
@@ -77,10 +116,10 @@ inline QString statementValue(qint64 number) {
 template <typename... Values>
 Statement sql(std::type_identity_t<StatementPattern<sizeof...(Values)>> pattern, const Values&... values) {
     if constexpr (sizeof...(Values) == 0) {
-        return joinStatement(pattern.text(), nullptr, 0);
+        return joinStatement(pattern.shape(), nullptr);
     } else {
         const QString texts[] = {statementValue(values)...};
-        return joinStatement(pattern.text(), texts, sizeof...(Values));
+        return joinStatement(pattern.shape(), texts);
     }
 }
 

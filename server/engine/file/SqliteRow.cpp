@@ -5,13 +5,26 @@
 namespace engine {
 namespace {
 
-std::string_view columnView(sqlite3_stmt* statement, int column) {
-    const unsigned char* text = sqlite3_column_text(statement, column);
-    return {reinterpret_cast<const char*>(text), std::size_t(sqlite3_column_bytes(statement, column))};
+std::string_view textOf(sqlite3_value* value) {
+    const unsigned char* text = sqlite3_value_text(value);
+    return {reinterpret_cast<const char*>(text), std::size_t(sqlite3_value_bytes(value))};
 }
 
-base::Value textValue(sqlite3_stmt* statement, int column, ado::DataType type) {
-    const std::string_view text = columnView(statement, column);
+/// Most texts are short, and of letters that need no converting.
+QString shownText(std::string_view text) {
+    if (text.empty())
+        return QStringLiteral("");
+    QString shown(qsizetype(text.size()), Qt::Uninitialized);
+    QChar* to = shown.data();
+    for (const char letter : text) {
+        if (static_cast<unsigned char>(letter) >= 128)
+            return QString::fromUtf8(text.data(), qsizetype(text.size()));
+        *to++ = QLatin1Char(letter);
+    }
+    return shown;
+}
+
+base::Value textValue(std::string_view text, ado::DataType type) {
     if (type == ado::DataType::DateTime) {
         if (const auto moment = base::fromIso(text.data(), qsizetype(text.size())))
             return base::Value(*moment);
@@ -20,44 +33,32 @@ base::Value textValue(sqlite3_stmt* statement, int column, ado::DataType type) {
     // by its text
     const std::string_view mark = "\xEF\xBB\xBF";
     if (text.substr(0, mark.size()) == mark)
-        return base::Value(QChar(0xFEFF) + QString::fromUtf8(text.data() + mark.size(),
-                                                             qsizetype(text.size() - mark.size())));
-    return base::Value(QString::fromUtf8(text.data(), qsizetype(text.size())));
+        return base::Value(QChar(0xFEFF) + shownText(text.substr(mark.size())));
+    return base::Value(shownText(text));
 }
 
+/// Of the connection's own thread: asked for through the value, a column is looked up once and locks nothing.
 base::Value columnValue(sqlite3_stmt* statement, int column, ado::DataType type) {
-    const int stored = sqlite3_column_type(statement, column);
-    if (stored == SQLITE_NULL)
+    sqlite3_value* value = sqlite3_column_value(statement, column);
+    if (sqlite3_value_type(value) == SQLITE_NULL)
         return {};
     switch (type) {
     case ado::DataType::Integer:
-        return base::Value(qint64(sqlite3_column_int64(statement, column)));
+        return base::Value(qint64(sqlite3_value_int64(value)));
     case ado::DataType::Double:
     case ado::DataType::Money:
-        return base::Value(sqlite3_column_double(statement, column));
+        return base::Value(sqlite3_value_double(value));
     case ado::DataType::Bit:
-        return base::Value(sqlite3_column_int64(statement, column) != 0);
+        return base::Value(sqlite3_value_int64(value) != 0);
     default:
-        return textValue(statement, column, type);
+        return textValue(textOf(value), type);
     }
 }
 
 } // namespace
 
 void readColumn(sqlite3_stmt* statement, int column, Cell& cell) {
-    switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_NULL:
-        cell.setNull();
-        break;
-    case SQLITE_INTEGER:
-        cell.setInteger(sqlite3_column_int64(statement, column));
-        break;
-    case SQLITE_FLOAT:
-        cell.setReal(sqlite3_column_double(statement, column));
-        break;
-    default:
-        cell.setText(columnView(statement, column));
-    }
+    readValue(sqlite3_column_value(statement, column), cell);
 }
 
 void readValue(sqlite3_value* value, Cell& cell) {
@@ -72,8 +73,7 @@ void readValue(sqlite3_value* value, Cell& cell) {
         cell.setReal(sqlite3_value_double(value));
         break;
     default:
-        cell.setText({reinterpret_cast<const char*>(sqlite3_value_text(value)),
-                      std::size_t(sqlite3_value_bytes(value))});
+        cell.setText(textOf(value));
     }
 }
 

@@ -4,9 +4,22 @@
 #include "server/engine/parser/Lexer.h"
 #include "server/engine/values/Ascii.h"
 
+#include <array>
 #include <charconv>
 
 namespace engine {
+
+namespace {
+
+/// What means something inside a literal.
+constexpr std::array<bool, 256> literalSigns = [] {
+    std::array<bool, 256> signs{};
+    for (const char sign : {'\'', '\\', '\0'})
+        signs[static_cast<unsigned char>(sign)] = true;
+    return signs;
+}();
+
+} // namespace
 
 /// By the first word behind blanks and comments.
 bool StatementKey::takesValues() {
@@ -23,12 +36,17 @@ bool StatementKey::takesValues() {
     while (end < m_text.size() && isWordPart(m_text[end]))
         ++end;
     const std::string_view word = m_text.substr(m_at, end - m_at);
-    const bool named =
-        peek() == '[' || (!word.empty() && isWordStart(word.front()) && !beginsStatement(word));
-    m_isCall = named || sameWord(word, "EXEC") || sameWord(word, "EXECUTE");
     m_at = 0;
-    return m_isCall || sameWord(word, "SELECT") || sameWord(word, "INSERT") || sameWord(word, "UPDATE") ||
-           sameWord(word, "DELETE");
+    for (const std::string_view taker : {"SELECT", "INSERT", "UPDATE", "DELETE"}) {
+        if (sameWord(word, taker)) {
+            m_isCall = false;
+            return true;
+        }
+    }
+    const bool named = word.empty() ? end < m_text.size() && m_text[end] == '['
+                                    : isWordStart(word.front()) && !beginsStatement(word);
+    m_isCall = named || sameWord(word, "EXEC") || sameWord(word, "EXECUTE");
+    return m_isCall;
 }
 
 void StatementKey::read(std::string_view text) {
@@ -43,16 +61,18 @@ void StatementKey::read(std::string_view text) {
         return;
     }
     while (m_at < m_text.size()) {
-        const char c = peek();
-        if (c == '\'') {
-            takeText(false);
-        } else if ((c == 'N' || c == 'n') && peek(1) == '\'') {
+        const char c = m_text[m_at];
+        if ((c == 'N' || c == 'n') && peek(1) == '\'') {
             takeText(true);
-        } else if (isWordStart(c) || c == '@') {
+        } else if (isWordPart(c) && !isDigit(c) && c != '$') {
             do
                 ++m_at;
             while (m_at < m_text.size() && isWordPart(m_text[m_at]));
             m_before = 'a';
+        } else if (isBlank(c)) {
+            ++m_at;
+        } else if (c == '\'') {
+            takeText(false);
         } else if (isDigit(c)) {
             takeNumber();
         } else if (atComment()) {
@@ -61,8 +81,7 @@ void StatementKey::read(std::string_view text) {
             passQuotedName(c == '[' ? ']' : '"');
         } else {
             ++m_at;
-            if (!isBlank(c))
-                m_before = c;
+            m_before = c;
         }
     }
     m_key.append(m_text, m_kept);
@@ -90,11 +109,13 @@ void StatementKey::takeText(bool national) {
     if (value)
         value->clear();
     std::size_t from = first;
+    bool isBroken = false;
     while (m_at < m_text.size()) {
-        if (m_text[m_at] != '\'' && m_text[m_at] != '\\') {
+        if (!literalSigns[static_cast<unsigned char>(m_text[m_at])]) {
             ++m_at;
             continue;
         }
+        isBroken = isBroken || m_text[m_at] == '\0';
         if (const std::size_t joined = brokenLine(m_text, m_at)) {
             if (value)
                 value->append(m_text.substr(from, m_at - from));
@@ -112,7 +133,7 @@ void StatementKey::takeText(bool national) {
         }
         ++m_at;
     }
-    if (m_at >= m_text.size() || m_text.substr(first, m_at - first).find('\0') != std::string_view::npos) {
+    if (m_at >= m_text.size() || isBroken) {
         // broken text: the parser tells about it
         m_count = 0;
         m_key.clear();

@@ -82,10 +82,47 @@ TEST(Sql, OutsideQuotesOnlyNumbersStand) {
     EXPECT_EQ(errorOf([] { sql("select [{}]", QString("a")); }).number(), 102);
     EXPECT_EQ(errorOf([] { sql("select /* {} */ 1", 1); }).number(), 102);
     EXPECT_EQ(errorOf([] { sql("select /* *{} 1", QString("/ 2,")); }).number(), 102);
+    // a comment holds others, each to its own end, and does not end with the star that begins it
+    EXPECT_EQ(errorOf([] { sql("select /* /* */ '{}' */ 1", QString("x")); }).number(), 102);
+    EXPECT_EQ(sql("select /* /* */ ' */ '{}'", QString("x")).text(), "select /* /* */ ' */ 'x'");
+    EXPECT_EQ(errorOf([] { sql("select /*/ {} */ 1", 1); }).number(), 102);
     // a doubled bracket belongs to the name, and so does the quote behind it
     EXPECT_EQ(errorOf([] { sql("select [a]]'{}'] from t", QString("x")); }).number(), 102);
     EXPECT_EQ(sql("select [a]]'] from t where b = '{}'", QString("x")).text(),
               "select [a]]'] from t where b = 'x'");
+}
+
+/// What the compiler knows of a pattern changes nothing: the text, or the error, is that of reading it all
+/// back.
+template <std::size_t Count>
+void joinsAlike(ado::StatementPattern<Count> pattern, const QStringList& values) {
+    ASSERT_EQ(values.size(), qsizetype(Count));
+    QString known;
+    QString readBack;
+    const auto error = errorOf([&] { known = ado::joinStatement(pattern.shape(), values.data()).text(); });
+    const auto other =
+        errorOf([&] { readBack = ado::joinStatement(pattern.text(), values.data(), values.size()).text(); });
+    EXPECT_EQ(known, readBack) << pattern.text();
+    EXPECT_EQ(error.number(), other.number()) << pattern.text();
+    EXPECT_EQ(error.description(), other.description()) << pattern.text();
+}
+
+TEST(Sql, APatternIsReadByTheCompilerAsItIsReadLater) {
+    std::mt19937 random(20261122);
+    const QStringList pieces{"",   "x",  "1", "12.5", "-1", "'",   "''", "\\", "\n", "\\\n",  "--",
+                             "/*", "*/", "[", "]",    "\"", "1-1", "٣",  "+2", ".",  QChar(0)};
+    const auto value = [&] { return pieces[qsizetype(random() % unsigned(pieces.size()))]; };
+    for (int round = 0; round < 2000; ++round) {
+        const QStringList values{value(), value() + value(), value()};
+        joinsAlike<3>("sp_A '{}',{}, 'C{}J'", values);
+        joinsAlike<3>("sp_A '{}{}', -{}", values);
+        joinsAlike<3>("sp_A /{}, [{}]'{}'", values);
+        joinsAlike<3>("select '{}' /* {} */ + {}", values);
+        joinsAlike<3>("select \"{}\", {} --{}", values);
+        joinsAlike<3>("select '\\{}\n{}', [a]]'{}']", values);
+        joinsAlike<3>("select /* /* '{}' */ '{}' */ '{}'", values);
+        joinsAlike<3>("select '{}', '{}{}", values);
+    }
 }
 
 TEST(QueryTemplate, ReplacesItsPlaceHolders) {
