@@ -10,6 +10,7 @@
 #include "tests/support/screens/ModalWatch.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -309,6 +310,27 @@ TEST_F(AllScreens, ALetterOfTwoCaptionsDoesNeithersDeed) {
     for (const TwoCaptions& two : known) {
         SCOPED_TRACE(two.screen);
         openerOf(two.screen).open([&](QWidget& window) { expectNoDeed(window, two); });
+    }
+}
+
+/// Printing, exporting, searching: whatever was begun ends with the viewer.
+TEST_F(AllScreens, TheViewerComesUpAgainBehindEachOfItsCommands) {
+    QStringList commands;
+    openerOf("frmReportViewer").open([&](QWidget& window) {
+        for (const QAction* action : tests::child<QWidget>(window, "CRViewer1").actions())
+            commands << action->objectName();
+    });
+    EXPECT_TRUE(commands.contains("print") && commands.contains("export") && commands.contains("findNext"));
+    for (const QString& command : commands) {
+        SCOPED_TRACE(command.toStdString());
+        openerOf("frmReportViewer").open([&](QWidget& window) {
+            const ClosesWhatOpens closes;
+            tests::child<QAction>(window, command.toLatin1().constData()).trigger();
+            expectNotedFunctionKeys(window);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_EQ(QApplication::activeModalWidget(), &window);
+        });
     }
 }
 
