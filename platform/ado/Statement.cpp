@@ -137,8 +137,8 @@ class ReadBack {
                 m_state = State::QuotedName;
             else if (isPair(u'-', u'-'))
                 m_state = State::LineComment;
-            else if (isPair(u'/', u'*'))
-                m_state = State::BlockComment;
+            else
+                openComment();
             break;
         case State::Literal:
             if (c == u'\'')
@@ -160,11 +160,22 @@ class ReadBack {
             break;
         case State::BlockComment:
             if (isPair(u'*', u'/')) {
-                m_state = State::Code;
+                m_state = --m_comments > 0 ? State::BlockComment : State::Code;
                 ++m_at;
+            } else {
+                openComment();
             }
             break;
         }
+        ++m_at;
+    }
+
+    /// A block comment holds others on the server, and the star of its begin is not the one of its end.
+    void openComment() {
+        if (!isPair(u'/', u'*'))
+            return;
+        m_state = State::BlockComment;
+        ++m_comments;
         ++m_at;
     }
 
@@ -176,6 +187,7 @@ class ReadBack {
     const std::vector<Range>& m_values;
     const bool m_hasBackslash;
     State m_state = State::Code;
+    int m_comments = 0; ///< block comments that are open
     qsizetype m_at = 0;
     std::size_t m_next = 0;
 };

@@ -88,6 +88,15 @@ TEST(Sql, OutsideQuotesOnlyNumbersStand) {
               "select [a]]'] from t where b = 'x'");
 }
 
+/// Behind the end of the inner comment a server is still in the outer one, where a value's "*/" would end it.
+TEST(Sql, ACommentEndsWhereTheServerEndsIt) {
+    EXPECT_EQ(errorOf([] { sql("select /* /* */ '{}' */ 1", QString("*/ drop table t --")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /*/ '{}' */ 1", QString("*/ drop table t --")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /*/**/ '{}' */ 1", QString("x")); }).number(), 102);
+    EXPECT_EQ(sql("select /* /* ' */ ' */ '{}' /*/*/ */*/, '{}'", QString("x"), QString("y")).text(),
+              "select /* /* ' */ ' */ 'x' /*/*/ */*/, 'y'");
+}
+
 TEST(QueryTemplate, ReplacesItsPlaceHolders) {
     constexpr QueryTemplate revenue("spNuclear_SearchRevenue '0','##'");
     EXPECT_EQ(revenue.with({{"##", "NU"}}).text(), "spNuclear_SearchRevenue '0','NU'");
