@@ -119,7 +119,8 @@ QString frmCancellation::line(int column) const {
 }
 
 void frmCancellation::rowTaken() {
-    m_ui->cmdSave->setFocus();
+    if (!line(itemCode).isEmpty())
+        m_ui->cmdSave->setFocus();
 }
 
 // ---- cancelling

@@ -40,7 +40,7 @@ class frmCancellation : public controls::ListScreen {
 
   protected:
     void Form_Load() override;
-    /// Leads to the command: nothing is cancelled by Enter or a double click alone.
+    /// Leads to the command, from a line: nothing is cancelled by Enter or a double click alone.
     void rowTaken() override;
 
   private:

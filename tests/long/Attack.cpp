@@ -4,11 +4,16 @@
 #include <QProcess>
 
 #include <cstdio>
+#include <utility>
 
 namespace attacks {
 
-Course::Course(quint32 seed, int seconds, int rounds)
-    : m_seed(seed), m_milliseconds(qint64(seconds) * 1000), m_most(rounds), m_random(seed) {
+Course::Course(quint32 seed, int seconds, int rounds, QString only)
+    : m_seed(seed)
+    , m_milliseconds(qint64(seconds) * 1000)
+    , m_most(rounds)
+    , m_only(std::move(only))
+    , m_random(seed) {
     m_clock.start();
 }
 

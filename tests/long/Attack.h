@@ -15,7 +15,7 @@ namespace attacks {
 class Course {
   public:
     /// `seconds` or `rounds` that are 0 set no bound.
-    Course(quint32 seed, int seconds, int rounds);
+    Course(quint32 seed, int seconds, int rounds, QString only = {});
 
     quint32 seed() const { return m_seed; }
     /// True for another round, which it counts; false when time or rounds are over or a fault was found.
@@ -23,6 +23,8 @@ class Course {
     int rounds() const { return m_rounds; }
     /// The rounds that are asked for, or another number where none are.
     int wanted(int otherwise) const { return m_most > 0 ? m_most : otherwise; }
+    /// Whether the run is about this screen: about all where none is named.
+    bool isAbout(const char* screen) const { return m_only.isEmpty() || m_only == QLatin1String(screen); }
     /// From 0 to `below` - 1.
     int number(int below);
 
@@ -39,6 +41,7 @@ class Course {
     qint64 m_milliseconds;
     int m_most;
     int m_rounds = 0;
+    QString m_only;
     std::mt19937 m_random;
     QElapsedTimer m_clock;
     std::map<QString, qint64> m_figures;
@@ -68,7 +71,8 @@ struct Ended {
     QString said; ///< its standard output and its errors
 };
 /// Runs the attack's part in a process of its own.
-Ended runPart(const char* attack, const QStringList& words, int seconds = 120);
+/// `seconds` are for one that stands still where its own watchdog does not see it.
+Ended runPart(const char* attack, const QStringList& words, int seconds = 900);
 /// Another program in the same way.
 Ended runProgram(const QString& program, const QStringList& words, int seconds);
 /// A program beside this one, or one that it is built with.

@@ -58,7 +58,7 @@ void fuzz(Course& course) {
         const QString name = QString::fromLatin1(target.name);
         const QString seed = QString::number(course.number(1 << 30));
         const QString times = QString::number(target.batch);
-        const Ended ended = runPart("fuzz", {name, seed, times}, 300);
+        const Ended ended = runPart("fuzz", {name, seed, times});
         course.count(name, target.batch);
         if (!ended.good)
             course.fail(QStringLiteral("%1 %2\n%3Again: --part fuzz %1 %4 %5")

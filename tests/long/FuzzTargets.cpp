@@ -45,8 +45,7 @@ QString readStatement(const std::string& input) {
         return branchOf(error);
     }
     // with numbers, which may stand anywhere, the same text has to come out around the values
-    if (Outgoing::of(sent).whole && !text.contains(QLatin1String("--")) &&
-        !text.contains(QLatin1String("/*"))) {
+    if (Outgoing::of(sent).whole) {
         static const QRegularExpression numbers(QStringLiteral("[0-9.+-]+"));
         QString code = Outgoing::of(sent).code;
         QString plain = Outgoing::of(with(QStringLiteral("1"), QStringLiteral("1"))).code;

@@ -140,7 +140,7 @@ namespace {
 void tryValue(Course& course, const char* screenName, int value) {
     const QString screen = QString::fromLatin1(screenName);
     const QString place = QString::number(value);
-    const Ended ended = runPart("hostile", {screen, place}, 300);
+    const Ended ended = runPart("hostile", {screen, place});
     for (const QString& line : ended.said.split(u'\n')) {
         if (line.startsWith(QLatin1String("error ")))
             course.count(screen + QStringLiteral(" refused with ") + line.section(u' ', 1, 1));
@@ -161,12 +161,16 @@ void hostile(Course& course) {
     const std::size_t first = std::size_t(course.number(int(pairs)));
     while (course.goesOn()) {
         const std::size_t pair = (first + std::size_t(course.rounds()) * 101) % pairs;
-        tryValue(course, openers[pair % openers.size()].screen, int(pair / openers.size()));
+        const char* screen = openers[pair % openers.size()].screen;
+        if (course.isAbout(screen))
+            tryValue(course, screen, int(pair / openers.size()));
     }
 }
 
 void allHostile(Course& course) {
     for (const tests::ScreenOpener& opener : tests::screenOpeners()) {
+        if (!course.isAbout(opener.screen))
+            continue;
         course.count(QStringLiteral("screens"));
         for (int value = 0; value < values().size() && course.goesOn(); ++value)
             tryValue(course, opener.screen, value);

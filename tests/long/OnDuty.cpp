@@ -15,6 +15,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <ctime>
 #include <thread>
 
 namespace attacks {
@@ -28,6 +29,12 @@ void say(const QString& line) {
     out << line << '\n';
     out.flush();
     std::fflush(stdout);
+}
+
+QString windowInFront() {
+    const QWidget* modal = QApplication::activeModalWidget();
+    const QWidget* window = modal ? modal : QApplication::activeWindow();
+    return window ? window->objectName() : QString();
 }
 
 /// Nothing that a screen began stands open when the screen is gone.
@@ -47,14 +54,19 @@ void expectNothingLeft() {
 Watchdog::Watchdog(int seconds) {
     std::thread([seconds] {
         int seen = -1;
+        int waited = 0; // in turns of this thread, which stand still where the process does
+        std::clock_t used = 0;
         for (;;) {
-            const int now = beats;
-            if (now == seen) {
+            if (const int now = beats; now != seen) {
+                seen = now;
+                waited = 0;
+                used = std::clock();
+            }
+            if (std::clock() - used > std::clock_t(seconds) * CLOCKS_PER_SEC || waited++ > 10 * seconds) {
                 say(QStringLiteral("hangs"));
                 std::_Exit(3);
             }
-            seen = now;
-            std::this_thread::sleep_for(std::chrono::seconds(seconds));
+            std::this_thread::sleep_for(std::chrono::seconds(1));
         }
     }).detach();
 }
@@ -73,9 +85,9 @@ int onScreens(const std::function<void(OnDuty&)>& body) {
     QDir::setCurrent(folder.path());
     const Watchdog watchdog(15);
     controls::ErrorBoundary::setHandler([](const base::RunTimeError& error) {
-        say(QStringLiteral("error %1 %2 [%3]")
+        say(QStringLiteral("error %1 %2, %3 [%4]")
                 .arg(error.number())
-                .arg(error.description(), error.statement())
+                .arg(error.description(), windowInFront(), error.statement())
                 .replace(u'\n', u' '));
     });
     session::setProgramFolder(QStringLiteral(SCINTRA_SOURCE_DIR));

@@ -21,6 +21,30 @@ qsizetype endOf(const QString& text, qsizetype at, QChar end, bool doubled, bool
     return text.size();
 }
 
+/// Where the comment that begins at `at` ends: a line's with the line, a block behind all that it holds. `at`
+/// where none begins.
+qsizetype endOfComment(const QString& text, qsizetype at, bool& whole) {
+    const auto is = [&](qsizetype place, const char* sign) {
+        return QStringView(text).mid(place, 2) == QLatin1String(sign);
+    };
+    if (is(at, "--")) {
+        const qsizetype end = text.indexOf(u'\n', at);
+        return end < 0 ? text.size() : end;
+    }
+    if (!is(at, "/*"))
+        return at;
+    int open = 0;
+    while (at < text.size()) {
+        const int change = is(at, "/*") ? 1 : is(at, "*/") ? -1 : 0;
+        at += change == 0 ? 1 : 2;
+        open += change;
+        if (open == 0)
+            return at;
+    }
+    whole = false;
+    return at;
+}
+
 /// Blanks, quotes of every kind and line breaks do not count, nor the case: fields and procedures are free
 /// to trim, to turn a quote into a back-quote and a percent sign into a single wildcard, to write capitals.
 /// Nor does half a character, which no field takes.
@@ -69,8 +93,9 @@ Outgoing Outgoing::of(const QString& text) {
             result.code += QStringView(text).mid(at, end - at);
             at = end;
         } else {
-            result.code += c;
-            ++at;
+            const qsizetype end = std::max(at + 1, endOfComment(text, at, result.whole));
+            result.code += QStringView(text).mid(at, end - at);
+            at = end;
         }
     }
     return result;

@@ -94,7 +94,7 @@ void watch(OnDuty& duty, int polls) {
 void polls(Course& course) {
     constexpr int ofARound = 10 * pollsAtOnce;
     while (course.goesOn()) {
-        const Ended ended = runPart("polls", {QString::number(ofARound)}, 600);
+        const Ended ended = runPart("polls", {QString::number(ofARound)});
         course.count(QStringLiteral("polls"), ofARound);
         if (!ended.good)
             course.fail(ended.how + u'\n' + ended.said);

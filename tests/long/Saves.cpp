@@ -162,6 +162,8 @@ const std::vector<Save>& saves() {
         };
         static constexpr Kind kinds[] = {
             {"frmResultEntry", {"result", "edited result", "revoked result"}},
+            {"frmResultEntryMPI",
+             {"perfusion result", "edited perfusion result", "revoked perfusion result"}},
             {"frmResultEntryGFR", {"GFR result", "edited GFR result", "revoked GFR result"}},
             {"frmResultRadioImmuno", {"assay", "edited assay", "revoked assay"}}};
         for (const Kind& kind : kinds) {

@@ -49,12 +49,14 @@ struct Wish {
     int seconds = 0;
     int rounds = 0;
     bool all = false;
+    QString only;
 };
 
 int usage() {
-    std::fputs("ATTACK|all [--seconds N | --rounds N | --all] [--seed S]\n\n"
+    std::fputs("ATTACK|all [--seconds N | --rounds N | --all] [--seed S] [--only SCREEN]\n\n"
                "Without seconds, rounds and --all, the short form; --all is the whole of an attack that has "
                "an end (*).\n"
+               "--only: monkey and hostile on one screen.\n"
                "Exit codes: 0 passed, 1 failed, 2 wrong words.\n\n",
                stdout);
     for (const Attack& attack : all())
@@ -70,6 +72,10 @@ bool read(const QStringList& words, Wish& wish) {
         }
         if (words[i] == QLatin1String("--all")) {
             wish.all = true;
+            continue;
+        }
+        if (words[i] == QLatin1String("--only")) {
+            wish.only = words.value(++i);
             continue;
         }
         bool good = i + 1 < words.size();
@@ -91,7 +97,7 @@ bool read(const QStringList& words, Wish& wish) {
 
 bool run(const Attack& attack, const Wish& wish) {
     const bool isShort = wish.seconds == 0 && wish.rounds == 0 && !wish.all;
-    Course course(wish.seed, wish.seconds, isShort ? attack.rounds : wish.rounds);
+    Course course(wish.seed, wish.seconds, isShort ? attack.rounds : wish.rounds, wish.only);
     std::printf("%s, seed %u\n", attack.name, wish.seed);
     std::fflush(stdout);
     (wish.all ? attack.whole : attack.run)(course);

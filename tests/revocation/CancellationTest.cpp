@@ -317,6 +317,20 @@ TEST_F(Cancelling, WithoutALineTheAmountCannotBeConvertedAndNothingIsKept) {
     EXPECT_EQ(books(hospital, {}), before);
 }
 
+/// The command would raise 13, which ends the program: nobody comes to it who holds Enter down.
+TEST_F(Cancelling, WithoutALineEnterDoesNotLeadToTheCommand) {
+    tests::runModal([] { revocation::openCancelRequest(); },
+                    {[](QWidget& search) { tests::click(child<QPushButton>(search, "cmdSelect")); },
+                     [](QWidget& window) {
+                         EXPECT_TRUE(child<QPushButton>(window, "cmdSave").isEnabled());
+                         EXPECT_EQ(window.focusWidget()->objectName(), "grdExams");
+                         tests::keysToFocus(window, "<Enter>");
+                         EXPECT_EQ(window.focusWidget()->objectName(), "grdExams");
+                         tests::close(window);
+                     },
+                     [](QWidget& search) { tests::keysToFocus(search, "<Esc>"); }});
+}
+
 TEST_F(Cancelling, WithoutALineAReceiptIsRevokedUnderAnEmptyCode) {
     post(hospital, paidLine());
     revocation::frmCancelRequest search;

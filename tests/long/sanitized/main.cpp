@@ -1,5 +1,5 @@
-// The readers of texts under libFuzzer: long-fuzz TARGET FOLDER [libFuzzer's own words]. The folder takes the
-// kept inputs first, and then whatever comes to something new.
+// The readers of texts under libFuzzer: long-fuzz --target=NAME [FOLDER] [libFuzzer's own words]. The folder
+// takes the kept inputs first, and then whatever comes to something new.
 
 #include "platform/base/DesksLanguage.h"
 #include "tests/long/Fault.h"
@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -27,7 +28,6 @@ const attacks::FuzzTarget* find(const char* name) {
 }
 
 void layOut(const QString& folder) {
-    QDir().mkpath(folder);
     int number = 0;
     for (const std::string& text : attacks::corpusOf(*current)) {
         QFile file(folder + QStringLiteral("/kept-%1").arg(++number));
@@ -50,19 +50,27 @@ int LLVMFuzzerInitialize(int* argc, char*** argv);
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t most, unsigned seed);
 
+/// libFuzzer passes over words with two strokes, and hands them on to the processes that it starts of itself
+/// to merge or to shrink: those have no folder.
 int LLVMFuzzerInitialize(int* argc, char*** argv) {
-    current = *argc > 2 ? find((*argv)[1]) : nullptr;
+    const char* folder = nullptr;
+    for (int i = 1; i < *argc; ++i) {
+        const char* word = (*argv)[i];
+        if (std::strncmp(word, "--target=", 9) == 0)
+            current = find(word + 9);
+        else if (*word != '-' && !folder)
+            folder = word;
+    }
     if (!current) {
-        std::fputs("long-fuzz TARGET FOLDER [libFuzzer's own words]\n", stderr);
+        std::fputs("long-fuzz --target=NAME [FOLDER] [libFuzzer's own words]\n", stderr);
         std::exit(2);
     }
     base::ignoreDesksLanguage();
     static int none = 1;
     static char* name[] = {(*argv)[0], nullptr};
     new QGuiApplication(none, name);
-    layOut(QString::fromLocal8Bit((*argv)[2]));
-    std::copy(*argv + 2, *argv + *argc + 1, *argv + 1);
-    --*argc;
+    if (const QString found = QString::fromLocal8Bit(folder); QFileInfo(found).isDir())
+        layOut(found);
     return 0;
 }
 

@@ -82,10 +82,6 @@ TEST(Sql, OutsideQuotesOnlyNumbersStand) {
     EXPECT_EQ(errorOf([] { sql("select [{}]", QString("a")); }).number(), 102);
     EXPECT_EQ(errorOf([] { sql("select /* {} */ 1", 1); }).number(), 102);
     EXPECT_EQ(errorOf([] { sql("select /* *{} 1", QString("/ 2,")); }).number(), 102);
-    // a comment holds others, each to its own end, and does not end with the star that begins it
-    EXPECT_EQ(errorOf([] { sql("select /* /* */ '{}' */ 1", QString("x")); }).number(), 102);
-    EXPECT_EQ(sql("select /* /* */ ' */ '{}'", QString("x")).text(), "select /* /* */ ' */ 'x'");
-    EXPECT_EQ(errorOf([] { sql("select /*/ {} */ 1", 1); }).number(), 102);
     // a doubled bracket belongs to the name, and so does the quote behind it
     EXPECT_EQ(errorOf([] { sql("select [a]]'{}'] from t", QString("x")); }).number(), 102);
     EXPECT_EQ(sql("select [a]]'] from t where b = '{}'", QString("x")).text(),
@@ -123,6 +119,15 @@ TEST(Sql, APatternIsReadByTheCompilerAsItIsReadLater) {
         joinsAlike<3>("select /* /* '{}' */ '{}' */ '{}'", values);
         joinsAlike<3>("select '{}', '{}{}", values);
     }
+}
+
+/// Behind the end of the inner comment a server is still in the outer one, where a value's "*/" would end it.
+TEST(Sql, ACommentEndsWhereTheServerEndsIt) {
+    EXPECT_EQ(errorOf([] { sql("select /* /* */ '{}' */ 1", QString("*/ drop table t --")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /*/ '{}' */ 1", QString("*/ drop table t --")); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /*/**/ '{}' */ 1", QString("x")); }).number(), 102);
+    EXPECT_EQ(sql("select /* /* ' */ ' */ '{}' /*/*/ */*/, '{}'", QString("x"), QString("y")).text(),
+              "select /* /* ' */ ' */ 'x' /*/*/ */*/, 'y'");
 }
 
 TEST(QueryTemplate, ReplacesItsPlaceHolders) {
