@@ -15,6 +15,7 @@
 
 // Resources and plug-ins of a static library come in by name, outside of any namespace.
 Q_IMPORT_PLUGIN(LineIconPlugin)
+Q_IMPORT_PLUGIN(LineImagePlugin)
 static void initControlsResources() {
     Q_INIT_RESOURCE(controls);
 }
