@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFontInfo>
 #include <QHelpEvent>
 #include <QImage>
 #include <QImageReader>
@@ -106,6 +107,12 @@ TEST(Look, ADrawingIsAnImageOfItsOwnSize) {
     const QImage image = reader.read();
     EXPECT_EQ(image.size(), QSize(24, 24));
     EXPECT_TRUE(hasInk(image, look::card)) << "the tick is white";
+}
+
+/// With a second one all installed fonts are gone through before the log-on is painted.
+TEST(Look, TheFontIsOfOneFamilyWhichIsInstalled) {
+    const QFont font = QApplication::font();
+    EXPECT_EQ(font.families(), QStringList{QFontInfo(font).family()});
 }
 
 TEST(PathOf, ReadsWhatDrawingsAreMadeOf) {
