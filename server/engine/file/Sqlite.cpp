@@ -17,7 +17,7 @@ int takeRoutines(sqlite3*, char**, const sqlite3_api_routines* given) {
 
 /// What is needed until the table is there.
 struct Library {
-#ifdef _WIN32 // where it is a part of the program
+#ifdef SCINTRA_SQLITE_LINKED // it is a part of the program
 #define SCINTRA_SQLITE(function) decltype(&::function) function = &::function;
 #else
     base::LateLibrary file{base::errors::fileNotFound, QStringLiteral("Hospital files"),
