@@ -20,8 +20,7 @@ QRect ShownText::textRoom() const {
 }
 
 bool ShownText::isShortened() const {
-    return isReadOnly() && !hasSelectedText() &&
-           textWidth(font(), displayText()) > textRoom().width();
+    return isReadOnly() && !hasSelectedText() && textWidth(font(), displayText()) > textRoom().width();
 }
 
 void ShownText::setRoomFor(const QString& text) {
