@@ -1,6 +1,7 @@
 #include "entry/LegendLine.h"
 
-#include <QEvent>
+#include "platform/controls/look/TextSize.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -28,19 +29,7 @@ QSize LegendLine::minimumSizeHint() const {
 }
 
 int LegendLine::heightForWidth(int width) const {
-    for (Measured* each : {&m_usual, &m_asked}) {
-        if (each->width == width)
-            return each->height;
-    }
-    std::swap(m_usual, m_asked);
-    const QRect room(0, 0, width, QWIDGETSIZE_MAX);
-    m_asked = {width, fontMetrics().boundingRect(room, Qt::TextWordWrap, m_shown).height()};
-    return m_asked.height;
-}
-
-void LegendLine::changeEvent(QEvent* event) {
-    m_usual = m_asked = {};
-    QLabel::changeEvent(event);
+    return controls::textSize(font(), m_shown, Qt::TextWordWrap, width).height();
 }
 
 void LegendLine::paintEvent(QPaintEvent* event) {

@@ -17,18 +17,11 @@ class LegendLine : public QLabel {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
-    /// Layouts ask for the same widths again and again.
-    struct Measured {
-        int width = -1;
-        int height = 0;
-    };
     static constexpr int flags = int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextWordWrap;
 
     QString m_shown;
-    mutable Measured m_usual, m_asked;
 };
 
 } // namespace entry

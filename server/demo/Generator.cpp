@@ -3,8 +3,7 @@
 #include "server/demo/TableWriter.h"
 #include "server/demo/World.h"
 #include "server/engine/EmbeddedProvider.h"
-
-#include <sqlite3.h>
+#include "server/engine/file/Sqlite.h"
 
 #include <algorithm>
 

@@ -2,8 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "server/engine/EmbeddedProvider.h"
-
-#include <sqlite3.h>
+#include "server/engine/file/Sqlite.h"
 
 namespace demo {
 

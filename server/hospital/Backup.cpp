@@ -2,13 +2,12 @@
 
 #include "platform/base/Error.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/engine/file/Sqlite.h"
 #include "server/engine/values/Collation.h"
 #include "server/hospital/OwnFile.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>
-
-#include <sqlite3.h>
 
 #include <memory>
 

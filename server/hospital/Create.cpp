@@ -2,14 +2,13 @@
 
 #include "platform/base/Error.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/engine/file/Sqlite.h"
 #include "server/hospital/Kit.h"
 #include "server/hospital/OwnFile.h"
 
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-
-#include <sqlite3.h>
 
 #include <exception>
 

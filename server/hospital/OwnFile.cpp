@@ -1,12 +1,11 @@
 #include "server/hospital/OwnFile.h"
 
 #include "platform/base/Error.h"
+#include "server/engine/file/Sqlite.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <sqlite3.h>
 
 #include <filesystem>
 #include <memory>

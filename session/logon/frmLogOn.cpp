@@ -48,11 +48,7 @@ frmLogOn::~frmLogOn() = default;
 
 void frmLogOn::Form_Load() {
     setMinimumWidth(controls::look::scaled(440));
-    controls::look::setPrimary(m_ui->cmdLogOn);
     showLogo();
-    for (QLabel* label : {m_ui->lblEmployeeCode, m_ui->lblPassword, m_ui->lblServer, m_ui->lblHelp})
-        controls::look::setKind(label, QStringLiteral("help"));
-    controls::look::setKind(m_ui->lblCapsLock, QStringLiteral("warn"));
     m_ui->prgSetUp->hide();
     m_ui->lblCapsLock->clear();
     say({});

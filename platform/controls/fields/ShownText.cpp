@@ -1,5 +1,7 @@
 #include "platform/controls/fields/ShownText.h"
 
+#include "platform/controls/look/TextSize.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
@@ -18,8 +20,7 @@ QRect ShownText::textRoom() const {
 }
 
 bool ShownText::isShortened() const {
-    return isReadOnly() && !hasSelectedText() &&
-           fontMetrics().horizontalAdvance(displayText()) > textRoom().width();
+    return isReadOnly() && !hasSelectedText() && textWidth(font(), displayText()) > textRoom().width();
 }
 
 void ShownText::setRoomFor(const QString& text) {
@@ -31,7 +32,7 @@ QSize ShownText::minimumSizeHint() const {
     const QString least = m_roomFor.isEmpty() ? QStringLiteral("0000000") : m_roomFor;
     const QSize plain = QLineEdit::minimumSizeHint();
     const int frame = plain.width() - fontMetrics().maxWidth();
-    return {fontMetrics().horizontalAdvance(least) + qMax(0, frame), plain.height()};
+    return {textWidth(font(), least) + qMax(0, frame), plain.height()};
 }
 
 void ShownText::paintEvent(QPaintEvent* event) {

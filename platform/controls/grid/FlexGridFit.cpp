@@ -3,8 +3,7 @@
 #include "platform/controls/grid/FlexGridDelegate.h"
 #include "platform/controls/grid/FlexGridModel.h"
 #include "platform/controls/look/Look.h"
-
-#include <QFontMetrics>
+#include "platform/controls/look/TextSize.h"
 
 #include <algorithm>
 
@@ -63,7 +62,7 @@ int FlexGridFit::caption(int section) const {
     QFont bold(m_delegate.headerFont());
     bold.setWeight(QFont::DemiBold);
     const QString text = captionOf(section);
-    return text.isEmpty() ? 0 : QFontMetrics(bold).horizontalAdvance(text) + look::scaled(14);
+    return text.isEmpty() ? 0 : textWidth(bold, text) + look::scaled(14);
 }
 
 void FlexGridFit::fit(Widths& widths) const {

@@ -292,6 +292,8 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
         return {};
     if (role == Qt::DisplayRole)
         return across ? headerText(column) : numberedText(row);
+    if (role == Qt::SizeHintRole)
+        return QSize(0, 0); // the grid gives its headers their size, and no caption is measured for it
     if (role == Qt::TextAlignmentRole)
         // Row numbers stand in the middle; texts of the rows as their column says.
         return QVariant(across || !text(row, 0).isEmpty() ? alignment(column)

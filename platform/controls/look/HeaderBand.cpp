@@ -1,6 +1,8 @@
 #include "platform/controls/look/HeaderBand.h"
 
+#include "platform/controls/look/Caption.h"
 #include "platform/controls/look/Look.h"
+#include "platform/controls/look/TextSize.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
@@ -14,9 +16,9 @@ namespace controls {
 namespace {
 
 /// A line that ends in an ellipsis where it has no room, and stands whole in the tool tip then.
-class BandLine : public QLabel {
+class BandLine : public Caption {
   public:
-    using QLabel::QLabel;
+    using Caption::Caption;
 
   protected:
     void paintEvent(QPaintEvent* event) override {
@@ -37,7 +39,7 @@ class BandLine : public QLabel {
     }
 
   private:
-    bool isShortened() const { return fontMetrics().horizontalAdvance(text()) > contentsRect().width(); }
+    bool isShortened() const { return textWidth(font(), text()) > contentsRect().width(); }
 };
 
 } // namespace

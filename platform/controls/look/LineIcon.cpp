@@ -12,10 +12,26 @@ namespace controls {
 
 namespace {
 
+const QByteArray fileFormat("drawing");
+constexpr QSize drawnSize(24, 24);
+
 QByteArray readDrawing(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+class LineImage : public QImageIOHandler {
+  public:
+    bool canRead() const override { return true; }
+    bool supportsOption(ImageOption option) const override { return option == Size; }
+    QVariant option(ImageOption option) const override { return option == Size ? drawnSize : QVariant(); }
+    bool read(QImage* image) override {
+        *image = QImage(drawnSize, QImage::Format_ARGB32_Premultiplied);
+        image->fill(Qt::transparent);
+        QPainter painter(image);
+        return paintDrawing(painter, image->rect(), device()->readAll(), look::accent);
+    }
+};
 
 } // namespace
 
@@ -52,6 +68,17 @@ QIconEngine* LineIcon::clone() const {
 
 QIconEngine* LineIconPlugin::create(const QString& file) {
     return new LineIcon(QFileInfo(file).baseName(), readDrawing(file), look::accent);
+}
+
+QImageIOPlugin::Capabilities LineImagePlugin::capabilities(QIODevice*, const QByteArray& format) const {
+    return format == fileFormat ? CanRead : Capabilities();
+}
+
+QImageIOHandler* LineImagePlugin::create(QIODevice* device, const QByteArray& format) const {
+    auto* image = new LineImage;
+    image->setDevice(device);
+    image->setFormat(format);
+    return image;
 }
 
 QIcon look::icon(const QString& name, const QColor& color) {

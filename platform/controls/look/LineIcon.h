@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QIconEngine>
 #include <QIconEnginePlugin>
+#include <QImageIOPlugin>
 
 namespace controls {
 
@@ -29,6 +30,18 @@ class LineIconPlugin : public QIconEnginePlugin {
 
   public:
     QIconEngine* create(const QString& file) override;
+};
+
+/// Reads a file of a drawing as an image. The style sheet's icons are the other plug-in's, yet for each part
+/// that shows one the tool kit first asks for the size of the image: without this, of all the libraries for
+/// images that a system has.
+class LineImagePlugin : public QImageIOPlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QImageIOHandlerFactoryInterface_iid FILE "LineIcon.json")
+
+  public:
+    Capabilities capabilities(QIODevice* device, const QByteArray& format) const override;
+    QImageIOHandler* create(QIODevice* device, const QByteArray& format = {}) const override;
 };
 
 } // namespace controls

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPalette>
 #include <QPushButton>
@@ -15,6 +16,7 @@
 
 // Resources and plug-ins of a static library come in by name, outside of any namespace.
 Q_IMPORT_PLUGIN(LineIconPlugin)
+Q_IMPORT_PLUGIN(LineImagePlugin)
 static void initControlsResources() {
     Q_INIT_RESOURCE(controls);
 }
@@ -110,6 +112,17 @@ QString styleSheet() {
     return sheet;
 }
 
+/// The first that is installed. Of one family: a font with several makes the tool kit ask the system before
+/// the first letter which fonts would have what they lack.
+QFont houseFont() {
+    for (const QString& family : {QStringLiteral("Inter"), QStringLiteral("Noto Sans")}) {
+        const QFont font(family, 10);
+        if (QFontInfo(font).family() == family)
+            return font;
+    }
+    return QFont(QStringLiteral("DejaVu Sans"), 10);
+}
+
 void repolish(QWidget* widget) {
     widget->style()->unpolish(widget);
     widget->style()->polish(widget);
@@ -122,10 +135,7 @@ void apply(QApplication& application) {
     initControlsResources();
     takeOwnFonts();
     application.setStyle(new HouseStyle);
-    QFont font;
-    font.setFamilies({QStringLiteral("Inter"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
-    font.setPointSize(10);
-    QApplication::setFont(font);
+    QApplication::setFont(houseFont());
     QApplication::setPalette(palette());
     application.setStyleSheet(styleSheet());
     QApplication::setWindowIcon(icon(QStringLiteral("app")));

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/base/Error.h"
-
-#include <sqlite3.h>
+#include "server/engine/file/Sqlite.h"
 
 namespace engine {
 

@@ -47,12 +47,6 @@ void mendJournal(const std::string& path) {
     }
 }
 
-/// SQLite counts its memory under a lock, for numbers that nobody asks for. Only its first use can be told.
-void leaveMemoryUncounted() {
-    static const int told = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-    (void)told;
-}
-
 } // namespace
 
 /// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
@@ -109,7 +103,6 @@ int SqliteFile::keepLogShort(void* self, sqlite3* handle, const char* database, 
 SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
                        LockWait lockWait)
     : m_lockWait(std::move(lockWait)) {
-    leaveMemoryUncounted();
     mendJournal(path);
     sqlite3* handle = nullptr;
     const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <sqlite3.h>
+#include "server/engine/file/Sqlite.h"
 
 #include <chrono>
 #include <functional>

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "server/engine/file/Sqlite.h"
 #include "server/engine/values/Cell.h"
 
 #include "platform/ado/Provider.h"
-
-#include <sqlite3.h>
 
 namespace engine {
 

@@ -1,11 +1,10 @@
 #include "server/engine/values/Collation.h"
 
+#include "server/engine/file/Sqlite.h"
 #include "server/engine/values/Ascii.h"
 
 #include <QChar>
 #include <QString>
-
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>

@@ -12,8 +12,10 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFontInfo>
 #include <QHelpEvent>
 #include <QImage>
+#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -95,6 +97,22 @@ TEST(Look, EachSignOfTheStyleSheetIsDrawn) {
             << file.toStdString();
     }
     EXPECT_EQ(signs, 6);
+}
+
+/// Asked of each part that shows one: who cannot tell its size has all libraries for images loaded.
+TEST(Look, ADrawingIsAnImageOfItsOwnSize) {
+    QImageReader reader(QStringLiteral(":/scintra/icons/sheet-check.drawing"));
+    EXPECT_EQ(reader.size(), QSize(24, 24));
+    EXPECT_EQ(reader.format(), "drawing");
+    const QImage image = reader.read();
+    EXPECT_EQ(image.size(), QSize(24, 24));
+    EXPECT_TRUE(hasInk(image, look::card)) << "the tick is white";
+}
+
+/// With a second one all installed fonts are gone through before the log-on is painted.
+TEST(Look, TheFontIsOfOneFamilyWhichIsInstalled) {
+    const QFont font = QApplication::font();
+    EXPECT_EQ(font.families(), QStringList{QFontInfo(font).family()});
 }
 
 TEST(PathOf, ReadsWhatDrawingsAreMadeOf) {
