@@ -10,6 +10,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPrintDialog>
 #include <QTest>
 #include <QTimer>
 
@@ -63,7 +67,27 @@ void Hand::leave() {
         modal->close();
 }
 
+bool Hand::answersFileDialog(QWidget* modal, const QString& key) {
+    auto* dialog = qobject_cast<QDialog*>(modal);
+    const bool saves = qobject_cast<QFileDialog*>(modal);
+    if (!saves && !qobject_cast<QPrintDialog*>(modal))
+        return false;
+    if (key == QLatin1String("<Esc>")) {
+        dialog->reject();
+    } else if (key == QLatin1String("<Enter>")) {
+        auto* name = dialog->findChild<QLineEdit*>(saves ? QStringLiteral("fileNameEdit")
+                                                         : QStringLiteral("filename"));
+        if (name)
+            name->setText(
+                QDir::current().filePath(saves ? QStringLiteral("saved") : QStringLiteral("printed.pdf")));
+        QMetaObject::invokeMethod(dialog, name ? "accept" : "reject");
+    }
+    return true;
+}
+
 void Hand::type(const QString& key) {
+    if (answersFileDialog(QApplication::activeModalWidget(), key))
+        return;
     if (QWidget* popup = QApplication::activePopupWidget()) {
         const Qt::Key own = key == QLatin1String("<Enter>")  ? Qt::Key_Return
                             : key == QLatin1String("<Down>") ? Qt::Key_Down

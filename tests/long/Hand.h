@@ -11,8 +11,9 @@ namespace attacks {
 
 /// Types keys, each to what has the focus when its turn comes: also inside what a key before it opened. A key
 /// is written as tests::keysToFocus() has it; "<Click 3>" clicks the third of the buttons that are enabled,
-/// counted round from 0. Whatever is open above the screen in the end is left, innermost first; what cannot
-/// be left is a fault.
+/// counted round from 0. Where to save or print is answered with a file of the current folder, by Enter: in
+/// such a dialog nothing is typed, which could write, rename and delete all over the machine. Whatever is
+/// open above the screen in the end is left, innermost first; what cannot be left is a fault.
 class Hand {
   public:
     /// A key of the attack's own; false for every other one.
@@ -30,6 +31,7 @@ class Hand {
     void turn();
     void leave();
     void type(const QString& key);
+    static bool answersFileDialog(QWidget* modal, const QString& key);
     static void clickButton(const QWidget& window, int place);
 
     QStringList m_keys;

@@ -427,6 +427,16 @@ TEST_F(ViewerTest, TheSaveDialogLeavesNothingBehind) {
     EXPECT_EQ(written(), before);
 }
 
+/// Else the tool kit's own dialog deletes with Delete, folders with all that they hold.
+TEST_F(ViewerTest, TheSaveDialogDeletesNothing) {
+    exportWith([] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        EXPECT_TRUE(dialog->testOption(QFileDialog::ReadOnly));
+        dialog->reject();
+    });
+}
+
 TEST_F(ViewerTest, OnlyVisiblePagesAreMade) {
     class Counting : public report::PageSource {
       public:
