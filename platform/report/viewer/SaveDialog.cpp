@@ -100,7 +100,6 @@ QString askSavePath(QWidget* parent, const QString& caption, const QString& name
     QFileDialog dialog(parent, caption, lastFolder());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::ReadOnly); // Delete there takes a folder away with all that it holds
     dialog.setNameFilters(filters);
     dialog.selectFile(asFileName(name));
     for (;;) {
