@@ -2,8 +2,8 @@
 
 namespace base {
 
-/// What a program says is UTF-8, also where the console goes by another code page, and is seen where a program
-/// with windows was started from a console. Call before the first word; asked by answeredAtOnce.
+/// What a program says is UTF-8, also where the console goes by another code page, and is seen where a
+/// program with windows was started from a console. Call before the first word; asked by answeredAtOnce.
 void prepareOutput();
 
 /// True where somebody types at standard input; false for a file or a pipe.
