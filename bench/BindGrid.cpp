@@ -19,7 +19,8 @@ constexpr int columnCount = 7;
 ado::Result manyRows() {
     ado::Result result;
     for (int column = 0; column < columnCount; ++column)
-        result.rows.columns.push_back({QStringLiteral("Column%1").arg(column), ado::DataType::Text, {}, {}});
+        result.rows.columns.edit().push_back(
+            {QStringLiteral("Column%1").arg(column), ado::DataType::Text, {}, {}});
     result.rows.values.reserve(std::size_t(rowCount) * columnCount);
     for (int row = 0; row < rowCount; ++row) {
         for (int column = 0; column < columnCount; ++column)

@@ -30,9 +30,8 @@ QString shown(double nanoseconds) {
 
 bool put(const QString& name, const QString& ours, const QString& floor, double ratio, double goal) {
     const bool met = goal <= 0 || ratio <= goal;
-    const QString wanted = goal > 0
-                               ? QStringLiteral("<= %1 %2").arg(goal, 0, 'f', 1).arg(met ? u"ok" : u"OVER")
-                               : QStringLiteral("-");
+    const QString wanted =
+        goal > 0 ? QStringLiteral("<= %1 %2").arg(goal).arg(met ? u"ok" : u"OVER") : QStringLiteral("-");
     const QString line = QStringLiteral("%1 %2 %3 %4 %5\n")
                              .arg(name, -40)
                              .arg(ours, 26)

@@ -17,5 +17,9 @@ bool menuKeys(const QString& folder);
 bool pollsOfTheMenu(const QString& folder);
 bool findCharges(const QString& folder);
 bool openScreen(const QString& folder);
+bool desks(const QString& folder);
+/// One of those desks, in a process of its own: says "ready", waits for a line, saves for some seconds, and
+/// says how often, and the milliseconds of the longest save.
+int desk(const QString& file);
 
 } // namespace bench

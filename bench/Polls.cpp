@@ -71,12 +71,12 @@ int fetch(RawStatement& query) {
 
 struct Poll {
     const char* name;
-    ado::QueryTemplate ours;
+    ado::Statement (*ours)();
     const char* raw;
 };
 
 const Poll table[] = {
-    {"requests of nurses", "sp_Nuclear_NurseCommunication",
+    {"requests of nurses", [] { return ado::sql("sp_Nuclear_NurseCommunication"); },
      "SELECT C.RequestDate, C.IdNum, M.LastName || ', ' || M.FirstName || ' ' || M.MiddleName, "
      "IFNULL(P.RoomID, "
      "'OPD'), C.ItemID, E.NucExam, C.Remarks, C.UserID, C.PatientType, C.RequestNum, C.HospNum, "
@@ -86,10 +86,10 @@ const Poll table[] = {
      "\"PATIENT_DATA.tbPatient\" P ON P.IdNum = C.IdNum LEFT JOIN \"BUILD_FILE.tbcoNucExam\" E ON "
      "E.NucExamID = "
      "C.ItemID WHERE C.RecordStatus = 'N' AND C.RevenueID = 'NU' ORDER BY C.RequestDate, C.CommunicationID"},
-    {"prepaid requests", "NUCLEAR..sp_Nuclear_PrepaidCheckRequest 'NU'",
+    {"prepaid requests", [] { return ado::sql("NUCLEAR..sp_Nuclear_PrepaidCheckRequest 'NU'"); },
      "SELECT RequestNum, RefNum, IdNum FROM \"NUCLEAR.tbNucPrepaid\" WHERE PrintStatus = '' AND RevenueID = "
      "'NU'"},
-    {"discharge notices", "Nuclear..spNuclear_LoadDischargeNoticeCount",
+    {"discharge notices", [] { return ado::sql("Nuclear..spNuclear_LoadDischargeNoticeCount"); },
      "SELECT COUNT(*) FROM \"STATION.tbDischargeNotice\" N LEFT JOIN \"NUCLEAR.tbNucDischargeClearance\" C "
      "ON C.IdNum = "
      "N.IdNum WHERE C.ClearDate IS NULL"},
@@ -97,7 +97,7 @@ const Poll table[] = {
 
 /// As the menu asks: read and counted.
 int ask(const Poll& poll) {
-    ado::Recordset rows = session::Read(poll.ours.with({}));
+    ado::Recordset rows = session::Read(poll.ours());
     const int count = rows.RecordCount();
     rows.Close();
     return count;

@@ -1,6 +1,7 @@
 #include "bench/HospitalFile.h"
 #include "bench/Measure.h"
 #include "bench/Measures.h"
+#include "bench/OrderLines.h"
 #include "bench/RawOrder.h"
 #include "platform/controls/screen/TestDoors.h"
 
@@ -50,43 +51,6 @@ void logOff() {
     session::gPatient.reset();
     session::gConnection = nullptr;
     session::gUser.reset();
-}
-
-struct OrderLine {
-    QString revenue, code, name, amount;
-};
-
-/// Six procedures, two fees, two supplies.
-std::vector<OrderLine> tenLines() {
-    std::vector<OrderLine> lines;
-    const auto take = [&lines](const char* revenue, ado::Recordset rows, const char* amount) {
-        for (; !rows.Eof(); rows.MoveNext())
-            lines.push_back({QString::fromLatin1(revenue), base::Trim(rows.Fields(0).text()),
-                             base::Trim(rows.Fields(1).text()), QString::fromLatin1(amount)});
-    };
-    take("NU", session::Read(ado::sql("SELECT TOP 6 NucExamID, NucExam FROM BUILD_FILE..tbcoNucExam")),
-         "6250.00");
-    take("MD", session::Read(ado::sql("SELECT TOP 2 DoctorID, LastName FROM BUILD_FILE..tbcoDoctor")),
-         "1500.00");
-    take("UR",
-         session::Read(ado::sql("SELECT TOP 2 M.ItemID, M.ItemName FROM INVENTORY..tbInvMaster M INNER JOIN "
-                                "INVENTORY..tbInvStock S ON S.ItemID = M.ItemID WHERE S.LocationID = '224'")),
-         "360.00");
-    if (lines.size() != 10)
-        throw base::RunTimeError(3021,
-                                 QStringLiteral("The hospital has too few exams, doctors or supplies."));
-    return lines;
-}
-
-void fill(controls::FlexGrid& grid, const std::vector<OrderLine>& lines) {
-    grid.setRows(int(lines.size()) + 1);
-    for (int row = 1; row < grid.Rows(); ++row) {
-        const OrderLine& line = lines[std::size_t(row) - 1];
-        const QString cells[] = {line.revenue, line.code,           line.name,  QStringLiteral("ROUTINE"),
-                                 line.amount,  QStringLiteral("1"), line.amount};
-        for (int column = 0; column < 7; ++column)
-            grid.setTextMatrix(row, column + 1, cells[column]);
-    }
 }
 
 /// One way to save an order of ten lines: from the press of its save to the box that tells of it, when
@@ -185,7 +149,7 @@ bool measured(const Way& way, const QString& hospital) {
 bool saveOrder(const QString& folder) {
     const QString hospital = hospitalFile(folder, 0);
     const Way ways[] = {
-        {"save an order of 10 lines", 2.0, requestOrder, "grdPackage", "cmdSave", requestScreen, nextSlip},
+        {"save an order of 10 lines", 1.35, requestOrder, "grdPackage", "cmdSave", requestScreen, nextSlip},
         {"save an out-patient's 10 lines", 1.8, requestOrder, "grdPackage", "cmdSave", outRequestScreen,
          nextSlip},
         {"save an assessment of 10 lines", 1.8, assessmentOrder, "grdTable", "btnSave", assessmentScreen,

@@ -48,7 +48,7 @@ bool startUp(const QString& folder) {
     };
     const Outcome outcome = interleave(21, 3, runOf(QStringLiteral("bench-start"), {file}, ourMemory),
                                        runOf(QStringLiteral("bench-minimal"), {}, floorMemory));
-    const bool met = Report::line(QStringLiteral("start to log-on shown / bare window"), outcome, 1.5);
+    const bool met = Report::line(QStringLiteral("start to log-on shown / bare window"), outcome, 1.35);
     Report::amounts(QStringLiteral("peak memory until then"), ourMemory, floorMemory, QStringLiteral("MB"),
                     0);
     return met;

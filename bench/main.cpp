@@ -19,7 +19,8 @@ constexpr Measure measures[] = {
     {"save", bench::saveOrder},    {"find", bench::findPatients},  {"text", bench::statementText},
     {"grid", bench::bindGrid},     {"odbc", bench::odbcStatement}, {"start", bench::startUp},
     {"report", bench::longReport}, {"ledger", bench::ledgerPage},  {"charges", bench::findCharges},
-    {"menu", bench::menuKeys},     {"open", bench::openScreen},    {"polls", bench::pollsOfTheMenu}};
+    {"menu", bench::menuKeys},     {"open", bench::openScreen},    {"polls", bench::pollsOfTheMenu},
+    {"desks", bench::desks}};
 
 } // namespace
 
@@ -31,14 +32,16 @@ int main(int argc, char** argv) {
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
         std::fputs("usage: scintra-bench FOLDER "
-                   "[save|find|text|grid|odbc|start|report|ledger|charges|menu|open|polls ...]\n",
+                   "[save|find|text|grid|odbc|start|report|ledger|charges|menu|open|polls|desks ...]\n",
                    stderr);
         return 1;
     }
     const QStringList wanted = arguments.mid(1);
     bool met = true;
-    bench::Report::heading();
     try {
+        if (arguments.first() == QLatin1String("--desk"))
+            return bench::desk(arguments.value(1));
+        bench::Report::heading();
         for (const Measure& measure : measures) {
             if (wanted.isEmpty() || wanted.contains(QString::fromLatin1(measure.name)))
                 met &= measure.run(arguments.first());

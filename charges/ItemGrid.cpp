@@ -107,8 +107,7 @@ void ItemGrid::layOut() {
         QStringLiteral("<# |<Code |<Item Description    |<Freq.  |<Quantity|<Amount |<Remarks    |"));
     m_grid.setCols(columnCount);
     m_grid.setRows(2);
-    for (int column = 0; column < columnCount; ++column)
-        m_grid.setColWidth(column, widths[column]);
+    m_grid.setColWidths({std::begin(widths), std::end(widths)});
     LastLine = 1;
     m_grid.setTextMatrix(firstLine, colNumber, QString::number(LastLine));
     m_grid.setCurrentCell(firstLine, colCode);

@@ -17,6 +17,9 @@ using controls::on;
 
 namespace {
 
+/// Of a grid with its captions and three rows.
+constexpr int leastHeight = 124;
+
 constexpr entry::LegendLabel legend[] = {{"Label8", "Dept. Codes :"},
                                          {"lblCaption", "MD/FN - Professional Fee / Readers Fee "},
                                          {"lblCaption_1", "NU - Nuclear Medicine"}};
@@ -59,7 +62,7 @@ void frmReceivableEntry::addPreviousCharges() {
     grdPrevious->setAccessibleName(Frame3->title());
     grdPrevious->setRowSelect(true);
     grdPrevious->setEmptyText(QStringLiteral("Nothing was charged to this stay yet."));
-    grdPrevious->setMinimumHeight(controls::look::scaled(60));
+    grdPrevious->setMinimumHeight(controls::look::scaled(leastHeight));
     grdPrevious->setMaximumHeight(controls::look::scaled(160));
     lines->addWidget(grdPrevious);
     auto* mshflexList = new FlexGrid(Frame3);
@@ -90,8 +93,9 @@ void frmReceivableEntry::ShowPreviousCharges() {
     grdPrevious->setEnabled(grdPrevious->Rows() > 1);
     if (found)
         grdPrevious->setRow(1);
-    findChild<FlexGrid*>(QStringLiteral("grdPackage"))->setMinimumHeight(controls::look::scaled(64));
+    findChild<FlexGrid*>(QStringLiteral("grdPackage"))->setMinimumHeight(controls::look::scaled(leastHeight));
     Frame3->show();
+    growTo(height());
     if (found)
         grdPrevious->setFocus();
 }

@@ -41,6 +41,9 @@ if(SCINTRA_SANITIZE)
         -fno-omit-frame-pointer)
     target_link_options(scintra_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(SCINTRA_FUZZ)
+    target_compile_options(scintra_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # GCC 12 warns at -O3 of a strange length where it joins strings out of a precompiled header (GCC bug 105329 again).
 if(CMAKE_BUILD_TYPE STREQUAL "Release")

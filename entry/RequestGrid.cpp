@@ -113,10 +113,12 @@ void RequestGrid::layOut() {
     m_grid.setFixedCols(1);
     m_grid.setRows(2);
     m_grid.setCols(requestColumnCount);
+    std::vector<int> widths(requestColumnCount);
     for (const ColumnLayout& column : columnLayout) {
         m_grid.setTextMatrix(0, column.column, QString::fromLatin1(column.header));
-        m_grid.setColWidth(column.column, column.twips);
+        widths[std::size_t(column.column)] = column.twips;
     }
+    m_grid.setColWidths(widths);
     for (const int column : {colPrice, colQuantity, colAmount})
         m_grid.setColAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     m_grid.setShowRowNumbers(true);

@@ -3,6 +3,7 @@
 #include "entry/ChargeSlip.h"
 #include "entry/DoctorSearch.h"
 #include "entry/InputLineLookup.h"
+#include "entry/LegendLine.h"
 #include "lookup/FieldText.h"
 #include "lookup/RateSelection.h"
 #include "platform/base/Conversion.h"
@@ -83,14 +84,8 @@ void RequestScreen::connectControls() {
 void RequestScreen::showLegend() {
     int place = 0;
     for (const LegendLabel& each : m_variant.legend) {
-        auto* label = new QLabel(QString::fromLatin1(each.text), m_ui->body);
+        auto* label = new LegendLine(QString::fromLatin1(each.text), m_ui->body);
         label->setObjectName(QString::fromLatin1(each.name));
-        label->setTextFormat(Qt::RichText); // the blanks between the codes collapse
-        label->setProperty("kind", "help");
-        label->setWordWrap(true);
-        QSizePolicy narrowed(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        narrowed.setHeightForWidth(true);
-        label->setSizePolicy(narrowed);
         m_ui->helpLine->insertWidget(place++, label, 1);
     }
 }

@@ -51,6 +51,7 @@ void frmPatientLedger::Form_Unload() {
 // ---- search
 
 void frmPatientLedger::txtIdNum_Enter() {
+    controls::SelectAllText(m_ui->txtIdNum); // found or not, the next number is typed over this one
     switch (m_ui->cmbPatientClass->currentIndex()) {
     case inpatient:
         return findInPatient();

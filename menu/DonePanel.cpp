@@ -63,7 +63,7 @@ DonePanel::DonePanel(QWidget* parent)
 }
 
 void DonePanel::refresh() {
-    const std::vector<session::WorkDone>& done = session::workDone();
+    const std::deque<session::WorkDone>& done = session::workDone();
     m_list->setRows(int(done.size()) + 1);
     for (std::size_t i = 0; i < done.size(); ++i) {
         const WorkRow& row = workRow(done[i].work);

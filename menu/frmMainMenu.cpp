@@ -103,7 +103,7 @@ frmMainMenu::frmMainMenu(QWidget* parent) : Screen(parent), m_ui(std::make_uniqu
                               {"G", "The discharge notices that wait"},
                               {"M", "The character is quiet, or speaks again"},
                               {"V", "To what was done since the log-on; Enter there shows it again"},
-                              {"Esc", "From that list back to the commands, where it took their place"}});
+                              {"Esc", "From that list back to the commands"}});
     m_panel1 = new QLabel(m_ui->StatusBar1);
     m_panel2 = new QLabel(m_ui->StatusBar1);
     m_panel1->setObjectName("StatusBar1_Panel1");
@@ -323,6 +323,8 @@ bool frmMainMenu::pressWaiting(int key) {
     case Qt::Key_M:
         return press(m_ui->lblSilence);
     case Qt::Key_Escape:
+        if (m_ui->pnlDone->isAncestorOf(focusWidget()))
+            focusGroup();
         leaveDone();
         return true;
     case Qt::Key_V:
@@ -349,6 +351,10 @@ void frmMainMenu::leaveDone() {
     if (!std::exchange(m_listAlone, false))
         return;
     m_ui->picMainMenu->show();
+    focusGroup();
+}
+
+void frmMainMenu::focusGroup() {
     m_cmdMainMenu[m_subMenuBuilt ? std::size_t(m_group) : 0]->setFocus();
 }
 

@@ -58,6 +58,7 @@ class frmMainMenu : public controls::Screen {
     bool pressWaiting(int key);
     void enterDone();
     void leaveDone();
+    void focusGroup();
     void greet();
 
     void cmdMainMenu_Click(int index);

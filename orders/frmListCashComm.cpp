@@ -21,7 +21,7 @@ namespace {
 enum SearchBy { cashPatients, regularPatients, inPatients };
 
 // The hidden leading column counts as 0.
-enum GridColumn { orNumber = 1, patientName = 2 };
+enum GridColumn { orNumber = 1, patientName = 2, amount = 5 };
 
 constexpr int widths[] = {100, 1100, 2800, 2600, 1700, 1000, 900, 900, 2400};
 
@@ -51,6 +51,7 @@ frmListCashComm::~frmListCashComm() = default;
 
 void frmListCashComm::Form_Load() {
     ListScreen::Form_Load();
+    m_ui->grdTable->setColAlignment(amount, Qt::AlignRight);
     m_ui->cmbSearch->addItems(
         {QStringLiteral("Cash Patients"), QStringLiteral("Regular Patients"), QStringLiteral("In-Patients")});
     m_ui->cmbSearch->setCurrentIndex(cashPatients);

@@ -16,6 +16,9 @@ using lookup::fieldText;
 
 namespace {
 
+// The hidden leading column counts as 0.
+enum ExamColumn { quantity = 3, amount = 4 };
+
 constexpr int widths[] = {100, 900, 3600, 900, 1100, 1700, 900, 1100, 1100};
 
 constexpr controls::ListVariant variant = {.widths = widths, .one = "exam", .many = "exams"};
@@ -69,6 +72,8 @@ void frmRequestForm::take(ado::Recordset& request) {
 
 void frmRequestForm::Form_Load() {
     ListScreen::Form_Load();
+    for (const int column : {quantity, amount})
+        m_ui->grdRequests->setColAlignment(column, Qt::AlignRight);
     search();
     if (hits() > 0)
         return;

@@ -34,7 +34,7 @@ enum SubItem {
     requestingDoctor
 };
 
-constexpr controls::ListColumn columns[] = {{"Name", 2700},
+constexpr controls::ListColumn columns[] = {{"Name", 3450},
                                             {"Code", 800},
                                             {"Item Description", 2900},
                                             {"Quantity", 1150, Qt::AlignRight},

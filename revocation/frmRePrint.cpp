@@ -152,10 +152,12 @@ void frmRePrint::layOutCharges() {
     grid.Clear();
     grid.setRows(2);
     grid.setCols(columnCount);
+    std::vector<int> widths;
     for (int column = 0; column < columnCount; ++column) {
         grid.setTextMatrix(0, column, QString::fromLatin1(chargeColumns[column].header));
-        grid.setColWidth(column, chargeColumns[column].twips);
+        widths.push_back(chargeColumns[column].twips);
     }
+    grid.setColWidths(widths);
     for (const int column : {quantity, amount})
         grid.setColAlignment(column, Qt::AlignRight);
     grid.setEmptyText(m_ui->txtHospNum->text().isEmpty()

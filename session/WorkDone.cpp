@@ -4,7 +4,12 @@ namespace session {
 
 namespace {
 
-std::vector<WorkDone> done;
+std::deque<WorkDone> done;
+std::deque<std::size_t> marks; ///< of each, by what it is known by: most of 200 are told apart at a glance
+
+std::size_t markOf(const WorkDone& work) {
+    return qHashMulti(0, work.number, work.IdNum);
+}
 
 /// A result that was revoked is not looked at any more.
 bool takesPlaceOf(const WorkDone& work, const WorkDone& former) {
@@ -13,24 +18,34 @@ bool takesPlaceOf(const WorkDone& work, const WorkDone& former) {
     return sameThing && former.number == work.number && former.IdNum == work.IdNum;
 }
 
+void drop(std::size_t place) {
+    done.erase(done.begin() + std::ptrdiff_t(place));
+    marks.erase(marks.begin() + std::ptrdiff_t(place));
+}
+
 } // namespace
 
 void tellDone(WorkDone work) {
     work.at = base::now();
-    if (!work.number.isEmpty())
-        std::erase_if(done, [&](const WorkDone& former) { return takesPlaceOf(work, former); });
-    done.insert(done.begin(), std::move(work));
+    const std::size_t mark = markOf(work);
+    for (std::size_t i = work.number.isEmpty() ? 0 : done.size(); i > 0; --i) {
+        if (marks[i - 1] == mark && takesPlaceOf(work, done[i - 1]))
+            drop(i - 1);
+    }
+    done.push_front(std::move(work));
+    marks.push_front(mark);
     if (done.size() > mostWorkDone)
-        done.resize(mostWorkDone);
+        drop(mostWorkDone);
     Q_EMIT workTeller().Changed();
 }
 
-const std::vector<WorkDone>& workDone() {
+const std::deque<WorkDone>& workDone() {
     return done;
 }
 
 void forgetWorkDone() {
     done.clear();
+    marks.clear();
     Q_EMIT workTeller().Changed();
 }
 

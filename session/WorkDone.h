@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QString>
 
-#include <vector>
+#include <deque>
 
 namespace session {
 
@@ -43,7 +43,7 @@ inline constexpr std::size_t mostWorkDone = 200;
 void tellDone(WorkDone done);
 /// The newest first. Kept in memory only and for one log-on: LogOff() and forgetSession() leave nothing of
 /// it.
-const std::vector<WorkDone>& workDone();
+const std::deque<WorkDone>& workDone();
 void forgetWorkDone();
 
 /// Tells of every change of what was done.

@@ -99,18 +99,20 @@ template <typename Call>
 auto Connection::observed(const QString& text, StatementKind kind, Call call) {
     Provider& server = provider();
     QElapsedTimer timer;
-    timer.start();
+    if (!m_observers.empty())
+        timer.start();
+    const auto spent = [&timer] { return timer.isValid() ? timer.nsecsElapsed() : 0; };
     try {
         for (Observer* observer : m_observers)
             observer->beforeStatement(text, kind);
         auto [result, rows, affected] = call(server);
-        const StatementEvent event{text, kind, rows, affected, timer.nsecsElapsed(), nullptr};
+        const StatementEvent event{text, kind, rows, affected, spent(), nullptr};
         for (Observer* observer : m_observers)
             observer->afterStatement(event);
         return std::move(result);
     } catch (const base::RunTimeError& caught) {
         const base::RunTimeError error = caught.withStatement(text);
-        const StatementEvent event{text, kind, 0, -1, timer.nsecsElapsed(), &error};
+        const StatementEvent event{text, kind, 0, -1, spent(), &error};
         for (Observer* observer : m_observers)
             observer->afterStatement(event);
         throw base::RunTimeError(error);

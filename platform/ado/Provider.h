@@ -21,9 +21,43 @@ struct Column {
     QString baseColumn;
 };
 
+/// Equal but for case, as names of columns are.
+inline bool sameName(const QString& name, const QString& other) {
+    return name.size() == other.size() && (name == other || name.compare(other, Qt::CaseInsensitive) == 0);
+}
+
+/// The columns of a result, shared by all who were told of them.
+class Columns {
+  public:
+    Columns() = default;
+    Columns(std::vector<Column> columns)
+        : m_columns(std::make_shared<const std::vector<Column>>(std::move(columns))) {}
+
+    operator const std::vector<Column>&() const { return all(); }
+    std::size_t size() const { return all().size(); }
+    bool empty() const { return all().empty(); }
+    const Column& operator[](std::size_t place) const { return all()[place]; }
+    auto begin() const { return all().begin(); }
+    auto end() const { return all().end(); }
+    /// To be changed; the others keep what they were told.
+    std::vector<Column>& edit() {
+        auto own = std::make_shared<std::vector<Column>>(all());
+        m_columns = own;
+        return *own;
+    }
+
+  private:
+    const std::vector<Column>& all() const {
+        static const std::vector<Column> none;
+        return m_columns ? *m_columns : none;
+    }
+
+    std::shared_ptr<const std::vector<Column>> m_columns;
+};
+
 /// All rows of one result, row after row in one vector.
 struct Rows {
-    std::vector<Column> columns;
+    Columns columns;
     std::vector<base::Value> values;
 
     qsizetype count() const { return columns.empty() ? 0 : qsizetype(values.size() / columns.size()); }

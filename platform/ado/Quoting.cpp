@@ -51,10 +51,14 @@ QString literal(const base::Value& value) {
 QString bracketed(const QString& name) {
     QString text;
     text.reserve(name.size() + 2);
+    addBracketed(text, name);
+    return text;
+}
+
+void addBracketed(QString& text, const QString& name) {
     text += u'[';
     text += name.contains(u']') ? QString(name).replace(u']', QLatin1StringView("]]")) : name;
     text += u']';
-    return text;
 }
 
 } // namespace ado

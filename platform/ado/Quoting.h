@@ -18,5 +18,7 @@ QString withLinesKept(QString text);
 QString withLinesJoined(QStringView text);
 /// A name in brackets.
 QString bracketed(const QString& name);
+/// The same, behind what the text holds.
+void addBracketed(QString& text, const QString& name);
 
 } // namespace ado

@@ -86,7 +86,7 @@ void Recordset::MoveNext() {
 Field Recordset::Fields(const QString& name) {
     requireOpen();
     for (std::size_t i = 0; i < m_rows.columns.size(); ++i) {
-        if (m_rows.columns[i].name.compare(name, Qt::CaseInsensitive) == 0)
+        if (sameName(m_rows.columns[i].name, name))
             return Field(*this, qsizetype(i));
     }
     throw base::RunTimeError(base::errors::itemNotFound);

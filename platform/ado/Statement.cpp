@@ -4,6 +4,7 @@
 #include "platform/base/Error.h"
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace {
 struct Range {
     qsizetype begin;
     qsizetype end;
-    QString value;
+    QStringView value;
 };
 
 /// The word or sign that the server would stumble over at `at`.
@@ -53,12 +54,15 @@ bool isNumber(QStringView value) {
 /// Reads a statement as the server's scanner does and holds each value against the place it was given.
 class ReadBack {
   public:
-    ReadBack(const QString& text, const std::vector<Range>& values) : m_text(text), m_values(values) {}
+    ReadBack(const QString& text, const std::vector<Range>& values)
+        : m_text(text), m_values(values), m_hasBackslash(text.contains(u'\\')) {}
 
     void check() {
         while (m_at < m_text.size()) {
             enterValues();
-            if (m_at < m_text.size())
+            const qsizetype stop = m_next < m_values.size() ? m_values[m_next].begin : m_text.size();
+            passOver(stop);
+            if (m_at < stop)
                 step();
         }
         enterValues();
@@ -69,9 +73,10 @@ class ReadBack {
   private:
     enum class State { Code, Literal, Bracket, QuotedName, LineComment, BlockComment };
 
-    /// A value is passed over whole, once it is known to stay in its place.
+    /// A value is passed over whole, once it is known to stay in its place. One whose first sign ended the
+    /// comment before it is looked at all the same.
     void enterValues() {
-        while (m_next < m_values.size() && m_values[m_next].begin == m_at) {
+        while (m_next < m_values.size() && m_values[m_next].begin <= m_at) {
             const Range& range = m_values[m_next++];
             const QStringView value = QStringView(m_text).mid(range.begin, range.end - range.begin);
             if (m_state == State::Literal)
@@ -90,11 +95,25 @@ class ReadBack {
             if (value[i].isNull())
                 syntaxError(m_text, range.begin + i);
         }
-        const bool arrives =
-            value.contains(u'\\') ? withLinesJoined(value) == range.value : value == range.value;
-        if (!arrives || cutsBrokenLine(range.begin) || cutsBrokenLine(range.end))
+        if (!m_hasBackslash) // then it stands there as it was put there
+            return;
+        if (withLinesJoined(value) != range.value || cutsBrokenLine(range.begin) || cutsBrokenLine(range.end))
             syntaxError(m_text, range.begin);
     }
+
+    /// What changes nothing, up to the next value at most.
+    void passOver(qsizetype stop) {
+        const QChar* text = m_text.constData();
+        if (m_state == State::Code) {
+            while (m_at < stop && !opens(text[m_at]))
+                ++m_at;
+        } else if (m_state == State::Literal) {
+            while (m_at < stop && text[m_at] != u'\'')
+                ++m_at;
+        }
+    }
+
+    static bool opens(QChar c) { return c == u'\'' || c == u'[' || c == u'"' || c == u'-' || c == u'/'; }
 
     /// Whether a backslash before `at` would take away what stands behind it.
     bool cutsBrokenLine(qsizetype at) const {
@@ -126,7 +145,9 @@ class ReadBack {
                 m_state = State::Code;
             break;
         case State::Bracket:
-            if (c == u']')
+            if (isPair(u']', u']')) // one that belongs to the name
+                ++m_at;
+            else if (c == u']')
                 m_state = State::Code;
             break;
         case State::QuotedName:
@@ -153,6 +174,7 @@ class ReadBack {
 
     const QString& m_text;
     const std::vector<Range>& m_values;
+    const bool m_hasBackslash;
     State m_state = State::Code;
     qsizetype m_at = 0;
     std::size_t m_next = 0;
@@ -161,6 +183,7 @@ class ReadBack {
 /// Joins a text and remembers where the values went.
 class Joiner {
   public:
+    /// Room for all that is going to be added.
     void reserve(qsizetype characters, std::size_t values) {
         m_text.reserve(characters);
         m_values.reserve(values);
@@ -168,6 +191,12 @@ class Joiner {
     template <typename View>
     void addText(View text) {
         m_text += text;
+    }
+    /// Latin-1, a letter at a time: the pieces between two values are short.
+    void addText(const char* begin, const char* end) {
+        const qsizetype at = m_text.size();
+        m_text.resize(at + (end - begin));
+        std::transform(begin, end, m_text.begin() + at, [](char letter) { return QLatin1Char(letter); });
     }
     void addValue(const QString& value) {
         m_values.push_back({m_text.size(), m_text.size() + value.size(), value});
@@ -216,21 +245,28 @@ class Joiner {
     std::vector<Range> m_values;
 };
 
+/// A pattern does not compile without as many as it has values.
+const char* nextHole(const char* pattern) {
+    while (pattern[0] != '{' || pattern[1] != '}')
+        ++pattern;
+    return pattern;
+}
+
 } // namespace
 
 Statement joinStatement(const char* pattern, const QString* values, qsizetype count) {
-    const QLatin1StringView text(pattern);
+    const char* end = pattern + std::strlen(pattern);
     const auto added = [](qsizetype sum, const QString& value) { return sum + value.size(); };
     Joiner joiner;
-    joiner.reserve(std::accumulate(values, values + count, text.size(), added), std::size_t(count));
-    qsizetype from = 0;
+    joiner.reserve(std::accumulate(values, values + count, qsizetype(end - pattern), added),
+                   std::size_t(count));
     for (qsizetype i = 0; i < count; ++i) {
-        const qsizetype hole = text.indexOf(QLatin1StringView("{}"), from);
-        joiner.addText(text.sliced(from, hole - from));
+        const char* hole = nextHole(pattern);
+        joiner.addText(pattern, hole);
         joiner.addValue(values[i]);
-        from = hole + 2;
+        pattern = hole + 2;
     }
-    joiner.addText(text.sliced(from));
+    joiner.addText(pattern, end);
     return Statement(joiner.checked());
 }
 

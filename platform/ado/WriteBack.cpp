@@ -8,7 +8,8 @@
 #include <QRegularExpression>
 #include <QStringBuilder>
 
-#include <initializer_list>
+#include <algorithm>
+#include <array>
 
 namespace ado {
 namespace {
@@ -18,9 +19,8 @@ constexpr int rowNotLocated = -2147217864;
 /// The name as it was read, so that the text is the same where a provider does not know the table's own; that
 /// one for a column that goes by another name.
 const QString& writtenName(const Column& column) {
-    const bool same =
-        column.baseColumn.isEmpty() || column.baseColumn.compare(column.name, Qt::CaseInsensitive) == 0;
-    return same ? column.name : column.baseColumn;
+    return column.baseColumn.isEmpty() || sameName(column.baseColumn, column.name) ? column.name
+                                                                                   : column.baseColumn;
 }
 
 /// The table that a plain SELECT reads; empty for any other text.
@@ -28,22 +28,39 @@ QString tableOf(const QString& source) {
     static const QRegularExpression from(
         QStringLiteral(R"(^\s*select\b.*\bfrom\s+([\w.\[\]]+)\s*(?:where\b|$))"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    // A save writes through one text again and again.
-    thread_local QString lastSource;
-    thread_local QString lastTable;
-    if (source != lastSource) {
-        lastTable = from.match(source).captured(1);
-        lastSource = source;
+    // A save writes through the same few texts again and again.
+    struct Known {
+        QString source;
+        QString table;
+    };
+    thread_local std::array<Known, 4> known;
+    thread_local std::size_t oldest = 0;
+    for (const Known& one : known) {
+        if (one.source == source)
+            return one.table;
     }
-    return lastTable;
+    oldest = (oldest + 1) % known.size();
+    known[oldest] = {source, from.match(source).captured(1)};
+    return known[oldest].table;
 }
 
-/// ", " or " AND " behind what stands already.
-void join(QString& list, const char* sign, std::initializer_list<QStringView> parts) {
+bool isOneOf(const QStringList& names, const QString& name) {
+    return std::any_of(names.begin(), names.end(), [&](const QString& one) { return sameName(one, name); });
+}
+
+constexpr qsizetype usualLength = 120;
+
+QString emptyList() {
+    QString list;
+    list.reserve(usualLength);
+    return list;
+}
+
+/// The sign, ", " or " AND ", stands between what is in the list.
+void addName(QString& list, QLatin1StringView sign, const QString& name) {
     if (!list.isEmpty())
-        list += QLatin1StringView(sign);
-    for (const QStringView part : parts)
-        list += part;
+        list += sign;
+    addBracketed(list, name);
 }
 
 } // namespace
@@ -75,14 +92,16 @@ QString WriteBack::table() const {
 }
 
 Statement WriteBack::statement(const QString& target, const QStringList& key) const {
-    QString changes;
-    QString conditions;
+    QString changes = emptyList();
+    QString conditions = emptyList();
     for (qsizetype i = 0; i < qsizetype(m_recordset.m_edits.size()); ++i) {
         const QString& name = writtenName(m_recordset.m_rows.columns[std::size_t(i)]);
         const auto& edit = m_recordset.m_edits[std::size_t(i)];
-        if (edit)
-            join(changes, ", ", {bracketed(name), u" = ", literal(*edit)});
-        if (edit || m_recordset.m_foundByAllColumns || key.contains(name, Qt::CaseInsensitive))
+        if (edit) {
+            addName(changes, QLatin1StringView(", "), name);
+            changes += u" = " % literal(*edit);
+        }
+        if (edit || m_recordset.m_foundByAllColumns || isOneOf(key, name))
             addCondition(conditions, i);
     }
     if (m_recordset.m_foundByAllColumns)
@@ -94,12 +113,13 @@ Statement WriteBack::statement(const QString& target, const QStringList& key) co
 }
 
 void WriteBack::addCondition(QString& conditions, qsizetype column) const {
-    const QString name = bracketed(writtenName(m_recordset.m_rows.columns[std::size_t(column)]));
+    addName(conditions, QLatin1StringView(" AND "),
+            writtenName(m_recordset.m_rows.columns[std::size_t(column)]));
     const base::Value& last = m_recordset.m_rows.at(m_recordset.m_position, column);
     if (last.isNull())
-        join(conditions, " AND ", {name, u" IS NULL"});
+        conditions += u" IS NULL";
     else
-        join(conditions, " AND ", {name, u" = ", literal(last)});
+        conditions += u" = " % literal(last);
 }
 
 } // namespace ado

@@ -28,7 +28,7 @@ int runLength(const QString& pattern, qsizetype start) {
 }
 
 QString padded(int number, int width) {
-    return QStringLiteral("%1").arg(number, width, 10, QLatin1Char('0'));
+    return QString::number(number).rightJustified(width, u'0');
 }
 
 class DateFormatter {
@@ -90,6 +90,8 @@ class DateFormatter {
     }
 
     qsizetype writeHalfOfDay(qsizetype at) {
+        if (m_pattern[at].toLower() != u'a')
+            return 0;
         const bool morning = m_time.hour < 12;
         for (const char* token : {"AM/PM", "AMPM", "A/P"}) {
             const QString name = QString::fromLatin1(token);

@@ -14,7 +14,9 @@ constexpr const char* nurses[] = {"2101", "2102", "2103"};
 
 } // namespace
 
-/// Waiting requests of the wards (in both of the wards' files), and notices of discharge.
+/// Waiting requests of the wards (in both of the wards' files), and notices of discharge. Whoever stands at
+/// the desk waits less than whoever lies in bed, so an admitted patient's request is the oldest at every time
+/// of day.
 void writeWards(World& world) {
     TableWriter requests(world.file, "STATION..tbNurseCommunicationFile",
                          {"HospNum", "IdNum", "RequestNum", "PatientType", "RevenueID", "ItemID", "Quantity",
@@ -43,7 +45,8 @@ void writeWards(World& world) {
         }
         const int lines = admitted % 3 == 0 ? 2 : 1;
         const std::size_t first = chance.next() % exams().size();
-        const base::DateTime moment{world.now.ms - chance.between(5, 170) * minuteMs};
+        const auto waits = stay.outPatient ? chance.between(5, 25) : chance.between(30, 170);
+        const base::DateTime moment{world.now.ms - waits * minuteMs};
         const char* nurse = chance.of(std::span<const char* const>(nurses));
         const char* remark = chance.of(std::span<const char* const>(remarks));
         for (int i = 0; i < lines; ++i) {

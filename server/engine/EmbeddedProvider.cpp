@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QHash>
 
 #include <algorithm>
 #include <atomic>
@@ -43,15 +44,15 @@ std::vector<std::string> toStd(const QStringList& texts) {
 /// Ends a batch's own transaction, whatever happens.
 class BatchTransaction {
   public:
-    BatchTransaction(SqliteFile& file, const char* begin) : m_file(file) { m_file.execute(begin); }
+    BatchTransaction(SqliteFile& file, SqliteFile::Boundary begin) : m_file(file) { m_file.cross(begin); }
     ~BatchTransaction() {
         if (!m_committed)
-            sqlite3_exec(m_file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+            m_file.attempt(SqliteFile::Boundary::Rollback);
     }
     BatchTransaction(const BatchTransaction&) = delete;
     BatchTransaction& operator=(const BatchTransaction&) = delete;
     void commit() {
-        m_file.execute("COMMIT");
+        m_file.cross(SqliteFile::Boundary::Commit);
         m_committed = true;
     }
 
@@ -122,11 +123,13 @@ class EmbeddedProvider::Private {
     void lookForChanges();
     void readSettings();
     void forget();
-    void transactionStep(const char* sql, bool opens, const base::RunTimeError& outOfTurn);
+    void transactionStep(SqliteFile::Boundary boundary);
+    void cross(SqliteFile::Boundary boundary);
     void seeTransaction();
     void endTransaction(bool keep);
     const Table* tableBelow(const ObjectText& object);
-    void traceStep(const char* words, std::int64_t nanoseconds, const base::RunTimeError* error);
+    void traceStep(SqliteFile::Boundary boundary, const QElapsedTimer& timer,
+                   const base::RunTimeError* error);
     bool holdsSecret(const std::vector<StmtPtr>& statements, const std::string& defaultDatabase);
 
     QString fileName;
@@ -138,6 +141,7 @@ class EmbeddedProvider::Private {
     Trace trace;
     SqliteStatement dataVersion;
     BatchCache batches{session};
+    QHash<QString, QStringList> primaryKeys; ///< by the table's name as it was asked for
     bool tracing = false;
     long long seenChanges = 0;
     std::int64_t seenVersion = 0;
@@ -162,6 +166,7 @@ void EmbeddedProvider::Private::readSettings() {
 void EmbeddedProvider::Private::forget() {
     batches.forget();
     catalogue.forget();
+    primaryKeys.clear();
 }
 
 /// Now and then, whether another provider has written settings or definitions.
@@ -185,7 +190,6 @@ void EmbeddedProvider::Private::seeTransaction() {
 ado::Result EmbeddedProvider::Private::execute(const QString& text, ado::RowSink* sink) {
     if (session.rolledBack)
         throw ado::rolledBackByServer();
-    lookForChanges();
     const QByteArray utf8 = text.toUtf8();
     const std::shared_ptr<Module> module = batches.batch({utf8.constData(), std::size_t(utf8.size())});
     ado::Result result;
@@ -208,7 +212,8 @@ void EmbeddedProvider::Private::run(Module& module, ado::Result& result, ado::Ro
         interpreter.runBatch(module, batches.values(), result, sink);
         return;
     }
-    BatchTransaction transaction(file, plan == Plan::Writes ? "BEGIN IMMEDIATE" : "BEGIN");
+    BatchTransaction transaction(file, plan == Plan::Writes ? SqliteFile::Boundary::BeginWriting
+                                                            : SqliteFile::Boundary::Begin);
     interpreter.runBatch(module, batches.values(), result, sink);
     transaction.commit();
 }
@@ -255,41 +260,49 @@ void EmbeddedProvider::Private::endTransaction(bool keep) {
             throw ado::rolledBackByServer();
         return;
     }
-    const int code = sqlite3_exec(file.handle(), keep ? "COMMIT" : "ROLLBACK", nullptr, nullptr, nullptr);
+    const int code = file.attempt(keep ? SqliteFile::Boundary::Commit : SqliteFile::Boundary::Rollback);
     if (code == SQLITE_OK)
         return;
     const base::RunTimeError error = errorOfSqlite(file.handle(), code);
     if (sqlite3_get_autocommit(file.handle()) == 0)
-        sqlite3_exec(file.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        file.attempt(SqliteFile::Boundary::Rollback);
     if (keep || sqlite3_get_autocommit(file.handle()) == 0) // what was to be undone is undone
         throw base::RunTimeError(error);
 }
 
-void EmbeddedProvider::Private::transactionStep(const char* sql, bool opens,
-                                                const base::RunTimeError& outOfTurn) {
-    QElapsedTimer timer;
-    timer.start();
+void EmbeddedProvider::Private::transactionStep(SqliteFile::Boundary boundary) {
     lookForChanges();
+    QElapsedTimer timer;
+    if (tracing)
+        timer.start();
     try {
-        if (session.inTransaction == opens)
-            throw base::RunTimeError(outOfTurn);
-        if (opens)
-            file.execute(sql);
-        else
-            endTransaction(*sql == 'C');
-        session.inTransaction = opens;
+        cross(boundary);
     } catch (const base::RunTimeError& error) {
-        traceStep(sql, timer.nsecsElapsed(), &error);
+        traceStep(boundary, timer, &error);
         throw;
     }
-    traceStep(sql, timer.nsecsElapsed(), nullptr);
+    traceStep(boundary, timer, nullptr);
 }
 
-void EmbeddedProvider::Private::traceStep(const char* words, std::int64_t nanoseconds,
+void EmbeddedProvider::Private::cross(SqliteFile::Boundary boundary) {
+    if (boundary == SqliteFile::Boundary::BeginWriting) {
+        if (session.inTransaction)
+            throw ado::transactionIsOpen();
+        file.cross(boundary);
+        session.inTransaction = true;
+        return;
+    }
+    const bool keep = boundary == SqliteFile::Boundary::Commit;
+    if (!session.inTransaction)
+        throw keep ? ado::nothingToCommit() : ado::nothingToRollBack();
+    endTransaction(keep);
+}
+
+void EmbeddedProvider::Private::traceStep(SqliteFile::Boundary boundary, const QElapsedTimer& timer,
                                           const base::RunTimeError* error) {
     if (tracing)
-        trace.write({QString::fromLatin1(words), nanoseconds, error ? error->description() : QString(),
-                     error ? error->number() : 0, false});
+        trace.write({QString::fromLatin1(boundaryText(boundary)), timer.nsecsElapsed(),
+                     error ? error->description() : QString(), error ? error->number() : 0, false});
 }
 
 std::unique_ptr<EmbeddedProvider> EmbeddedProvider::open(const QString& file, const Options& options) {
@@ -306,8 +319,11 @@ EmbeddedProvider::~EmbeddedProvider() {
 /// Runs the call, which gives what came of it and its outcome in words, and writes it into the diary.
 template <typename Call>
 auto EmbeddedProvider::Private::traced(const QString& text, Call call) {
+    if (!session.rolledBack)
+        lookForChanges();
     QElapsedTimer timer;
-    timer.start();
+    if (tracing)
+        timer.start();
     Trace::Line line{text, 0, {}, 0, false};
     const auto finish = [&] {
         if (!tracing)
@@ -374,15 +390,15 @@ ado::Streamed EmbeddedProvider::stream(const QString& text, ado::RowSink& sink) 
 }
 
 void EmbeddedProvider::begin() {
-    d->transactionStep("BEGIN IMMEDIATE", true, ado::transactionIsOpen());
+    d->transactionStep(SqliteFile::Boundary::BeginWriting);
 }
 
 void EmbeddedProvider::commit() {
-    d->transactionStep("COMMIT", false, ado::nothingToCommit());
+    d->transactionStep(SqliteFile::Boundary::Commit);
 }
 
 void EmbeddedProvider::rollback() {
-    d->transactionStep("ROLLBACK", false, ado::nothingToRollBack());
+    d->transactionStep(SqliteFile::Boundary::Rollback);
     d->forget();
 }
 
@@ -392,12 +408,16 @@ bool EmbeddedProvider::inTransaction() const {
 
 void EmbeddedProvider::useDatabase(const QString& name) {
     d->session.database = d->catalogue.database(toStd(name));
+    d->primaryKeys.clear();
 }
 
 QStringList EmbeddedProvider::primaryKey(const QString& table) {
+    const auto known = d->primaryKeys.constFind(table);
+    if (known != d->primaryKeys.constEnd())
+        return *known;
     const ObjectText object = readObjectText(toStd(table), d->session.database);
     const Table* found = d->catalogue.hasDatabase(object.database) ? d->tableBelow(object) : nullptr;
-    QStringList columns;
+    QStringList& columns = d->primaryKeys[table];
     if (!found)
         return columns;
     for (int ordinal = 1; ordinal <= int(found->columns.size()); ++ordinal) {

@@ -89,8 +89,10 @@ void frmPickList::layOutGrid() {
     auto& grid = *m_ui->grdTable;
     grid.setFixedCols(0);
     grid.setFormatString(captions.join(u'|'));
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-        grid.setColWidth(int(i), m_columns[i].twips);
+    std::vector<int> widths;
+    for (const PickColumn& column : m_columns)
+        widths.push_back(column.twips);
+    grid.setColWidths(widths);
     grid.setRowSelect(true);
     const auto heightOf = [](int rows) { return controls::look::scaled(27 * rows + 32); };
     grid.setMinimumSize(controls::look::scaled(width / twipsPerPixel + 40), heightOf(fewestRows));

@@ -137,7 +137,7 @@ TEST_F(Circle, FromAnAssessmentToItsResult) {
     EXPECT_EQ(count("NUCLEAR..tbNucLogBook", "RequestNum = '" + number + "' AND CaseNumber = '26-90077'"), 1);
 
     using session::Work;
-    const std::vector<session::WorkDone>& done = session::workDone();
+    const std::deque<session::WorkDone>& done = session::workDone();
     ASSERT_EQ(done.size(), 3U);
     EXPECT_EQ(std::pair(done[0].work, done[0].number), std::pair(Work::Result, number));
     EXPECT_FALSE(done[0].report.isEmpty());

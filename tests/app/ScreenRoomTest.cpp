@@ -12,11 +12,13 @@
 #include <QCheckBox>
 #include <QDirIterator>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 
 #include <map>
@@ -91,6 +93,41 @@ QStringList silentLists(const QWidget& window) {
     return names;
 }
 
+/// Amounts and quantities that stand at the left of their column. The two stores' grids are told so.
+QStringList numbersAtTheLeft(const QWidget& window) {
+    static const QRegularExpression number(QStringLiteral("^(Amount|Amt|Price|Qty|Quantity|Balance|Rate .)$"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    QStringList captions;
+    for (const auto* view : window.findChildren<QAbstractItemView*>()) {
+        const QAbstractItemModel* model = view->model();
+        const bool isStores = window.objectName() == u"frmPHEntry" || window.objectName() == u"frmCSEntry";
+        for (int section = 0; model && !isStores && section < model->columnCount(); ++section) {
+            const QString caption = model->headerData(section, Qt::Horizontal).toString().trimmed();
+            const auto place =
+                Qt::Alignment(model->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
+            if (number.match(caption).hasMatch() && !(place & Qt::AlignRight))
+                captions << view->objectName() + QStringLiteral(": ") + caption;
+        }
+    }
+    return captions;
+}
+
+/// Grids that show less than three rows, or on the smallest desktop not all of their columns. The in-tray's
+/// thirteen captions are wider than that desktop.
+QStringList gridsWithoutRoom(const QWidget& window) {
+    QStringList names;
+    const bool mayScroll = qApp->devicePixelRatio() != 1 || window.objectName() == u"frmNurseCommunication";
+    for (const auto* grid : window.findChildren<controls::FlexGrid*>()) {
+        if (!grid->isVisible())
+            continue;
+        if (grid->viewport()->height() < 3 * grid->verticalHeader()->defaultSectionSize())
+            names << grid->objectName() + QStringLiteral(": less than three rows");
+        if (!mayScroll && grid->horizontalScrollBar()->maximum() > 0)
+            names << grid->objectName() + QStringLiteral(": scrolled sideways");
+    }
+    return names;
+}
+
 TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
     const QString screen = QString::fromLatin1(GetParam().screen);
     const QString begin = QStringLiteral("%1% %2 ").arg(qRound(qApp->devicePixelRatio() * 100)).arg(screen);
@@ -105,6 +142,8 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
                 ADD_FAILURE() << (begin + found).toStdString();
         }
         EXPECT_EQ(labelsInAnotherColour(window), QStringList());
+        EXPECT_EQ(numbersAtTheLeft(window), QStringList());
+        EXPECT_EQ(gridsWithoutRoom(window), QStringList());
         const bool canDoNothing = screen == u"frmNuclearChargesBuildFile_items";
         EXPECT_EQ(silentLists(window), canDoNothing ? QStringList("Grid1") : QStringList());
         EXPECT_TRUE(left.isEmpty()) << "Found no more, and out of the list: "

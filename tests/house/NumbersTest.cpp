@@ -1,28 +1,14 @@
-#include <QDirIterator>
-#include <QFile>
+#include "tests/house/SourceTree.h"
+
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-/// Every source of the folders, by its name.
-std::map<QString, QString> sourcesOf(const QStringList& folders) {
-    std::map<QString, QString> sources;
-    const QString root = QStringLiteral(SCINTRA_SOURCE_DIR "/");
-    for (const QString& folder : folders) {
-        QDirIterator all(root + folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
-        while (all.hasNext()) {
-            QFile file(all.next());
-            EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
-            sources[file.fileName().mid(root.size())] = QString::fromUtf8(file.readAll());
-        }
-    }
-    return sources;
+QString textOf(const QString& source) {
+    return tests::linesOf(source).join(u'\n');
 }
-
-const QStringList product{"platform", "server",  "session",    "menu",   "lookup", "entry", "charges",
-                          "orders",   "results", "revocation", "ledger", "app",    "tools"};
 
 /// What writes or reads a number as the desk's language does.
 QStringList byTheDesk(const QString& source) {
@@ -36,9 +22,11 @@ QStringList byTheDesk(const QString& source) {
 }
 
 TEST(Numbers, AreWrittenAndReadByNoDesksLanguage) {
-    for (const auto& [name, source] : sourcesOf(product))
-        EXPECT_TRUE(byTheDesk(source).isEmpty())
-            << name.toStdString() << ": " << byTheDesk(source).join(QStringLiteral("; ")).toStdString();
+    for (const QString& name : tests::productSources()) {
+        const QStringList found = byTheDesk(textOf(name));
+        EXPECT_TRUE(found.isEmpty()) << name.toStdString() << ": "
+                                     << found.join(QStringLiteral("; ")).toStdString();
+    }
 }
 
 TEST(Numbers, ACallByTheDesksLanguageIsSeen) {
@@ -59,8 +47,8 @@ const QStringList withoutMain{"tests/lookup/registrar/main.cpp",     "tests/orde
 TEST(Programs, IgnoreTheDesksLanguageFromTheirFirstLine) {
     static const QRegularExpression main(QStringLiteral("\\nint main\\([^)]*\\) \\{\\n *([^\\n]*)"));
     int programs = 0;
-    for (const auto& [name, source] : sourcesOf({"app", "tools", "bench", "tests"})) {
-        const auto match = main.match(source);
+    for (const QString& name : tests::sourcesIn()) {
+        const auto match = main.match(textOf(name));
         if (!match.hasMatch() || withoutMain.contains(name))
             continue;
         ++programs;

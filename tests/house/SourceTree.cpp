@@ -32,6 +32,15 @@ QStringList sourcesIn(const QString& folder) {
     return sources;
 }
 
+QStringList productSources() {
+    QStringList sources = sourcesIn();
+    sources.removeIf([](const QString& source) {
+        return source.startsWith(QLatin1String("tests/")) || source.startsWith(QLatin1String("bench/")) ||
+               source.startsWith(QLatin1String("cmake/"));
+    });
+    return sources;
+}
+
 QStringList linesOf(const QString& source) {
     QFile file(root().filePath(source));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << source.toStdString();

@@ -104,6 +104,7 @@ TEST_F(PatientLedger, ANumberThatIsNotOnFileLeavesTheScreenAsItIsAndSilent) {
     const auto shown = viewer.pages()->sharedDocument();
     keys(number, "99<Enter>");
     EXPECT_EQ(number.text(), QStringLiteral("99"));
+    EXPECT_EQ(number.selectedText(), QStringLiteral("99")) << "the next number is typed over it";
     EXPECT_EQ(text("txtLastName"), QStringLiteral("AGUILAR"));
     EXPECT_EQ(viewer.pages()->sharedDocument(), shown);
 }
@@ -115,6 +116,7 @@ TEST_F(PatientLedger, AnOutPatientWhoIsNotOnFileGetsTheBox) {
                     {[](QWidget& window) { tests::keysToFocus(window, "<Esc>"); }});
     EXPECT_FALSE(viewer.isVisible());
     EXPECT_EQ(number.text(), QStringLiteral("NOBODY"));
+    EXPECT_EQ(number.selectedText(), QStringLiteral("NOBODY"));
 }
 
 TEST_F(PatientLedger, ShowsAnOutPatientsAccountAndUpperCasesWhatIsTyped) {

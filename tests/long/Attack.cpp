@@ -40,10 +40,14 @@ void Course::tell(const char* attack) const {
 }
 
 Ended runPart(const char* attack, const QStringList& words, int seconds) {
+    return runProgram(QCoreApplication::applicationFilePath(),
+                      QStringList{QStringLiteral("--part"), QString::fromLatin1(attack)} + words, seconds);
+}
+
+Ended runProgram(const QString& program, const QStringList& words, int seconds) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QCoreApplication::applicationFilePath(),
-                  QStringList{QStringLiteral("--part"), QString::fromLatin1(attack)} + words);
+    process.start(program, words);
     const bool ended = process.waitForFinished(seconds * 1000);
     if (!ended) {
         process.kill();

@@ -21,6 +21,8 @@ class Course {
     /// True for another round, which it counts; false when time or rounds are over or a fault was found.
     bool goesOn();
     int rounds() const { return m_rounds; }
+    /// The rounds that are asked for, or another number where none are.
+    int wanted(int otherwise) const { return m_most > 0 ? m_most : otherwise; }
     /// From 0 to `below` - 1.
     int number(int below);
 
@@ -52,6 +54,8 @@ struct Attack {
     void (*run)(Course& course);
     Part part;  ///< null for one that starts no process of this program
     int rounds; ///< of the short form
+    /// The whole of it, for --all; null for one that has no end.
+    void (*whole)(Course& course) = nullptr;
 };
 
 /// Every attack, in the order in which they are run.
@@ -61,10 +65,12 @@ const std::vector<Attack>& all();
 struct Ended {
     bool good = false;
     QString how;  ///< "crashed", "exit code 3", "never ended"; empty when good
-    QString said; ///< its standard output
+    QString said; ///< its standard output and its errors
 };
 /// Runs the attack's part in a process of its own.
 Ended runPart(const char* attack, const QStringList& words, int seconds = 120);
+/// Another program in the same way.
+Ended runProgram(const QString& program, const QStringList& words, int seconds);
 /// A program beside this one, or one that it is built with.
 QString programBeside(const QString& name);
 

@@ -120,6 +120,80 @@ void workstations(Course& course) {
         oneRound(course);
 }
 
+namespace {
+
+constexpr int manyStations = 16;
+constexpr int manySaves = 1000;    // of each, where no rounds are asked for
+constexpr int longestCrowd = 3600; // seconds
+
+/// What a crowd said in the end: no slip of a save twice, every book tells of all of them.
+void expectAllSaved(Course& course, const QString& way, const Ended& ended, const QString& file,
+                    const Books& before) {
+    if (!ended.good)
+        return course.fail(way + u' ' + ended.how + u'\n' + ended.said.right(2000));
+    QSet<QString> slips;
+    int longest = 0;
+    for (const QString& line : ended.said.split(u'\n', Qt::SkipEmptyParts)) {
+        if (line.startsWith(QLatin1String("longest ")))
+            longest = std::max(longest, line.section(u' ', 1, 1).toInt());
+        else if (!line.startsWith(QLatin1String("Data Successfully Saved!")))
+            continue; // what Qt says of a platform without windows
+        else if (slips.contains(line))
+            course.fail(way + QStringLiteral(" told twice: ") + line);
+        else
+            slips += line;
+    }
+    const Books after = Books::of(file);
+    const int wanted = manyStations * course.wanted(manySaves);
+    if (after.saves(before) != wanted || slips.size() != wanted)
+        course.fail(way + QStringLiteral(": %1 saves, %2 told").arg(after.saves(before)).arg(slips.size()));
+    if (const QString odd = after.disagreement(before) + damageOf(file); !odd.isEmpty())
+        course.fail(way + QStringLiteral(": ") + odd);
+    course.count(way + QStringLiteral(" saves"), after.saves(before));
+    course.count(way + QStringLiteral(" longest ms"), longest);
+}
+
+} // namespace
+
+void allWorkstations(Course& course) {
+    struct Way {
+        const char* name;
+        bool overTds;
+    };
+    for (const Way way : {Way{"file", false}, {"TDS", true}}) {
+        if (course.failed())
+            return;
+        const QString name = QString::fromLatin1(way.name);
+        const QString file = tests::demoHospital();
+        const Books before = Books::of(file);
+        const QString each = QString::number(course.wanted(manySaves));
+        QElapsedTimer clock;
+        clock.start();
+        const Ended ended = way.overTds
+                                ? runProgram(programBeside(QStringLiteral("tds-hospital")),
+                                             {"--file", file, "--", QCoreApplication::applicationFilePath(),
+                                              "--part", "workstations", "", each},
+                                             longestCrowd)
+                                : runPart("workstations", {file, each}, longestCrowd);
+        course.count(name + QStringLiteral(" seconds"), clock.elapsed() / 1000);
+        expectAllSaved(course, name, ended, file, before);
+        tests::forgetHospital(file);
+    }
+}
+
+int workstationsPart(const QStringList& words) {
+    std::vector<Member> members;
+    for (int i = 0; i < manyStations; ++i)
+        members.push_back(member(programBeside(QStringLiteral("saver")), words));
+    bool good = true;
+    for (Member& one : members) {
+        good = one.process->waitForFinished(longestCrowd * 1000) && one.process->exitCode() == 0 && good;
+        std::fputs(one.process->readAllStandardOutput().constData(), stdout);
+        std::fputs(one.process->readAllStandardError().constData(), stdout);
+    }
+    return good ? 0 : 1;
+}
+
 void starts(Course& course) {
     const QString program = programBeside(QStringLiteral("../bin/scintra-server"));
     while (course.goesOn()) {

@@ -135,6 +135,25 @@ qsizetype once(OnDuty& duty, const tests::ScreenOpener& opener, qsizetype from, 
 
 } // namespace
 
+namespace {
+
+void tryValue(Course& course, const char* screenName, int value) {
+    const QString screen = QString::fromLatin1(screenName);
+    const QString place = QString::number(value);
+    const Ended ended = runPart("hostile", {screen, place}, 300);
+    for (const QString& line : ended.said.split(u'\n')) {
+        if (line.startsWith(QLatin1String("error ")))
+            course.count(screen + QStringLiteral(" refused with ") + line.section(u' ', 1, 1));
+        else if (line.startsWith(QLatin1String("statements ")))
+            course.count(QStringLiteral("statements"), line.section(u' ', 1).toInt());
+        course.count(QStringLiteral("fillings"), line.startsWith(QLatin1String("statements ")));
+    }
+    if (!ended.good)
+        course.fail(QStringLiteral("%1, value %2: %3\n%4").arg(screen, place, ended.how, ended.said));
+}
+
+} // namespace
+
 void hostile(Course& course) {
     const auto& openers = tests::screenOpeners();
     const auto pairs = openers.size() * std::size_t(values().size());
@@ -142,18 +161,15 @@ void hostile(Course& course) {
     const std::size_t first = std::size_t(course.number(int(pairs)));
     while (course.goesOn()) {
         const std::size_t pair = (first + std::size_t(course.rounds()) * 101) % pairs;
-        const QString screen = QString::fromLatin1(openers[pair % openers.size()].screen);
-        const QString place = QString::number(pair / openers.size());
-        const Ended ended = runPart("hostile", {screen, place}, 300);
-        for (const QString& line : ended.said.split(u'\n')) {
-            if (line.startsWith(QLatin1String("error ")))
-                course.count(screen + QStringLiteral(" refused with ") + line.section(u' ', 1, 1));
-            else if (line.startsWith(QLatin1String("statements ")))
-                course.count(QStringLiteral("statements"), line.section(u' ', 1).toInt());
-            course.count(QStringLiteral("fillings"), line.startsWith(QLatin1String("statements ")));
-        }
-        if (!ended.good)
-            course.fail(QStringLiteral("%1, value %2: %3\n%4").arg(screen, place, ended.how, ended.said));
+        tryValue(course, openers[pair % openers.size()].screen, int(pair / openers.size()));
+    }
+}
+
+void allHostile(Course& course) {
+    for (const tests::ScreenOpener& opener : tests::screenOpeners()) {
+        course.count(QStringLiteral("screens"));
+        for (int value = 0; value < values().size() && course.goesOn(); ++value)
+            tryValue(course, opener.screen, value);
     }
 }
 

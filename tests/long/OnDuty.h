@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/long/Fault.h"
 #include "tests/support/screens/LoggedOn.h"
 
 #include <QString>
@@ -20,8 +21,6 @@ class Watchdog {
     static void beat();
 };
 
-/// Says the line and ends the process with 1.
-[[noreturn]] void fault(const QString& line);
 /// What runs on the screens of this process: its folder is a fresh one, errors at the boundary are said as
 /// "error NUMBER TEXT", and one that reached nothing but the end of `body` is a fault. Returns 0.
 int onScreens(const std::function<void(OnDuty&)>& body);

@@ -10,6 +10,7 @@
 #include "tests/long/Kills.h"
 #include "tests/long/Monkey.h"
 #include "tests/long/Polls.h"
+#include "tests/long/Steps.h"
 #include "tests/support/screens/ModalWatch.h"
 
 #include <QLocale>
@@ -24,8 +25,11 @@ const std::vector<Attack>& all() {
     static const std::vector<Attack> attacks{
         {"monkey", "random keys over every screen, boxes answered at random", monkey, monkeyPart, 28},
         {"kills", "programs killed at random moments of what they write", kills, nullptr, 6},
-        {"hostile", "hostile values through every field of every screen", hostile, hostilePart, 8},
-        {"workstations", "workstations that save, register and break off at once", workstations, nullptr, 1},
+        {"steps", "every save of every screen cut off at its statements", steps, stepsPart, 6, allSteps},
+        {"hostile", "hostile values through every field of every screen", hostile, hostilePart, 8,
+         allHostile},
+        {"workstations", "workstations that save, register and break off at once", workstations,
+         workstationsPart, 1, allWorkstations},
         {"fuzz", "statements, T-SQL, report definitions and characters that are nearly right", fuzz, fuzzPart,
          8},
         {"polls", "a menu that watches, with all its timers", polls, pollsPart, 1},
@@ -44,15 +48,17 @@ struct Wish {
     quint32 seed = 0;
     int seconds = 0;
     int rounds = 0;
+    bool all = false;
 };
 
 int usage() {
-    std::fputs(
-        "ATTACK|all [--seconds N | --rounds N] [--seed S]\n\n"
-        "Without seconds and rounds, the short form. Exit codes: 0 passed, 1 failed, 2 wrong words.\n\n",
-        stdout);
+    std::fputs("ATTACK|all [--seconds N | --rounds N | --all] [--seed S]\n\n"
+               "Without seconds, rounds and --all, the short form; --all is the whole of an attack that has "
+               "an end (*).\n"
+               "Exit codes: 0 passed, 1 failed, 2 wrong words.\n\n",
+               stdout);
     for (const Attack& attack : all())
-        std::printf("  %-13s %s\n", attack.name, attack.does);
+        std::printf("%c %-13s %s\n", attack.whole ? '*' : ' ', attack.name, attack.does);
     return 2;
 }
 
@@ -60,6 +66,10 @@ bool read(const QStringList& words, Wish& wish) {
     for (qsizetype i = 0; i < words.size(); ++i) {
         if (!words[i].startsWith(QLatin1String("--"))) {
             wish.attacks += words[i];
+            continue;
+        }
+        if (words[i] == QLatin1String("--all")) {
+            wish.all = true;
             continue;
         }
         bool good = i + 1 < words.size();
@@ -80,11 +90,11 @@ bool read(const QStringList& words, Wish& wish) {
 }
 
 bool run(const Attack& attack, const Wish& wish) {
-    const bool isShort = wish.seconds == 0 && wish.rounds == 0;
+    const bool isShort = wish.seconds == 0 && wish.rounds == 0 && !wish.all;
     Course course(wish.seed, wish.seconds, isShort ? attack.rounds : wish.rounds);
     std::printf("%s, seed %u\n", attack.name, wish.seed);
     std::fflush(stdout);
-    attack.run(course);
+    (wish.all ? attack.whole : attack.run)(course);
     course.tell(attack.name);
     return !course.failed();
 }
@@ -105,7 +115,7 @@ int runAll(Wish wish) {
     bool good = true;
     for (const QString& name : wish.attacks) {
         const Attack* attack = find(name);
-        if (!attack)
+        if (!attack || (wish.all && !attack->whole))
             return usage();
         good = run(*attack, wish) && good;
     }

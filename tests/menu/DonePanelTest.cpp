@@ -127,6 +127,15 @@ TEST_F(Done, LettersAndDigitsOnTheListAreTheMenus) {
     EXPECT_EQ(menuScreen().currentGroup(), 1);
 }
 
+TEST_F(Done, EscapeGoesBackToTheCommandsGroup) {
+    saveSlip();
+    clickGroup(2);
+    press(Qt::Key_V);
+    EXPECT_EQ(menuScreen().focusWidget(), &list());
+    press(Qt::Key_Escape);
+    EXPECT_EQ(menuScreen().focusWidget(), child<QWidget>("cmdMainMenu_2"));
+}
+
 TEST_F(Done, IsOutOfSightWhereTheCommandsNeedTheRoom) {
     saveSlip();
     EXPECT_TRUE(isShown("fraDone"));

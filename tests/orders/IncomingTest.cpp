@@ -119,6 +119,7 @@ TEST_F(Incoming, TheInTrayHasItsThirteenColumns) {
                   (QStringList{admitted, "205", "1001", "BONE SCAN, WHOLE BODY", "ON NPO", "2101", "I",
                                "7900001", "104078", "K"}));
         EXPECT_TRUE(grid.hasFocus());
+        EXPECT_EQ(child<QPushButton>(list, "btnCancel").property("kind").toString(), "danger");
         const int widths[] = {100, 1100, 900, 2000, 800, 800, 2000, 1200, 900, 800};
         for (int column = 0; column < 10; ++column)
             EXPECT_EQ(grid.ColWidth(column), widths[column]) << column;

@@ -55,6 +55,28 @@ TEST_F(Opening, OfAnAdmittedPatient) {
     EXPECT_EQ(button("cmdNucCharges").text(), "Nuclear Charges");
 }
 
+/// As a label shows the line with one blank between its words, in any room.
+TEST_F(Opening, ShowsTheDepartmentCodesWithoutTheirBlanks) {
+    opened({.PatIdNum = admitted, .PatientType = "I"});
+    auto& legend = tests::child<QLabel>(screen(), "Label4");
+    QLabel plain(legend.text().simplified(), legend.parentWidget());
+    plain.setProperty("kind", "help");
+    plain.setWordWrap(true);
+    plain.show();
+    for (const int width : {900, 500, 260}) {
+        EXPECT_EQ(legend.heightForWidth(width), plain.heightForWidth(width)) << width;
+        legend.resize(width, 90);
+        plain.resize(width, 90);
+        EXPECT_EQ(legend.grab().toImage(), plain.grab().toImage()) << width;
+    }
+    EXPECT_GT(legend.heightForWidth(260), legend.heightForWidth(900));
+    QFont larger = legend.font();
+    larger.setPointSize(20);
+    legend.setFont(larger);
+    plain.setFont(larger);
+    EXPECT_EQ(legend.heightForWidth(500), plain.heightForWidth(500));
+}
+
 TEST_F(Opening, OfAnOutPatient) {
     const QString id = value("SELECT TOP 1 IdNum FROM PATIENT_DATA..tbOutPatient ORDER BY IdNum");
     const QString stay = " FROM PATIENT_DATA..tbOutPatient WHERE IdNum = '" + id + "'";

@@ -98,6 +98,7 @@ TEST_F(Assessments, AreListedAtOnceWithTheirIcons) {
     open({[](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), "Assessment Status");
         EXPECT_EQ(btnCancel(window).text(), " &Revoke");
+        EXPECT_EQ(btnCancel(window).property("kind").toString(), "danger");
         EXPECT_EQ(child<QLabel>(window, "lblHint").text(),
                   "To Search, type the admission Number or Lastname on the box provided for it.");
         const auto& choice = child<QComboBox>(window, "cmbSearch");

@@ -110,7 +110,11 @@ QString Walk::whatIsOnScreen() const {
     }
     if (names.isEmpty())
         return QStringLiteral("no window is open");
-    return QStringLiteral("open are ") + names.join(QStringLiteral(", "));
+    const QWidget* active = QApplication::activeWindow();
+    const QWidget* focus = QApplication::focusWidget();
+    return QStringLiteral("open are %1; active is %2, its focus on %3")
+        .arg(names.join(QStringLiteral(", ")), active ? active->objectName() : QStringLiteral("none"),
+             focus ? focus->objectName() : QStringLiteral("nothing"));
 }
 
 void Walk::fail(const QString& why) const {

@@ -300,7 +300,7 @@ void FlexGrid::setColWidth(int column, int twips) {
     layOutColumns();
 }
 
-void FlexGrid::setColWidths(std::initializer_list<int> twips) {
+void FlexGrid::setColWidths(const std::vector<int>& twips) {
     int column = 0;
     for (const int width : twips) {
         requireColumn(column);
@@ -341,8 +341,11 @@ void FlexGrid::measure() {
 }
 
 void FlexGrid::showHeaders() {
-    horizontalHeader()->setVisible(m_model->fixedRows() > 0);
-    verticalHeader()->setVisible(m_model->fixedColumns() > 0);
+    // To show what was not hidden would polish and lay out a grid that nobody sees yet.
+    if (const bool shown = m_model->fixedRows() > 0; horizontalHeader()->isHidden() == shown)
+        horizontalHeader()->setVisible(shown);
+    if (const bool shown = m_model->fixedColumns() > 0; verticalHeader()->isHidden() == shown)
+        verticalHeader()->setVisible(shown);
     horizontalHeader()->setFixedHeight(look::scaled(30) * qMax(1, m_model->fixedRows()));
     layOutColumns();
 }
@@ -407,7 +410,8 @@ void FlexGrid::takeColumnWidth(int section, int oldWidth, int newWidth) {
 QRect FlexGrid::cellRect(int row, int column) {
     requireCell(row, column);
     executeDelayedItemsLayout();
-    updateGeometries();
+    QTableView::updateGeometries();
+    m_awaitsGeometries = false;
     const int shownRow = row - m_model->fixedRows();
     const int shownColumn = column - m_model->headerColumns();
     if (shownRow >= 0 && shownColumn >= 0)
@@ -541,8 +545,22 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
     awaitFit();
 }
 
+void FlexGrid::updateGeometries() {
+    m_awaitsGeometries = !isVisible();
+    if (!m_awaitsGeometries)
+        QTableView::updateGeometries();
+}
+
+void FlexGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    if (std::exchange(m_awaitsGeometries, false))
+        QTableView::updateGeometries();
+    QTableView::scrollTo(index, hint);
+}
+
 void FlexGrid::showEvent(QShowEvent* event) {
     QTableView::showEvent(event);
+    if (m_awaitsGeometries)
+        updateGeometries();
     fitToContents();
 }
 

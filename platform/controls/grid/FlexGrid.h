@@ -57,8 +57,8 @@ class FlexGrid : public QTableView {
     void setFormatString(const QString& format);
     int ColWidth(int column) const;
     void setColWidth(int column, int twips);
-    /// Columns from 0 on.
-    void setColWidths(std::initializer_list<int> twips);
+    /// Columns from 0 on; they are laid out once.
+    void setColWidths(const std::vector<int>& twips);
     void setColAlignment(int column, Qt::Alignment alignment);
     /// Which column takes the spare width on resize; -1 shares it in proportion to the given widths
     /// (default).
@@ -100,6 +100,7 @@ class FlexGrid : public QTableView {
     /// A plain sentence in the middle of a grid without records.
     void setEmptyText(const QString& text);
     bool showsEmptyText() const;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   Q_SIGNALS:
     /// A press of the left button on a cell, once the current cell has moved there.
@@ -124,6 +125,9 @@ class FlexGrid : public QTableView {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Waits until the grid is seen or a cell's place is asked for: every row and column that a screen sets
+    /// before would measure headers and scroll bars again.
+    void updateGeometries() override;
 
   private:
     void requireCell(int row, int column) const;
@@ -151,6 +155,7 @@ class FlexGrid : public QTableView {
     bool m_placing = false;
     bool m_layingOut = false;
     bool m_awaitsFit = false;
+    bool m_awaitsGeometries = false;
 };
 
 /// Sets the columns from a list whose cells end in "?": "Code?Description?Status?". Its first one heads the

@@ -70,7 +70,7 @@ void FlexGridFit::fit(Widths& widths) const {
     const int sections = int(widths.size());
     Widths captions;
     for (int section = 0; section < sections; ++section)
-        captions.push_back(caption(section));
+        captions.push_back(widths[std::size_t(section)] == 0 ? 0 : caption(section));
     const auto lacking = [&](int section, int needed) {
         const int width = widths[std::size_t(section)];
         return width == 0 ? 0 : qMax(0, needed - width);

@@ -142,8 +142,7 @@ void ListScreen::setWidths() {
     const int columns = int(m_variant->widths.size());
     if (m_parts.grid->Cols() < columns)
         m_parts.grid->setCols(columns);
-    for (int column = 0; column < columns; ++column)
-        m_parts.grid->setColWidth(column, m_variant->widths[std::size_t(column)]);
+    m_parts.grid->setColWidths({m_variant->widths.begin(), m_variant->widths.end()});
 }
 
 void ListScreen::backToSearch() {

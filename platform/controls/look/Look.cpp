@@ -43,7 +43,9 @@ QPalette palette() {
     colors.setColor(QPalette::BrightText, card);
     colors.setColor(QPalette::ToolTipBase, ink);
     colors.setColor(QPalette::ToolTipText, card);
-    colors.setColor(QPalette::PlaceholderText, muted);
+    QColor placeholder = ink;
+    placeholder.setAlpha(128);
+    colors.setColor(QPalette::PlaceholderText, placeholder);
     colors.setColor(QPalette::Highlight, accent);
     colors.setColor(QPalette::HighlightedText, card);
     colors.setColor(QPalette::Link, accent);
@@ -51,9 +53,7 @@ QPalette palette() {
     colors.setColor(QPalette::Midlight, page);
     colors.setColor(QPalette::Mid, line);
     colors.setColor(QPalette::Dark, fieldLine);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colors.setColor(QPalette::Disabled, role, muted);
-    return colors;
+    return colors; // the sheet mutes what is out of use and is to look so
 }
 
 /// What stands behind "@" in the sheet: the name of a color, or "12px", a measure that grows with the font.

@@ -167,6 +167,15 @@ QSize mostIn(const QRect& room) {
     return room.size() - QSize(16, 48);
 }
 
+/// Where a box and its screen close at once, some window managers leave the keys with nobody.
+void giveKeysBack() {
+    QWidget* next = QApplication::activeModalWidget();
+    if (!next && !openList().empty())
+        next = openList().back();
+    if (next && next->isVisible() && !next->isActiveWindow())
+        next->activateWindow();
+}
+
 QWidget* openerOf(const Screen* screen) {
     if (QWidget* parent = screen->parentWidget())
         return parent->window();
@@ -244,6 +253,7 @@ void Screen::ShowModal() {
     if (self)
         std::erase(openList(), this);
     ErrorBoundary::throwIfStopping();
+    giveKeysBack();
 }
 
 void Screen::Show() {
@@ -343,7 +353,12 @@ void Screen::placeOver(QWidget* opener) {
 void Screen::growTo(int height) {
     const QRect room = roomFor(this);
     const QSize most = mostIn(room);
-    resize(width(), qMin(height, most.height()));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // what was shown meanwhile counts
+    if (auto* area = findChild<QScrollArea*>(QStringLiteral("scrolledContents")))
+        area->widget()->setMinimumSize(area->widget()->layout()->minimumSize());
+    else if (layout() && minimumSizeHint().height() > most.height())
+        scrollContents();
+    resize(QSize(width(), qMax(height, minimumSizeHint().height())).boundedTo(most));
     move(x(), qMax(room.top(), qMin(y(), room.bottom() - this->height() - barHeight)));
 }
 
@@ -357,6 +372,12 @@ void Screen::scrollContents() {
     if (band)
         own->removeWidget(band);
     QWidget* commands = takeCommands(*own, this);
+    const int bar = area->verticalScrollBar()->sizeHint().width();
+    if (QBoxLayout* column = columnOf(*own)) { // the bar stands in the page's margin
+        QMargins around = column->contentsMargins();
+        around.setRight(qMax(0, around.right() - bar));
+        column->setContentsMargins(around);
+    }
     contents->setMinimumSize(own->minimumSize());
     contents->setLayout(own);
     for (QWidget* widget : loose) {
@@ -376,7 +397,7 @@ void Screen::scrollContents() {
             around->addWidget(part, part == area ? 1 : 0);
     }
     // the bar at the side takes nothing from the contents where there is room for both
-    resize(qMax(width(), contents->minimumWidth() + area->verticalScrollBar()->sizeHint().width()), height());
+    resize(qMax(width(), contents->minimumWidth() + bar), height());
 }
 
 void Screen::closeEvent(QCloseEvent* event) {

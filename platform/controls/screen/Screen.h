@@ -50,7 +50,8 @@ class Screen : public QDialog {
     virtual void Form_QueryUnload(bool& cancel);
     virtual void Form_Unload() {}
 
-    /// Makes the open screen that high, as far as the desktop has room; the window stays on it.
+    /// Makes the open screen that high, as far as the desktop has room; the window stays on it, and what was
+    /// shown meanwhile and has no room is scrolled to.
     void growTo(int height);
     void setEscapeCloses(bool closes) { m_escapeCloses = closes; }
     /// The pointer as hourglass while the guard lives.

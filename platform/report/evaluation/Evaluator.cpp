@@ -105,8 +105,8 @@ Value Evaluator::columnValue(const Expression& expression, const Standpoint& sta
     if (found == m_columns.constEnd())
         found = m_columns.insert(
             &expression,
-            columnOf(expression, isDetails ? m_rows->columns()
-                                           : m_data->tables.at(std::size_t(expression.index)).columns));
+            isDetails ? columnOf(expression, m_rows->columns())
+                      : columnOf(expression, m_data->tables.at(std::size_t(expression.index)).columns));
     const qsizetype column = *found; // rows that are taken in meanwhile look their own columns up
     if (!isDetails) {
         const ado::Rows& rows = m_data->tables[std::size_t(expression.index)];

@@ -16,7 +16,7 @@ namespace engine {
 struct Query {
     Translation translation;
     SqliteStatement statement;
-    std::vector<ado::Column> columns;
+    ado::Columns columns;
     /// It is being stepped; whoever comes again prepares one of its own.
     bool busy = false;
 };
@@ -37,6 +37,8 @@ struct Module {
 
     /// By the statement's id; made when the statement first runs.
     std::vector<std::unique_ptr<Query>> queries;
+    /// The procedures that it calls, by the statement's id, as long as the catalogue keeps them.
+    std::vector<std::weak_ptr<Module>> called;
     /// The variables of the last run, kept for their memory.
     std::vector<Cell> idleSlots;
     /// None as long as nobody asked.

@@ -47,33 +47,69 @@ void mendJournal(const std::string& path) {
     }
 }
 
+/// SQLite counts its memory under a lock, for numbers that nobody asks for. Only its first use can be told.
+void leaveMemoryUncounted() {
+    static const int told = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    (void)told;
+}
+
 } // namespace
 
 /// Waits in small steps, so that a save of another workstation (a few milliseconds) costs hardly more than
-/// itself. The clock tells when it was long enough: a sleep takes longer than it was asked for.
+/// itself. The lock goes to whoever asks first when it is free, which is the one that had it as a rule; so
+/// those ask most often that have waited long. The clock tells when it was long enough: a sleep takes longer
+/// than it was asked for.
 int LockWait::wait(void* self, int calls) {
-    constexpr int firstSteps = 40; // of one millisecond
+    using namespace std::chrono_literals;
     auto& lock = *static_cast<LockWait*>(self);
     const auto now = std::chrono::steady_clock::now();
     if (calls == 0) {
         lock.m_began = now;
         lock.m_seconds = 0;
     }
-    const auto left = lock.m_limit - (now - lock.m_began);
+    const auto waited = now - lock.m_began;
+    const auto left = lock.m_limit - waited;
     if (left <= left.zero())
         return 0;
-    const auto seconds = int(std::chrono::duration_cast<std::chrono::seconds>(now - lock.m_began).count());
+    const auto seconds = int(std::chrono::duration_cast<std::chrono::seconds>(waited).count());
     if (seconds > lock.m_seconds && lock.m_told)
         lock.m_told(seconds);
     lock.m_seconds = seconds;
-    const std::chrono::steady_clock::duration step = std::chrono::milliseconds(calls < firstSteps ? 1 : 5);
+    const std::chrono::steady_clock::duration step = waited < 40ms    ? 1ms
+                                                     : waited < 200ms ? 5ms
+                                                     : waited < 500ms ? 1ms
+                                                                      : 250us;
     std::this_thread::sleep_for(std::min(step, left));
     return 1;
+}
+
+/// SQLite's own way writes the log's pages into the file behind each commit of more than a thousand pages,
+/// and begins the log anew once all of it is written and nobody reads there. Where desks save without a pause
+/// the next one has written again by then: each save pays for a checkpoint, and the log grows on and on.
+/// So only about one commit of a thousand pages writes them, and when the log has become long, one does it
+/// with the lock in its hand. It waits for that lock, and for who reads, no longer than a desk bears.
+int SqliteFile::keepLogShort(void* self, sqlite3* handle, const char* database, int pages) {
+    constexpr int often = 1000;
+    constexpr int most = 8 * often;
+    constexpr int ofACommit = 32;
+    auto& file = *static_cast<SqliteFile*>(self);
+    const int added =
+        pages - std::exchange(file.m_logSeen, pages); // by the others, too; less when it began anew
+    if (pages < often || (pages % often >= ofACommit && added < often))
+        return SQLITE_OK;
+    if (pages >= most)
+        sqlite3_busy_handler(handle, LockWait::wait, &file.m_logWait);
+    sqlite3_wal_checkpoint_v2(handle, database,
+                              pages < most ? SQLITE_CHECKPOINT_PASSIVE : SQLITE_CHECKPOINT_RESTART, nullptr,
+                              nullptr);
+    sqlite3_busy_handler(handle, LockWait::wait, &file.m_lockWait);
+    return SQLITE_OK; // a log that stays long is no fault of the commit
 }
 
 SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& newDatabases,
                        LockWait lockWait)
     : m_lockWait(std::move(lockWait)) {
+    leaveMemoryUncounted();
     mendJournal(path);
     sqlite3* handle = nullptr;
     const int create = newDatabases.empty() ? 0 : SQLITE_OPEN_CREATE;
@@ -84,6 +120,7 @@ SqliteFile::SqliteFile(const std::string& path, const std::vector<std::string>& 
         failOpening(path, handle ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_handler(handle, LockWait::wait, &m_lockWait);
+    sqlite3_wal_hook(handle, keepLogShort, this);
     registerCollation(handle);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -160,6 +197,30 @@ void SqliteFile::bringIntoOrder() {
 void SqliteFile::execute(const char* sql) {
     const int code = sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
+        fail(code);
+}
+
+const char* boundaryText(SqliteFile::Boundary boundary) {
+    constexpr const char* texts[] = {"BEGIN", "BEGIN IMMEDIATE", "COMMIT", "ROLLBACK"};
+    return texts[std::size_t(boundary)];
+}
+
+int SqliteFile::attempt(Boundary boundary) {
+    SqliteStatement& kept = m_boundaries[std::size_t(boundary)];
+    if (!kept) {
+        sqlite3_stmt* statement = nullptr;
+        const int code = sqlite3_prepare_v3(handle(), boundaryText(boundary), -1, SQLITE_PREPARE_PERSISTENT,
+                                            &statement, nullptr);
+        if (code != SQLITE_OK)
+            return code;
+        kept.reset(statement);
+    }
+    sqlite3_step(kept.get());
+    return sqlite3_reset(kept.get());
+}
+
+void SqliteFile::cross(Boundary boundary) {
+    if (const int code = attempt(boundary); code != SQLITE_OK)
         fail(code);
 }
 

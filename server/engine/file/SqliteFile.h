@@ -59,6 +59,11 @@ class SqliteFile {
     /// Z alone.
     bool isInOrder() const { return m_isInOrder; }
     void execute(const char* sql);
+    enum class Boundary { Begin, BeginWriting, Commit, Rollback };
+    /// Begins or ends a transaction; raises nothing. SQLite's own code: SQLITE_OK when it is done.
+    int attempt(Boundary boundary);
+    /// The same; raises what SQLite says of it.
+    void cross(Boundary boundary);
     SqliteStatement prepare(std::string_view sql);
     /// One step; true for a row.
     bool step(sqlite3_stmt* statement);
@@ -69,15 +74,22 @@ class SqliteFile {
     struct Closer {
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
+    /// SQLite's hook behind a commit; `self` is the SqliteFile.
+    static int keepLogShort(void* self, sqlite3* handle, const char* database, int pages);
     void prepareFile(const std::vector<std::string>& newDatabases);
     bool readOrder();
     void bringIntoOrder();
 
     bool m_isInOrder = true;
     LockWait m_lockWait; ///< the handle knows its address
+    LockWait m_logWait{200};
+    int m_logSeen = 0; ///< pages of the log behind the last commit
     std::unique_ptr<sqlite3, Closer> m_handle;
+    SqliteStatement m_boundaries[4]; ///< prepared when first crossed
 };
 
+/// "BEGIN IMMEDIATE"
+const char* boundaryText(SqliteFile::Boundary boundary);
 /// A name as SQLite takes it: in double quotes.
 std::string quotedName(std::string_view name);
 /// A text as SQLite takes it: in single quotes.

@@ -1,5 +1,7 @@
 #include "server/engine/file/SqliteRow.h"
 
+#include <algorithm>
+
 namespace engine {
 namespace {
 
@@ -76,9 +78,13 @@ void readValue(sqlite3_value* value, Cell& cell) {
 }
 
 void appendRow(sqlite3_stmt* statement, ado::Rows& rows) {
-    const int count = int(rows.columns.size());
-    for (int i = 0; i < count; ++i)
-        rows.values.push_back(columnValue(statement, i, rows.columns[std::size_t(i)].type));
+    constexpr std::size_t firstRows = 16;
+    const std::vector<ado::Column>& columns = rows.columns;
+    const std::size_t wanted = rows.values.size() + columns.size();
+    if (wanted > rows.values.capacity())
+        rows.values.reserve(std::max(2 * rows.values.capacity(), firstRows * columns.size()));
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        rows.values.push_back(columnValue(statement, int(i), columns[i].type));
 }
 
 void readRow(sqlite3_stmt* statement, const std::vector<ado::Column>& columns,

@@ -2,6 +2,7 @@
 
 #include "server/engine/catalogue/Catalogue.h"
 #include "server/engine/errors/ServerError.h"
+#include "server/engine/file/SqliteRow.h"
 #include "server/engine/parser/ObjectText.h"
 #include "server/engine/values/Ascii.h"
 #include "server/engine/values/Convert.h"
@@ -15,18 +16,7 @@ namespace {
 
 Cell cellOf(sqlite3_value* value) {
     Cell cell;
-    switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER:
-        cell.setInteger(sqlite3_value_int64(value));
-        break;
-    case SQLITE_FLOAT:
-        cell.setReal(sqlite3_value_double(value));
-        break;
-    case SQLITE_NULL:
-        break;
-    default:
-        cell.setText(valueText(value));
-    }
+    readValue(value, cell);
     return cell;
 }
 

@@ -30,7 +30,6 @@ class Parser : public QueryParser {
     StmtPtr loopJump();
     StmtPtr printStatement();
     StmtPtr useStatement();
-    StmtPtr truncateStatement();
     StmtPtr blockStatement();
     std::vector<StmtPtr> branch();
     StmtPtr ifStatement();
@@ -38,20 +37,25 @@ class Parser : public QueryParser {
     StmtPtr returnStatement();
     void declareStatement(std::vector<StmtPtr>& statements);
     StmtPtr setStatement();
+    /// `+= value` and its sisters, as the sum that they stand for; null, and nothing read, at another sign.
+    ExprPtr compound(ExprPtr present);
     StmtPtr setOption();
     StmtPtr selectStatement();
     StmtPtr throwStatement();
     StmtPtr raiseErrorStatement();
 
+    // what writes, and calls: ParserWrites.cpp
     StmtPtr insertStatement();
     void insertValues(Write& write);
     StmtPtr updateStatement();
     Assignment assignment();
     StmtPtr deleteStatement();
+    StmtPtr truncateStatement();
     /// `bare`: a call without EXEC.
     StmtPtr executeStatement(bool bare);
     CallArgument callArgument();
 
+    // what is kept in the catalogue: ParserDefinitions.cpp
     /// At CREATE or ALTER.
     StmtPtr definition();
     StmtPtr tableDefinition(SourcePosition at);

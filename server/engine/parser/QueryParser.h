@@ -41,7 +41,7 @@ class QueryParser : public TokenReader {
     void tableAlias(TableRef& table);
     void tableHints();
 
-    // one a level of precedence
+    // QueryParserExpressions.cpp; one a level of precedence
     ExprPtr conjunction();
     ExprPtr negation();
     ExprPtr predicate();

@@ -15,7 +15,7 @@ bool StatementKey::takesValues() {
         if (isBlank(peek()) || peek() == ';')
             ++m_at;
         else if (atComment())
-            keepComment();
+            passComment();
         else
             break;
     }
@@ -27,7 +27,6 @@ bool StatementKey::takesValues() {
         peek() == '[' || (!word.empty() && isWordStart(word.front()) && !beginsStatement(word));
     m_isCall = named || sameWord(word, "EXEC") || sameWord(word, "EXECUTE");
     m_at = 0;
-    m_key.clear();
     return m_isCall || sameWord(word, "SELECT") || sameWord(word, "INSERT") || sameWord(word, "UPDATE") ||
            sameWord(word, "DELETE");
 }
@@ -37,6 +36,7 @@ void StatementKey::read(std::string_view text) {
     m_at = 0;
     m_before = '\0';
     m_count = 0;
+    m_kept = 0;
     m_key.clear();
     if (text.find(parameterMark) != std::string_view::npos || !takesValues()) {
         m_key = text;
@@ -49,26 +49,29 @@ void StatementKey::read(std::string_view text) {
         } else if ((c == 'N' || c == 'n') && peek(1) == '\'') {
             takeText(true);
         } else if (isWordStart(c) || c == '@') {
-            do {
-                m_key += m_text[m_at++];
-            } while (m_at < m_text.size() && isWordPart(peek()));
+            do
+                ++m_at;
+            while (m_at < m_text.size() && isWordPart(m_text[m_at]));
             m_before = 'a';
         } else if (isDigit(c)) {
             takeNumber();
         } else if (atComment()) {
-            keepComment();
+            passComment();
         } else if (c == '[' || c == '"') {
-            keepQuotedName(c == '[' ? ']' : '"');
+            passQuotedName(c == '[' ? ']' : '"');
         } else {
-            m_key += c;
             ++m_at;
             if (!isBlank(c))
                 m_before = c;
         }
     }
+    m_key.append(m_text, m_kept);
 }
 
-Cell& StatementKey::add(char mark) {
+/// In place of the text from `begin` to here.
+Cell& StatementKey::add(std::size_t begin, char mark) {
+    m_key.append(m_text, m_kept, begin - m_kept);
+    m_kept = m_at;
     m_key += parameterMark;
     m_key += mark;
     m_before = '\'';
@@ -83,11 +86,15 @@ void StatementKey::takeText(bool national) {
     const std::size_t first = m_at;
     // a pattern that begins with % stays in the text: there is nothing that could bound an index
     const bool stays = peek() == '%';
-    std::string* value = stays ? nullptr : &add(national ? 'n' : 's').editText();
+    std::string* value = stays ? nullptr : &add(begin, national ? 'n' : 's').editText();
     if (value)
         value->clear();
     std::size_t from = first;
     while (m_at < m_text.size()) {
+        if (m_text[m_at] != '\'' && m_text[m_at] != '\\') {
+            ++m_at;
+            continue;
+        }
         if (const std::size_t joined = brokenLine(m_text, m_at)) {
             if (value)
                 value->append(m_text.substr(from, m_at - from));
@@ -108,17 +115,17 @@ void StatementKey::takeText(bool national) {
     if (m_at >= m_text.size() || m_text.substr(first, m_at - first).find('\0') != std::string_view::npos) {
         // broken text: the parser tells about it
         m_count = 0;
-        m_key = m_text;
+        m_key.clear();
+        m_kept = 0;
         m_at = m_text.size();
         return;
     }
     if (value)
         value->append(m_text.substr(from, m_at - from));
     ++m_at;
-    if (stays) {
-        m_key.append(m_text.substr(begin, m_at - begin));
-        m_before = '\'';
-    }
+    m_before = '\'';
+    if (value)
+        m_kept = m_at;
 }
 
 void StatementKey::takeNumber() {
@@ -136,23 +143,21 @@ void StatementKey::takeNumber() {
     const bool compared = m_before == '=' || m_before == '<' || m_before == '>' ||
                           (m_isCall && (m_before == ',' || m_before == 'a' || m_before == ']'));
     if (!compared || digits.size() > 9 || places > 9 || isWordPart(peek()) || peek() == '.') {
-        m_key.append(digits);
         m_before = '0';
         return;
     }
     if (point) {
         double value = 0;
         std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        add(char('0' + places)).setReal(value);
+        add(begin, char('0' + places)).setReal(value);
     } else {
         std::int64_t value = 0;
         std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        add('i').setInteger(value);
+        add(begin, 'i').setInteger(value);
     }
 }
 
-void StatementKey::keepComment() {
-    const std::size_t begin = m_at;
+void StatementKey::passComment() {
     const bool line = peek() == '-';
     int depth = 0;
     do {
@@ -170,11 +175,10 @@ void StatementKey::keepComment() {
             ++m_at;
         }
     } while (m_at < m_text.size() && (line || depth > 0));
-    m_key.append(m_text.substr(begin, m_at - begin));
 }
 
-void StatementKey::keepQuotedName(char end) {
-    const std::size_t begin = m_at++;
+void StatementKey::passQuotedName(char end) {
+    ++m_at;
     while (m_at < m_text.size()) {
         if (peek() == end) {
             if (peek(1) != end)
@@ -185,7 +189,6 @@ void StatementKey::keepQuotedName(char end) {
     }
     if (m_at < m_text.size())
         ++m_at;
-    m_key.append(m_text.substr(begin, m_at - begin));
     m_before = ']';
 }
 

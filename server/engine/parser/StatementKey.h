@@ -27,9 +27,9 @@ class StatementKey {
     bool takesValues();
     void takeText(bool national);
     void takeNumber();
-    void keepComment();
-    void keepQuotedName(char end);
-    Cell& add(char mark);
+    void passComment();
+    void passQuotedName(char end);
+    Cell& add(std::size_t begin, char mark);
     bool atComment() const { return (peek() == '-' && peek(1) == '-') || (peek() == '/' && peek(1) == '*'); }
     char peek(std::size_t ahead = 0) const {
         return m_at + ahead < m_text.size() ? m_text[m_at + ahead] : '\0';
@@ -38,7 +38,8 @@ class StatementKey {
     std::string_view m_text;
     std::size_t m_at = 0;
     bool m_isCall = false;
-    char m_before = '\0'; // the last sign that is no blank
+    char m_before = '\0';   // the last sign that is no blank
+    std::size_t m_kept = 0; // what stands before is in the key
     std::string m_key;
     std::vector<Cell> m_values;
     int m_count = 0;

@@ -359,6 +359,15 @@ std::shared_ptr<Module> Interpreter::procedure(const ObjectName& name, const Mod
     return module;
 }
 
+std::shared_ptr<Module> Interpreter::calledBy(const Stmt& statement, Module& caller) {
+    caller.called.resize(caller.queries.size());
+    std::weak_ptr<Module>& known = caller.called[std::size_t(statement.id)];
+    std::shared_ptr<Module> module = known.lock();
+    if (!module)
+        known = module = procedure(statement.call->name, caller);
+    return module;
+}
+
 void Interpreter::runExecute(const Stmt& statement, Run& run) {
     if (!run.result)
         throw ScriptError(
@@ -367,7 +376,7 @@ void Interpreter::runExecute(const Stmt& statement, Run& run) {
                            "a function."),
             "42000", statement.position);
     const CallLevel level(m_depth);
-    const std::shared_ptr<Module> called = procedure(statement.call->name, run.module);
+    const std::shared_ptr<Module> called = calledBy(statement, run.module);
     Slots slots(*called);
     CallArguments(run.module, run.slots, m_session).pass(*statement.call, *called, slots.cells());
     Run inner{*called, slots.cells(), run.result, run.noCount, nullptr};

@@ -53,6 +53,7 @@ class Interpreter {
     void fetch(const Query& query, ado::Rows& rows);
     void hand(const Query& query);
     std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
+    std::shared_ptr<Module> calledBy(const Stmt& statement, Module& caller);
     void prepareAll(const std::vector<StmtPtr>& statements, Module& module);
 
     SqliteFile& m_file;

@@ -120,6 +120,7 @@ void QueryMaker::registerFunction(const Module& function) {
 
 void QueryMaker::describe(Query& query) {
     const auto& columns = query.translation.columns;
+    std::vector<ado::Column> told;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         ado::Column column{toQString(columns[i].name), dataType(columns[i].type.kind), {}, {}};
         const char* table = sqlite3_column_table_name(query.statement.get(), int(i));
@@ -129,8 +130,9 @@ void QueryMaker::describe(Query& query) {
                 QString::fromUtf8(table).replace(QLatin1StringView("."), QLatin1StringView(".."));
             column.baseColumn = QString::fromUtf8(origin);
         }
-        query.columns.push_back(std::move(column));
+        told.push_back(std::move(column));
     }
+    query.columns = std::move(told);
 }
 
 void QueryMaker::tryView(const Module& view) {

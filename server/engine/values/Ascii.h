@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -19,8 +20,16 @@ constexpr bool isWordStart(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' ||
            static_cast<unsigned char>(c) >= 128;
 }
+inline constexpr std::array<bool, 256> wordParts = [] {
+    std::array<bool, 256> parts{};
+    for (int byte = 0; byte < 256; ++byte) {
+        const char c = char(byte);
+        parts[std::size_t(byte)] = isWordStart(c) || isDigit(c) || c == '$' || c == '@';
+    }
+    return parts;
+}();
 constexpr bool isWordPart(char c) {
-    return isWordStart(c) || isDigit(c) || c == '$' || c == '@';
+    return wordParts[static_cast<unsigned char>(c)];
 }
 
 /// Bytes of a backslash at `at` and the line break (LF or CRLF) right behind it, which a literal loses; else

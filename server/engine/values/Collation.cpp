@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace engine {
 namespace {
@@ -101,6 +102,22 @@ std::string_view withoutBlanks(std::string_view text) {
     return text;
 }
 
+/// Of what both begin with, up to the first letter beyond ASCII: it decides nothing, and most comparisons of
+/// an index are over behind it.
+std::size_t commonBytes(std::string_view first, std::string_view second) {
+    const std::size_t least = std::min(first.size(), second.size());
+    std::size_t at = 0;
+    for (std::uint64_t one = 0, other = 0; at + sizeof one <= least; at += sizeof one) {
+        std::memcpy(&one, first.data() + at, sizeof one);
+        std::memcpy(&other, second.data() + at, sizeof other);
+        if (one != other || (one & 0x8080808080808080U) != 0)
+            break;
+    }
+    while (at < least && first[at] == second[at] && static_cast<unsigned char>(first[at]) < 0x80)
+        ++at;
+    return at;
+}
+
 int callback(void*, int firstSize, const void* first, int secondSize, const void* second) {
     return compareTexts({static_cast<const char*>(first), std::size_t(firstSize)},
                         {static_cast<const char*>(second), std::size_t(secondSize)});
@@ -129,6 +146,9 @@ char32_t foldedLatin(char32_t character) {
 int compareTexts(std::string_view first, std::string_view second) {
     first = withoutBlanks(first);
     second = withoutBlanks(second);
+    const std::size_t begun = commonBytes(first, second);
+    if (begun == first.size() && begun == second.size())
+        return 0;
     const auto& weights = tables().weights;
     const auto weightAt = [&weights](std::string_view text, std::size_t& at) {
         const char32_t character = readCharacter(text, at);
@@ -137,13 +157,8 @@ int compareTexts(std::string_view first, std::string_view second) {
                    : Weight{std::uint32_t(beyondLatin << 8) + std::uint32_t(character), 0};
     };
     int accents = 0;
-    // What both begin with decides nothing; most comparisons of an index are over here.
-    std::size_t firstAt = 0;
-    const std::size_t least = std::min(first.size(), second.size());
-    while (firstAt < least && first[firstAt] == second[firstAt] &&
-           static_cast<unsigned char>(first[firstAt]) < 0x80)
-        ++firstAt;
-    std::size_t secondAt = firstAt;
+    std::size_t firstAt = begun;
+    std::size_t secondAt = begun;
     while (firstAt < first.size() && secondAt < second.size()) {
         if (first[firstAt] == second[secondAt] && static_cast<unsigned char>(first[firstAt]) < 0x80) {
             ++firstAt;

@@ -81,6 +81,11 @@ TEST(Sql, OutsideQuotesOnlyNumbersStand) {
         EXPECT_EQ(errorOf([&] { sql("sp_A {}", value); }).number(), 102) << value.toStdString();
     EXPECT_EQ(errorOf([] { sql("select [{}]", QString("a")); }).number(), 102);
     EXPECT_EQ(errorOf([] { sql("select /* {} */ 1", 1); }).number(), 102);
+    EXPECT_EQ(errorOf([] { sql("select /* *{} 1", QString("/ 2,")); }).number(), 102);
+    // a doubled bracket belongs to the name, and so does the quote behind it
+    EXPECT_EQ(errorOf([] { sql("select [a]]'{}'] from t", QString("x")); }).number(), 102);
+    EXPECT_EQ(sql("select [a]]'] from t where b = '{}'", QString("x")).text(),
+              "select [a]]'] from t where b = 'x'");
 }
 
 TEST(QueryTemplate, ReplacesItsPlaceHolders) {

@@ -33,7 +33,7 @@ class FlexGridFitTest : public testing::Test {
     void bind(const QString& columns, const Cells& rows, ado::DataType lastType = ado::DataType::Text) {
         auto provider = std::make_unique<tests::ScriptedProvider>();
         ado::Result result = tests::ScriptedProvider::rowsOf(columns, rows);
-        result.rows.columns.back().type = lastType;
+        result.rows.columns.edit().back().type = lastType;
         provider->answer(QStringLiteral("list"), result);
         ado::Connection connection;
         connection.Open(std::move(provider), QStringLiteral("test"));

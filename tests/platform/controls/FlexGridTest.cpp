@@ -560,6 +560,28 @@ TEST_F(FlexGridTest, TheEmptyTextStandsOnlyInAnEmptyGrid) {
     EXPECT_EQ(plain, grid->grab().toImage());
 }
 
+TEST_F(FlexGridTest, WhatWasSetBeforeItIsSeenStandsInItsPlace) {
+    grid->hide();
+    show();
+    grid->setRows(200);
+    grid->setCurrentCell(150, 1);
+    grid->show();
+    const QRect cell = grid->shownCellRect(150, 1).translated(-grid->pos());
+    EXPECT_TRUE(grid->viewport()->geometry().contains(cell));
+    EXPECT_EQ(grid->viewport()->y(), grid->horizontalHeader()->geometry().bottom() + 1);
+    EXPECT_EQ(grid->viewport()->x(), grid->verticalHeader()->geometry().right() + 1);
+    EXPECT_GT(grid->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(FlexGridTest, TellsACellsPlaceBeforeItIsSeen) {
+    fill();
+    grid->resize(600, 300);
+    const QRect unseen = grid->cellRect(2, 2).translated(-grid->pos());
+    EXPECT_EQ(grid->viewport()->y(), grid->horizontalHeader()->geometry().bottom() + 1);
+    EXPECT_GT(unseen.y(), grid->horizontalHeader()->height());
+    EXPECT_GT(unseen.x(), grid->verticalHeader()->width());
+}
+
 TEST_F(FlexGridTest, TheCurrentCellShowsItsFocus) {
     fill();
     show();

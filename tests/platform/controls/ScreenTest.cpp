@@ -6,6 +6,7 @@
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ErrorRecorder.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -80,6 +81,18 @@ TEST(Screen, LoadsOnceAndUnloadsOnce) {
     EXPECT_TRUE(screen.Unload());
     EXPECT_EQ(screen.calls, QStringList({"load", "query", "unload"}));
     EXPECT_TRUE(Screen::openScreens().empty());
+}
+
+TEST(Screen, TheKeysGoBackToTheScreenBelowWhereTheDesktopGivesThemToNobody) {
+    Patient below;
+    Patient above;
+    below.Show();
+    tests::runModal([&] { above.ShowModal(); }, {[&](QWidget&) {
+                        above.Unload();
+                        QApplication::setActiveWindow(nullptr);
+                    }});
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(below.isActiveWindow());
 }
 
 TEST(Screen, ACallerMayLoadItFirst) {
@@ -362,6 +375,7 @@ class Page : public Screen {
         const QRect place(widget.mapTo(this, QPoint()), widget.size());
         return widget.isVisible() && rect().contains(place) && !widget.visibleRegion().isEmpty();
     }
+    using Screen::growTo;
     HeaderBand* band;
     QGroupBox* sides[2];
     QPushButton* cmdSave;
@@ -383,6 +397,28 @@ TEST(Screen, WhatIsScrolledLiesBetweenTheBandAndTheCommands) {
     area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
     EXPECT_TRUE(screen.isSeen(*screen.band));
     EXPECT_TRUE(screen.isSeen(*screen.cmdSave));
+    const auto& lastField = *area.findChildren<QLineEdit*>().last();
+    EXPECT_EQ(lastField.mapTo(&screen, QPoint(lastField.width(), 0)).x(),
+              area.verticalScrollBar()->mapTo(&screen, QPoint()).x())
+        << "the bar stands in the page's margin";
+    screen.Unload();
+}
+
+TEST(Screen, WhatIsShownMeanwhileIsScrolledToo) {
+    Page screen(3);
+    screen.sides[0]->hide();
+    screen.Show();
+    EXPECT_EQ(screen.findChild<QScrollArea*>(), nullptr);
+    screen.sides[0]->show();
+    for (const int height : {900, 1200}) { // then it is scrolled already
+        screen.sides[0]->setMinimumHeight(height);
+        screen.growTo(screen.height());
+        QCoreApplication::processEvents();
+        EXPECT_LE(screen.height(), 768 - 48);
+        EXPECT_TRUE(screen.isSeen(*screen.band));
+        EXPECT_TRUE(screen.isSeen(*screen.cmdSave));
+        EXPECT_EQ(screen.sides[0]->height(), height);
+    }
     screen.Unload();
 }
 

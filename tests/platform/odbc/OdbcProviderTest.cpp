@@ -61,7 +61,7 @@ class OdbcProviderTest : public testing::Test {
     static FakeAnswer rows(const QString& columns, const std::vector<std::vector<base::Value>>& values,
                            ado::DataType type = ado::DataType::Text) {
         ado::Result result = ScriptedProvider::rowsOf(columns, values);
-        for (ado::Column& column : result.rows.columns)
+        for (ado::Column& column : result.rows.columns.edit())
             column.type = type;
         return {{result}, std::nullopt};
     }
@@ -198,7 +198,7 @@ TEST_F(OdbcProviderTest, ReadsEachType) {
     const ado::DataType types[] = {ado::DataType::Integer, ado::DataType::Double,   ado::DataType::Money,
                                    ado::DataType::Bit,     ado::DataType::DateTime, ado::DataType::Text};
     for (std::size_t i = 0; i < std::size(types); ++i)
-        result.rows.columns[i].type = types[i];
+        result.rows.columns.edit()[i].type = types[i];
     answers = {{{result}, std::nullopt}};
     open();
     for (const int textSize : {0, 30}) {

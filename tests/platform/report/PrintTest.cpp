@@ -4,6 +4,8 @@
 #include "tests/platform/report/Bench.h"
 
 #include <QFile>
+#include <QPageLayout>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QRegularExpression>
 
@@ -91,6 +93,38 @@ TEST_F(PrintTest, LetterStandsOrLies) {
                         .contains(QRegularExpression(QStringLiteral("Page size: +%1").arg(points))))
             << points;
     }
+}
+
+TEST_F(PrintTest, APrinterGetsThePaperAsItLies) {
+    const QByteArray xml = tests::definitionOf(inside).replace("width=\"100mm\" height=\"100mm\"",
+                                                               "width=\"11in\" height=\"8.5in\"");
+    server.lines = tests::ScriptedProvider::rowsOf("A", {{"x"}});
+    const auto document = report::Report::open(folder.write("letter.RPT", xml), server.logOn())->run();
+    QPrinter printer;
+    printer.setOutputFileName(folder.path("letter.pdf"));
+    EXPECT_TRUE(report::printPages(*document, printer, 1, 1));
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::Letter);
+}
+
+TEST_F(PrintTest, APrinterThatTakesNoJobIsTold) {
+    const auto document = tests::laidOut(inside, "A", {{"x"}});
+    QPrinter printer;
+    printer.setOutputFileName(folder.path("no/such/folder/out.pdf"));
+    const base::RunTimeError error = tests::raised([&] { report::printPages(*document, printer, 1, 1); });
+    EXPECT_EQ(error.number(), 75);
+    EXPECT_TRUE(error.description().contains("the printer does not take the job"));
+}
+
+TEST_F(PrintTest, AJobThatIsGivenUpEndsAtItsPage) {
+    const auto document = tests::laidOut(inside, "A", tests::Cells(20, {"x"}));
+    ASSERT_GT(document->pageCount(), 2);
+    QPrinter printer;
+    printer.setOutputFileName(folder.path("given-up.pdf"));
+    int told = 0;
+    EXPECT_FALSE(report::printPages(*document, printer, 1, document->pageCount(),
+                                    [&](const report::Progress&) { return ++told < 2; }));
+    EXPECT_EQ(told, 2);
 }
 
 TEST_F(PrintTest, APathThatCannotBeWrittenRaises) {

@@ -1,13 +1,17 @@
 // The viewer while a report is still being read.
 #include "platform/report/viewer/Viewer.h"
 
+#include "platform/controls/screen/Connect.h"
 #include "tests/platform/report/Mill.h"
 #include "tests/support/screens/ErrorRecorder.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintDialog>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
@@ -90,6 +94,25 @@ TEST_F(ViewerRunTest, PagesAreTurnedWhileMoreAreRead) {
     key(Qt::Key_End, Qt::ControlModifier);
     EXPECT_EQ(viewer->pages()->currentPage(), viewer->document()->pageCount() - 1);
     EXPECT_TRUE(viewer->exportTo(folder.path("whole.pdf")));
+}
+
+TEST_F(ViewerRunTest, APrintThatWasAskedForWaitsForTheLastPage) {
+    openHalf();
+    int asked = 0;
+    QTimer answer;
+    controls::on(&answer, &QTimer::timeout, viewer.get(), [&] {
+        if (auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget())) {
+            EXPECT_FALSE(viewer->isRunning());
+            ++asked;
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        }
+    });
+    answer.start(0);
+    viewer->print();
+    EXPECT_EQ(asked, 0);
+    finish();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked > 0; }));
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(ViewerRunTest, EscapeStopsAndWhatIsThereStaysReadable) {

@@ -80,6 +80,28 @@ struct ViewerTest : testing::Test {
         QTimer::singleShot(0, drive);
         key(Qt::Key_E, Qt::ControlModifier);
     }
+    /// Ctrl+P into a file with that choice of pages: the text that is printed.
+    QString printed(const char* choice, const std::function<void(QPrintDialog&)>& drive = {}) {
+        const tests::Folder folder;
+        viewer.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+            auto* file = dialog->findChild<QLineEdit*>("filename");
+            ASSERT_TRUE(file);
+            file->setFocus();
+            file->selectAll();
+            QTest::keyClicks(file, folder.path("printed.pdf"));
+            QTest::keyClick(dialog->findChild<QRadioButton*>(choice), Qt::Key_Space);
+            if (drive)
+                drive(*dialog);
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+        key(Qt::Key_P, Qt::ControlModifier);
+        return tests::toolOutput("pdftotext", {folder.path("printed.pdf"), "-"});
+    }
     int percent() { return qRound(viewer.pages()->zoom() * 100); }
 
     report::Viewer viewer;
@@ -261,34 +283,27 @@ TEST_F(ViewerTest, TheTreeIsWorkedByKeys) {
 }
 
 TEST_F(ViewerTest, PrintAsksTheSystemAndPrintsThePagesAskedFor) {
-    const tests::Folder folder;
     QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
     key(Qt::Key_P, Qt::ControlModifier);
-    viewer.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
-    QTimer::singleShot(0, [&] {
-        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(dialog);
-        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
-        auto* file = dialog->findChild<QLineEdit*>("filename");
-        ASSERT_TRUE(file);
-        file->setFocus();
-        file->selectAll();
-        QTest::keyClicks(file, folder.path("printed.pdf"));
-        QTest::keyClick(dialog->findChild<QRadioButton*>("printRange"), Qt::Key_Space);
+    const QString text = printed("printRange", [](QPrintDialog& dialog) {
         for (const auto& [name, page] : {std::pair("from", "2"), std::pair("to", "3")}) {
-            auto* spin = dialog->findChild<QSpinBox*>(name);
+            auto* spin = dialog.findChild<QSpinBox*>(name);
             spin->selectAll();
             QTest::keyClicks(spin, page);
         }
-        QTest::keyClick(dialog, Qt::Key_Return);
     });
-    key(Qt::Key_P, Qt::ControlModifier);
-    const QString text = tests::toolOutput("pdftotext", {folder.path("printed.pdf"), "-"});
     EXPECT_FALSE(text.contains("line 7\n"));
     EXPECT_TRUE(text.contains("line 8\n")) << qPrintable(text);
     EXPECT_TRUE(text.contains("line 23\n"));
     EXPECT_FALSE(text.contains("line 24\n"));
+}
+
+TEST_F(ViewerTest, PrintsThePageInFront) {
+    viewer.pages()->goTo(1);
+    const QString text = printed("printCurrentPage");
+    EXPECT_FALSE(text.contains("line 7\n"));
+    EXPECT_TRUE(text.contains("line 8\n")) << qPrintable(text);
+    EXPECT_FALSE(text.contains("line 16\n"));
 }
 
 TEST_F(ViewerTest, AReportWithoutGroupsShowsNoTree) {

@@ -42,7 +42,7 @@ struct XlsxTest : testing::Test {
     Book write(const QString& columns, const tests::Cells& cells, const report::SheetHeading& heading = {}) {
         ado::Rows rows = tests::ScriptedProvider::rowsOf(columns, cells).rows;
         if (money >= 0)
-            rows.columns[std::size_t(money)].type = ado::DataType::Money;
+            rows.columns.edit()[std::size_t(money)].type = ado::DataType::Money;
         EXPECT_TRUE(report::exportXlsx(report::HeldRows(rows), heading, book.path));
         return book;
     }
@@ -223,6 +223,13 @@ TEST_F(XlsxTest, NoRowsAndNoColumnsMakeASheetNevertheless) {
     EXPECT_TRUE(book.sheet().contains("<sheetData"));
 }
 
+TEST_F(XlsxTest, ATitleTooLongForASheetsNameIsCutThere) {
+    const QString sheet =
+        write("Exam", {{"GFR"}}, {{}, {}, "Readers Fee and Doctor's Commision by Payment", {}}).sheet();
+    EXPECT_EQ(valueOf(sheet, "A1"), "Readers Fee and Doctor's Commision by Payment");
+    EXPECT_TRUE(book.part("xl/workbook.xml").contains("<sheet name=\"Readers Fee and Doctors Commisi\""));
+}
+
 TEST_F(XlsxTest, RowsBeyondOneSheetGoOnOnTheNext) {
     const CountedRows rows(report::mostSheetRows + 5);
     EXPECT_TRUE(report::exportXlsx(rows, {{}, {}, "All", {}}, book.path));
@@ -267,7 +274,8 @@ TEST_F(XlsxTest, ADiskThatIsFullRaises75AndKeepsTheFileThatWasThere) {
     const QString path = folder.path("full.xlsx");
     ASSERT_TRUE(report::exportRows(rows, {}, path));
     const qint64 whole = QFile(path).size();
-    for (const qint64 room : {qint64(0), whole / 4, whole / 2, whole - 100, whole - 1}) {
+    // twice: there is room for the workbook, but not for its rows before they are packed
+    for (const qint64 room : {qint64(0), whole / 4, whole / 2, whole - 100, whole - 1, 2 * whole}) {
         folder.write("full.xlsx", "before");
         EXPECT_EQ(tests::raised([&] {
                       const tests::FullDisk full(room);

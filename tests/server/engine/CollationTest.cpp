@@ -67,6 +67,22 @@ TEST(Collation, isAnOrder) {
     }
 }
 
+TEST(Collation, whatBothBeginWithDecidesNothing) {
+    std::mt19937 random(20261123);
+    const std::string begun = "C0012345J NUÑEZ 0123456789";
+    for (int i = 0; i < 100'000; ++i) {
+        const std::string a = "x" + anyText(random);
+        const std::string b = "x" + anyText(random);
+        const std::string prefix = begun.substr(0, random() % begun.size());
+        if ((static_cast<unsigned char>(begun[prefix.size()]) & 0xC0) == 0x80)
+            continue; // in the middle of a letter
+        EXPECT_EQ(compareTexts(prefix + a, prefix + b), compareTexts(a, b)) << prefix << " " << a << " " << b;
+    }
+    EXPECT_LT(compareTexts("01234567PENA", "01234567PEÑA"), 0);
+    EXPECT_EQ(compareTexts("01234567pena  ", "01234567PENA"), 0);
+    EXPECT_LT(compareTexts("PEÑA 01234567 A", "PEÑA 01234567 B"), 0);
+}
+
 TEST(Collation, whatAPatternFindsLiesBetweenItsBounds) {
     std::mt19937 random(20261122);
     int found = 0;

@@ -252,6 +252,20 @@ INSERT INTO tbStep VALUES (1)
     EXPECT_EQ(rows("SELECT Id FROM tbStep"), "1");
 }
 
+TEST_F(Procedure, aCallGoesToWhatStandsThereNow) {
+    install("CREATE PROCEDURE sp_Inner AS SELECT 1\nGO\nCREATE PROCEDURE sp_Outer AS EXEC sp_Inner");
+    EXPECT_EQ(rows("sp_Outer"), "1");
+    run("ALTER PROCEDURE sp_Inner AS SELECT 2");
+    EXPECT_EQ(rows("sp_Outer"), "2");
+    run("DROP PROCEDURE sp_Inner");
+    EXPECT_EQ(error("sp_Outer"), "2812: Could not find stored procedure 'sp_Inner'.");
+    run("CREATE PROCEDURE sp_Inner AS SELECT 3");
+    EXPECT_EQ(error("DECLARE @i int = 0 WHILE @i < 2 BEGIN EXEC sp_Inner IF @i = 0 DROP PROCEDURE sp_Inner "
+                    "SET @i = @i + "
+                    "1 END"),
+              "2812: Could not find stored procedure 'sp_Inner'.");
+}
+
 TEST_F(Procedure, functionsGiveValues) {
     install(R"(
 CREATE TABLE tbRate (Id varchar(10) NOT NULL PRIMARY KEY, Rate money NULL)

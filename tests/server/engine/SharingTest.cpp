@@ -3,6 +3,7 @@
 #include "tests/support/core/FullDisk.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 
 #include <sqlite3.h>
@@ -133,6 +134,21 @@ TEST(Sharing, aWaitEndsWhenItsTimeIsOver) {
     EXPECT_GE(timer.elapsed(), allowed);
     EXPECT_LT(timer.elapsed(), allowed * 5 / 4) << "sleeps were counted, which take longer than they say";
     EXPECT_EQ(told, std::vector<int>{1});
+}
+
+/// Four that save without a pause: the log is written into the file meanwhile, and begun anew.
+TEST(Sharing, theLogStaysShortWhileAllSave) {
+    Hospital hospital;
+    hospital.install(QStringLiteral("CREATE TABLE tbFilm (Film varchar(max) NOT NULL)"));
+    constexpr int saves = 120;
+    onWorkstations(hospital, 4, [](engine::EmbeddedProvider& provider) {
+        const QString film(100'000, u'x');
+        for (int i = 0; i < saves; ++i)
+            provider.execute(QStringLiteral("INSERT INTO tbFilm VALUES ('%1')").arg(film));
+    });
+    EXPECT_EQ(hospital.expression(QStringLiteral("(SELECT COUNT(*) FROM tbFilm)")), QStringLiteral("480"));
+    EXPECT_LT(QFileInfo(hospital.file() + QStringLiteral("-wal")).size(), 40'000'000)
+        << "of 48 million that were written";
 }
 
 TEST(Transaction, isRolledBackWhole) {

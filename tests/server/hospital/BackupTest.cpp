@@ -3,6 +3,7 @@
 #include "platform/base/Error.h"
 #include "server/engine/EmbeddedProvider.h"
 #include "server/hospital/Create.h"
+#include "tests/support/core/Raised.h"
 
 #include <QDir>
 #include <QFile>
@@ -172,11 +173,38 @@ TEST_F(Backup, ADamagedCopyNeverReplacesAGoodHospital) {
         else
             damaged.replace(at, page, QByteArray(page, 'x'));
         write(m_copy, damaged);
-        EXPECT_EQ(errorOf([&] { hospital::restoreHospital(m_copy, m_file, Existing::Replace); }), 321)
-            << "page " << at / page;
+        const base::RunTimeError error =
+            tests::raised([&] { hospital::restoreHospital(m_copy, m_file, Existing::Replace); });
+        EXPECT_EQ(error.number(), 321) << "page " << at / page;
+        EXPECT_TRUE(error.description().contains(m_copy))
+            << "it is found before a desk can read it: " << error.description().toStdString();
         EXPECT_EQ(titleIn(m_file), QStringLiteral("GOOD"));
         EXPECT_EQ(besides(), QStringList());
     }
+}
+
+TEST_F(Backup, WhatWasCutOffIsNotInTheWay) {
+    const QString cutOff = QStringLiteral("half a copy");
+    write(m_copy + QStringLiteral(".new"), cutOff.toLatin1());
+    hospital::backupHospital(m_file, m_copy, Existing::Refuse);
+    EXPECT_EQ(titleIn(m_copy), QString());
+    write(m_file + QStringLiteral(".new"), cutOff.toLatin1());
+    hospital::restoreHospital(m_copy, m_file, Existing::Replace);
+    EXPECT_EQ(titleIn(m_file), QString());
+    EXPECT_EQ(besides(), QStringList());
+}
+
+TEST_F(Backup, OfADamagedHospitalNoCopyIsMade) {
+    hospital::backupHospital(m_file, m_copy, Existing::Refuse);
+    const QByteArray former = contents(m_copy).toLatin1();
+    QFile file(m_file);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    constexpr qint64 page = 4096;
+    file.seek(file.size() / page / 2 * page);
+    file.write(QByteArray(page, 'x'));
+    file.close();
+    EXPECT_EQ(errorOf([&] { hospital::backupHospital(m_file, m_copy, Existing::Replace); }), 321);
+    EXPECT_EQ(contents(m_copy).toLatin1(), former);
 }
 
 TEST_F(Backup, ACopyWhoseRowsSaySomethingElseIsNotRestored) {

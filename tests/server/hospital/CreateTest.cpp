@@ -166,6 +166,17 @@ TEST_F(EmptyHospital, IsMadeAnewWhereItsMakingWasCutOff) {
     EXPECT_TRUE(hospital::isThere(nothing.fileName()));
 }
 
+TEST_F(EmptyHospital, WhatACutOffMakingLeftIsNeitherTakenNorInTheWay) {
+    const QString left = m_file + QStringLiteral(".new");
+    hospital::createEmptyHospital(left);
+    engine::EmbeddedProvider::open(left, {})->execute(
+        QStringLiteral("UPDATE PATIENT_DATA..tbHospitalInfo SET Title = 'CUT OFF'"));
+    hospital::createEmptyHospital(m_file);
+    EXPECT_FALSE(QFile::exists(left));
+    EXPECT_EQ(number(*open(), "SELECT COUNT(*) FROM PATIENT_DATA..tbHospitalInfo WHERE Title = 'CUT OFF'"),
+              0);
+}
+
 TEST_F(EmptyHospital, NeverTakesThePlaceOfAnotherFile) {
     QFile letter(m_folder.filePath(QStringLiteral("letter")));
     ASSERT_TRUE(letter.open(QIODevice::WriteOnly));

@@ -6,7 +6,7 @@ ado::Result ScriptedProvider::rowsOf(const QString& columns,
                                      const std::vector<std::vector<base::Value>>& rows) {
     ado::Result result;
     for (const QString& name : columns.split(u','))
-        result.rows.columns.push_back({name, ado::DataType::Text, {}, {}});
+        result.rows.columns.edit().push_back({name, ado::DataType::Text, {}, {}});
     for (const auto& row : rows)
         result.rows.values.insert(result.rows.values.end(), row.begin(), row.end());
     return result;

@@ -13,7 +13,7 @@ namespace {
 ado::Result fileRows(engine::EmbeddedProvider& provider, const QString& columns, const QString& query) {
     ado::Result result;
     for (const QString& name : columns.split(u','))
-        result.rows.columns.push_back({name, ado::DataType::Text, {}, {}});
+        result.rows.columns.edit().push_back({name, ado::DataType::Text, {}, {}});
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(provider.handle(), query.toUtf8().constData(), -1, &statement, nullptr);
     while (sqlite3_step(statement) == SQLITE_ROW) {

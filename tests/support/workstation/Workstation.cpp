@@ -9,29 +9,18 @@
 #include "session/logon/HospitalServer.h"
 #include "session/logon/OdbcServer.h"
 #include "session/logon/clsCurrentUser.h"
+#include "tests/support/workstation/PowerCut.h"
 
+#include <QElapsedTimer>
 #include <QTextStream>
 
+#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 
 namespace tests {
 
 namespace {
-
-/// Ends the process, with nothing closed or flushed, when the step's turn comes.
-class PowerCut : public ado::Observer {
-  public:
-    explicit PowerCut(int& stepsLeft) : m_left(stepsLeft) {}
-    void beforeStatement(const QString&, ado::StatementKind) override { count(); }
-    void transactionStep(ado::TransactionStep) override { count(); }
-
-  private:
-    void count() {
-        if (--m_left == 0)
-            std::_Exit(Workstation::died);
-    }
-    int& m_left;
-};
 
 bool logOn(const QString& file) {
     session::setHospitalFile(file);
@@ -54,7 +43,10 @@ void Workstation::say(const QString& line) {
 void Workstation::save(const std::function<void()>& body) {
     PowerCut cut(m_stepsLeft);
     session::gConnection->addObserver(&cut);
+    QElapsedTimer clock;
+    clock.start();
     body();
+    m_longest = std::max(m_longest, clock.elapsed());
     session::gConnection->removeObserver(&cut);
 }
 
@@ -75,6 +67,7 @@ int Workstation::run(int argc, char** argv, const std::function<void(Workstation
     workstation.m_stepsLeft = argc > 3 ? std::atoi(argv[3]) : 0;
     for (int saves = std::atoi(argv[2]); saves > 0; --saves)
         work(workstation);
+    std::fprintf(stderr, "longest %lld ms\n", static_cast<long long>(workstation.m_longest));
     session::forgetSession();
     return 0;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/workstation/PowerCut.h"
+
 #include <QString>
 
 #include <functional>
@@ -14,10 +16,10 @@ namespace tests {
 class Workstation {
   public:
     /// The exit code of a workstation that died.
-    static constexpr int died = 77;
+    static constexpr int died = PowerCut::died;
 
     /// Returns the exit code; a run-time error is said, and ends the process with 1. A box is said and
-    /// answered with OK.
+    /// answered with OK. What the longest save took is said on the standard error in the end.
     static int run(int argc, char** argv, const std::function<void(Workstation&)>& work);
 
     void say(const QString& line);
@@ -26,6 +28,7 @@ class Workstation {
 
   private:
     int m_stepsLeft = 0;
+    qint64 m_longest = 0; ///< milliseconds
 };
 
 } // namespace tests
