@@ -1,5 +1,6 @@
 ; The installer. It is given by packaging/windows/build: VERSION, FOLDER (what is installed), LISTS (two files: what the
 ; uninstaller takes away), TARGET (the installer's own file).
+!include LogicLib.nsh
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -20,6 +21,24 @@ UninstallIcon "${ICON}"
 
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Visual Scintra"
 
+; Windows writes in no library that is loaded: nothing is begun while a program runs, for it would be left half done.
+!macro WaitUntilClosed FOLDER
+    ${Do}
+        ${IfNot} ${FileExists} "${FOLDER}\Qt6Core.dll"
+            ${Break}
+        ${EndIf}
+        ClearErrors
+        FileOpen $1 "${FOLDER}\Qt6Core.dll" a
+        ${IfNot} ${Errors}
+            FileClose $1
+            ${Break}
+        ${EndIf}
+        MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Visual Scintra is open on this computer. Close it, and its tools, then try again." \
+            /SD IDCANCEL IDRETRY +2
+        Abort "Visual Scintra is open."
+    ${Loop}
+!macroend
+
 Page directory
 Page instfiles
 UninstPage uninstConfirm
@@ -28,6 +47,15 @@ UninstPage instfiles
 Section
     SetShellVarContext all
     SetRegView 64
+    ; what an earlier one installed goes first, so that no library of it stays
+    ReadRegStr $0 HKLM "Software\Visual Scintra" "Folder"
+    ${If} $0 != ""
+    ${AndIf} ${FileExists} "$0\uninstall.exe"
+        !insertmacro WaitUntilClosed "$0"
+        ExecWait '"$0\uninstall.exe" /S _?=$0'
+        Delete "$0\uninstall.exe"
+        RMDir "$0"
+    ${EndIf}
     SetOutPath "$INSTDIR"
     File /r "${FOLDER}/*"
     WriteUninstaller "$INSTDIR\uninstall.exe"
@@ -49,6 +77,7 @@ SectionEnd
 Section Uninstall
     SetShellVarContext all
     SetRegView 64
+    !insertmacro WaitUntilClosed "$INSTDIR"
     !include "${LISTS}/files.nsh"
     Delete "$INSTDIR\uninstall.exe"
     !include "${LISTS}/folders.nsh"
