@@ -2,6 +2,7 @@
 
 #include "platform/controls/look/Look.h"
 
+#include <QFileDialog>
 #include <QStyleFactory>
 
 namespace controls {
@@ -51,6 +52,13 @@ QIcon iconOf(QStyle::StandardPixmap sign) {
 } // namespace
 
 HouseStyle::HouseStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+/// Del on a folder there would delete it with all that is in it.
+void HouseStyle::polish(QWidget* widget) {
+    if (auto* dialog = qobject_cast<QFileDialog*>(widget))
+        dialog->setOption(QFileDialog::ReadOnly);
+    QProxyStyle::polish(widget);
+}
 
 QIcon HouseStyle::standardIcon(StandardPixmap sign, const QStyleOption* option, const QWidget* widget) const {
     const QIcon own = iconOf(sign);

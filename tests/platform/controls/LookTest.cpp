@@ -12,18 +12,23 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QHelpEvent>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -138,6 +143,31 @@ TEST(Look, TheDialogsOfTheToolKitWearTheHousesIcons) {
     EXPECT_FALSE(style.standardIcon(QStyle::SP_TitleBarCloseButton).isNull())
         << "what the house does not draw";
     EXPECT_FALSE(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons));
+}
+
+TEST(Look, NothingIsDeletedWhereAFileIsSaved) {
+    const QTemporaryDir folder;
+    const QDir inside(folder.filePath(QStringLiteral("ours")));
+    ASSERT_TRUE(inside.mkpath(QStringLiteral("deeper")));
+    QFileDialog dialog(nullptr, QStringLiteral("Export"), folder.path());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setViewMode(QFileDialog::Detail);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    ASSERT_TRUE(list);
+    ASSERT_TRUE(QTest::qWaitFor([list] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+    QTimer answer; // yes to whatever is asked
+    QObject::connect(&answer, &QTimer::timeout, &answer, [] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            QTest::keyClick(box->button(QMessageBox::Yes), Qt::Key_Space);
+    });
+    answer.start(0);
+    list->setFocus();
+    list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
+    QTest::keyClick(list, Qt::Key_Delete);
+    EXPECT_TRUE(inside.exists(QStringLiteral("deeper")));
 }
 
 TEST(Look, AnIconTakesItsColourAndIsSharpWhenScaled) {
