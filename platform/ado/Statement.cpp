@@ -136,6 +136,11 @@ class ReadBack {
     std::size_t m_next = 0;
 };
 
+/// A letter at a time: the pieces between two values are short.
+QChar* putLatin1(QChar* to, const char* begin, const char* end) {
+    return std::transform(begin, end, to, [](char letter) { return QLatin1Char(letter); });
+}
+
 /// Joins a text and remembers where the values went.
 class Joiner {
   public:
@@ -148,11 +153,10 @@ class Joiner {
     void addText(View text) {
         m_text += text;
     }
-    /// Latin-1, a letter at a time: the pieces between two values are short.
     void addText(const char* begin, const char* end) {
         const qsizetype at = m_text.size();
         m_text.resize(at + (end - begin));
-        std::transform(begin, end, m_text.begin() + at, [](char letter) { return QLatin1Char(letter); });
+        putLatin1(m_text.data() + at, begin, end);
     }
     void addValue(const QString& value) {
         m_values.push_back({m_text.size(), m_text.size() + value.size(), value});
@@ -214,10 +218,6 @@ bool isPlainIn(const PatternHole& hole, const QString& value) {
         return !value.isEmpty() && value[0].isDigit() && isNumber(value);
     return std::none_of(value.begin(), value.end(),
                         [](QChar c) { return c == u'\'' || c == u'\\' || c.isNull(); });
-}
-
-QChar* putLatin1(QChar* to, const char* begin, const char* end) {
-    return std::transform(begin, end, to, [](char letter) { return QLatin1Char(letter); });
 }
 
 } // namespace
