@@ -16,6 +16,22 @@ bool isHeldEnter(const QKeyEvent& event) {
     return isEnter(event) && event.isAutoRepeat();
 }
 
+bool movesInTable(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool typesText(const QKeyEvent& event) {
     if (event.text().isEmpty())
         return false;

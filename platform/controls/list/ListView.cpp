@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "platform/controls/fields/Keys.h"
+#include "platform/controls/look/EmptyText.h"
 #include "platform/controls/look/Look.h"
 
 #include <QHeaderView>
@@ -172,24 +173,14 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    switch (event->key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
+    if (movesInTable(event->key())) {
         QTreeWidget::keyPressEvent(event);
         event->accept();
         return;
-    default:
-        // No search by typing: what the list does not know is the screen's.
-        if (event->matches(QKeySequence::Copy))
-            QTreeWidget::keyPressEvent(event);
-        return;
     }
+    // No search by typing: what the list does not know is the screen's.
+    if (event->matches(QKeySequence::Copy))
+        QTreeWidget::keyPressEvent(event);
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -238,12 +229,8 @@ void ListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
 
 void ListView::paintEvent(QPaintEvent* event) {
     QTreeWidget::paintEvent(event);
-    if (!showsEmptyText())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(look::muted);
-    painter.drawText(viewport()->rect().adjusted(8, 0, -8, 0), Qt::AlignCenter | Qt::TextWordWrap,
-                     m_emptyText);
+    if (showsEmptyText())
+        paintEmptyText(*viewport(), m_emptyText);
 }
 
 } // namespace controls
