@@ -47,6 +47,7 @@ class frmMainMenu : public controls::Screen {
 
   private:
     class Pressed;
+    static constexpr int outPatientButton = 1; ///< its place in m_fltSubMenu
 
     void buildMenuBar();
     void layMainButtons();
