@@ -56,6 +56,7 @@ void Walk::step(const QString& name, Sight sight, Deed deed) {
 void Walk::picture(const QString& name, Sight sight) {
     step(QStringLiteral("picture of ") + name, std::move(sight), [this, name](QWidget& window) {
         const QString file = QStringLiteral("%1-%2.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+        QApplication::sendPostedEvents(); // what was changed last is laid out
         const QImage picture = window.grab().toImage();
         if (!picture.save(QDir(m_folder).filePath(file)))
             throw std::runtime_error("the picture cannot be written");

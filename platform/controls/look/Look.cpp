@@ -138,6 +138,8 @@ void apply(QApplication& application) {
     QApplication::setFont(houseFont());
     QApplication::setPalette(palette());
     application.setStyleSheet(styleSheet());
+    // With a sheet the tool kit gives menus and bars the desk's fonts again.
+    QApplication::setFont(QApplication::font());
     QApplication::setWindowIcon(icon(QStringLiteral("app")));
 }
 
