@@ -136,6 +136,27 @@ TEST_F(Cancellation, ALineIsReversedWhereItWasChargedWhicheverWayItIsSent) {
     EXPECT_EQ(reversals(), 1) << "the fee's alone";
 }
 
+TEST_F(Cancellation, TheLatestSlipIsListedFirstAndItsLinesInTheirOrder) {
+    log("90001", "1001", "NU");
+    log("90002", "1004", "NU");
+    log("90003", "1005", "NU");
+    // a save that ran over a second's end
+    run(QStringLiteral(
+        "UPDATE STATION..tbNurseLogBook SET RequestDate = DATEADD(second, 1, RequestDate) WHERE "
+        "RequestNum = '90002'"));
+    run(QStringLiteral(
+        "UPDATE STATION..tbNurseLogBook SET RequestDate = DATEADD(second, 2, RequestDate) WHERE "
+        "RequestNum = '90003'"));
+    EXPECT_EQ(charged("ItemID"), (QStringList{"1001", "1004", "1005"}));
+
+    run(QStringLiteral(
+        "UPDATE STATION..tbNurseLogBook SET ReferenceNum = 'C76J', RequestDate = DATEADD(minute, 1, "
+        "RequestDate) WHERE RequestNum = '90002'"));
+    const ado::Rows all = rows(QStringLiteral("sp_Nuclear_ChargesbyPatient '%1'").arg(admitted));
+    EXPECT_EQ(cell(all, 0, "RefNum"), "C76J");
+    EXPECT_EQ(cell(all, 1, "ItemID"), "1001");
+}
+
 TEST_F(Cancellation, TheLogBookSaysThatTheLineWasCancelled) {
     request("90001", "1001", "NU", "90001");
     request("90002", "40003", "UR", "7000099"); // a ward's

@@ -1,5 +1,5 @@
--- What the section charged a stay, latest first. The wards' log book holds every line: exams, fees and stock. A fee goes
--- by the doctor who asked for the rest of its slip.
+-- What the section charged a stay: the latest slip first, its lines in the order they were taken. The wards' log book
+-- holds every line: exams, fees and stock. A fee goes by the doctor who asked for the rest of its slip.
 USE NUCLEAR
 GO
 
@@ -16,5 +16,7 @@ SELECT L.ReferenceNum AS RefNum, L.RequestDate AS TransDate, L.ItemID, L.Descrip
         ORDER BY N.RequestNum) AS requestdoctorname
 FROM STATION..tbNurseLogBook L
 WHERE L.IdNum = @IdNum AND L.ReferenceNum LIKE 'C%J' AND L.RecordStatus <> 'R' AND L.ItemID <> ''
-ORDER BY L.RequestDate DESC, L.LogBookID
+ORDER BY
+    (SELECT MAX(S.RequestDate) FROM STATION..tbNurseLogBook S WHERE S.ReferenceNum = L.ReferenceNum) DESC,
+    L.ReferenceNum DESC, L.LogBookID
 GO
