@@ -14,15 +14,19 @@
 namespace base {
 
 #ifdef _WIN32
-// A file that the tool kit opens for appending is written where its end was a moment ago. Who may read it is
-// what its folder, in the user's profile, says.
+// A file that the tool kit opens for appending is written where its end was a moment ago, and so is one on a
+// server: writers take turns by a lock far behind any text. Who may read it is what its folder, in the user's
+// profile, says.
 void appendToOwn(const QString& file, const QByteArray& bytes) {
     const std::wstring path = QDir::toNativeSeparators(file).toStdWString();
-    const HANDLE opened =
-        CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE opened = CreateFileW(path.c_str(), FILE_READ_DATA | FILE_APPEND_DATA,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (opened == INVALID_HANDLE_VALUE)
         return;
+    OVERLAPPED turn{};
+    turn.OffsetHigh = 0x7fffffff;
+    LockFileEx(opened, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &turn);
     DWORD written = 0;
     WriteFile(opened, bytes.constData(), DWORD(bytes.size()), &written, nullptr);
     CloseHandle(opened);
