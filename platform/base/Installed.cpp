@@ -33,9 +33,9 @@ QString helperProgram(const QString& name) {
 
 QString ownModule(const QString& name) {
 #ifdef _WIN32
-    return besideOrIn(SCINTRA_MODULES_FROM_PROGRAM, name + QStringLiteral(".dll"));
+    return besideOrIn(SCINTRA_HELPERS_FROM_PROGRAM, name + QStringLiteral(".dll"));
 #else
-    return besideOrIn(SCINTRA_MODULES_FROM_PROGRAM, QStringLiteral("lib%1.so").arg(name));
+    return besideOrIn(SCINTRA_HELPERS_FROM_PROGRAM, QStringLiteral("lib%1.so").arg(name));
 #endif
 }
 

@@ -55,6 +55,6 @@ INSTANTIATE_TEST_SUITE_P(
     Places, Installed,
     testing::Values(Place{base::sharedFile, "/../share/visual-scintra"},
                     Place{base::helperProgram, "/../libexec/visual-scintra", "", ofAProgram},
-                    Place{base::ownModule, "/../lib/visual-scintra", beforeAModule, ofAModule}));
+                    Place{base::ownModule, "/../libexec/visual-scintra", beforeAModule, ofAModule}));
 
 } // namespace
