@@ -31,4 +31,12 @@ QString helperProgram(const QString& name) {
 #endif
 }
 
+QString ownModule(const QString& name) {
+#ifdef _WIN32
+    return besideOrIn(SCINTRA_HELPERS_FROM_PROGRAM, name + QStringLiteral(".dll"));
+#else
+    return besideOrIn(SCINTRA_HELPERS_FROM_PROGRAM, QStringLiteral("lib%1.so").arg(name));
+#endif
+}
+
 } // namespace base

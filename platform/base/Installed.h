@@ -12,4 +12,7 @@ QString sharedFile(const QString& name);
 /// of helpers; where it is in neither, the place beside the program.
 QString helperProgram(const QString& name);
 
+/// A library of ours that the program loads when it needs it ("scintra-print"), sought as a helper is.
+QString ownModule(const QString& name);
+
 } // namespace base

@@ -10,7 +10,7 @@ namespace base {
 class LateLibrary {
   public:
     /// `need` is the part, in the plural, for the words of the error: "Workbooks". Raises `error` when there
-    /// is no library of that name and version.
+    /// is no library of that name and version; a path stands for one of our own, which has none (-1).
     LateLibrary(int error, QString need, const QString& name, int version);
 
     /// Raises the error when the library has no function of that name.

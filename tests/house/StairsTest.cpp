@@ -36,6 +36,7 @@ Stairs programStairs() {
         {"platform/odbc", core},
         {"platform/controls", core},
         {"platform/report", core + QStringList{"platform/controls"}},
+        {"platform/print", {"platform/report"}},
         {"platform/agent", core + QStringList{"platform/controls"}},
         {"platform/voice", {}},
         {"server/engine", core},

@@ -137,6 +137,17 @@ TEST(Packaging, TheCatalogueEntryIsWholeAndOfThisVersion) {
     EXPECT_TRUE(contents(packaging + "changelog").startsWith("visual-scintra (" + built + ") "));
 }
 
+/// Each of them would make every start longer.
+TEST(Packaging, WhatIsLoadedLateIsNotLinked) {
+    QProcess ldd;
+    ldd.start("ldd", {programPath("visual-scintra")});
+    EXPECT_TRUE(ldd.waitForFinished());
+    const QString linked = QString::fromUtf8(ldd.readAllStandardOutput());
+    EXPECT_TRUE(linked.contains("libQt6Widgets"));
+    for (const char* late : {"libQt6PrintSupport", "libsqlite3", "libodbc", "libxlsxwriter"})
+        EXPECT_FALSE(linked.contains(QLatin1StringView(late))) << late;
+}
+
 /// As it is installed: nothing lies beside the program.
 TEST(Packaging, AnInstalledToolFindsTheReports) {
     const QTemporaryDir folder;

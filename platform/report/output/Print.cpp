@@ -2,16 +2,16 @@
 
 #include "platform/report/Report.h"
 #include "platform/report/output/PagePainter.h"
+#include "platform/report/output/PrintSystem.h"
 #include "platform/report/output/SaveFile.h"
 #include "platform/report/viewer/ParameterPrompt.h"
 #include "platform/report/viewer/ProgressBox.h"
 
 #include <QApplication>
 #include <QPageLayout>
+#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -55,13 +55,13 @@ std::unique_ptr<PrintTarget>& target() {
 } // namespace
 
 bool DefaultPrinter::isReady() const {
-    return !QPrinterInfo::defaultPrinter().isNull();
+    return printSystem().hasDefaultPrinter();
 }
 
 void DefaultPrinter::print(const PageDocument& document) {
-    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+    const std::unique_ptr<Printer> printer = printSystem().defaultPrinter();
     ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));
-    printPages(document, printer, 1, document.pageCount(), box.call());
+    printPages(document, *printer, 1, document.pageCount(), box.call());
 }
 
 void PdfFile::print(const PageDocument& document) {
@@ -94,28 +94,25 @@ bool printDirect(Report& report) {
     return true;
 }
 
-bool printPages(const PageDocument& document, QPrinter& printer, int from, int to,
+bool printPages(const PageDocument& document, Printer& printer, int from, int to,
                 const ProgressCall& progress) {
-    printer.setDocName(document.title());
-    printer.setFullPage(true);
-    printer.setPageLayout(paperOf(document));
-    printer.setFullPage(true);
+    printer.prepare(document.title(), paperOf(document));
     QPainter painter;
-    if (!painter.begin(&printer))
-        failed(printer.printerName(), QStringLiteral("the printer does not take the job"));
+    if (!painter.begin(&printer.pages()))
+        failed(printer.name(), QStringLiteral("the printer does not take the job"));
     const double scale = double(printer.resolution()) / unitsPerInch;
     painter.scale(scale, scale);
     const auto nextPage = [&] {
-        if (!printer.newPage())
-            failed(printer.printerName(), QStringLiteral("the printer does not take a page"));
+        if (!printer.pages().newPage())
+            failed(printer.name(), QStringLiteral("the printer does not take a page"));
     };
     if (!paintPages(document, painter, std::max(from, 1), std::min(to, document.pageCount()), nextPage,
                     progress)) {
         printer.abort();
         return false;
     }
-    if (!painter.end() || printer.printerState() == QPrinter::Error)
-        failed(printer.printerName(), QStringLiteral("the job was not finished"));
+    if (!painter.end() || printer.hasFailed())
+        failed(printer.name(), QStringLiteral("the job was not finished"));
     return true;
 }
 

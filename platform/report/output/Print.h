@@ -5,17 +5,16 @@
 
 #include <QString>
 
-class QPrinter;
-
 namespace report {
 
+class Printer;
 class Report;
 
 /// Where direct print goes.
 class PrintTarget {
   public:
     virtual ~PrintTarget() = default;
-    /// False when there is nothing to print on.
+    /// False when there is nothing to print on. Raises 75 when this cannot be told.
     virtual bool isReady() const = 0;
     /// Raises 75 when the job cannot be made.
     virtual void print(const PageDocument& document) = 0;
@@ -51,7 +50,7 @@ bool printDirect(Report& report);
 
 /// Prints pages `from` to `to` (from 1, both included) on a printer that is set up. False when `progress`
 /// gave it up: the job is taken back where the printer allows it.
-bool printPages(const PageDocument& document, QPrinter& printer, int from, int to,
+bool printPages(const PageDocument& document, Printer& printer, int from, int to,
                 const ProgressCall& progress = {});
 
 /// Writes all pages as PDF, text as text. The file is there whole or not at all; raises 75 with the reason.

@@ -7,6 +7,7 @@
 #include "platform/report/Report.h"
 #include "platform/report/RunDriver.h"
 #include "platform/report/output/Print.h"
+#include "platform/report/output/PrintSystem.h"
 #include "platform/report/output/RowExport.h"
 #include "platform/report/viewer/FindBar.h"
 #include "platform/report/viewer/GroupTree.h"
@@ -25,8 +26,6 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QScopeGuard>
 #include <QSplitter>
 #include <QToolBar>
@@ -329,28 +328,15 @@ void Viewer::print() {
     m_printWanted = isRunning();
     if (!document() || !document()->isComplete())
         return;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(document()->title());
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
-    dialog.setMinMax(1, document()->pageCount());
     const controls::ModalLevel level;
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    controls::ErrorBoundary::throwIfStopping();
-    if (accepted)
-        printOn(printer);
-}
-
-void Viewer::printOn(QPrinter& printer) {
-    int from = 1;
-    int to = document()->pageCount();
-    if (printer.printRange() == QPrinter::CurrentPage)
-        from = to = m_pages->currentPage() + 1;
-    else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0)
-        from = printer.fromPage(), to = printer.toPage();
     try {
+        const PrintChoice choice =
+            printSystem().ask(this, document()->title(), document()->pageCount(), m_pages->currentPage() + 1);
+        controls::ErrorBoundary::throwIfStopping();
+        if (!choice.printer)
+            return;
         ProgressBox box(this, tr("Print"));
-        printPages(*document(), printer, from, to, box.call());
+        printPages(*document(), *choice.printer, choice.from, choice.to, box.call());
     } catch (const base::RunTimeError& error) {
         controls::MsgBox(error.description(), controls::vbExclamation, tr("Print"));
     }

@@ -8,7 +8,6 @@ class QAction;
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QPrinter;
 class QToolBar;
 class QVBoxLayout;
 
@@ -78,7 +77,6 @@ class Viewer : public QWidget {
     void showRun();
     void showGrowth();
     void showEnd();
-    void printOn(QPrinter& printer);
 
     PageView* m_pages;
     GroupTree* m_tree;

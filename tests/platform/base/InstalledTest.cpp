@@ -11,12 +11,17 @@ namespace {
 struct Place {
     QString (*find)(const QString& name);
     const char* folder; ///< as seen from the program
+    const char* beginning = "";
     const char* ending = "";
 };
 #ifdef _WIN32
 constexpr const char* ofAProgram = ".exe";
+constexpr const char* beforeAModule = "";
+constexpr const char* ofAModule = ".dll";
 #else
 constexpr const char* ofAProgram = "";
+constexpr const char* beforeAModule = "lib";
+constexpr const char* ofAModule = ".so";
 #endif
 
 class Installed : public testing::TestWithParam<Place> {
@@ -32,9 +37,9 @@ class Installed : public testing::TestWithParam<Place> {
     }
 
     const QString m_own = QCoreApplication::applicationDirPath();
-    const QString m_beside = m_own + "/travels-with-it" + GetParam().ending;
-    const QString m_there =
-        QDir::cleanPath(m_own + GetParam().folder + "/travels-with-it") + GetParam().ending;
+    const QString m_file = QString(GetParam().beginning) + "travels-with-it" + GetParam().ending;
+    const QString m_beside = m_own + u'/' + m_file;
+    const QString m_there = QDir::cleanPath(m_own + GetParam().folder + u'/' + m_file);
 };
 
 TEST_P(Installed, LiesBesideTheProgramElseWhereItWasInstalled) {
@@ -46,9 +51,10 @@ TEST_P(Installed, LiesBesideTheProgramElseWhereItWasInstalled) {
     EXPECT_EQ(find(), m_beside);
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, Installed,
-                         testing::Values(Place{base::sharedFile, "/../share/visual-scintra"},
-                                         Place{base::helperProgram, "/../libexec/visual-scintra",
-                                               ofAProgram}));
+INSTANTIATE_TEST_SUITE_P(
+    Places, Installed,
+    testing::Values(Place{base::sharedFile, "/../share/visual-scintra"},
+                    Place{base::helperProgram, "/../libexec/visual-scintra", "", ofAProgram},
+                    Place{base::ownModule, "/../libexec/visual-scintra", beforeAModule, ofAModule}));
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/report/output/Print.h"
 
 #include "platform/report/Report.h"
+#include "platform/report/output/PrintSystem.h"
 #include "tests/platform/report/Bench.h"
 
 #include <QFile>
@@ -40,6 +41,13 @@ class Recorder : public report::PrintTarget {
     bool m_ready;
     int& m_printed;
 };
+
+/// A printer of this computer that prints into a file.
+std::unique_ptr<report::Printer> printerInto(const QString& path) {
+    std::unique_ptr<report::Printer> printer = report::printSystem().defaultPrinter();
+    dynamic_cast<QPrinter&>(printer->pages()).setOutputFileName(path);
+    return printer;
+}
 
 struct PrintTest : testing::Test {
     ~PrintTest() override { report::setPrintTarget(QString()); }
@@ -100,18 +108,16 @@ TEST_F(PrintTest, APrinterGetsThePaperAsItLies) {
                                                                "width=\"11in\" height=\"8.5in\"");
     server.lines = tests::ScriptedProvider::rowsOf("A", {{"x"}});
     const auto document = report::Report::open(folder.write("letter.RPT", xml), server.logOn())->run();
-    QPrinter printer;
-    printer.setOutputFileName(folder.path("letter.pdf"));
-    EXPECT_TRUE(report::printPages(*document, printer, 1, 1));
-    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
-    EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::Letter);
+    const auto printer = printerInto(folder.path("letter.pdf"));
+    EXPECT_TRUE(report::printPages(*document, *printer, 1, 1));
+    EXPECT_EQ(printer->pages().pageLayout().orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(printer->pages().pageLayout().pageSize().id(), QPageSize::Letter);
 }
 
 TEST_F(PrintTest, APrinterThatTakesNoJobIsTold) {
     const auto document = tests::laidOut(inside, "A", {{"x"}});
-    QPrinter printer;
-    printer.setOutputFileName(folder.path("no/such/folder/out.pdf"));
-    const base::RunTimeError error = tests::raised([&] { report::printPages(*document, printer, 1, 1); });
+    const auto printer = printerInto(folder.path("no/such/folder/out.pdf"));
+    const base::RunTimeError error = tests::raised([&] { report::printPages(*document, *printer, 1, 1); });
     EXPECT_EQ(error.number(), 75);
     EXPECT_TRUE(error.description().contains("the printer does not take the job"));
 }
@@ -119,12 +125,32 @@ TEST_F(PrintTest, APrinterThatTakesNoJobIsTold) {
 TEST_F(PrintTest, AJobThatIsGivenUpEndsAtItsPage) {
     const auto document = tests::laidOut(inside, "A", tests::Cells(20, {"x"}));
     ASSERT_GT(document->pageCount(), 2);
-    QPrinter printer;
-    printer.setOutputFileName(folder.path("given-up.pdf"));
+    const auto printer = printerInto(folder.path("given-up.pdf"));
     int told = 0;
-    EXPECT_FALSE(report::printPages(*document, printer, 1, document->pageCount(),
+    EXPECT_FALSE(report::printPages(*document, *printer, 1, document->pageCount(),
                                     [&](const report::Progress&) { return ++told < 2; }));
     EXPECT_EQ(told, 2);
+}
+
+TEST_F(PrintTest, APrinterGetsTitleAndAllOfThePaper) {
+    const auto document = tests::laidOut(inside, "A", {{"x"}});
+    const auto printer = printerInto(folder.path("job.pdf"));
+    EXPECT_TRUE(report::printPages(*document, *printer, 1, 1));
+    EXPECT_EQ(dynamic_cast<QPrinter&>(printer->pages()).docName(), "Test");
+    EXPECT_TRUE(dynamic_cast<QPrinter&>(printer->pages()).fullPage());
+    EXPECT_TRUE(toolOutput("pdfinfo", {folder.path("job.pdf")}).contains(QRegularExpression("Title: +Test")));
+}
+
+TEST_F(PrintTest, AModuleThatIsMissingOrNoneIsNamed) {
+    const base::RunTimeError missing =
+        tests::raised([&] { report::loadPrintSystem(folder.path("libmissing.so")); });
+    EXPECT_EQ(missing.number(), 75);
+    EXPECT_EQ(missing.description(), "Printed pages need libmissing.so, which is not installed.");
+    const base::RunTimeError strange =
+        tests::raised([] { report::loadPrintSystem(QStringLiteral("libz.so.1")); });
+    EXPECT_EQ(strange.number(), 75);
+    EXPECT_TRUE(strange.description().contains("scintraPrintSystem is missing"))
+        << qPrintable(strange.description());
 }
 
 TEST_F(PrintTest, APathThatCannotBeWrittenRaises) {
