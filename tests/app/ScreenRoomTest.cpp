@@ -128,6 +128,76 @@ QStringList gridsWithoutRoom(const QWidget& window) {
     return names;
 }
 
+/// Names and numbers as the hospital's usual long ones are; a name is about thirty letters in all.
+const std::map<QString, QString> usualTexts{{"txtLname", "MONTEFALCO-UY"},
+                                            {"txtSname", "MONTEFALCO-UY"},
+                                            {"txtLastName", "MONTEFALCO-UY"},
+                                            {"txtFname", "DIVINA GRACIA"},
+                                            {"txtFirstName", "DIVINA GRACIA"},
+                                            {"txtMname", "MAGSAYSAY"},
+                                            {"txtMiddleName", "MAGSAYSAY"},
+                                            {"txtPName", "MONTEFALCO-UY, DIVINA GRACIA M."},
+                                            {"txtDoctor", "MONTEFALCO-UY, DIVINA GRACIA"},
+                                            {"txtAttendingDr", "MONTEFALCO-UY, DIVINA GRACIA"},
+                                            {"txtRequestingDr", "MONTEFALCO-UY, DIVINA GRACIA"},
+                                            {"txtHospNum", "104245"},
+                                            {"txtIdNum", "O26002095"},
+                                            {"txtDoctorID", "230"},
+                                            {"txtAge", "102"},
+                                            {"txtBDate", "09/30/1960"},
+                                            {"txtWeight", "104"},
+                                            {"txtHeight", "165"},
+                                            {"txtRoom", "ICU4"},
+                                            {"txtOrNo", "OR31023"}};
+
+/// Fields that do not show such a text whole.
+QStringList fieldsTooNarrow(const QWidget& window) {
+    QStringList names;
+    for (auto* field : window.findChildren<QLineEdit*>()) {
+        const auto usual = usualTexts.find(field->objectName());
+        if (usual == usualTexts.end() || !field->isVisible())
+            continue;
+        constexpr int besideTheText = 4; // the toolkit's own margin of two pixels on either side
+        const int room = field->contentsRect().width() - field->textMargins().left() -
+                         field->textMargins().right() - besideTheText;
+        if (field->fontMetrics().horizontalAdvance(usual->second) > room)
+            names << field->objectName();
+    }
+    return names;
+}
+
+/// Whether a part of the page between the band and the commands has to be scrolled to. At 200 % the pages of
+/// results, and a late charge over the list of the earlier ones, are higher than the desktop; none is wider.
+bool isScrolledWithoutNeed(const QWidget& window) {
+    static const QStringList high{"frmResultEntry", "frmResultEntryMPI", "frmResultEntryGFR",
+                                  "frmResultRadioImmuno", "frmReceivableEntry"};
+    const auto* area = window.findChild<QScrollArea*>(QStringLiteral("scrolledContents"));
+    const bool mayBeHigh = qApp->devicePixelRatio() > 1 && high.contains(window.objectName());
+    return area && (area->horizontalScrollBar()->maximum() > 0 ||
+                    (area->verticalScrollBar()->maximum() > 0 && !mayBeHigh));
+}
+
+/// Whether a page of results begins below what is seen of its screen when it comes up.
+bool beginsOutOfSight(const QWidget& window) {
+    const auto* technical = window.findChild<QWidget*>(QStringLiteral("grpTechnical"));
+    return technical && technical->visibleRegion().boundingRect().height() < controls::look::scaled(80);
+}
+
+/// A picture of each page of the window, in the folder that SCINTRA_PICTURES names, if it names one.
+void writePictures(QWidget& window) {
+    const QString folder = qEnvironmentVariable("SCINTRA_PICTURES");
+    if (folder.isEmpty())
+        return;
+    int page = 0;
+    tests::turnAllPages(window, [&] {
+        const QString file = QStringLiteral("%1/%2-%3-%4.png")
+                                 .arg(folder, window.objectName())
+                                 .arg(qRound(qApp->devicePixelRatio() * 100))
+                                 .arg(page++);
+        EXPECT_TRUE(window.grab().save(file)) << file.toStdString();
+    });
+}
+
 TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
     const QString screen = QString::fromLatin1(GetParam().screen);
     const QString begin = QStringLiteral("%1% %2 ").arg(qRound(qApp->devicePixelRatio() * 100)).arg(screen);
@@ -135,6 +205,7 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
     GetParam().open([&](QWidget& window) {
         looked = true;
         EXPECT_EQ(window.objectName(), screen);
+        writePictures(window);
         EXPECT_EQ(unpartedHelp(window), QStringList());
         QStringList left = known.filter(QRegularExpression(u'^' + QRegularExpression::escape(begin)));
         for (const QString& found : whatIsOutOfReach(window)) {
@@ -144,6 +215,9 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
         EXPECT_EQ(labelsInAnotherColour(window), QStringList());
         EXPECT_EQ(numbersAtTheLeft(window), QStringList());
         EXPECT_EQ(gridsWithoutRoom(window), QStringList());
+        EXPECT_EQ(fieldsTooNarrow(window), QStringList());
+        EXPECT_FALSE(isScrolledWithoutNeed(window));
+        EXPECT_FALSE(beginsOutOfSight(window));
         const bool canDoNothing = screen == u"frmNuclearChargesBuildFile_items";
         EXPECT_EQ(silentLists(window), canDoNothing ? QStringList("Grid1") : QStringList());
         EXPECT_TRUE(left.isEmpty()) << "Found no more, and out of the list: "

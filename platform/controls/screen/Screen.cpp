@@ -7,6 +7,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -130,8 +132,40 @@ void stackRows(QWidget& screen, int room) {
                 spacer->changeSize(0, 0);
         }
         row->invalidate();
+        QEvent request(QEvent::LayoutRequest); // who lays out otherwise below than beside does it before the
+        QCoreApplication::sendEvent(row->parentWidget(), &request); // screen is measured
         for (QWidget* around = row->parentWidget(); around && around != &screen;
              around = around->parentWidget())
+            around->updateGeometry();
+    }
+    screen.layout()->activate();
+}
+
+void keepLessAround(QLayout& inside, const QMargins& most) {
+    const QMargins around = inside.contentsMargins();
+    inside.setContentsMargins(qMin(around.left(), most.left()), qMin(around.top(), most.top()),
+                              qMin(around.right(), most.right()), qMin(around.bottom(), most.bottom()));
+}
+
+/// A screen that needs more than the desktop keeps less room around and between what it holds.
+void tighten(QWidget& screen) {
+    if (QBoxLayout* column = columnOf(*screen.layout())) {
+        keepLessAround(*column, {14, 8, 14, 8});
+        column->setSpacing(qMin(column->spacing(), 4));
+    }
+    for (const QTabWidget* tabs : screen.findChildren<QTabWidget*>()) {
+        for (int page = 0; page < tabs->count(); ++page) {
+            if (QLayout* inside = tabs->widget(page)->layout())
+                keepLessAround(*inside, {8, 8, 8, 8});
+        }
+    }
+    for (QGroupBox* group : screen.findChildren<QGroupBox*>()) {
+        if (!group->layout())
+            continue;
+        keepLessAround(*group->layout(), {4, 4, 4, 0});
+        if (auto* grid = qobject_cast<QGridLayout*>(group->layout()))
+            grid->setVerticalSpacing(qMin(grid->verticalSpacing(), 5));
+        for (QWidget* around = group; around && around != &screen; around = around->parentWidget())
             around->updateGeometry();
     }
     screen.layout()->activate();
@@ -337,6 +371,8 @@ void Screen::placeOver(QWidget* opener) {
         const QSize least = minimumSizeHint();
         return layout() && (least.width() > most.width() || least.height() > most.height());
     };
+    if (isTooLarge())
+        tighten(*this);
     if (isTooLarge()) // it may be scrolled even so, by a bar at the side
         stackRows(*this, most.width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     if (isTooLarge())
