@@ -105,6 +105,8 @@ void expectNoColourToSpeakAlone(QWidget& window) {
         for (int row = 0; row < cells.rowCount(); ++row) {
             bool isColoured = false, isMarked = false;
             for (int column = 0; column < cells.columnCount(); ++column) {
+                if (grid->columnWidth(column) == 0)
+                    continue; // nobody sees its picture
                 const QModelIndex cell = cells.index(row, column);
                 isColoured = isColoured || cell.data(Qt::ForegroundRole).isValid();
                 isMarked =
