@@ -5,6 +5,7 @@
 #include "platform/controls/look/HeaderBand.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -147,6 +148,15 @@ void keepLessAround(QLayout& inside, const QMargins& most) {
                               qMin(around.right(), most.right()), qMin(around.bottom(), most.bottom()));
 }
 
+/// The room of a group that holds one list and nothing else is the list's.
+void widenLists(const QWidget& screen) {
+    for (const QGroupBox* group : screen.findChildren<QGroupBox*>()) {
+        QLayout* inside = group->layout();
+        if (inside && inside->count() == 1 && qobject_cast<QAbstractItemView*>(inside->itemAt(0)->widget()))
+            keepLessAround(*inside, {0, 4, 0, 0});
+    }
+}
+
 /// A screen that needs more than the desktop keeps less room around and between what it holds.
 void tighten(QWidget& screen) {
     if (QBoxLayout* column = columnOf(*screen.layout())) {
@@ -252,6 +262,7 @@ void Screen::load() {
         widget->ensurePolished();
     for (QTabWidget* tabs : findChildren<QTabWidget*>())
         showKinds(*tabs);
+    widenLists(*this);
     Form_Load();
     calmButtons();
 }

@@ -439,6 +439,34 @@ TEST(Screen, GroupsThatHaveNoRoomSideBySideLieOneBelowTheOther) {
     wide.Unload();
 }
 
+TEST(Screen, AGroupKeepsLessAroundItselfBeforeItsPageIsScrolled) {
+    const auto roomAround = [](int rows) {
+        Page screen(rows);
+        for (QGroupBox* side : screen.sides)
+            (new QVBoxLayout(side))->setContentsMargins(12, 12, 12, 12);
+        screen.Show();
+        const QMargins around = screen.sides[0]->layout()->contentsMargins();
+        screen.Unload();
+        return around;
+    };
+    EXPECT_EQ(roomAround(3), QMargins(12, 12, 12, 12));
+    EXPECT_EQ(roomAround(60), QMargins(4, 4, 4, 0));
+}
+
+TEST(Screen, TheRoomOfAGroupThatHoldsOneListIsTheLists) {
+    Page screen(3);
+    for (QGroupBox* side : screen.sides) {
+        auto* column = new QVBoxLayout(side);
+        column->setContentsMargins(12, 12, 12, 12);
+        column->addWidget(new FlexGrid);
+    }
+    screen.sides[1]->layout()->addWidget(new QLineEdit);
+    screen.Show();
+    EXPECT_EQ(screen.sides[0]->layout()->contentsMargins(), QMargins(0, 4, 0, 0));
+    EXPECT_EQ(screen.sides[1]->layout()->contentsMargins(), QMargins(12, 12, 12, 12));
+    screen.Unload();
+}
+
 TEST(Screen, OneThatFitsIsNot) {
     Patient screen;
     screen.Show();
