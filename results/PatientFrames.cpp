@@ -9,8 +9,10 @@ namespace results {
 
 PatientFrames::PatientFrames(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::PatientFrames>()) {
     m_ui->setupUi(this);
-    for (QToolButton* browse : {m_ui->cmdBrowse1, m_ui->cmdBrowse2})
+    for (QToolButton* browse : {m_ui->cmdBrowse1, m_ui->cmdBrowse2}) {
         browse->setIcon(controls::look::icon(QStringLiteral("search")));
+        browse->setMaximumHeight(controls::look::scaled(28)); // a field's, so that both frames' rows meet
+    }
     // The whole date beside its calendar's sign, and the whole number, whatever stands next to them.
     const auto widthOf = [this](const char* text) {
         return fontMetrics().horizontalAdvance(QLatin1String(text));

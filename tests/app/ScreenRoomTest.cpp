@@ -3,6 +3,7 @@
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/list/ListView.h"
 #include "platform/controls/look/Look.h"
+#include "results/PatientFrames.h"
 #include "session/TestDoors.h"
 #include "tests/app/RoomCheck.h"
 #include "tests/app/ScreenOpeners.h"
@@ -183,6 +184,22 @@ bool beginsOutOfSight(const QWidget& window) {
     return technical && technical->visibleRegion().boundingRect().height() < controls::look::scaled(80);
 }
 
+/// Fields of a result's two frames that stand beside each other and on different lines.
+QStringList fieldsOutOfLine(const QWidget& window) {
+    constexpr std::pair<const char*, const char*> lines[] = {
+        {"txtPName", "txtHospNum"}, {"txtAddress", "txtAccountName"}, {"txtWeight", "txtRoomID"}};
+    QStringList names;
+    const auto* hospital = window.findChild<QWidget*>(QStringLiteral("grpHosp"));
+    for (const auto& [left, right] : lines) {
+        const auto* one = window.findChild<QWidget*>(QLatin1StringView(left));
+        const auto* other = window.findChild<QWidget*>(QLatin1StringView(right));
+        const bool areBeside = hospital && hospital->x() > 0;
+        if (areBeside && one->mapTo(&window, QPoint()).y() != other->mapTo(&window, QPoint()).y())
+            names << QString::fromLatin1(left) + QStringLiteral(", ") + QString::fromLatin1(right);
+    }
+    return names;
+}
+
 /// A picture of each page of the window, in the folder that SCINTRA_PICTURES names, if it names one.
 void writePictures(QWidget& window) {
     const QString folder = qEnvironmentVariable("SCINTRA_PICTURES");
@@ -218,6 +235,14 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
         EXPECT_EQ(fieldsTooNarrow(window), QStringList());
         EXPECT_FALSE(isScrolledWithoutNeed(window));
         EXPECT_FALSE(beginsOutOfSight(window));
+        EXPECT_EQ(fieldsOutOfLine(window), QStringList());
+        if (auto* frames = window.findChild<results::PatientFrames*>()) {
+            frames->showSavedDate(QStringLiteral("12/31/2026")); // of a result that was saved before
+            QCoreApplication::processEvents();
+            EXPECT_EQ(whatIsOutOfReach(window), QStringList());
+            EXPECT_EQ(fieldsTooNarrow(window), QStringList());
+            EXPECT_FALSE(isScrolledWithoutNeed(window));
+        }
         const bool canDoNothing = screen == u"frmNuclearChargesBuildFile_items";
         EXPECT_EQ(silentLists(window), canDoNothing ? QStringList("Grid1") : QStringList());
         EXPECT_TRUE(left.isEmpty()) << "Found no more, and out of the list: "
