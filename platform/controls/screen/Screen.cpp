@@ -65,12 +65,23 @@ class ScrolledContents : public QScrollArea {
         setWidgetResizable(true);
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
             if (now && isAncestorOf(now))
-                ensureWidgetVisible(now);
+                bringIntoSight(*now);
         });
     }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+
+  private:
+    void bringIntoSight(QWidget& field) {
+        ensureWidgetVisible(&field); // of a text its cursor
+        constexpr int aLittleMore = 8;
+        const QRect place(field.mapTo(widget(), QPoint()), field.size());
+        if (place.height() + 2 * aLittleMore > viewport()->height())
+            return;
+        for (const int edge : {place.bottom(), place.top()})
+            ensureVisible(place.left(), edge, 0, aLittleMore);
+    }
 };
 
 /// What a screen may fill: the desktop without its bars.

@@ -404,6 +404,24 @@ TEST(Screen, WhatIsScrolledLiesBetweenTheBandAndTheCommands) {
     screen.Unload();
 }
 
+TEST(Screen, AFieldWithTheFocusIsSeenWhole) {
+    Page screen(60);
+    screen.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+    auto& area = tests::child<QScrollArea>(screen, "scrolledContents");
+    auto& field = *area.findChildren<QLineEdit*>().at(30);
+    constexpr int cut = 3; // its cursor is seen all the same
+    const int top = field.mapTo(area.widget(), QPoint()).y();
+    for (const int value : {top + cut, top + field.height() - area.viewport()->height() - cut}) {
+        screen.cmdSave->setFocus();
+        area.verticalScrollBar()->setValue(value);
+        EXPECT_NE(field.visibleRegion().boundingRect(), field.rect());
+        field.setFocus();
+        EXPECT_EQ(field.visibleRegion().boundingRect(), field.rect());
+    }
+    screen.Unload();
+}
+
 TEST(Screen, WhatIsShownMeanwhileIsScrolledToo) {
     Page screen(3);
     screen.sides[0]->hide();
