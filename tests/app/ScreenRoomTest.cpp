@@ -1,12 +1,15 @@
 // Every screen on the smallest desktop of the hospital, and at 200 % (the suite runs a second time with
 // QT_SCALE_FACTOR=2): all of it is reached, and every text is read.
+#include "app/AppScreens.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "platform/controls/list/ListView.h"
 #include "platform/controls/look/Look.h"
+#include "platform/controls/screen/Screen.h"
 #include "results/PatientFrames.h"
 #include "session/TestDoors.h"
 #include "tests/app/RoomCheck.h"
 #include "tests/app/ScreenOpeners.h"
+#include "tests/support/screens/Driver.h"
 #include "tests/support/screens/LoggedOn.h"
 
 #include <QApplication>
@@ -59,6 +62,8 @@ class EveryScreen : public tests::LoggedOn, public testing::WithParamInterface<t
     ~EveryScreen() override { session::setProgramFolder({}); }
 };
 
+class EveryScreenInAMode : public tests::LoggedOn {};
+
 /// Labels that do not show the colour of their kind.
 QStringList labelsInAnotherColour(const QWidget& window) {
     using namespace controls;
@@ -94,7 +99,7 @@ QStringList silentLists(const QWidget& window) {
     return names;
 }
 
-/// Amounts and quantities that stand at the left of their column. The two stores' grids are told so.
+/// Amounts and quantities that stand at the left of their column or field. The two stores' grids are told so.
 QStringList numbersAtTheLeft(const QWidget& window) {
     static const QRegularExpression number(QStringLiteral("^(Amount|Amt|Price|Qty|Quantity|Balance|Rate .)$"),
                                            QRegularExpression::CaseInsensitiveOption);
@@ -109,6 +114,11 @@ QStringList numbersAtTheLeft(const QWidget& window) {
             if (number.match(caption).hasMatch() && !(place & Qt::AlignRight))
                 captions << view->objectName() + QStringLiteral(": ") + caption;
         }
+    }
+    static const QRegularExpression amount(QStringLiteral("(Amount|Gross|Rate[A-E])$"));
+    for (const auto* field : window.findChildren<QLineEdit*>(amount)) {
+        if (!(field->alignment() & Qt::AlignRight))
+            captions << field->objectName();
     }
     return captions;
 }
@@ -253,6 +263,26 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
 
 INSTANTIATE_TEST_SUITE_P(Room, EveryScreen, testing::ValuesIn(tests::screenOpeners()),
                          [](const auto& opener) { return std::string(opener.param.screen); });
+
+/// A paid assessment's request has a row more than others.
+TEST_F(EveryScreenInAMode, ThePaidRequestHasRoomForItsReceipt) {
+    tests::runModal(
+        [] {
+            app::AppScreens().openRequest(
+                {.PatIdNum = "26004078", .PatientType = "I", .CashBasis = true, .CashOrNum = "OR31023"});
+        },
+        {[](QWidget& window) {
+            QCoreApplication::processEvents();
+            writePictures(window);
+            EXPECT_TRUE(tests::child<QLineEdit>(window, "txtOrNo").isVisible());
+            EXPECT_EQ(tests::child<QLineEdit>(window, "txtAmount").text(), "3,900.00");
+            EXPECT_EQ(whatIsOutOfReach(window), QStringList());
+            EXPECT_EQ(fieldsTooNarrow(window), QStringList());
+            EXPECT_EQ(gridsWithoutRoom(window), QStringList());
+            EXPECT_FALSE(isScrolledWithoutNeed(window));
+            static_cast<controls::Screen&>(window).Unload();
+        }});
+}
 
 /// Base of every class of the program, by the headers and sources.
 std::multimap<QString, QString> basesInTheProgram() {
