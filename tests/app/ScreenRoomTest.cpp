@@ -3,6 +3,10 @@
 #include "app/AppScreens.h"
 #include "platform/controls/screen/Screen.h"
 #include "results/PatientFrames.h"
+#include "results/frmResultEntry.h"
+#include "results/frmResultEntryGFR.h"
+#include "results/frmResultEntryMPI.h"
+#include "results/frmResultRadioImmuno.h"
 #include "session/TestDoors.h"
 #include "tests/app/LookCheck.h"
 #include "tests/app/RoomCheck.h"
@@ -82,12 +86,6 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
         }
         EXPECT_EQ(told(tests::whatLooksWrong(window)), "");
         EXPECT_EQ(told(tests::whatHasTooLittleRoom(window)), "");
-        if (auto* frames = window.findChild<results::PatientFrames*>()) {
-            frames->showSavedDate(QStringLiteral("12/31/2026")); // of a result that was saved before
-            QCoreApplication::processEvents();
-            EXPECT_EQ(told(whatIsOutOfReach(window)), "");
-            EXPECT_EQ(told(tests::whatHasTooLittleRoom(window)), "");
-        }
         EXPECT_TRUE(left.isEmpty()) << "Found no more, and out of the list: "
                                     << left.join(u'\n').toStdString();
     });
@@ -96,6 +94,26 @@ TEST_P(EveryScreen, IsReachedAndReadInItsRoom) {
 
 INSTANTIATE_TEST_SUITE_P(Room, EveryScreen, testing::ValuesIn(tests::screenOpeners()),
                          [](const auto& opener) { return std::string(opener.param.screen); });
+
+/// A result that was saved before shows its date beside today's.
+template <typename T>
+void expectRoomBesideASavedDate() {
+    T screen;
+    screen.load();
+    screen.template findChild<results::PatientFrames*>()->showSavedDate(QStringLiteral("12/31/2026"));
+    screen.Show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told(whatIsOutOfReach(screen)), "");
+    EXPECT_EQ(told(tests::whatHasTooLittleRoom(screen)), "");
+    screen.hideScreen();
+}
+
+TEST_F(EveryScreenInAMode, ASavedResultHasRoomForBothOfItsDates) {
+    expectRoomBesideASavedDate<results::frmResultEntry>();
+    expectRoomBesideASavedDate<results::frmResultEntryMPI>();
+    expectRoomBesideASavedDate<results::frmResultEntryGFR>();
+    expectRoomBesideASavedDate<results::frmResultRadioImmuno>();
+}
 
 /// A paid assessment's request has a row more than others.
 TEST_F(EveryScreenInAMode, ThePaidRequestHasRoomForItsReceipt) {
