@@ -1,5 +1,5 @@
-// Every screen on the smallest desktop of the hospital, and at 200 % (the suite runs a second time with
-// QT_SCALE_FACTOR=2): all of it is reached, and every text is read.
+// Every screen on the smallest desktop of the hospital, and at 150 % and 200 % (the suite runs again with
+// QT_SCALE_FACTOR 1.5 and 2): all of it is reached, and every text is read.
 #include "app/AppScreens.h"
 #include "platform/controls/screen/Screen.h"
 #include "results/PatientFrames.h"
