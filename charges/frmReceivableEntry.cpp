@@ -56,7 +56,6 @@ void frmReceivableEntry::addPreviousCharges() {
     Frame3 = new QGroupBox(QStringLiteral("List Of Previous Charges"), this);
     Frame3->setObjectName(QStringLiteral("Frame3"));
     auto* lines = new QVBoxLayout(Frame3);
-    lines->setContentsMargins(4, 4, 4, 0);
     grdPrevious = new FlexGrid(Frame3);
     grdPrevious->setObjectName(QStringLiteral("grdPrevious"));
     grdPrevious->setAccessibleName(Frame3->title());

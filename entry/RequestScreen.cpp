@@ -82,11 +82,13 @@ void RequestScreen::connectControls() {
 }
 
 void RequestScreen::showLegend() {
+    constexpr int leastShare = 8; // letters: a short part is not broken for the sake of a long one
     int place = 0;
     for (const LegendLabel& each : m_variant.legend) {
-        auto* label = new LegendLine(QString::fromLatin1(each.text), m_ui->body);
+        const QString text = QString::fromLatin1(each.text);
+        auto* label = new LegendLine(text, m_ui->body);
         label->setObjectName(QString::fromLatin1(each.name));
-        m_ui->helpLine->insertWidget(place++, label, 1);
+        m_ui->helpLine->insertWidget(place++, label, leastShare + int(text.simplified().size()));
     }
 }
 

@@ -23,7 +23,7 @@ constexpr const char* fields[] = {"Receipt #", "Payment From", "transaction Date
                                   "Transaction Type"};
 
 constexpr controls::ListColumn columns[] = {{"Receipt #", 1600},
-                                            {"Payment From", 3400},
+                                            {"Payment From", 4000},
                                             {"Transaction Date", 2500},
                                             {"Amount", 1500, Qt::AlignRight},
                                             {"Transaction Type", 2600}};

@@ -10,7 +10,8 @@ class PatientFrames;
 
 namespace results {
 
-/// The frames "Patient's Info." and "Hosp. Info." of every result screen.
+/// The frames "Patient's Info." and "Hosp. Info." of every result screen. Where there is no room side by side
+/// the second lies below the first, in two rows.
 class PatientFrames : public QWidget {
     Q_OBJECT
 
@@ -24,7 +25,13 @@ class PatientFrames : public QWidget {
     /// Beside today's; "" when there is no saved result, or its date is not known.
     void showSavedDate(const QString& date);
 
+  protected:
+    bool event(QEvent* event) override;
+
   private:
+    bool isFlat() const;
+    void flattenHospital();
+
     std::unique_ptr<Ui::PatientFrames> m_ui;
 };
 

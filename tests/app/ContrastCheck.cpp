@@ -147,7 +147,8 @@ QStringList withoutAName(QWidget& window) {
         if (!isUsed || !widget->isVisible() || widget->window() != &window || isInnerPart(*widget))
             continue;
         QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
-        if (!face || face->text(QAccessible::Name).trimmed().isEmpty())
+        const QString name = face ? face->text(QAccessible::Name) : QString();
+        if (std::none_of(name.begin(), name.end(), [](QChar letter) { return letter.isLetterOrNumber(); }))
             lines << nameOf(*widget);
     }
     return lines;

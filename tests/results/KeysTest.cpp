@@ -364,12 +364,13 @@ TEST_F(Keys, TabWalksTheGenericScreenPageByPage) {
                                            "txtConclusion",
                                            "txtClinicalHistory",
                                            "txtRemarks",
-                                           "btnClear",
                                            "btnSave",
                                            "btnSavePrint",
                                            "btnClose",
-                                           "txtAttendingDrCode"}));
-    tests::child<QPushButton>(screen(), "btnClear").setFocus();
+                                           "btnClear",
+                                           "txtAttendingDrCode"}))
+        << "what empties the fields comes last";
+    tests::child<QPushButton>(screen(), "btnSave").setFocus();
     type("<Shift+Tab><Shift+Tab><Shift+Tab>");
     EXPECT_EQ(focused(), "txtConclusion") << "backwards as well";
     EXPECT_TRUE(widget("txtConclusion").isVisible());
@@ -381,7 +382,7 @@ TEST_F(Keys, TabWalksThePerfusionScreenThroughItsInnerPages) {
     EXPECT_EQ(tabOrder(*this, 11),
               listed({"txtProtocol", "txtClinicalHistory", "txtTechnique", "txtStressDetails",
                       "txtStressImages", "txtRestingImages", "txtQuantitativeData", "grdTable",
-                      "txtConclusion", "txtRemarks", "btnClear"}));
+                      "txtConclusion", "txtRemarks", "btnSave"}));
     type("txtConclusion", "<Shift+Tab>");
     EXPECT_EQ(focused(), "grdTable");
     type("<Shift+Tab>");
@@ -395,7 +396,7 @@ TEST_F(Keys, TabWalksTheMeasurementsLineByLine) {
     for (int i = 0; i < 7; ++i)
         expected << QStringLiteral("txtLeft_%1").arg(i) << QStringLiteral("txtRight_%1").arg(i);
     expected << "txtScale"
-             << "btnClear";
+             << "btnSave";
     EXPECT_EQ(tabOrder(*this, expected.size()), listed(expected));
 }
 
@@ -405,7 +406,7 @@ TEST_F(Keys, TabWalksTheAnalytesLineByLineOverBothParts) {
     QStringList expected{"txtTechnologist"};
     for (int i = 0; i < 22; ++i)
         expected << QStringLiteral("txtNormal_%1").arg(i) << QStringLiteral("txtLeft_%1").arg(i);
-    expected << "btnClear";
+    expected << "btnSave";
     EXPECT_EQ(tabOrder(*this, expected.size()), listed(expected));
 }
 

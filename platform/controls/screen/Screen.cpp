@@ -3,12 +3,12 @@
 #include "platform/controls/fields/Keys.h"
 #include "platform/controls/fields/MemoWrap.h"
 #include "platform/controls/look/HeaderBand.h"
+#include "platform/controls/screen/PageRoom.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -65,12 +65,23 @@ class ScrolledContents : public QScrollArea {
         setWidgetResizable(true);
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
             if (now && isAncestorOf(now))
-                ensureWidgetVisible(now);
+                bringIntoSight(*now);
         });
     }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+
+  private:
+    void bringIntoSight(QWidget& field) {
+        ensureWidgetVisible(&field); // of a text its cursor
+        constexpr int aLittleMore = 8;
+        const QRect place(field.mapTo(widget(), QPoint()), field.size());
+        if (place.height() + 2 * aLittleMore > viewport()->height())
+            return;
+        for (const int edge : {place.bottom(), place.top()})
+            ensureVisible(place.left(), edge, 0, aLittleMore);
+    }
 };
 
 /// What a screen may fill: the desktop without its bars.
@@ -85,14 +96,6 @@ QRect roomFor(const QWidget* parent) {
     return screen ? screen->availableGeometry() : QRect(0, 0, 1366, 768);
 }
 
-bool holdsButtons(const QLayout& row) {
-    for (int i = 0; i < row.count(); ++i) {
-        if (qobject_cast<QPushButton*>(row.itemAt(i)->widget()))
-            return true;
-    }
-    return false;
-}
-
 /// A page of a tab widget lets go of the colours that its labels were given by their kind.
 void showKinds(const QWidget& page) {
     for (QLabel* label : page.findChildren<QLabel*>()) {
@@ -101,63 +104,6 @@ void showKinds(const QWidget& page) {
         label->style()->unpolish(label);
         label->style()->polish(label);
     }
-}
-
-/// The column that all of a page stands in: the screen's own layout, or what lies last in it.
-QBoxLayout* columnOf(QLayout& page) {
-    QLayoutItem* last = page.count() > 0 ? page.itemAt(page.count() - 1) : nullptr;
-    QLayout* inner = nullptr;
-    if (last)
-        inner = last->widget() ? last->widget()->layout() : last->layout();
-    auto* column = qobject_cast<QVBoxLayout*>(inner);
-    return column ? column : qobject_cast<QVBoxLayout*>(&page);
-}
-
-/// Rows that are wider than the desktop lie one below the other instead; commands stay side by side.
-void stackRows(QWidget& screen, int room) {
-    QBoxLayout* column = columnOf(*screen.layout());
-    if (!column)
-        return;
-    const int most = room - column->contentsMargins().left() - column->contentsMargins().right();
-    for (int i = 0; i < column->count(); ++i) {
-        QLayoutItem* item = column->itemAt(i);
-        auto* row = qobject_cast<QHBoxLayout*>(item->widget() ? item->widget()->layout() : item->layout());
-        if (!row || holdsButtons(*row) || item->minimumSize().width() <= most)
-            continue;
-        row->setDirection(QBoxLayout::TopToBottom);
-        for (int part = 0; part < row->count(); ++part) {
-            if (QSpacerItem* spacer = row->itemAt(part)->spacerItem())
-                spacer->changeSize(0, 0);
-        }
-        row->invalidate();
-        for (QWidget* around = row->parentWidget(); around && around != &screen;
-             around = around->parentWidget())
-            around->updateGeometry();
-    }
-    screen.layout()->activate();
-}
-
-/// The last row of the page, if it is the commands: taken out, in a widget of `screen`. Else null.
-QWidget* takeCommands(QLayout& page, QWidget* screen) {
-    QBoxLayout* column = columnOf(page);
-    QLayoutItem* last = column && column->count() > 0 ? column->itemAt(column->count() - 1) : nullptr;
-    auto* row = last ? qobject_cast<QHBoxLayout*>(last->widget() ? last->widget()->layout() : last->layout())
-                     : nullptr;
-    if (!row || !holdsButtons(*row))
-        return nullptr;
-    const QMargins around = column->contentsMargins();
-    const std::unique_ptr<QLayoutItem> taken(last->widget() ? column->takeAt(column->count() - 1) : nullptr);
-    auto* commands = new QWidget(screen);
-    auto* place = new QVBoxLayout(commands);
-    place->setContentsMargins(around.left(), column->spacing(), around.right(), around.bottom());
-    if (taken) {
-        place->addWidget(taken->widget());
-    } else {
-        column->takeAt(column->count() - 1);
-        place->addLayout(row);
-    }
-    column->setContentsMargins(around.left(), around.top(), around.right(), 0);
-    return commands;
 }
 
 constexpr int barHeight = 32;
@@ -218,6 +164,7 @@ void Screen::load() {
         widget->ensurePolished();
     for (QTabWidget* tabs : findChildren<QTabWidget*>())
         showKinds(*tabs);
+    widenLists(*this);
     Form_Load();
     calmButtons();
 }
@@ -337,6 +284,8 @@ void Screen::placeOver(QWidget* opener) {
         const QSize least = minimumSizeHint();
         return layout() && (least.width() > most.width() || least.height() > most.height());
     };
+    if (isTooLarge())
+        tighten(*this);
     if (isTooLarge()) // it may be scrolled even so, by a bar at the side
         stackRows(*this, most.width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     if (isTooLarge())

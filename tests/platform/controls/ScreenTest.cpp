@@ -404,6 +404,24 @@ TEST(Screen, WhatIsScrolledLiesBetweenTheBandAndTheCommands) {
     screen.Unload();
 }
 
+TEST(Screen, AFieldWithTheFocusIsSeenWhole) {
+    Page screen(60);
+    screen.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+    auto& area = tests::child<QScrollArea>(screen, "scrolledContents");
+    auto& field = *area.findChildren<QLineEdit*>().at(30);
+    constexpr int cut = 3; // its cursor is seen all the same
+    const int top = field.mapTo(area.widget(), QPoint()).y();
+    for (const int value : {top + cut, top + field.height() - area.viewport()->height() - cut}) {
+        screen.cmdSave->setFocus();
+        area.verticalScrollBar()->setValue(value);
+        EXPECT_NE(field.visibleRegion().boundingRect(), field.rect());
+        field.setFocus();
+        EXPECT_EQ(field.visibleRegion().boundingRect(), field.rect());
+    }
+    screen.Unload();
+}
+
 TEST(Screen, WhatIsShownMeanwhileIsScrolledToo) {
     Page screen(3);
     screen.sides[0]->hide();
@@ -437,6 +455,34 @@ TEST(Screen, GroupsThatHaveNoRoomSideBySideLieOneBelowTheOther) {
     wide.Show();
     EXPECT_EQ(wide.sides[0]->y(), wide.sides[1]->y());
     wide.Unload();
+}
+
+TEST(Screen, AGroupKeepsLessAroundItselfBeforeItsPageIsScrolled) {
+    const auto roomAround = [](int rows) {
+        Page screen(rows);
+        for (QGroupBox* side : screen.sides)
+            (new QVBoxLayout(side))->setContentsMargins(12, 12, 12, 12);
+        screen.Show();
+        const QMargins around = screen.sides[0]->layout()->contentsMargins();
+        screen.Unload();
+        return around;
+    };
+    EXPECT_EQ(roomAround(3), QMargins(12, 12, 12, 12));
+    EXPECT_EQ(roomAround(60), QMargins(4, 4, 4, 0));
+}
+
+TEST(Screen, TheRoomOfAGroupThatHoldsOneListIsTheLists) {
+    Page screen(3);
+    for (QGroupBox* side : screen.sides) {
+        auto* column = new QVBoxLayout(side);
+        column->setContentsMargins(12, 12, 12, 12);
+        column->addWidget(new FlexGrid);
+    }
+    screen.sides[1]->layout()->addWidget(new QLineEdit);
+    screen.Show();
+    EXPECT_EQ(screen.sides[0]->layout()->contentsMargins(), QMargins(0, 4, 0, 0));
+    EXPECT_EQ(screen.sides[1]->layout()->contentsMargins(), QMargins(12, 12, 12, 12));
+    screen.Unload();
 }
 
 TEST(Screen, OneThatFitsIsNot) {
