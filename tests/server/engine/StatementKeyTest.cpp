@@ -76,6 +76,8 @@ TEST(Like, matchesAsTheServerDoes) {
     } cases[] = {{"REYES", "rey%", true},
                  {"REYES", "%", true},
                  {"", "%", true},
+                 {"REYES", "r_%", true},
+                 {"R", "r_%", false},
                  {"", "_", false},
                  {"abc", "a_c", true},
                  {"abc", "a__c", false},
