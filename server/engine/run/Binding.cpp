@@ -42,12 +42,6 @@ void bindSession(sqlite3_stmt* statement, int index, SessionValue value, const S
     }
 }
 
-/// Below 0 for one that ends at its first NUL: any other text is copied, with a NUL behind it, before a
-/// function gets it.
-int boundSize(const std::string& text) {
-    return text.find('\0') == std::string::npos ? -1 : int(text.size());
-}
-
 } // namespace
 
 void bindValues(const Query& query, const std::vector<Cell>& slots, const SessionState& session) {
@@ -71,7 +65,7 @@ void bindValues(const Query& query, const std::vector<Cell>& slots, const Sessio
             sqlite3_bind_double(statement, index, cell.real());
             break;
         case Cell::Kind::Text: // the variable outlives the run of the statement
-            sqlite3_bind_text(statement, index, cell.text().c_str(), boundSize(cell.text()), SQLITE_STATIC);
+            sqlite3_bind_text(statement, index, cell.text().data(), int(cell.text().size()), SQLITE_STATIC);
             break;
         }
     }
