@@ -142,14 +142,14 @@ bool measure(const PatientSearch& search, sqlite3* handle) {
                                 201, 20,
                                 [&](int round) { return timed([&] { fetchOurs(search, text(round)); }); },
                                 [&](int round) { return timed([&] { fetchRaw(query, text(round)); }); }),
-                            1.5);
+                            1.25);
     }
     OnScreen screen(search, query);
     met &= Report::line(QStringLiteral("  on screen: ") + name,
                         interleave(
                             101, 10, [&](int round) { return screen.ours(text(round)); },
                             [&](int round) { return screen.floor(text(round)); }),
-                        1.5);
+                        1.25);
     return met;
 }
 
