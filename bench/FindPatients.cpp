@@ -9,6 +9,7 @@
 #include "platform/base/Error.h"
 #include "platform/controls/grid/FlexGrid.h"
 #include "server/engine/EmbeddedProvider.h"
+#include "server/hospital/Create.h"
 #include "session/Session.h"
 
 #include <QApplication>
@@ -141,14 +142,14 @@ bool measure(const PatientSearch& search, sqlite3* handle) {
                                 201, 20,
                                 [&](int round) { return timed([&] { fetchOurs(search, text(round)); }); },
                                 [&](int round) { return timed([&] { fetchRaw(query, text(round)); }); }),
-                            1.5);
+                            1.25);
     }
     OnScreen screen(search, query);
     met &= Report::line(QStringLiteral("  on screen: ") + name,
                         interleave(
                             101, 10, [&](int round) { return screen.ours(text(round)); },
                             [&](int round) { return screen.floor(text(round)); }),
-                        1.5);
+                        1.25);
     return met;
 }
 
@@ -157,6 +158,7 @@ bool measure(const PatientSearch& search, sqlite3* handle) {
 bool findPatients(const QString& folder) {
     const QString file = fileWithWalkIns(folder);
     const auto floorProvider = engine::EmbeddedProvider::open(file, {});
+    hospital::ensureKit(*floorProvider); // the file may be of an older program
     ado::Connection connection;
     connection.Open(engine::EmbeddedProvider::open(file, {}), QStringLiteral("bench-find"));
     connection.setDefaultDatabase(QStringLiteral("NUCLEAR"));

@@ -71,8 +71,10 @@ struct Ended {
     QString said; ///< its standard output and its errors
 };
 /// Runs the attack's part in a process of its own.
-/// `seconds` are for one that stands still where its own watchdog does not see it.
-Ended runPart(const char* attack, const QStringList& words, int seconds = 900);
+/// What no process of an attack takes, on a slow machine either: for one that stands still where its own
+/// watchdog does not see it.
+constexpr int mostSeconds = 900;
+Ended runPart(const char* attack, const QStringList& words, int seconds = mostSeconds);
 /// Another program in the same way.
 Ended runProgram(const QString& program, const QStringList& words, int seconds);
 /// A program beside this one, or one that it is built with.

@@ -5,6 +5,7 @@
 #include "tests/long/FuzzTargets.h"
 #include "tests/long/OnDuty.h"
 #include "tests/server/engine/Mutator.h"
+#include "tests/support/workstation/Watchdog.h"
 
 #include <QSet>
 
@@ -33,7 +34,7 @@ int runBatchOf(const FuzzTarget& target, unsigned seed, int times) {
     tests::Mutator mutator(seed);
     QSet<QString> branches;
     for (int i = 0; i < times; ++i) {
-        Watchdog::beat();
+        tests::Watchdog::beat();
         const bool asItIs = i < int(pool.size()) && branches.size() <= i;
         current = pool[std::size_t(asItIs ? i : mutator.number(int(pool.size())))];
         if (!asItIs)
@@ -67,7 +68,7 @@ void fuzz(Course& course) {
 }
 
 int fuzzPart(const QStringList& words) {
-    const Watchdog watchdog(30);
+    const tests::Watchdog watchdog(30);
     for (const FuzzTarget& target : fuzzTargets()) {
         if (words.value(0) != QLatin1String(target.name))
             continue;

@@ -7,6 +7,7 @@
 #include "tests/long/OnDuty.h"
 #include "tests/support/screens/Driver.h"
 #include "tests/support/screens/ModalWatch.h"
+#include "tests/support/workstation/Watchdog.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -36,7 +37,7 @@ void Hand::arm() {
 }
 
 void Hand::turn() {
-    Watchdog::beat();
+    tests::Watchdog::beat();
     arm();
     const bool gone = !QApplication::activeModalWidget() && (!m_screen || !m_screen->isVisible());
     if (controls::ErrorBoundary::isStopping())
@@ -122,7 +123,7 @@ void Hand::clickButton(const QWidget& window, int place) {
 void answerAtRandom(quint32 seed) {
     controls::setMessageScript(
         [random = std::mt19937(seed)](const QString&, int style, const QString&) mutable {
-            Watchdog::beat();
+            tests::Watchdog::beat();
             const bool first = random() % 2 == 0;
             switch (style & 0x0F) {
             case controls::vbOKCancel:

@@ -40,7 +40,7 @@ bool works(const QString& program, const QStringList& words) {
     QProcess process;
     process.setStandardInputFile(QProcess::nullDevice()); // "init" asks for a password
     process.start(program, words);
-    return process.waitForFinished(120'000) && process.exitStatus() == QProcess::NormalExit &&
+    return process.waitForFinished(mostSeconds * 1000) && process.exitStatus() == QProcess::NormalExit &&
            process.exitCode() == 0;
 }
 

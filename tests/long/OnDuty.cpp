@@ -7,22 +7,18 @@
 #include "session/TestDoors.h"
 
 #include "tests/support/hospital/DemoFile.h"
+#include "tests/support/workstation/Watchdog.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include <atomic>
 #include <cstdlib>
-#include <ctime>
-#include <thread>
 
 namespace attacks {
 
 namespace {
-
-std::atomic<int> beats = 0;
 
 void say(const QString& line) {
     QTextStream out(stdout);
@@ -51,30 +47,6 @@ void expectNothingLeft() {
 
 } // namespace
 
-Watchdog::Watchdog(int seconds) {
-    std::thread([seconds] {
-        int seen = -1;
-        int waited = 0; // in turns of this thread, which stand still where the process does
-        std::clock_t used = 0;
-        for (;;) {
-            if (const int now = beats; now != seen) {
-                seen = now;
-                waited = 0;
-                used = std::clock();
-            }
-            if (std::clock() - used > std::clock_t(seconds) * CLOCKS_PER_SEC || waited++ > 10 * seconds) {
-                say(QStringLiteral("hangs"));
-                std::_Exit(3);
-            }
-            std::this_thread::sleep_for(std::chrono::seconds(1));
-        }
-    }).detach();
-}
-
-void Watchdog::beat() {
-    ++beats;
-}
-
 void fault(const QString& line) {
     say(QStringLiteral("fault ") + line);
     std::_Exit(1);
@@ -83,7 +55,7 @@ void fault(const QString& line) {
 int onScreens(const std::function<void(OnDuty&)>& body) {
     const QTemporaryDir folder; // whatever is saved under a typed name
     QDir::setCurrent(folder.path());
-    const Watchdog watchdog(15);
+    const tests::Watchdog watchdog(15);
     controls::ErrorBoundary::setHandler([](const base::RunTimeError& error) {
         say(QStringLiteral("error %1 %2, %3 [%4]")
                 .arg(error.number())

@@ -14,15 +14,6 @@ class OnDuty : public tests::LoggedOn {
     void TestBody() override {}
 };
 
-/// Ends the process with 3 and says that it hangs, when it takes that many seconds of a processor without a
-/// beat, or ten times as many of its own waiting: a machine that gives it no time is no fault of its. One for
-/// the process.
-class Watchdog {
-  public:
-    explicit Watchdog(int seconds);
-    static void beat();
-};
-
 /// What runs on the screens of this process: its folder is a fresh one, errors at the boundary are said as
 /// "error NUMBER TEXT, WINDOW [STATEMENT]", and one that reached nothing but the end of `body` is a fault.
 /// Returns 0.

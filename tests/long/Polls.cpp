@@ -7,6 +7,7 @@
 #include "menu/frmMainMenu.h"
 #include "platform/controls/screen/TestDoors.h"
 #include "tests/long/OnDuty.h"
+#include "tests/support/workstation/Watchdog.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -67,7 +68,7 @@ void watch(OnDuty& duty, int polls) {
     qsizetype handlesBefore = 0;
     for (int done = 0; done < polls; done += pollsAtOnce) {
         for (int round = 0; round < pollsAtOnce / pollsOfARound; ++round) {
-            Watchdog::beat();
+            tests::Watchdog::beat();
             for (QTimer* timer : monitors->findChildren<QTimer*>())
                 fire(timer);
             for (QTimer* timer : monitors->merlin().figure().findChildren<QTimer*>())

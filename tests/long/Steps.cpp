@@ -19,6 +19,7 @@
 #include "tests/long/Saves.h"
 #include "tests/support/hospital/DemoFile.h"
 #include "tests/support/workstation/PowerCut.h"
+#include "tests/support/workstation/Watchdog.h"
 
 #include <QDir>
 #include <QFile>
@@ -262,7 +263,7 @@ int stepsPart(const QStringList& words) {
     });
     if (save == saves().end() || words.size() != 3)
         return 2;
-    const Watchdog watchdog(60);
+    const tests::Watchdog watchdog(60);
     session::setProgramFolder(QStringLiteral(SCINTRA_SOURCE_DIR));
     session::otherReportLaunchers() = {.prepareReport = [](const auto&, const auto&, const auto&) {},
                                        .showReport = [](auto, const auto&, auto) {}};

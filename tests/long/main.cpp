@@ -9,6 +9,7 @@
 #include "tests/long/Hostile.h"
 #include "tests/long/Kills.h"
 #include "tests/long/Monkey.h"
+#include "tests/long/OwnHome.h"
 #include "tests/long/Polls.h"
 #include "tests/long/Steps.h"
 #include "tests/support/screens/ModalWatch.h"
@@ -133,6 +134,7 @@ int runAll(Wish wish) {
 } // namespace attacks
 
 int main(int argc, char** argv) {
+    const attacks::OwnHome home;
     base::ignoreDesksLanguage();
     QLocale::setDefault(QLocale::c());
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {

@@ -19,6 +19,8 @@ struct Query {
     ado::Columns columns;
     /// It is being stepped; whoever comes again prepares one of its own.
     bool busy = false;
+    /// Values of the last rows that a client was given.
+    std::size_t fetched = 0;
 };
 
 /// What a run does to the file, in rising order: one read, several reads, or writes.

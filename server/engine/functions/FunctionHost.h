@@ -51,9 +51,11 @@ void registerFunction(sqlite3* handle, FunctionHost& host, const char* name, int
     sqlite3_create_function_v2(handle, name, arguments, flags, &host, call, nullptr, nullptr, nullptr);
 }
 
+/// Of a value that is not Null. Asked for as a text, one that has no NUL behind it (a bound one) would be
+/// copied first.
 inline std::string_view valueText(sqlite3_value* value) {
-    const unsigned char* text = sqlite3_value_text(value);
-    return {reinterpret_cast<const char*>(text), std::size_t(sqlite3_value_bytes(value))};
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+    return {bytes, std::size_t(sqlite3_value_bytes(value))};
 }
 
 inline void resultText(sqlite3_context* context, std::string_view text) {

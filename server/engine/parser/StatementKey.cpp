@@ -1,5 +1,6 @@
 #include "server/engine/parser/StatementKey.h"
 
+#include "platform/ado/StatementScanner.h"
 #include "server/engine/parser/Keywords.h"
 #include "server/engine/parser/Lexer.h"
 #include "server/engine/values/Ascii.h"
@@ -28,7 +29,7 @@ bool StatementKey::takesValues() {
         if (isBlank(peek()) || peek() == ';')
             ++m_at;
         else if (atComment())
-            passComment();
+            passOver();
         else
             break;
     }
@@ -76,9 +77,10 @@ void StatementKey::read(std::string_view text) {
         } else if (isDigit(c)) {
             takeNumber();
         } else if (atComment()) {
-            passComment();
+            passOver();
         } else if (c == '[' || c == '"') {
-            passQuotedName(c == '[' ? ']' : '"');
+            passOver();
+            m_before = ']';
         } else {
             ++m_at;
             m_before = c;
@@ -178,39 +180,12 @@ void StatementKey::takeNumber() {
     }
 }
 
-void StatementKey::passComment() {
-    const bool line = peek() == '-';
-    int depth = 0;
-    do {
-        if (line) {
-            if (peek() == '\n')
-                break;
-            ++m_at;
-        } else if (peek() == '/' && peek(1) == '*') {
-            ++depth;
-            m_at += 2;
-        } else if (peek() == '*' && peek(1) == '/') {
-            --depth;
-            m_at += 2;
-        } else {
-            ++m_at;
-        }
-    } while (m_at < m_text.size() && (line || depth > 0));
-}
-
-void StatementKey::passQuotedName(char end) {
-    ++m_at;
-    while (m_at < m_text.size()) {
-        if (peek() == end) {
-            if (peek(1) != end)
-                break;
-            ++m_at;
-        }
-        ++m_at;
-    }
-    if (m_at < m_text.size())
-        ++m_at;
-    m_before = ']';
+/// A comment or a name in brackets or quotes, which holds no value.
+void StatementKey::passOver() {
+    ado::StatementScanner scanner;
+    do
+        m_at += std::size_t(scanner.pass(char16_t(peek()), char16_t(peek(1))));
+    while (m_at < m_text.size() && scanner.place() != ado::StatementScanner::Place::Code);
 }
 
 } // namespace engine

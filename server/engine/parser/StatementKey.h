@@ -10,7 +10,9 @@ namespace engine {
 
 /// A text with its values taken out, so that texts that differ only in them are prepared once: texts that a
 /// screen joins differ in nothing else. Values are taken out of a procedure's arguments and of SELECT,
-/// INSERT, UPDATE and DELETE; any other text stays whole.
+/// INSERT, UPDATE and DELETE; any other text stays whole. Where comments and quoted names end is
+/// ado::StatementScanner's to tell; literals are read here, which are more to this than a place: N'', doubled
+/// quotes and broken lines are joined as the value is taken.
 class StatementKey {
   public:
     /// Reads a text; the memory of the last one is used again.
@@ -27,8 +29,7 @@ class StatementKey {
     bool takesValues();
     void takeText(bool national);
     void takeNumber();
-    void passComment();
-    void passQuotedName(char end);
+    void passOver();
     Cell& add(std::size_t begin, char mark);
     bool atComment() const { return (peek() == '-' && peek(1) == '-') || (peek() == '/' && peek(1) == '*'); }
     char peek(std::size_t ahead = 0) const {

@@ -10,6 +10,8 @@
 #include "server/engine/values/Ascii.h"
 #include "server/engine/values/Convert.h"
 
+#include <algorithm>
+
 namespace engine {
 namespace {
 
@@ -75,7 +77,7 @@ class Interpreter::QueryUse {
     }
     QueryUse(const QueryUse&) = delete;
     QueryUse& operator=(const QueryUse&) = delete;
-    const Query& operator*() const { return *m_query; }
+    Query& operator*() const { return *m_query; }
     const Query* operator->() const { return m_query; }
     sqlite3_stmt* statement() const { return m_query->statement.get(); }
 
@@ -442,10 +444,14 @@ bool Interpreter::step(sqlite3_stmt* statement) {
     throw errorOfSqlite(m_file.handle(), code);
 }
 
-void Interpreter::fetch(const Query& query, ado::Rows& rows) {
+/// With room for as many rows as the last time: a list that is searched anew is about as long again.
+void Interpreter::fetch(Query& query, ado::Rows& rows) {
+    constexpr std::size_t mostRoom = 10'000;
     sqlite3_stmt* statement = query.statement.get();
+    rows.values.reserve(std::min(query.fetched, mostRoom));
     while (step(statement))
-        appendRow(statement, rows);
+        appendRow(statement, rows, m_texts);
+    query.fetched = rows.values.size();
 }
 
 /// Each row as soon as it is stepped.
@@ -456,7 +462,7 @@ void Interpreter::hand(const Query& query) {
     std::int64_t rows = 0;
     std::vector<base::Value> row;
     while (step(statement)) {
-        readRow(statement, query.columns, row);
+        readRow(statement, query.columns, row, m_texts);
         ++rows;
         if (!m_sink->row(row))
             throw SinkIsFull();

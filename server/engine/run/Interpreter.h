@@ -1,6 +1,7 @@
 #pragma once
 
 #include "server/engine/catalogue/Catalogue.h"
+#include "server/engine/file/SqliteRow.h"
 #include "server/engine/run/QueryMaker.h"
 #include "server/engine/run/SessionState.h"
 
@@ -50,7 +51,7 @@ class Interpreter {
     class QueryUse;
     class SinkUse;
     bool step(sqlite3_stmt* statement);
-    void fetch(const Query& query, ado::Rows& rows);
+    void fetch(Query& query, ado::Rows& rows);
     void hand(const Query& query);
     std::shared_ptr<Module> procedure(const ObjectName& name, const Module& caller);
     std::shared_ptr<Module> calledBy(const Stmt& statement, Module& caller);
@@ -64,6 +65,7 @@ class Interpreter {
     SqliteStatement m_savepoint;
     SqliteStatement m_release;
     SqliteStatement m_rollbackTo;
+    SharedTexts m_texts;
     /// Where the batch's rows go; null: into its result.
     ado::RowSink* m_sink = nullptr;
     int m_depth = 0;

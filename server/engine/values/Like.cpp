@@ -50,6 +50,8 @@ bool matchesLike(std::string_view text, std::string_view pattern) {
     while (true) {
         if (patternAt < pattern.size() && pattern[patternAt] == '%') {
             retryPattern = ++patternAt;
+            if (patternAt == pattern.size())
+                return true;
             retryText = textAt;
             continue;
         }

@@ -143,6 +143,14 @@ SELECT 'never'
     EXPECT_EQ(rows("sp_Flow -1"), "negative");
 }
 
+TEST_F(Procedure, aVariableHoldsANulAmongItsLetters) {
+    EXPECT_EQ(m_hospital.value("DECLARE @a varchar(5) SET @a = 'a' + CHAR(0) + 'bc' SELECT REVERSE(@a)")
+                  .asText()
+                  ->toStdString(),
+              std::string("cb\0a", 4));
+    EXPECT_EQ(*m_hospital.value("DECLARE @a varchar(5) SET @a = CHAR(0) SELECT LEN(@a)").asInteger(), 1);
+}
+
 TEST_F(Procedure, variablesAreTakenFromRows) {
     install(R"(
 CREATE TABLE tbRow (Id int NOT NULL PRIMARY KEY, Name varchar(20) NULL)

@@ -39,6 +39,8 @@ TEST(StatementKey, takesTheArgumentsOfACall) {
     EXPECT_EQ(keyOf("[sp x] 1"), "[sp x] ?i | 1");
     EXPECT_EQ(keyOf("EXEC sp_X 'a'"), "EXEC sp_X ?s | a");
     EXPECT_EQ(keyOf("-- 'quoted'\nsp_X 'a' /* 'b' */"), "-- 'quoted'\nsp_X ?s /* 'b' */ | a");
+    EXPECT_EQ(keyOf("sp_X /* 'a' /* 'b' */ 'c' */ 'd' --'e'\n, 'f'"),
+              "sp_X /* 'a' /* 'b' */ 'c' */ ?s --'e'\n, ?s | d | f");
 }
 
 TEST(StatementKey, aBackslashJoinsLines) {
@@ -51,6 +53,8 @@ TEST(StatementKey, takesTextsAndComparedNumbersOfAStatement) {
               "SELECT TOP 5 a FROM t WHERE b = ?s AND c >= ?i AND d = ?1 ORDER BY 2 | x | 10 | 1.500000");
     EXPECT_EQ(keyOf("UPDATE [t'1] SET a = 'x' WHERE \"b'\" = 99999999999"),
               "UPDATE [t'1] SET a = ?s WHERE \"b'\" = 99999999999 | x");
+    EXPECT_EQ(keyOf("SELECT [a]]'1], \"b\"\"'2\" FROM t WHERE [c]]] = 3"),
+              "SELECT [a]]'1], \"b\"\"'2\" FROM t WHERE [c]]] = ?i | 3");
     EXPECT_EQ(keyOf("delete from t where a like '%x' and b like 'y%'"),
               "delete from t where a like '%x' and b like ?s | y%");
     EXPECT_EQ(keyOf("SELECT CONVERT(varchar(10), a1, 101) FROM t"),
@@ -76,6 +80,8 @@ TEST(Like, matchesAsTheServerDoes) {
     } cases[] = {{"REYES", "rey%", true},
                  {"REYES", "%", true},
                  {"", "%", true},
+                 {"REYES", "r_%", true},
+                 {"R", "r_%", false},
                  {"", "_", false},
                  {"abc", "a_c", true},
                  {"abc", "a__c", false},

@@ -172,6 +172,20 @@ TEST_F(Lookup, AgeIsInFullYears) {
     EXPECT_EQ(rows(QStringLiteral("Laboratory..Lab_GetAge ''")).count(), 0);
 }
 
+TEST_F(Lookup, ABirthdayIsReachedToTheMinute) {
+    const auto age = [&](const char* birth, const char* day) {
+        return value(QStringLiteral("SELECT dbo.fnNuclear_Age('%1', '%2')")
+                         .arg(QLatin1String(birth), QLatin1String(day)));
+    };
+    EXPECT_EQ(age("1980-11-22T08:30:00", "2026-11-22T08:29:00"), QStringLiteral("45"));
+    EXPECT_EQ(age("1980-11-22T08:30:00", "2026-11-22T08:30:00"), QStringLiteral("46"));
+    EXPECT_EQ(age("2000-02-29T00:00:00", "2001-02-27T00:00:00"), QStringLiteral("0"));
+    EXPECT_EQ(age("2000-02-29T00:00:00", "2001-02-28T00:00:00"), QStringLiteral("1"));
+    EXPECT_EQ(age("2026-12-31T00:00:00", "2027-01-01T00:00:00"), QStringLiteral("0"));
+    EXPECT_EQ(value(QStringLiteral("SELECT dbo.fnNuclear_Age(NULL, '2026-11-22T00:00:00')")),
+              QStringLiteral("<Null>"));
+}
+
 TEST_F(Lookup, RevenueCodes) {
     EXPECT_EQ(rows(QStringLiteral("sp_Nuclear_SearchRevenue '1','UR'")).count(), 1);
     EXPECT_EQ(value(QStringLiteral("sp_Nuclear_SearchRevenue '2','ZZ'")), QStringLiteral("0"));

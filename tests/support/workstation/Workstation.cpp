@@ -10,6 +10,7 @@
 #include "session/logon/OdbcServer.h"
 #include "session/logon/clsCurrentUser.h"
 #include "tests/support/workstation/PowerCut.h"
+#include "tests/support/workstation/Watchdog.h"
 
 #include <QElapsedTimer>
 #include <QTextStream>
@@ -45,6 +46,7 @@ void Workstation::save(const std::function<void()>& body) {
     session::gConnection->addObserver(&cut);
     QElapsedTimer clock;
     clock.start();
+    Watchdog::beat();
     body();
     m_longest = std::max(m_longest, clock.elapsed());
     session::gConnection->removeObserver(&cut);
@@ -53,6 +55,7 @@ void Workstation::save(const std::function<void()>& body) {
 int Workstation::run(int argc, char** argv, const std::function<void(Workstation&)>& work) {
     base::ignoreDesksLanguage();
     const controls::Application application(argc, argv);
+    const Watchdog watchdog(15); // a lock is waited for 30 s, of the 150 that it may wait
     Workstation workstation;
     controls::ErrorBoundary::setHandler([&](const base::RunTimeError& error) {
         workstation.say(QStringLiteral("error %1 %2").arg(error.number()).arg(error.description()));

@@ -19,7 +19,8 @@ class Workstation {
     static constexpr int died = PowerCut::died;
 
     /// Returns the exit code; a run-time error is said, and ends the process with 1. A box is said and
-    /// answered with OK. What the longest save took is said on the standard error in the end.
+    /// answered with OK. One that hangs is ended (Watchdog). What the longest save took is said on the
+    /// standard error in the end.
     static int run(int argc, char** argv, const std::function<void(Workstation&)>& work);
 
     void say(const QString& line);

@@ -1,4 +1,4 @@
--- Full years at a day; Null without a birth date.
+-- Full years at a day; Null without a birth date. One statement: lists call it for each of their rows.
 USE NUCLEAR
 GO
 
@@ -6,10 +6,7 @@ CREATE OR ALTER FUNCTION fnNuclear_Age(@BirthDate datetime, @Day datetime)
 RETURNS int
 AS
 BEGIN
-    DECLARE @Age int
-    SET @Age = DATEDIFF(year, @BirthDate, @Day)
-    IF DATEADD(year, @Age, @BirthDate) > @Day
-        SET @Age = @Age - 1
-    RETURN @Age
+    RETURN DATEDIFF(year, @BirthDate, @Day)
+        - CASE WHEN DATEADD(year, DATEDIFF(year, @BirthDate, @Day), @BirthDate) > @Day THEN 1 ELSE 0 END
 END
 GO
