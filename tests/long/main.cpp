@@ -134,8 +134,8 @@ int runAll(Wish wish) {
 } // namespace attacks
 
 int main(int argc, char** argv) {
-    const attacks::OwnHome home;
     base::ignoreDesksLanguage();
+    const attacks::OwnHome home;
     QLocale::setDefault(QLocale::c());
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
         if (type == QtCriticalMsg || type == QtFatalMsg)
