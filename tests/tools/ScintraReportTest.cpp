@@ -1,4 +1,5 @@
 #ifdef SCINTRA_WIDGETS
+#include <QDate>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -79,16 +80,19 @@ TEST_F(ScintraReport, PrintsTheExampleOfTheDocument) {
 TEST_F(ScintraReport, WritesTheRowsAsAWorkbook) {
     ASSERT_EQ(run("scintra-server", {"demo", hospital}), 0);
     const QString xlsx = folder.filePath("out.xlsx");
-    ASSERT_EQ(run("scintra-report",
-                  {definition("NucMonthlyReport.RPT"), "From=11/01/2026", "To=11/30/2026", "--heading",
-                   "VALE", "--address", "1 Harbour Road", "--hospital", hospital, "--to", xlsx}),
-              0);
+    // a made-up hospital ends today
+    const QString to = QDate::currentDate().toString("MM/dd/yyyy");
+    const QString from = QDate::currentDate().addDays(-30).toString("MM/dd/yyyy");
+    ASSERT_EQ(
+        run("scintra-report", {definition("NucMonthlyReport.RPT"), "From=" + from, "To=" + to, "--heading",
+                               "VALE", "--address", "1 Harbour Road", "--hospital", hospital, "--to", xlsx}),
+        0);
     QProcess unzip;
     unzip.start(QStringLiteral("unzip"), {"-p", xlsx, "xl/worksheets/sheet1.xml"});
     ASSERT_TRUE(unzip.waitForFinished(60'000)) << "unzip is needed";
     const QString sheet = QString::fromUtf8(unzip.readAllStandardOutput());
     EXPECT_TRUE(sheet.contains("VALE"));
-    EXPECT_TRUE(sheet.contains("From 11/01/2026 to 11/30/2026"));
+    EXPECT_TRUE(sheet.contains("From " + from + " to " + to));
     EXPECT_TRUE(sheet.contains("<t>Requesting Doctor</t>"));
     EXPECT_TRUE(sheet.contains("<autoFilter"));
     EXPECT_GT(sheet.count("<row "), 10);
