@@ -2,6 +2,7 @@
 
 #include "platform/controls/look/Look.h"
 
+#include <QApplication>
 #include <QImage>
 
 #include <gtest/gtest.h>
