@@ -31,6 +31,7 @@ void RequestPosting::post() {
             ReadForUpdate(sql("select getdate() as [server date]")).Fields("server date").Value());
     if (!posts)
         return;
+    m_billTime = base::Format(ServerNow, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM"));
     if (!m_header.entry.CashBasis)
         takeChargeSlip();
     for (int row = 1; row < m_lines.Rows(); ++row)
@@ -129,10 +130,8 @@ void RequestPosting::addNurseLogBook(const PostedLine& line) {
 
 void RequestPosting::addBill(const PostedLine& line) {
     ReadForUpdate(sql("sp_addbill '{}','{}','{}','{}', '{}','{}','{}','{}','{}','','', '{}'",
-                      m_variant.patientType, m_header.txtIdNum,
-                      base::Format(ServerNow, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM")), m_chargeSlip,
-                      Trim(line.ItemCode), line.Amount, gSectionCode, gUser->employeecode(), line.Quantity,
-                      m_header.txtHospNum));
+                      m_variant.patientType, m_header.txtIdNum, m_billTime, m_chargeSlip, Trim(line.ItemCode),
+                      line.Amount, gSectionCode, gUser->employeecode(), line.Quantity, m_header.txtHospNum));
 }
 
 void RequestPosting::addStockMovement(const PostedLine& line) {

@@ -62,6 +62,7 @@ class RequestPosting {
     controls::FlexGrid& m_lines;
     controls::FlexGrid& m_unusedItems;
     base::DateTime ServerNow;
+    QString m_billTime; ///< ServerNow as the bill takes it
     QString m_chargeSlip;
     QString StockClass;
     QString StockDeptCode;

@@ -108,11 +108,10 @@ class DateFormatter {
     }
 
     void writeDay(int run) {
-        const QString name = QString::fromLatin1(dayNames[size_t(m_weekday - 1)]);
         if (run <= 2)
             m_text += padded(m_date.day, run);
         else
-            m_text += run == 3 ? name.left(3) : name;
+            writeName(QLatin1StringView(dayNames[size_t(m_weekday - 1)]), run);
     }
 
     void writeMonthOrMinute(int run) {
@@ -120,12 +119,13 @@ class DateFormatter {
             m_text += padded(m_time.minute, run);
             return;
         }
-        const QString name = QString::fromLatin1(monthNames[size_t(m_date.month - 1)]);
         if (run <= 2)
             m_text += padded(m_date.month, run);
         else
-            m_text += run == 3 ? name.left(3) : name;
+            writeName(QLatin1StringView(monthNames[size_t(m_date.month - 1)]), run);
     }
+
+    void writeName(QLatin1StringView name, int run) { m_text += run == 3 ? name.left(3) : name; }
 
     void writeHour(int run) {
         int hour = m_time.hour;

@@ -31,7 +31,7 @@ int kitRank(const QString& name);
 
 /// Tells a newer kit from an older one; raised with every release that changes the kit. A file remembers the
 /// highest it was given, 0 when it was made before there were numbers.
-inline constexpr int kitNumber = 4;
+inline constexpr int kitNumber = 5;
 int installedKitNumber(engine::EmbeddedProvider& provider);
 
 /// Runs all files; the caller has a transaction open. Raises what the first faulty file raises, naming it.

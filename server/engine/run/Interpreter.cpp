@@ -7,6 +7,7 @@
 #include "server/engine/parser/ObjectText.h"
 #include "server/engine/run/Binding.h"
 #include "server/engine/run/CallArguments.h"
+#include "server/engine/run/PlainTest.h"
 #include "server/engine/values/Ascii.h"
 #include "server/engine/values/Convert.h"
 
@@ -230,8 +231,10 @@ Interpreter::Flow Interpreter::runWhile(const Stmt& statement, Run& run) {
 }
 
 bool Interpreter::test(const Stmt& statement, Run& run) {
+    if (const std::optional<bool> plain = plainTest(*statement.expr, run.module, run.slots, m_session))
+        return *plain;
     const QueryUse query(*this, statement, run);
-    return step(query.statement()) && sqlite3_column_int(query.statement(), 0) != 0;
+    return step(query.statement());
 }
 
 void Interpreter::runSet(const Stmt& statement, Run& run) {

@@ -83,7 +83,7 @@ Translation QueryTranslator::row(const std::vector<ExprPtr>& values) {
 }
 
 Translation QueryTranslator::test(const Expr& expr) {
-    m_translation.sql = "SELECT " + condition(expr);
+    m_translation.sql = "SELECT 1 WHERE " + condition(expr);
     m_translation.columns.push_back({{}, {TypeKind::Int}});
     return std::move(m_translation);
 }

@@ -17,7 +17,8 @@ class QueryTranslator : public FromTranslator {
     Translation single(const Expr& expr, const SqlType* type = nullptr);
     /// One row of several values, for THROW.
     Translation row(const std::vector<ExprPtr>& values);
-    /// A condition for IF and WHILE: one row, 1 for true.
+    /// A condition for IF and WHILE: a row where it holds, else none. What stands behind AND is asked only
+    /// where what stands before it holds.
     Translation test(const Expr& expr);
 
   protected:

@@ -274,6 +274,54 @@ TEST_F(Procedure, aCallGoesToWhatStandsThereNow) {
               "2812: Could not find stored procedure 'sp_Inner'.");
 }
 
+/// Simple tests are decided without SQLite, all others by it; the value of a CASE always comes from SQLite.
+TEST_F(Procedure, aTestHoldsAsSQLiteSays) {
+    const std::string values =
+        "DECLARE @t varchar(10), @o nvarchar(10), @c char(3), @none varchar(10), @i int, @big bigint, @bit "
+        "bit, "
+        "@noNumber int, @m money, @f float, @d datetime, @eight varchar(10) "
+        "SET @t = 'Da' SET @o = 'd\u00c1 ' SET @c = 'D' SET @i = -2 SET @big = 5000000000 SET @bit = 1 "
+        "SET @m = 2.5 SET @f = 2 SET @d = '2026-11-21' SET @eight = '8' ";
+    int asked = 0;
+    int held = 0;
+    const auto check = [&](const std::string& condition) {
+        const QString answer = rows((values + "IF " + condition + " SELECT 1 ELSE SELECT 0").c_str());
+        const QString value = rows((values + "SELECT CASE WHEN " + condition + " THEN 1 ELSE 0 END").c_str());
+        EXPECT_EQ(answer, value) << condition;
+        ++asked;
+        held += answer == u"1" ? 1 : 0;
+    };
+    const std::vector<std::string> texts{"@t", "@o", "@c", "@none", "@eight", "'DA  '", "''", "'10'", "N'd'"};
+    const std::vector<std::string> numbers{"@i", "@big", "@bit", "@noNumber",  "@m",
+                                           "@f", "2",    "0",    "5000000000", "@@ROWCOUNT"};
+    const std::vector<std::string> moments{"@d", "'11/21/2026'", "'11/21/2026 10:00'"};
+    for (const char* sign : {"=", "<>", "!=", "<", "<=", ">", ">=", "!<", "!>"}) {
+        for (const auto& sides : {texts, numbers, moments}) {
+            for (const std::string& left : sides) {
+                for (const std::string& right : sides)
+                    check(left + ' ' + sign + ' ' + right);
+            }
+        }
+    }
+    check("@eight < 10");
+    EXPECT_GT(held, asked / 4);
+    EXPECT_LT(held, asked * 3 / 4);
+    for (const char* condition :
+         {"@t = 'da' AND @i < 0", "@t = 'da' AND @i > 0", "@t = 'x' OR @i < 0", "@t = 'x' OR @i > 0",
+          "@none = '' OR @t = 'da'", "@none = '' AND @t = 'da'", "NOT @none = ''",
+          "NOT (@t = 'x' AND @none = '')", "@t LIKE 'd%' AND @i = -2", "@none IS NULL AND @t = 'da'"})
+        check(condition);
+}
+
+TEST_F(Procedure, whatStandsBehindAndIsAskedOnlyWhereItDecides) {
+    EXPECT_EQ(rows("DECLARE @zero int SET @zero = 0 "
+                   "IF EXISTS (SELECT 1 WHERE 1 = 0) AND 1 / @zero = 1 SELECT 'held' ELSE SELECT 'not'"),
+              "not");
+    EXPECT_EQ(error("DECLARE @zero int SET @zero = 0 "
+                    "IF EXISTS (SELECT 1) AND 1 / @zero = 1 SELECT 'held' ELSE SELECT 'not'"),
+              "8134: Divide by zero error encountered.");
+}
+
 TEST_F(Procedure, functionsGiveValues) {
     install(R"(
 CREATE TABLE tbRate (Id varchar(10) NOT NULL PRIMARY KEY, Rate money NULL)

@@ -26,7 +26,8 @@ WHERE RequestNum = @RequestNum AND HospNum = @HospNum AND IdNum = @IdNum AND Ref
 IF @@ROWCOUNT = 0
 BEGIN
     IF EXISTS (SELECT 1 FROM STATION..tbNurseCommunicationFile
-            WHERE RequestNum = @NurseRequestNum AND IdNum = @IdNum AND RevenueID = @RevenueID AND ItemID = @ItemID)
+            WHERE RequestNum = @NurseRequestNum AND IdNum = @IdNum AND RevenueID = @RevenueID AND ItemID = @ItemID
+                AND RecordStatus <> 'N')
         AND NOT EXISTS (SELECT 1 FROM STATION..tbNurseCommunicationFile
             WHERE RequestNum = @NurseRequestNum AND IdNum = @IdNum AND RevenueID = @RevenueID AND ItemID = @ItemID
                 AND RecordStatus = 'N')
