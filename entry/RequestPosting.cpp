@@ -34,8 +34,7 @@ void RequestPosting::post() {
     m_billTime = base::Format(ServerNow, QStringLiteral("mm/dd/yyyy hh:mm:ss AMPM"));
     if (!m_header.entry.CashBasis)
         takeChargeSlip();
-    for (int row = 1; row < m_lines.Rows(); ++row)
-        postLine(row);
+    postLines();
     saveUnusedItems();
 }
 
@@ -62,8 +61,21 @@ QString RequestPosting::takeRequestNum() {
     return Trim(number);
 }
 
+/// The current row is in the end the line that was posted last, or the one that failed.
+void RequestPosting::postLines() {
+    for (int row = 1; row < m_lines.Rows(); ++row) {
+        try {
+            postLine(row);
+        } catch (...) {
+            m_lines.setRow(row);
+            throw;
+        }
+    }
+    if (m_lines.Rows() > 1)
+        m_lines.setRow(m_lines.Rows() - 1);
+}
+
 void RequestPosting::postLine(int row) {
-    m_lines.setRow(row);
     PostedLine line = readLine(m_lines, row, m_variant.nurseLinkColumn);
     gSectionCode = line.Revenue;
     line.RequestNum = takeRequestNum();

@@ -48,6 +48,7 @@ class RequestPosting {
     void SetStockDept();
     void takeChargeSlip();
     QString takeRequestNum();
+    void postLines();
     void postLine(int row);
     void addRequest(const PostedLine& line);
     void addRequestRow(const PostedLine& line, const QString& link, const QString& revenue);

@@ -389,6 +389,8 @@ TEST_F(Posting, AFailingStatementStopsTheProgramAndLeavesNothing) {
         type("<Alt+S>");
         const base::RunTimeError error = errors.take();
         EXPECT_EQ(error.number(), 50000) << failing;
+        const bool ofFirstLine = failing > 3 && failing < 9;
+        EXPECT_EQ(grid().Row(), ofFirstLine ? 1 : 2) << "where the clerk sees which line it was, " << failing;
         EXPECT_TRUE(boxes.boxes().empty()) << "no box but the error's";
         EXPECT_TRUE(session::gConnection->inTransaction()) << "left open until the program stops";
         session::gConnection->RollbackTrans(); // what the server does as the connection goes

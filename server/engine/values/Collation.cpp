@@ -150,6 +150,10 @@ int compareTexts(std::string_view first, std::string_view second) {
         return 0;
     const auto& weights = tables().weights;
     const auto weightAt = [&weights](std::string_view text, std::size_t& at) {
+        if (const auto byte = static_cast<unsigned char>(text[at]); byte < 0x80) {
+            ++at;
+            return weights[byte];
+        }
         const char32_t character = readCharacter(text, at);
         return character < beyondLatin
                    ? weights[character]

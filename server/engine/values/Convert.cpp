@@ -180,6 +180,10 @@ struct Conversion {
     }
 
     void toText() const {
+        if (isText(from) && cell.kind() == Cell::Kind::Text) {
+            cutToLength(cell, to);
+            return;
+        }
         std::string text;
         if (classOf(from) == TypeClass::Moment) {
             const auto moment = fromIsoText(cell.text());

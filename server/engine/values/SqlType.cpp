@@ -41,32 +41,6 @@ constexpr TypeName typeNames[] = {
 
 } // namespace
 
-TypeClass classOf(TypeKind kind) {
-    switch (kind) {
-    case TypeKind::Null:
-        return TypeClass::Null;
-    case TypeKind::Char:
-    case TypeKind::Varchar:
-    case TypeKind::NVarchar:
-    case TypeKind::Text:
-        return TypeClass::Text;
-    case TypeKind::Bit:
-    case TypeKind::TinyInt:
-    case TypeKind::SmallInt:
-    case TypeKind::Int:
-    case TypeKind::BigInt:
-        return TypeClass::Integer;
-    case TypeKind::Money:
-    case TypeKind::Decimal:
-    case TypeKind::Float:
-        return TypeClass::Real;
-    case TypeKind::Date:
-    case TypeKind::DateTime:
-        return TypeClass::Moment;
-    }
-    return TypeClass::Null;
-}
-
 SqlType commonType(const SqlType& left, const SqlType& right) {
     if (left.kind == right.kind) {
         SqlType type = left;

@@ -36,14 +36,38 @@ struct SqlType {
     int scale = 0;
 };
 
-TypeClass classOf(TypeKind kind);
-inline TypeClass classOf(const SqlType& type) {
+constexpr TypeClass classOf(TypeKind kind) {
+    switch (kind) {
+    case TypeKind::Null:
+        return TypeClass::Null;
+    case TypeKind::Char:
+    case TypeKind::Varchar:
+    case TypeKind::NVarchar:
+    case TypeKind::Text:
+        return TypeClass::Text;
+    case TypeKind::Bit:
+    case TypeKind::TinyInt:
+    case TypeKind::SmallInt:
+    case TypeKind::Int:
+    case TypeKind::BigInt:
+        return TypeClass::Integer;
+    case TypeKind::Money:
+    case TypeKind::Decimal:
+    case TypeKind::Float:
+        return TypeClass::Real;
+    case TypeKind::Date:
+    case TypeKind::DateTime:
+        return TypeClass::Moment;
+    }
+    return TypeClass::Null;
+}
+constexpr TypeClass classOf(const SqlType& type) {
     return classOf(type.kind);
 }
-inline bool isText(const SqlType& type) {
+constexpr bool isText(const SqlType& type) {
     return classOf(type) == TypeClass::Text;
 }
-inline bool isNumber(const SqlType& type) {
+constexpr bool isNumber(const SqlType& type) {
     return classOf(type) == TypeClass::Integer || classOf(type) == TypeClass::Real;
 }
 

@@ -19,6 +19,6 @@ IF @SearchBy = '1'
 ELSE
     SELECT TOP 200 *
     FROM vwNuclearCashPatient
-    WHERE LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    WHERE LastName LIKE @LastPattern AND (@FirstPattern = '%' OR FirstName LIKE @FirstPattern)
     ORDER BY LastName, FirstName
 GO

@@ -20,11 +20,11 @@ IF @SearchBy = '1'
 ELSE IF @Current = '1'
     SELECT TOP 200 *
     FROM vwNuclearRegisteredOPD
-    WHERE DcrDate IS NULL AND LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    WHERE DcrDate IS NULL AND LastName LIKE @LastPattern AND (@FirstPattern = '%' OR FirstName LIKE @FirstPattern)
     ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 ELSE
     SELECT TOP 200 *
     FROM vwNuclearRegisteredOPD
-    WHERE LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    WHERE LastName LIKE @LastPattern AND (@FirstPattern = '%' OR FirstName LIKE @FirstPattern)
     ORDER BY LastName, FirstName, MiddleName, AdmDate DESC
 GO

@@ -31,11 +31,11 @@ ELSE IF @Current = '1'
     SELECT TOP 200 *
     FROM vwNuclearRegularPatient
     WHERE HospNum IN (SELECT O.HospNum FROM PATIENT_DATA..tbOutPatient O WHERE O.DcrDate IS NULL)
-        AND LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+        AND LastName LIKE @LastPattern AND (@FirstPattern = '%' OR FirstName LIKE @FirstPattern)
     ORDER BY LastName, FirstName, MiddleName, HospNum
 ELSE
     SELECT TOP 200 *
     FROM vwNuclearRegularPatient
-    WHERE LastName LIKE @LastPattern AND FirstName LIKE @FirstPattern
+    WHERE LastName LIKE @LastPattern AND (@FirstPattern = '%' OR FirstName LIKE @FirstPattern)
     ORDER BY LastName, FirstName, MiddleName
 GO
