@@ -131,7 +131,8 @@ void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     if (const auto& other = otherReportLaunchers().showReport)
         return other(showGroupTree, title, directPrint);
     report::Report& report = openReport();
-    if (directPrint && report::printDirect(report)) {
+    const QString hindrance = directPrint ? report::printDirect(report) : QString();
+    if (directPrint && hindrance.isEmpty()) {
         gReport.reset();
         return;
     }
@@ -139,9 +140,8 @@ void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     viewer.ShowGroupTree = showGroupTree;
     viewer.setWindowTitle(title);
     viewer.DirectPrint = false;
-    if (directPrint)
-        viewer.Notice =
-            QStringLiteral("No printer is set up on this computer: the page is shown, not printed.");
+    if (directPrint) // what was to be printed may just have been saved: it is never the end of the program
+        viewer.Notice = hindrance + QStringLiteral(": the page is shown, not printed.");
     viewer.ShowModal();
     gReport.reset();
 }

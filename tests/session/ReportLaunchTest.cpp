@@ -289,4 +289,24 @@ TEST_F(Launch, MachineWithoutAPrinterGetsTheViewer) {
     EXPECT_FALSE(gReport);
 }
 
+class Jammed : public report::PrintTarget {
+  public:
+    bool isReady() const override { return true; }
+    void print(const report::PageDocument&) override {
+        throw base::RunTimeError(75, QStringLiteral("The printer is out of paper."));
+    }
+};
+
+TEST_F(Launch, WhatThePrinterDoesNotTakeIsShown) {
+    report::setPrintTarget(std::make_unique<Jammed>());
+    PrepareReport(reportPath(QStringLiteral("One.RPT")), QStringLiteral("NUCLEAR"), {"a", "b"});
+    tests::whileModal([] { ShowReport(false, QStringLiteral("One"), true); },
+                      [](controls::Screen& viewer) {
+                          EXPECT_EQ(tests::childOf<QLabel>(viewer, "lblNotice").text(),
+                                    u"The printer is out of paper: the page is shown, not printed.");
+                          viewer.Unload();
+                      });
+    EXPECT_FALSE(gReport);
+}
+
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/report/output/Print.h"
 
 #include "platform/report/Report.h"
+#include "platform/report/definition/ReportError.h"
 #include "platform/report/output/PagePainter.h"
 #include "platform/report/output/PrintSystem.h"
 #include "platform/report/output/SaveFile.h"
@@ -47,6 +48,19 @@ bool paintPages(const PageDocument& document, QPainter& painter, int from, int t
     return true;
 }
 
+/// What keeps a page from being printed, "" when nothing does; any other error goes on.
+QString hindranceOf(const std::function<void()>& step) {
+    try {
+        step();
+        return {};
+    } catch (const base::RunTimeError& error) {
+        if (error.number() != errorFile)
+            throw;
+        const QString reason = error.description();
+        return reason.endsWith(u'.') ? reason.chopped(1) : reason;
+    }
+}
+
 std::unique_ptr<PrintTarget>& target() {
     static std::unique_ptr<PrintTarget> current = std::make_unique<DefaultPrinter>();
     return current;
@@ -79,19 +93,22 @@ void setPrintTarget(const QString& pdfPath) {
         setPrintTarget(std::make_unique<PdfFile>(pdfPath));
 }
 
-bool printDirect(Report& report) {
-    if (!target()->isReady())
-        return false;
+QString printDirect(Report& report) {
+    bool isReady = false;
+    if (const QString hindrance = hindranceOf([&] { isReady = target()->isReady(); }); !hindrance.isEmpty())
+        return hindrance;
+    if (!isReady)
+        return QStringLiteral("No printer is set up on this computer");
     if (!promptForParameters(report, QApplication::activeWindow()))
-        return true;
+        return {};
     std::unique_ptr<PageDocument> document;
     {
         ProgressBox box(QApplication::activeWindow(), QStringLiteral("Print"));
         document = report.run(box.call());
     }
-    if (document)
-        target()->print(*document);
-    return true;
+    if (!document)
+        return {};
+    return hindranceOf([&] { target()->print(*document); });
 }
 
 bool printPages(const PageDocument& document, Printer& printer, int from, int to,

@@ -43,10 +43,10 @@ void setPrintTarget(std::unique_ptr<PrintTarget> target);
 /// Sends direct print into a PDF file; an empty path: back to the default printer.
 void setPrintTarget(const QString& pdfPath);
 
-/// Runs the report and prints it at once, without a prompt; parameters that are missing are asked for, and
-/// given up they leave it unprinted (true). False when the machine has no printer: nothing was run, the
-/// caller can show it instead.
-bool printDirect(Report& report);
+/// Runs the report and prints it at once, without a prompt; parameters that are missing are asked for. ""
+/// when it was printed or given up; else what kept it from being printed, a sentence without its stop, and
+/// the caller can show the report instead. Without a printer nothing was run.
+QString printDirect(Report& report);
 
 /// Prints pages `from` to `to` (from 1, both included) on a printer that is set up. False when `progress`
 /// gave it up: the job is taken back where the printer allows it.

@@ -183,9 +183,38 @@ TEST_F(PrintTest, ADiskThatIsFullRaisesAndKeepsThePdfThatWasThere) {
 TEST_F(PrintTest, DirectPrintWithoutAPrinterPrintsNothing) {
     int printed = 0;
     report::setPrintTarget(std::make_unique<Recorder>(false, printed));
-    EXPECT_FALSE(report::printDirect(*opened()));
+    EXPECT_EQ(report::printDirect(*opened()), "No printer is set up on this computer");
     EXPECT_EQ(printed, 0);
     EXPECT_TRUE(server.texts.isEmpty()) << "nothing is read for a print that cannot be";
+}
+
+/// Raises where it is told to.
+class Broken : public report::PrintTarget {
+  public:
+    Broken(int whenAsked, int whenPrinting) : m_whenAsked(whenAsked), m_whenPrinting(whenPrinting) {}
+    bool isReady() const override {
+        raise(m_whenAsked);
+        return true;
+    }
+    void print(const report::PageDocument&) override { raise(m_whenPrinting); }
+
+  private:
+    static void raise(int number) {
+        if (number > 0)
+            throw base::RunTimeError(number, QStringLiteral("Office is out of paper."));
+    }
+    int m_whenAsked;
+    int m_whenPrinting;
+};
+
+TEST_F(PrintTest, WhatKeepsAPageFromBeingPrintedIsToldAndAnyOtherErrorRaised) {
+    report::setPrintTarget(std::make_unique<Broken>(75, 0));
+    EXPECT_EQ(report::printDirect(*opened()), "Office is out of paper");
+    EXPECT_TRUE(server.texts.isEmpty()) << "nothing is read for a print that cannot be";
+    report::setPrintTarget(std::make_unique<Broken>(0, 75));
+    EXPECT_EQ(report::printDirect(*opened()), "Office is out of paper");
+    report::setPrintTarget(std::make_unique<Broken>(0, 11));
+    EXPECT_EQ(tests::raised([&] { report::printDirect(*opened()); }).number(), 11);
 }
 
 TEST_F(PrintTest, TheDefaultPrinterIsReadyWhereThereIsOne) {
@@ -195,7 +224,7 @@ TEST_F(PrintTest, TheDefaultPrinterIsReadyWhereThereIsOne) {
 TEST_F(PrintTest, DirectPrintGoesWithoutAPrompt) {
     int printed = 0;
     report::setPrintTarget(std::make_unique<Recorder>(true, printed));
-    EXPECT_TRUE(report::printDirect(*opened()));
+    EXPECT_EQ(report::printDirect(*opened()), "");
     EXPECT_EQ(printed, 1);
     EXPECT_EQ(server.texts.size(), 1);
 }
@@ -203,6 +232,6 @@ TEST_F(PrintTest, DirectPrintGoesWithoutAPrompt) {
 TEST_F(PrintTest, DirectPrintCanGoIntoAFile) {
     const QString path = folder.path("printed.pdf");
     report::setPrintTarget(path);
-    EXPECT_TRUE(report::printDirect(*opened()));
+    EXPECT_EQ(report::printDirect(*opened()), "");
     EXPECT_TRUE(toolOutput("pdftotext", {path, "-"}).contains("WHOLE BODY BONE SCAN"));
 }
