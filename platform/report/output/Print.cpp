@@ -56,7 +56,7 @@ QString hindranceOf(const std::function<void()>& step) {
     } catch (const base::RunTimeError& error) {
         if (error.number() != errorFile)
             throw;
-        const QString reason = error.description();
+        const QString& reason = error.description();
         return reason.endsWith(u'.') ? reason.chopped(1) : reason;
     }
 }

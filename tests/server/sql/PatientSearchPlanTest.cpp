@@ -158,6 +158,26 @@ TEST_P(PollPlan, AnIndexAnswers) {
     EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();
 }
 
+TEST_F(SearchPlan, AssessmentsAreFoundByNameAndNumberAndWithoutThemReadFromTheirEnd) {
+    rows("sp_Nuclear_AssessmentStatus ''");
+    const QStringList latest = plan({"tbCashAssessment"});
+    EXPECT_EQ(latest.filter(QStringLiteral("SCAN")), QStringList("SCAN A"));
+    EXPECT_EQ(latest.filter(QStringLiteral("ORDER BY")), QStringList()) << "sorted by nothing";
+    rows("sp_Nuclear_AssessmentStatus 'SA'");
+    const QStringList found = plan({"PatientName\" >="});
+    EXPECT_EQ(found.filter(QStringLiteral("SEARCH A USING INDEX")).size(), 2)
+        << found.join(u'\n').toStdString();
+    EXPECT_EQ(found.filter(QStringLiteral("SCAN")), QStringList()) << found.join(u'\n').toStdString();
+}
+
+TEST_F(SearchPlan, TheReadersReportGoesByTheDayOfTheResults) {
+    rows("sp_Nuclear_ReportReaders '11/20/2026','11/20/2026'");
+    const QStringList lines = plan({"NUCLEAR.tbNucLogBook"});
+    EXPECT_FALSE(lines.filter(QStringLiteral("IX_NucLogBook_ResultDate")).isEmpty())
+        << lines.join(u'\n').toStdString();
+    EXPECT_EQ(lines.filter(QStringLiteral("SCAN")), QStringList()) << lines.join(u'\n').toStdString();
+}
+
 TEST_F(SearchPlan, CountsNoticesInOneWalkWithAnIndexForTheAnswers) {
     rows("spNuclear_LoadDischargeNoticeCount");
     const QStringList lines = plan({"STATION.tbDischargeNotice"});

@@ -1,5 +1,5 @@
--- Assessments by admission number or by the start of the name, latest first. A paid one goes by its receipt. What is
--- printed again is sent back in a statement, so a quote in its name is a back-quote here; one that was typed is any sign.
+-- Assessments by admission number or by the start of the name, in which a back-quote is any sign; latest first. Without a
+-- text the latest of all, which no index has to be asked for.
 USE NUCLEAR
 GO
 
@@ -7,16 +7,11 @@ CREATE OR ALTER PROCEDURE sp_Nuclear_AssessmentStatus
     @SearchText varchar(160)
 AS
 SET NOCOUNT ON
-SELECT TOP 200 A.PatientName, A.ItemID AS Code,
-    REPLACE(CASE WHEN A.RevenueID = 'NU' THEN E.NucExam ELSE '(PF) DR. ' + F.LastName + ', ' + F.FirstName END,
-        '''', '`') AS Exam, A.Quantity, ISNULL(A.ORNumber, A.RefNum) AS RefNum,
-    A.Amount, CASE WHEN A.RecordStatus = '1' THEN 'PAID' WHEN A.RecordStatus IN ('R', 'X') THEN 'REVOKED'
-    ELSE 'PENDING' END AS Status, A.RecordStatus, A.AssessID, A.IdNum, A.RevenueID,
-    D.LastName + ', ' + D.FirstName + ' ' + D.MiddleName AS RequestDoctor
-FROM BILLING..tbCashAssessment A
-LEFT JOIN BUILD_FILE..tbcoNucExam E ON E.NucExamID = A.ItemID
-LEFT JOIN BUILD_FILE..tbcoDoctor F ON F.DoctorID = A.ItemID
-LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = A.DoctorID
-WHERE (A.RevenueID = 'NU' OR A.SectionID = 'NU') AND (A.PatientName LIKE REPLACE(@SearchText, '`', '_') + '%' OR A.IdNum = @SearchText)
-ORDER BY A.AssessID DESC
+IF @SearchText = ''
+    SELECT TOP 200 * FROM vwNuclearAssessment
+    ORDER BY AssessID DESC
+ELSE
+    SELECT TOP 200 * FROM vwNuclearAssessment
+    WHERE PatientName LIKE REPLACE(@SearchText, '`', '_') + '%' OR IdNum = @SearchText
+    ORDER BY AssessID DESC
 GO

@@ -12,7 +12,7 @@ SELECT B.DoctorID, D.LastName + ', ' + D.FirstName AS Reader, B.CaseNumber, B.Re
     L.ItemID, L.Description, L.Amount, R.Percentage,
     ROUND(L.Amount * ISNULL(R.Percentage, 0) / 100, 2) AS Fee
 FROM tbNucLogBook B
-INNER JOIN vwNuclearLine L ON L.RequestNum = B.RequestNum
+INNER JOIN vwNuclearFiledLine L ON L.RequestNum = B.RequestNum
 LEFT JOIN BUILD_FILE..tbcoDoctor D ON D.DoctorID = B.DoctorID
 LEFT JOIN CARDIO..tbReaderRate R ON R.DoctorID = B.DoctorID AND R.RevenueID = 'FN'
 WHERE B.ResultDate >= @From AND B.ResultDate < DATEADD(day, 1, @To) AND B.Status <> 'R'
