@@ -228,9 +228,8 @@ TEST_F(FlexGridTest, TheWidthsFitBesideTheScrollBar) {
     show();
     grid->setRows(200);
     // laid out later, by a timer of the tool kit
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-        return grid->verticalScrollBar()->isVisible() && !grid->horizontalScrollBar()->isVisible();
-    }));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return grid->verticalScrollBar()->isVisible() && !grid->horizontalScrollBar()->isVisible(); }));
     EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width());
 }
 
