@@ -5,7 +5,6 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_AUTOMOC ON)
-set(CMAKE_AUTOUIC ON)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_CXX_FLAGS_DEV "-O1 -g1")
 if(SCINTRA_SANITIZE)
@@ -57,7 +56,7 @@ function(scintra_precompiled kind)
     target_link_libraries(precompiled_${kind} PRIVATE scintra_options ${ARGN})
     # not by its full path, which would keep two working copies from sharing a compiler cache
     target_precompile_headers(precompiled_${kind} PRIVATE <cmake/precompiled/${kind}.h>)
-    set_target_properties(precompiled_${kind} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    set_target_properties(precompiled_${kind} PROPERTIES AUTOMOC OFF AUTORCC OFF)
 endfunction()
 
 # scintra_use_precompiled(platform_ado core)
@@ -65,8 +64,7 @@ function(scintra_use_precompiled name kind)
     target_precompile_headers(${name} REUSE_FROM precompiled_${kind})
 endfunction()
 
-# A folder that was built before would not look at a form or header that is new: CMake 3.25 asks only for those
-# that it knew.
+# A folder that was built before would not look at a header that is new: CMake 3.25 asks only for those that it knew.
 function(scintra_see_new_files name sources)
     if(NOT "${SCINTRA_FILES_OF_${name}}" STREQUAL "${sources}")
         file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
@@ -78,8 +76,19 @@ endfunction()
 # takes every source, form and resource of the folder that calls it and of its themes; SCINTRA_PRECOMPILED is the kind of the folder.
 function(scintra_library name)
     cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
-    add_library(${name} STATIC ${sources})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+    file(GLOB_RECURSE forms CONFIGURE_DEPENDS *.ui)
+    # not by AUTOUIC, which leaves what includes a changed form to the next build
+    if(forms)
+        qt_wrap_ui(from_forms ${forms})
+        # what AUTOUIC once left in a build folder would be included first
+        file(GLOB left_over ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include/ui_*.h)
+        if(left_over)
+            file(REMOVE ${left_over})
+        endif()
+    endif()
+    add_library(${name} STATIC ${sources} ${from_forms})
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
     add_library(scintra::${name} ALIAS ${name})
     scintra_see_new_files(${name} "${sources}")
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE scintra_options)
