@@ -1,11 +1,10 @@
 #include "server/engine/file/SharedTexts.h"
 
 #include <cstddef>
+#include <cstring>
 
 namespace engine {
 namespace {
-
-constexpr std::size_t longestShared = 40;
 
 QString convertedWhole(std::string_view text) {
     // the conversion takes a mark of byte order at the front for none of the text's own, and a row is found
@@ -18,16 +17,12 @@ QString convertedWhole(std::string_view text) {
     return isMarked ? QChar(0xFEFF) + shown : shown;
 }
 
-/// Most texts are short, and of letters that need no converting.
+/// Most texts are of letters that need no converting.
 QString converted(std::string_view text) {
-    QString shown(qsizetype(text.size()), Qt::Uninitialized);
-    QChar* to = shown.data();
-    for (const char letter : text) {
-        if (static_cast<unsigned char>(letter) >= 128)
-            return convertedWhole(text);
-        *to++ = QLatin1Char(letter);
-    }
-    return shown;
+    unsigned char all = 0;
+    for (const char letter : text)
+        all |= static_cast<unsigned char>(letter);
+    return all < 128 ? QString::fromLatin1(text.data(), qsizetype(text.size())) : convertedWhole(text);
 }
 
 /// Soon told, and mostly another one for another text. Texts of one place only push each other out.
@@ -44,9 +39,10 @@ QString SharedTexts::shown(std::string_view text) {
     if (text.size() > longestShared)
         return converted(text);
     Text& kept = m_texts[placeOf(text) % m_texts.size()];
-    if (kept.utf8 != text) {
+    if (kept.size != text.size() || std::memcmp(kept.utf8.data(), text.data(), text.size()) != 0) {
         kept.shown = converted(text);
-        kept.utf8 = text;
+        kept.size = std::uint8_t(text.size());
+        std::memcpy(kept.utf8.data(), text.data(), text.size());
     }
     return kept.shown;
 }

@@ -3,7 +3,7 @@
 #include <QString>
 
 #include <array>
-#include <string>
+#include <cstdint>
 #include <string_view>
 
 namespace engine {
@@ -16,9 +16,12 @@ class SharedTexts {
     QString shown(std::string_view text);
 
   private:
+    static constexpr std::size_t longestShared = 40;
+
     struct Text {
-        std::string utf8;
         QString shown;
+        std::uint8_t size = 0;
+        std::array<char, longestShared> utf8{};
     };
     std::array<Text, 1024> m_texts;
 };

@@ -36,13 +36,29 @@ constexpr Neighbour neighbours[] = {{0xC6, 'A', 1},  {0xD0, 'D', 1},  {0x110, 'D
                                     {0xD8, 'O', 0},  {0x152, 'O', 1}, {0xDF, 'S', 1},  {0x17F, 'S', 2},
                                     {0xDE, 'T', 1},  {0x166, 'T', 2}};
 
-std::uint32_t letterWeight(char32_t letter) {
+constexpr std::uint32_t letterWeight(char32_t letter) {
     return firstLetter + std::uint32_t(letter - 'A') * perLetter;
 }
 
-bool isLetter(char32_t character) {
+constexpr bool isLetter(char32_t character) {
     return character >= 'A' && character <= 'Z';
 }
+
+/// Of a character below 128 without its case, which has no accent.
+constexpr std::uint32_t plainWeight(char32_t character) {
+    if (character >= '0' && character <= '9')
+        return firstDigit + std::uint32_t(character - '0');
+    return isLetter(character) ? letterWeight(character) : std::uint32_t(character);
+}
+
+/// Most comparisons are of these only.
+constexpr std::size_t plainCount = 128;
+constexpr auto plainWeights = [] {
+    std::array<std::uint32_t, plainCount> weights{};
+    for (std::size_t character = 0; character < plainCount; ++character)
+        weights[character] = plainWeight(char32_t(upperOf(char(character))));
+    return weights;
+}();
 
 /// The letter below its accents, of which there may be more than one.
 char32_t bareLetter(char32_t character) {
@@ -64,10 +80,8 @@ char32_t withoutCase(char32_t character) {
 }
 
 Weight weightOf(char32_t character) {
-    if (character >= '0' && character <= '9')
-        return {firstDigit + std::uint32_t(character - '0'), 0};
-    if (isLetter(character))
-        return {letterWeight(character), 0};
+    if (character < plainCount)
+        return {plainWeight(character), 0};
     for (const Neighbour& neighbour : neighbours) {
         if (neighbour.character == character)
             return {letterWeight(char32_t(neighbour.letter)) + neighbour.place,
@@ -148,15 +162,14 @@ int compareTexts(std::string_view first, std::string_view second) {
     const std::size_t begun = commonBytes(first, second);
     if (begun == first.size() && begun == second.size())
         return 0;
-    const auto& weights = tables().weights;
-    const auto weightAt = [&weights](std::string_view text, std::size_t& at) {
-        if (const auto byte = static_cast<unsigned char>(text[at]); byte < 0x80) {
+    const auto weightAt = [](std::string_view text, std::size_t& at) {
+        if (const auto byte = static_cast<unsigned char>(text[at]); byte < plainCount) {
             ++at;
-            return weights[byte];
+            return Weight{plainWeights[byte], 0};
         }
         const char32_t character = readCharacter(text, at);
         return character < beyondLatin
-                   ? weights[character]
+                   ? tables().weights[character]
                    : Weight{std::uint32_t(beyondLatin << 8) + std::uint32_t(character), 0};
     };
     int accents = 0;

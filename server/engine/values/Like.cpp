@@ -1,8 +1,11 @@
 #include "server/engine/values/Like.h"
 
+#include "server/engine/values/Ascii.h"
 #include "server/engine/values/Collation.h"
 
 #include <QChar>
+
+#include <algorithm>
 
 namespace engine {
 namespace {
@@ -39,11 +42,23 @@ bool matchesSet(std::string_view pattern, std::size_t& at, char32_t character) {
     return found != negated;
 }
 
+/// Of the plain letters that both begin with; most patterns are some of these and a % behind them.
+std::size_t commonStart(std::string_view text, std::string_view pattern) {
+    const auto isPlain = [](char c) {
+        return static_cast<unsigned char>(c) < 0x80 && c != '%' && c != '_' && c != '[';
+    };
+    const std::size_t least = std::min(text.size(), pattern.size());
+    std::size_t at = 0;
+    while (at < least && isPlain(pattern[at]) && upperOf(text[at]) == upperOf(pattern[at]))
+        ++at;
+    return at;
+}
+
 } // namespace
 
 bool matchesLike(std::string_view text, std::string_view pattern) {
-    std::size_t textAt = 0;
-    std::size_t patternAt = 0;
+    std::size_t textAt = commonStart(text, pattern);
+    std::size_t patternAt = textAt;
     // where to go on when the text behind the last % does not fit
     std::size_t retryText = std::string_view::npos;
     std::size_t retryPattern = 0;

@@ -32,6 +32,14 @@ TEST(SharedTexts, EachTextIsShownAsItself) {
     }
 }
 
+TEST(SharedTexts, ALongTextIsNotTakenForOneThatBeginsLikeIt) {
+    SharedTexts texts;
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t size = 1; size < 600; ++size)
+            ASSERT_EQ(texts.shown(std::string(size, 'x')).size(), qsizetype(size));
+    }
+}
+
 TEST(SharedTexts, BytesThatLookAlikeAreToldApart) {
     SharedTexts texts;
     EXPECT_EQ(texts.shown("\xC3\xB1"), QStringLiteral("ñ"));
