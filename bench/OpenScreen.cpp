@@ -115,7 +115,7 @@ bool openScreen(const QString& folder) {
     // The bare window has no look of ours: the sheet belongs to the whole program and is taken off for it.
     const QString sheet = qApp->styleSheet();
     const Outcome outcome = interleave(
-        41, 4,
+        101, 4,
         [&](int round) {
             qApp->setStyleSheet(sheet);
             ours(round); // fills what the sheet keeps once it has been set
