@@ -1,6 +1,5 @@
 #include "app/ErrorBox.h"
 
-#include "app/ui_ErrorBox.h"
 #include "platform/controls/fields/EnterKey.h"
 #include "platform/controls/look/HeaderBand.h"
 #include "platform/controls/look/Look.h"
@@ -9,6 +8,7 @@
 #include "platform/controls/screen/ScreenContents.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
+#include "ui_ErrorBox.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -73,10 +73,13 @@ function(scintra_see_new_files name sources)
 endfunction()
 
 # scintra_library(platform_ado DEPENDS scintra::platform_base Qt6::Core)
-# takes every source, form and resource of the folder that calls it and of its themes; SCINTRA_PRECOMPILED is the kind of the folder.
+# takes every source, form and resource of the folder that calls it and of its themes, but for what stands behind
+# EXCLUDE; SCINTRA_PRECOMPILED is the kind of the folder.
 function(scintra_library name)
-    cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "EXCLUDE;DEPENDS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+    list(TRANSFORM ARG_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    list(REMOVE_ITEM sources ${ARG_EXCLUDE})
     file(GLOB_RECURSE forms CONFIGURE_DEPENDS *.ui)
     # not by AUTOUIC, which leaves what includes a changed form to the next build
     if(forms)

@@ -4,12 +4,12 @@
 #include "menu/MenuBar.h"
 #include "menu/MenuKeys.h"
 #include "menu/Monitors.h"
-#include "menu/ui_frmMainMenu.h"
 #include "platform/base/Format.h"
 #include "platform/controls/fields/KeyNotes.h"
 #include "platform/controls/look/Look.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
+#include "ui_frmMainMenu.h"
 
 #include <QKeyEvent>
 

@@ -2,12 +2,12 @@
 
 #include "menu/MenuBar.h"
 #include "menu/ReportLauncher.h"
-#include "menu/ui_frmMainMenu.h"
 #include "session/Session.h"
 #include "session/logon/clsCurrentUser.h"
 #include "session/reports/ReportLaunch.h"
 #include "session/rights/CheckAccess.h"
 #include "session/rights/frmAccess.h"
+#include "ui_frmMainMenu.h"
 
 #include <QApplication>
 #include <QMenu>
