@@ -65,6 +65,17 @@ TEST_F(Query, likeKnowsItsWildCards) {
     EXPECT_EQ(rows("SELECT 1 WHERE 'PEÑA' LIKE 'peñ_'"), "1");
 }
 
+TEST_F(Query, patternsGoOnBehindWhatTheyBeginWith) {
+    for (const char* held :
+         {"'50%' LIKE '50[%]'", "'Ab_' LIKE 'aB[_]'", "'ABC' LIKE 'ab_'", "'aab' LIKE 'A%B'",
+          "'abc  ' LIKE 'ABC'", "'[a' LIKE '[[]a'", "'peña' LIKE 'PEÑ%'"})
+        EXPECT_EQ(rows((std::string("SELECT 1 WHERE ") + held).c_str()), "1") << held;
+    for (const char* missed :
+         {"'50x' LIKE '50[%]'", "'50[%]' LIKE '50[%]'", "'AB' LIKE 'ABC%'", "'ABCD' LIKE 'abc'",
+          "'ab' LIKE 'ab_'", "'peña' LIKE 'PEN%'", "'pena' LIKE 'PEÑ%'"})
+        EXPECT_EQ(rows((std::string("SELECT 1 WHERE ") + missed).c_str()), "") << missed;
+}
+
 TEST_F(Query, joins) {
     EXPECT_EQ(rows("SELECT m.LastName, p.IdNum, r.RoomClassID FROM tbMaster m INNER JOIN tbPatient p ON "
                    "p.HospNum = m.HospNum "
